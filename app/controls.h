@@ -11,11 +11,9 @@
 #include "base/colour.h"
 #include "base/control.h"
 #include "base/font.h"
+#include "base/mouse.h"
 
 namespace velvox {
-
-/// Which mouse button a handler is told of.
-enum class MouseButton : std::int16_t { None = 0, Left = 1, Right = 2, Middle = 4 };
 
 /// The mouse events of a control that can be dragged by. Coordinates are the control's own, twips.
 struct MouseEvents {
