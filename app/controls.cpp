@@ -22,16 +22,6 @@ void Label::font(const Font& font) {
     changed(Aspect::Face);
 }
 
-void PictureBox::Enabled(bool enabled) {
-    enabled_ = enabled;
-    changed(Aspect::Enabled);
-}
-
-void PictureBox::BackColor(OleColour colour) {
-    backColor_ = colour;
-    changed(Aspect::Face);
-}
-
 void HiddenText::Text(std::string text) {
     text_ = std::move(text);
     if (Change) Change();

@@ -11,17 +11,9 @@
 #include "base/colour.h"
 #include "base/control.h"
 #include "base/font.h"
-#include "base/mouse.h"
+#include "controls/picture_box.h"
 
 namespace velvox {
-
-/// The mouse events of a control that can be dragged by. Coordinates are the control's own, twips.
-struct MouseEvents {
-    using Handler = std::function<void(MouseButton button, int shift, float x, float y)>;
-    Handler MouseDown;
-    Handler MouseMove;
-    Handler MouseUp;
-};
 
 class Label : public Control, public MouseEvents {
  public:
@@ -48,22 +40,6 @@ class Label : public Control, public MouseEvents {
 class Image : public Control, public MouseEvents {
  public:
     using Control::Control;
-};
-
-/// A box that holds other controls.
-class PictureBox : public Control, public MouseEvents {
- public:
-    using Control::Control;
-
-    bool Enabled() const noexcept { return enabled_; }
-    void Enabled(bool enabled);
-
-    OleColour BackColor() const noexcept { return backColor_; }
-    void BackColor(OleColour colour);
-
- private:
-    bool enabled_ = true;
-    OleColour backColor_ = systemColour(ButtonFaceColour);
 };
 
 /// A decorating line between two points, in twips.
