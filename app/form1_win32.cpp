@@ -248,7 +248,7 @@ void Form1Window::paint(HDC dc) const {
 bool Form1Window::intercept(MSG& message) {
     if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
         message.hwnd == children_->linkin.editHandle()) {
-        if (form().UniXPButton1.Click) form().UniXPButton1.Click();
+        form().UniXPButton1.activate();
         return true;
     }
     return IsDialogMessageW(handle(), &message) != FALSE;

@@ -10,6 +10,7 @@
 #include "app/message_pump_win32.h"
 #include "app/skin_win32.h"
 #include "app/transfer_control_win32.h"
+#include "base/system_win32.h"
 #include "base/window_win32.h"
 
 namespace velvox {

@@ -11,7 +11,6 @@
 namespace velvox {
 namespace {
 
-using OwnedInternet = Owned<HINTERNET, [](HINTERNET handle) { WinHttpCloseHandle(handle); }>;
 using Clock = std::chrono::steady_clock;
 
 [[noreturn]] void fail(std::string_view reason) {

@@ -20,6 +20,11 @@ struct TransferLimits {
     std::size_t bytes = 256U << 20;          ///< of one body
 };
 
+inline void closeInternet(HINTERNET handle) noexcept {
+    WinHttpCloseHandle(handle);
+}
+using OwnedInternet = Owned<HINTERNET, &closeInternet>;
+
 /// Page fetches over WinHTTP with the user's proxy settings. The calling thread waits; sent
 /// messages are answered meanwhile and `whileWaiting` is called when window messages arrive, so
 /// that a window can repaint itself. It may end the program, but must not start another fetch.
@@ -38,7 +43,6 @@ class WinHttpTransfer : public TransferControl {
 
     TransferLimits limits_;
     std::function<void()> whileWaiting_;
-    using OwnedInternet = Owned<HINTERNET, [](HINTERNET handle) { WinHttpCloseHandle(handle); }>;
     OwnedInternet session_;
 };
 
