@@ -1,0 +1,116 @@
+// The plain controls of the main window: labels, images, lines, boxes, the list and the timers.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/colour.h"
+#include "base/control.h"
+#include "base/font.h"
+#include "controls/picture_box.h"
+
+namespace velvox {
+
+class Label : public Control, public MouseEvents {
+ public:
+    using Control::Control;
+
+    const std::string& Caption() const noexcept { return caption_; }
+    void Caption(std::string_view text);
+
+    OleColour ForeColor() const noexcept { return foreColor_; }
+    void ForeColor(OleColour colour);
+
+    const Font& font() const noexcept { return font_; }
+    void font(const Font& font);
+
+    std::function<void()> Click;
+
+ private:
+    std::string caption_;
+    OleColour foreColor_ = systemColour(ButtonTextColour);
+    Font font_;
+};
+
+/// A picture of the skin, shown as it is or stretched to its place.
+class Image : public Control, public MouseEvents {
+ public:
+    using Control::Control;
+};
+
+/// A decorating line between two points, in twips.
+struct Line {
+    std::string_view name;
+    int x1 = 0;
+    int y1 = 0;
+    int x2 = 0;
+    int y2 = 0;
+};
+
+/// Scratch text of a run that no window shows. Appending costs what is appended.
+class HiddenText {
+ public:
+    const std::string& Text() const noexcept { return text_; }
+    void Text(std::string text);
+    void append(std::string_view more) { text_.append(more); }
+
+    /// Told of every assignment (not of what is appended).
+    std::function<void()> Change;
+
+ private:
+    std::string text_;
+};
+
+/// A drop-down list whose text is always one of its entries.
+class ComboBox : public Control {
+ public:
+    using Control::Control;
+
+    void AddItem(std::string_view text);
+    const std::vector<std::string>& items() const noexcept { return items_; }
+
+    /// -1 while nothing is selected.
+    int ListIndex() const noexcept { return index_; }
+
+    /// Selects an entry and raises Click, also when it was selected before. Throws
+    /// InvalidProperty for an index that is no entry.
+    void ListIndex(int index);
+
+    /// The selected entry, or an empty text.
+    std::string_view Text() const;
+
+    std::function<void()> Click;
+
+ private:
+    std::vector<std::string> items_;
+    int index_ = -1;
+};
+
+/// Ticks every Interval milliseconds while enabled. Enabling it again starts a new interval.
+class Timer {
+ public:
+    explicit Timer(std::string_view name) : name_(name) {}
+    Timer(const Timer&) = delete;
+    Timer& operator=(const Timer&) = delete;
+
+    const std::string& Name() const noexcept { return name_; }
+    unsigned Interval() const noexcept { return interval_; }
+    void Interval(unsigned milliseconds);
+    bool Enabled() const noexcept { return enabled_; }
+    void Enabled(bool enabled);
+    void setView(ControlView* view) noexcept { view_ = view; }
+
+    std::function<void()> Tick;
+
+ private:
+    std::string name_;
+    unsigned interval_ = 0;
+    bool enabled_ = false;
+    ControlView* view_ = nullptr;
+};
+
+}  // namespace velvox

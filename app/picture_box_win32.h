@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+
+#include "base/window_win32.h"
+#include "controls/picture_box.h"
+
+namespace velvox {
+
+/// The window of a picture box: a container that draws its own background and hands its children's
+/// notifications back to them. It is created before the model that it later follows.
+class PictureBoxWindow : public Window, public ControlView {
+ public:
+    /// Draws the background of a client area of this size.
+    using Painter = std::function<void(HDC dc, const RECT& client)>;
+
+    PictureBoxWindow(HWND parent, int id, const Place& place, bool visible, Painter painter);
+    ~PictureBoxWindow() override;
+
+    /// From now on the window follows `model` and passes its mouse events on.
+    void bind(PictureBox& model);
+
+    void follow(Aspect aspect) override;
+
+ private:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void paint(HDC target) const;
+
+    Painter painter_;
+    PictureBox* model_ = nullptr;
+};
+
+}  // namespace velvox

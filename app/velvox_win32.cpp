@@ -1,0 +1,43 @@
+#include "app/velvox_win32.h"
+
+#include <commctrl.h>
+
+#include "app/form1_win32.h"
+#include "app/program.h"
+#include "base/com_win32.h"
+#include "base/system_win32.h"
+#include "base/window_win32.h"
+
+namespace velvox {
+namespace {
+
+// One box at a time: while it is up, a failing timer or repaint must not stack another on it.
+void reportInBox(std::string_view text) {
+    static bool reporting = false;
+    if (reporting) return;
+    reporting = true;
+    const std::wstring report = L"Something went wrong, but Velvox goes on:\n\n" + widen(text);
+    MessageBoxW(GetActiveWindow(), report.c_str(), programTitle, MB_OK | MB_ICONWARNING);
+    reporting = false;
+}
+
+}  // namespace
+
+int runVelvox(const TransferLimits& limits) {
+    setFailureReporter(reportInBox);
+    try {
+        const INITCOMMONCONTROLSEX controls{sizeof controls,
+                                            ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
+        InitCommonControlsEx(&controls);
+        const OleScope ole;
+        MessagePump pump;
+        Form1Window window(pump, limits);
+        window.show();
+        return pump.run();
+    } catch (...) {
+        reportCurrentFailure();
+        return 1;
+    }
+}
+
+}  // namespace velvox

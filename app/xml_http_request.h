@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace velvox {
+
+/// An asynchronous request that is asked for its state instead of reporting it. Every operation
+/// throws RuntimeFailure (Platform) when the system refuses it.
+class XmlHttpRequest {
+ public:
+    virtual ~XmlHttpRequest() = default;
+
+    virtual void open(std::string_view method, std::string_view address) = 0;
+    virtual void send() = 0;
+    virtual void abort() = 0;
+
+    /// 4 once the reply is complete.
+    virtual int readyState() const = 0;
+    virtual std::string responseText() const = 0;
+};
+
+}  // namespace velvox

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+
+#include "base/owned_win32.h"
+
+namespace velvox {
+
+/// Drawing in memory that reaches its target in one copy, so that nothing flickers. The memory DC
+/// has the target's coordinates: what is drawn at (x, y) lands at (x, y).
+class BufferedPaint {
+ public:
+    /// `area` is the part of the target that is drawn, in pixels.
+    BufferedPaint(HDC target, const RECT& area)
+        : target_(target),
+          area_(area),
+          dc_(CreateCompatibleDC(target)),
+          bitmap_(CreateCompatibleBitmap(target, area.right - area.left, area.bottom - area.top)),
+          selected_(dc_.get(), bitmap_.get()) {
+        SetWindowOrgEx(dc_.get(), area.left, area.top, nullptr);
+    }
+    BufferedPaint(const BufferedPaint&) = delete;
+    BufferedPaint& operator=(const BufferedPaint&) = delete;
+    ~BufferedPaint() {
+        BitBlt(target_, area_.left, area_.top, area_.right - area_.left, area_.bottom - area_.top,
+               dc_.get(), area_.left, area_.top, SRCCOPY);
+    }
+
+    HDC dc() const noexcept { return dc_.get(); }
+
+ private:
+    HDC target_;
+    RECT area_;
+    OwnedMemoryDc dc_;
+    OwnedBitmap bitmap_;
+    Selected selected_;
+};
+
+}  // namespace velvox

@@ -1,0 +1,33 @@
+#include "base/child_window_win32.h"
+
+#include "base/system_win32.h"
+
+namespace velvox {
+
+bool reflectCommand(LPARAM child, WPARAM wParam) {
+    if (!child) return false;
+    SendMessageW(reinterpret_cast<HWND>(child), reflectedCommand, wParam, child);
+    return true;
+}
+
+void paintParentBackground(HWND child, HDC dc) {
+    const HWND parent = GetParent(child);
+    POINT origin{};
+    MapWindowPoints(child, parent, &origin, 1);
+    POINT before{};
+    OffsetWindowOrgEx(dc, origin.x, origin.y, &before);
+    SendMessageW(parent, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT | PRF_ERASEBKGND);
+    SetWindowOrgEx(dc, before.x, before.y, nullptr);
+}
+
+void followPlace(HWND window, const Control& control, Aspect aspect) {
+    if (aspect == Aspect::Place) {
+        const RECT at = toPixels(control.place());
+        SetWindowPos(window, nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+    } else if (aspect == Aspect::Visible) {
+        ShowWindow(window, control.Visible() ? SW_SHOWNA : SW_HIDE);
+    }
+}
+
+}  // namespace velvox

@@ -1,0 +1,47 @@
+#include "base/colour.h"
+
+#include <algorithm>
+
+namespace velvox {
+namespace {
+
+constexpr OleColour lastSystemColour = 30;
+
+template <class Channel>
+Rgb perChannel(Channel channel) {
+    return rgb(channel(redOf), channel(greenOf), channel(blueOf));
+}
+
+}  // namespace
+
+Rgb translate(OleColour colour, const SystemColours& table) {
+    if ((colour & 0xFF000000U) == 0) return static_cast<Rgb>(colour);
+    if ((colour & 0xFF000000U) == 0x02000000U) return static_cast<Rgb>(colour & 0x00FFFFFFU);
+    const OleColour index = colour & 0x7FFFFFFFU;
+    if ((colour & 0x80000000U) == 0 || index > lastSystemColour) return -1;
+    return table.colour(static_cast<int>(index));
+}
+
+Rgb average(Rgb a, Rgb b) {
+    return perChannel([&](auto of) {
+        const int sum = of(a) + of(b);
+        const int half = sum / 2;
+        return sum % 2 == 0 ? half : half + half % 2;
+    });
+}
+
+Rgb shift(Rgb colour, int amount) {
+    return perChannel([&](auto of) { return std::clamp(of(colour) + amount, 0, 255); });
+}
+
+Rgb lighten(Rgb colour, int amount) {
+    return perChannel(
+        [&](auto of) { return std::min(of(colour) * (255 - amount) / 255 + amount, 255); });
+}
+
+Rgb blend(Rgb from, Rgb to, int step, int steps) {
+    if (steps <= 1) return from;
+    return perChannel([&](auto of) { return of(from) + (of(to) - of(from)) * step / (steps - 1); });
+}
+
+}  // namespace velvox

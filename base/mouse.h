@@ -1,0 +1,10 @@
+#pragma once
+
+#include <cstdint>
+
+namespace velvox {
+
+/// Which mouse button a handler is told of.
+enum class MouseButton : std::int16_t { None = 0, Left = 1, Right = 2, Middle = 4 };
+
+}  // namespace velvox

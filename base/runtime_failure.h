@@ -1,0 +1,30 @@
+// The one exception of the deciding code: an operation that cannot be carried out on the values
+// it was given. A catcher's single trap turns it into its red status line.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace velvox {
+
+enum class Fault {
+    InvalidCall,      ///< a start, length or argument out of range
+    Overflow,         ///< a value that its type cannot hold
+    TypeMismatch,     ///< text where a number is needed, and the like
+    InvalidProperty,  ///< a property value that the control refuses
+    Transfer,         ///< a page that could not be fetched
+    Platform,         ///< a call of the system that failed
+};
+
+class RuntimeFailure : public std::runtime_error {
+ public:
+    RuntimeFailure(Fault fault, const std::string& message)
+        : std::runtime_error(message), fault_(fault) {}
+
+    Fault fault() const noexcept { return fault_; }
+
+ private:
+    Fault fault_;
+};
+
+}  // namespace velvox

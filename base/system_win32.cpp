@@ -1,0 +1,79 @@
+#include "base/system_win32.h"
+
+#include <olectl.h>
+
+#include "base/runtime_failure.h"
+#include "base/twips.h"
+#include "base/utf16.h"
+
+namespace velvox {
+
+static_assert(sizeof(wchar_t) == sizeof(char16_t));
+
+void throwLastError(const char* call) {
+    const DWORD error = GetLastError();
+    throw RuntimeFailure(Fault::Platform,
+                         std::string(call) + " failed with error " + std::to_string(error));
+}
+
+void requireSuccess(HRESULT result, const char* call) {
+    if (SUCCEEDED(result)) return;
+    char number[16];
+    wsprintfA(number, "0x%08lX", static_cast<unsigned long>(result));
+    throw RuntimeFailure(Fault::Platform, std::string(call) + " failed with " + number);
+}
+
+std::wstring widen(std::string_view bytes) {
+    const std::u16string text = toUtf16(bytes);
+    return {reinterpret_cast<const wchar_t*>(text.data()), text.size()};
+}
+
+std::string narrow(std::wstring_view text) {
+    return toBytes({reinterpret_cast<const char16_t*>(text.data()), text.size()});
+}
+
+std::string windowText(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    const int copied = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(copied));
+    return narrow(text);
+}
+
+Rgb CurrentSystemColours::colour(int index) const {
+    return static_cast<Rgb>(GetSysColor(index));
+}
+
+Rgb translateColour(OleColour colour) {
+    COLORREF result = 0;
+    return SUCCEEDED(OleTranslateColor(colour, nullptr, &result)) ? static_cast<Rgb>(result) : -1;
+}
+
+int screenDpi() {
+    static const int dpi = [] {
+        const WindowDc screen(nullptr);
+        return GetDeviceCaps(screen.get(), LOGPIXELSY);
+    }();
+    return dpi;
+}
+
+RECT toPixels(const Place& place) {
+    const int dpi = screenDpi();
+    return {toPixels(place.left, dpi), toPixels(place.top, dpi),
+            toPixels(place.left + place.width, dpi), toPixels(place.top + place.height, dpi)};
+}
+
+OwnedFont createFont(const Font& font) {
+    LOGFONTW request{};
+    request.lfHeight = -static_cast<LONG>(font.points * screenDpi() / 72.0 + 0.5);
+    request.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+    request.lfItalic = font.italic;
+    request.lfUnderline = font.underline;
+    request.lfStrikeOut = font.strikeThrough;
+    request.lfCharSet = DEFAULT_CHARSET;
+    request.lfQuality = CLEARTYPE_QUALITY;
+    const std::wstring face = widen(font.name).substr(0, LF_FACESIZE - 1);
+    face.copy(request.lfFaceName, face.size());
+    return OwnedFont(CreateFontIndirectW(&request));
+}
+
+}  // namespace velvox

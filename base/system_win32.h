@@ -1,0 +1,48 @@
+// Small look-ups of the system: errors, text conversion, colours, screen resolution.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "base/colour.h"
+#include "base/control.h"
+#include "base/font.h"
+#include "base/owned_win32.h"
+
+namespace velvox {
+
+/// Throws RuntimeFailure (Platform) that carries the call's name and the thread's last error.
+[[noreturn]] void throwLastError(const char* call);
+
+/// Throws RuntimeFailure (Platform) for a failed HRESULT; every success passes, not only S_OK.
+void requireSuccess(HRESULT result, const char* call);
+
+/// Bytes (UTF-8) to the system's UTF-16 and back; see base/utf16.h for what happens to the rest.
+std::wstring widen(std::string_view bytes);
+std::string narrow(std::wstring_view text);
+
+/// A window's text as bytes.
+std::string windowText(HWND window);
+
+/// The system's colours as GetSysColor has them now.
+class CurrentSystemColours : public SystemColours {
+ public:
+    Rgb colour(int index) const override;
+};
+
+/// An OLE colour in RGB by the system's own translation; -1 on failure.
+Rgb translateColour(OleColour colour);
+
+/// Dots per inch of the screen, as the program sees it for its whole life.
+int screenDpi();
+
+/// A layout place in pixels of this screen. Edges are rounded, not lengths, so that neighbours
+/// that touch in twips touch in pixels.
+RECT toPixels(const Place& place);
+
+/// The platform font; its character height follows the points at the screen's resolution.
+OwnedFont createFont(const Font& font);
+
+}  // namespace velvox

@@ -1,0 +1,44 @@
+// Text is bytes, positions count from 1 and 0 means "not found". Every cutter of the program is
+// written with these few operations, so that an offset means the same thing everywhere.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace velvox::text {
+
+/// A 1-based place in a text, or a length. Signed, since cutters subtract places.
+using Position = std::ptrdiff_t;
+
+Position length(std::string_view text);
+
+/// First place of `mark` at or behind `start`; 0 when there is none. An empty mark is found at
+/// `start` itself while that lies in the text. Throws InvalidCall for a start below 1.
+Position find(std::string_view text, std::string_view mark, Position start = 1);
+
+/// As `find`, but ASCII letters match in either case.
+Position findIgnoringCase(std::string_view text, std::string_view mark, Position start = 1);
+
+bool contains(std::string_view text, std::string_view mark);
+
+/// `count` bytes from place `start`, clipped to what is there. The view lives as long as `text`.
+/// Throws InvalidCall for a start below 1 or a count below 0.
+std::string_view slice(std::string_view text, Position start, Position count);
+
+/// `text` with every occurrence of `mark` replaced, left to right; an empty mark changes nothing.
+std::string replaceAll(std::string_view text, std::string_view mark, std::string_view with);
+
+/// Highest index of the pieces that splitting `text` at `separator` gives, numbered from 0: the
+/// number of separators. -1 for an empty text, which splits into no piece at all.
+Position splitUpperBound(std::string_view text, std::string_view separator);
+
+/// Whole number written in `text`, blanks around it allowed. Throws TypeMismatch for anything
+/// else and Overflow for a number beyond 32 bits.
+std::int32_t toNumber(std::string_view text);
+
+/// Narrows to a 16-bit count. Throws Overflow for what does not fit.
+std::int16_t toInt16(Position value);
+
+}  // namespace velvox::text

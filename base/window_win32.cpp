@@ -1,0 +1,139 @@
+#include "base/window_win32.h"
+
+#include <exception>
+#include <utility>
+
+#include "base/runtime_failure.h"
+#include "base/system_win32.h"
+
+namespace velvox {
+namespace {
+
+FailureReporter& failureReporter() {
+    static FailureReporter reporter;
+    return reporter;
+}
+
+constexpr UINT_PTR systemControlSubclass = 1;
+
+HWND createWindow(const WindowRequest& request, void* parameter) {
+    const RECT& at = request.bounds;
+    const HWND window =
+        CreateWindowExW(request.extendedStyle, request.className, request.text.c_str(),
+                        request.style, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                        request.parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(request.id)),
+                        GetModuleHandleW(nullptr), parameter);
+    if (!window) throwLastError("CreateWindowEx");
+    return window;
+}
+
+}  // namespace
+
+void setFailureReporter(FailureReporter reporter) {
+    failureReporter() = std::move(reporter);
+}
+
+void reportCurrentFailure() noexcept {
+    std::string text = "An unknown error has occurred.";
+    try {
+        throw;
+    } catch (const std::exception& failure) {
+        text = failure.what();
+    } catch (...) {
+        // Keeps the text for something that is no std::exception.
+    }
+    try {
+        if (failureReporter())
+            failureReporter()(text);
+        else
+            OutputDebugStringA(text.c_str());
+    } catch (...) {
+        OutputDebugStringA("The error report itself failed.\n");
+    }
+}
+
+void registerWindowClass(const wchar_t* name, UINT style, HCURSOR cursor, HICON icon,
+                         HICON smallIcon) {
+    WNDCLASSEXW known{};
+    known.cbSize = sizeof known;
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    if (GetClassInfoExW(instance, name, &known)) return;
+    WNDCLASSEXW c{};
+    c.cbSize = sizeof c;
+    c.style = style;
+    c.lpfnWndProc = &Window::thunk;
+    c.hInstance = instance;
+    c.hCursor = cursor ? cursor : LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+    c.hIcon = icon;
+    c.hIconSm = smallIcon;
+    c.lpszClassName = name;
+    if (!RegisterClassExW(&c)) throwLastError("RegisterClassEx");
+}
+
+Window::~Window() {
+    destroy();
+}
+
+void Window::create(const WindowRequest& request) {
+    createWindow(request, this);
+}
+
+void Window::destroy() noexcept {
+    if (handle_) DestroyWindow(handle_);
+}
+
+LRESULT CALLBACK Window::thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    if (message == WM_NCCREATE) {
+        auto* self =
+            static_cast<Window*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
+        self->handle_ = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+    }
+    auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    std::optional<LRESULT> answer;
+    if (self) {
+        try {
+            answer = self->onMessage(message, wParam, lParam);
+        } catch (...) {
+            reportCurrentFailure();
+            answer = 0;
+        }
+        if (message == WM_NCDESTROY) {
+            // The handler may have destroyed the object: look it up again.
+            self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+            if (self) self->handle_ = nullptr;
+            SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        }
+    }
+    return answer ? *answer : DefWindowProcW(window, message, wParam, lParam);
+}
+
+SystemControl::~SystemControl() {
+    if (handle_) DestroyWindow(handle_);
+}
+
+void SystemControl::create(const WindowRequest& request) {
+    handle_ = createWindow(request, nullptr);
+    if (!SetWindowSubclass(handle_, &SystemControl::thunk, systemControlSubclass,
+                           reinterpret_cast<DWORD_PTR>(this)))
+        throw RuntimeFailure(Fault::Platform, "SetWindowSubclass failed");
+}
+
+LRESULT CALLBACK SystemControl::thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                      UINT_PTR id, DWORD_PTR self) noexcept {
+    auto* control = reinterpret_cast<SystemControl*>(self);
+    std::optional<LRESULT> answer;
+    try {
+        answer = control->onMessage(message, wParam, lParam);
+    } catch (...) {
+        reportCurrentFailure();
+        answer = 0;
+    }
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(window, &SystemControl::thunk, id);
+        control->handle_ = nullptr;
+    }
+    return answer ? *answer : DefSubclassProc(window, message, wParam, lParam);
+}
+
+}  // namespace velvox

@@ -1,0 +1,90 @@
+// The window wrapper: every window class of the program runs through one thunk, which keeps
+// exceptions inside and dispatches nothing before creation has begun or after the last message.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/control.h"
+
+namespace velvox {
+
+/// How an error that reached the system's edge is told to the person. Set once by the program;
+/// without one the text goes to the debugger.
+using FailureReporter = std::function<void(std::string_view text)>;
+void setFailureReporter(FailureReporter reporter);
+
+/// Reports the exception under way. For catch blocks at the system's edge.
+void reportCurrentFailure() noexcept;
+
+/// What a window is created with. Places are in pixels, relative to the parent's client area.
+struct WindowRequest {
+    const wchar_t* className = nullptr;
+    std::wstring text;
+    DWORD style = 0;
+    DWORD extendedStyle = 0;
+    RECT bounds{};
+    HWND parent = nullptr;
+    int id = 0;  ///< child windows only
+};
+
+/// Registers a window class for `Window` objects once; repeated calls are harmless.
+void registerWindowClass(const wchar_t* name, UINT style = 0, HCURSOR cursor = nullptr,
+                         HICON icon = nullptr, HICON smallIcon = nullptr);
+
+/// A window of one of our own classes.
+class Window {
+ public:
+    Window() = default;
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+    virtual ~Window();
+
+    /// Null before creation and after destruction.
+    HWND handle() const noexcept { return handle_; }
+
+ protected:
+    /// Creates the window of a registered class. Throws RuntimeFailure (Platform).
+    void create(const WindowRequest& request);
+    void destroy() noexcept;
+
+    /// Answers a message, or nullopt for the system's default.
+    virtual std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
+
+ private:
+    friend void registerWindowClass(const wchar_t*, UINT, HCURSOR, HICON, HICON);
+    static LRESULT CALLBACK thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+
+    HWND handle_ = nullptr;
+};
+
+/// A window of one of the system's classes, whose messages pass through `onMessage` first.
+class SystemControl {
+ public:
+    SystemControl() = default;
+    SystemControl(const SystemControl&) = delete;
+    SystemControl& operator=(const SystemControl&) = delete;
+    virtual ~SystemControl();
+
+    HWND handle() const noexcept { return handle_; }
+
+ protected:
+    void create(const WindowRequest& request);
+
+    /// Answers a message, or nullopt for the class's own procedure.
+    virtual std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
+
+ private:
+    static LRESULT CALLBACK thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                  UINT_PTR id, DWORD_PTR self) noexcept;
+
+    HWND handle_ = nullptr;
+};
+
+}  // namespace velvox

@@ -1,0 +1,41 @@
+// The clip site: a clip's code stands in its address; the site's feed for the code lists the files.
+#include "app/form1.h"
+#include "app/hosts.h"
+#include "base/join.h"
+#include "base/text.h"
+
+namespace velvox {
+
+void Form1::ClipVNCatcher() try {
+    linkin.Enabled(false);
+    const std::string prefix = join({hosts::clip, "/watch/"});
+    auto p1 = text::find(linkin.Text(), prefix);
+    auto p2 = text::find(linkin.Text(), ",", p1);
+    const std::string code{
+        text::slice(linkin.Text(), p1 + text::length(prefix), (p2 - p1) - text::length(prefix))};
+    ShowStatus("<font face='tahoma' size='2' >Scanning For Video...</font>");
+    link2.Text(join({hosts::clip, "/movies/nfo/", code}));
+    const std::string page = FetchPage(link2.Text());
+    ShowStatus("<font face='tahoma' size='2' >Getting Links...</font>");
+    // Every link carries the number of all links, not its own.
+    const auto n = text::splitUpperBound(page, ".flv");
+    const std::string count = std::to_string(n);
+    ketqua.Text("");
+    text::Position pos = 1;
+    for (text::Position i = 1; i <= n; ++i) {
+        p1 = text::find(page, "<enclosure url=", pos);
+        p2 = text::find(page, ".flv", p1);
+        // From behind the opening quotation mark to the end of ".flv".
+        const auto url = text::slice(page, p1 + 15 + 1, ((p2 - p1) - 15) + 3);
+        ketqua.append(join({"<a href='", url, "'><font face='tahoma' size='2'>Download Clip ",
+                            count, "</a><br></font>"}));
+        pos = p2;
+    }
+    ShowStatus(ketqua.Text());
+    linkin.Enabled(true);
+} catch (const std::exception&) {
+    linkin.Enabled(true);
+    ShowStatus("<font face='tahoma' size='2' color='red'>Video Unavilable..</font>");
+}
+
+}  // namespace velvox

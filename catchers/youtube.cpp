@@ -1,0 +1,34 @@
+// YouTube watch pages: checks that the page is there, then loads the player into the preview
+// browser, whose arrival gives the link (app/link_handling.cpp).
+#include "app/form1.h"
+#include "app/hosts.h"
+#include "base/join.h"
+#include "base/text.h"
+
+namespace velvox {
+
+void Form1::YoutubeCatcher() try {
+    linkin.Enabled(false);
+    ketqua.Text("");
+    ShowStatus("<font face='tahoma' size='2' >Scanning For Video...</font>");
+    const std::string page = FetchPage(linkin.Text());
+    ShowStatus("<font face='tahoma' size='2' >Connecting...</font>");
+    if (text::contains(page, "contained a malformed")) {
+        ShowStatus(
+            "<font face='tahoma' size='2' color='red'>Cannot Validate Request | The Video Might Be "
+            "Removed From Server..</font>");
+        ketqua.Text("");
+    } else {
+        ShowStatus("<font face='tahoma' size='2' >Getting Preview and Download Url..</font>");
+        // Everything behind the first "=", further parameters included.
+        const auto p = text::find(linkin.Text(), "=");
+        const auto identifier = text::slice(linkin.Text(), p + 1, text::length(linkin.Text()));
+        web.Navigate(join({hosts::youtube, "/v/", identifier}));
+    }
+    linkin.Enabled(true);
+} catch (const std::exception&) {
+    linkin.Enabled(true);
+    ShowStatus("<font face='tahoma' size='2' color='red'>Video Unavilable..</font>");
+}
+
+}  // namespace velvox

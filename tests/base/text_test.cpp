@@ -1,0 +1,91 @@
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "base/runtime_failure.h"
+
+namespace velvox {
+namespace {
+
+Fault faultOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RuntimeFailure& failure) {
+        return failure.fault();
+    }
+    ADD_FAILURE() << "nothing was thrown";
+    return Fault::Platform;
+}
+
+TEST(TextTest, FindsFromAPlace) {
+    struct Row {
+        std::string_view text, mark;
+        text::Position start, expected;
+    };
+    const Row rows[] = {
+        {"", "a", 1, 0},         {"", "", 1, 0},          {"abc", "", 2, 2},
+        {"abc", "", 4, 0},       {"abcabc", "abc", 1, 1}, {"abcabc", "abc", 2, 4},
+        {"abcabc", "abc", 5, 0}, {"abc", "c", 3, 3},      {"abc", "c", 99, 0},
+        {"aab", "ab", 1, 2},     {"Abc", "a", 1, 0},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(text::find(row.text, row.mark, row.start), row.expected)
+            << row.text << " / " << row.mark << " / " << row.start;
+    EXPECT_EQ(faultOf([] { text::find("abc", "a", 0); }), Fault::InvalidCall);
+    EXPECT_EQ(faultOf([] { text::findIgnoringCase("abc", "a", 0); }), Fault::InvalidCall);
+}
+
+TEST(TextTest, FindsIgnoringCase) {
+    struct Row {
+        std::string_view text, mark;
+        text::Position start, expected;
+    };
+    const Row rows[] = {
+        {"x URL=\"", "url=\"", 1, 3},
+        {"url=url=\"", "URL=\"", 1, 5},
+        {"=\"url=\"", "url=\"", 1, 3},
+        {"url=", "url=\"", 1, 0},
+        {"aABab", "BA", 1, 3},
+        {"[{", "{", 1, 2},
+        {"@", "`", 1, 0},
+        {"uRl=\"uRl=\"", "url=\"", 2, 6},
+        {"abc", "", 3, 3},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(text::findIgnoringCase(row.text, row.mark, row.start), row.expected)
+            << row.text << " / " << row.mark << " / " << row.start;
+}
+
+TEST(TextTest, SlicesAreClippedAndRefuseBadBounds) {
+    EXPECT_EQ(text::slice("abcdef", 2, 3), "bcd");
+    EXPECT_EQ(text::slice("abcdef", 5, 99), "ef");
+    EXPECT_EQ(text::slice("abcdef", 7, 1), "");
+    EXPECT_EQ(text::slice("abc", 1, 0), "");
+    EXPECT_EQ(faultOf([] { text::slice("abc", 0, 1); }), Fault::InvalidCall);
+    EXPECT_EQ(faultOf([] { text::slice("abc", 1, -1); }), Fault::InvalidCall);
+}
+
+TEST(TextTest, ReplacesAndCounts) {
+    EXPECT_EQ(text::replaceAll("a..b...c", "..", "."), "a.b..c");
+    EXPECT_EQ(text::replaceAll("abc", "", "x"), "abc");
+    EXPECT_EQ(text::replaceAll("aaa", "a", ""), "");
+    EXPECT_EQ(text::splitUpperBound("a.flvb.flv", ".flv"), 2);
+    EXPECT_EQ(text::splitUpperBound("aaaa", "aa"), 2);
+    EXPECT_EQ(text::splitUpperBound("none", ".flv"), 0);
+    EXPECT_EQ(text::splitUpperBound("", ".flv"), -1);
+}
+
+TEST(TextTest, NumbersKeepTheirWidth) {
+    EXPECT_EQ(text::toNumber(" 42 "), 42);
+    EXPECT_EQ(text::toNumber("-1"), -1);
+    for (const char* bad : {"", " ", "x", "4x", "4 2"})
+        EXPECT_EQ(faultOf([&] { text::toNumber(bad); }), Fault::TypeMismatch) << bad;
+    EXPECT_EQ(faultOf([] { text::toNumber("2147483648"); }), Fault::Overflow);
+    EXPECT_EQ(text::toInt16(32767), 32767);
+    EXPECT_EQ(faultOf([] { text::toInt16(32768); }), Fault::Overflow);
+}
+
+}  // namespace
+}  // namespace velvox
