@@ -31,10 +31,8 @@ Segment parsed(const std::string& part) {
     // From the second character on: the class of dialogs itself starts with "#".
     const size_t mark = part.find_first_of("=#", 1);
     segment.className = part.substr(0, mark);
-    if (part.starts_with("=")) {
-        segment.className.clear();
-        segment.text = part.substr(1);
-    } else if (mark != part.npos && part[mark] == '=') {
+    if (segment.className == "*") segment.className.clear();
+    if (mark != part.npos && part[mark] == '=') {
         segment.text = part.substr(mark + 1);
     } else if (mark != part.npos) {
         segment.index = std::stoul(part.substr(mark + 1));
