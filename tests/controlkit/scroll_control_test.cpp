@@ -157,6 +157,7 @@ TEST_F(ScrollControlTest, AThumbFollowsThePointerPastBothEnds) {
     down(60);
     EXPECT_TRUE(host.captured);
     EXPECT_EQ(taken(), Log{"MouseDown 1 0"});
+    EXPECT_FALSE(host.timersRun());
     move(500);
     EXPECT_EQ(taken(), (Log{"Change 50", "Scroll 100"}));
     EXPECT_EQ(bar.geometry().thumb().end(), 120);
