@@ -1,0 +1,269 @@
+// The owner-drawn push button: its stored settings, its visual state machine and its events. The
+// window, the painting and the tool tip follow it through `ButtonHost` and `ControlView`.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/colour.h"
+#include "base/control.h"
+#include "base/font.h"
+#include "base/mouse.h"
+#include "base/picture.h"
+#include "base/property_bag.h"
+
+namespace velvox {
+
+enum class ButtonState : std::int8_t { Normal = 1, Hot = 2, Pressed = 3, Disabled = 4 };
+
+/// Which entry point reports that the pointer has left a window.
+enum class Tracking : std::int8_t { None, UserInterface, CommonControls };
+
+/// What a container tells the controls it holds.
+struct ButtonAmbient {
+    bool userMode = true;  ///< false while the form is designed
+    Font font;
+    std::string toolTipText;  ///< the container's own tool tip for the control
+};
+
+/// The tool tip's record.
+struct ButtonToolTip {
+    std::string text;
+    std::string title;
+    int icon = 0;  ///< 0 none, 1 information, 2 warning, 3 error
+    int type = 0;  ///< 1 balloon, anything else a plain box
+    std::optional<Rgb> backColour;
+    std::optional<Rgb> foreColour;
+    bool centred = false;
+};
+
+/// The four custom colours, translated.
+struct ButtonColours {
+    Rgb back = 0;
+    Rgb highlight = 0;
+    Rgb font = 0;
+    Rgb fontHighlight = 0;
+};
+
+/// Everything that one picture of the button depends on, except its size.
+struct ButtonLook {
+    int style = 0;
+    ButtonState state = ButtonState::Normal;
+    bool focused = false;     ///< has the focus, shown or not
+    bool focusShown = false;  ///< has the focus and shows it
+    bool userMode = true;
+    bool customColours = false;
+    ButtonColours colours;
+    std::string caption;
+    unsigned captionFlags = 0;  ///< DT_ flags
+    Font font;
+    PicturePtr icon;
+    int iconSize = 16;  ///< pixels
+    int iconAlign = 0;
+};
+
+/// What the button asks of its window.
+class ButtonHost {
+ public:
+    virtual ~ButtonHost() = default;
+
+    /// Asks for one notice of the pointer's leaving.
+    virtual void requestLeaveNotice() = 0;
+
+    /// Makes the tool tip anew from the button's record.
+    virtual void showToolTip() = 0;
+
+    /// The modal About box.
+    virtual void showAbout() = 0;
+
+    /// The shell's open verb. Nothing happens for a scheme other than http or https.
+    virtual void openAddress(std::string_view address) = 0;
+};
+
+/// A handler may destroy the button, run a nested message loop or throw: after each event the
+/// button touches itself only if it is still there.
+class isButton : public Control {
+ public:
+    /// A freshly placed control's values; the colours are those that `colours` has now.
+    /// `colours` must outlive the button.
+    isButton(std::string_view name, const SystemColours& colours);
+
+    /// Reads the 23 keys in their stored order. Throws TypeMismatch for a value of a wrong type.
+    void ReadProperties(const PropertyBag& bag, const ButtonAmbient& ambient = {});
+    void WriteProperties(PropertyBag& bag) const;
+
+    /// Handles the four subclassed messages (pointer moved or left, theme or system colours
+    /// changed) before the window's default procedure does; ignores any other.
+    void zSubclass_Proc(unsigned message);
+
+    void About();
+    void Refresh();
+    std::string_view Version() const noexcept { return "3.0"; }
+
+    /// 0 to 10 choose a painter; any other number shows caption and icon alone.
+    int Style() const noexcept { return style_; }
+    void Style(int style);
+    const std::string& Caption() const noexcept { return caption_; }
+    void Caption(std::string_view text);
+    const PicturePtr& Icon() const noexcept { return icon_; }
+    void Icon(const PicturePtr& icon);
+    /// 0 centre, 1 left, 2 right, 3 top, 4 bottom; the same for CaptionAlign.
+    int IconAlign() const noexcept { return iconAlign_; }
+    void IconAlign(int align);
+    /// Edge length of the drawn icon, pixels.
+    int IconSize() const noexcept { return iconSize_; }
+    void IconSize(int pixels);
+    int CaptionAlign() const noexcept { return captionAlign_; }
+    void CaptionAlign(int align);
+    /// The style taken at run time when the system's visual styles do not draw (Style 6).
+    int NonThemeStyle() const noexcept { return nonThemeStyle_; }
+    void NonThemeStyle(int style);
+    bool Enabled() const noexcept { return enabled_; }
+    void Enabled(bool enabled);
+    bool ShowFocus() const noexcept { return showFocus_; }
+    void ShowFocus(bool show);
+    bool UseCustomColors() const noexcept { return useCustomColors_; }
+    void UseCustomColors(bool use);
+    OleColour BackColor() const noexcept { return backColor_; }
+    void BackColor(OleColour colour);
+    OleColour HighlightColor() const noexcept { return highlightColor_; }
+    void HighlightColor(OleColour colour);
+    OleColour FontColor() const noexcept { return fontColor_; }
+    void FontColor(OleColour colour);
+    OleColour FontHighlightColor() const noexcept { return fontHighlightColor_; }
+    void FontHighlightColor(OleColour colour);
+    const std::string& ToolTip() const noexcept { return toolTip_; }
+    void ToolTip(std::string_view text);
+    const std::string& ToolTipTitle() const noexcept { return toolTipTitle_; }
+    void ToolTipTitle(std::string_view title);
+    int ToolTipIcon() const noexcept { return toolTipIcon_; }
+    void ToolTipIcon(int icon);
+    int ToolTipType() const noexcept { return toolTipType_; }
+    void ToolTipType(int type);
+    /// Both colours are 0 until they are set for the first time.
+    OleColour ToolTipBackColor() const noexcept { return toolTipBackColor_.value_or(0); }
+    void ToolTipBackColor(OleColour colour);
+    OleColour ToolTipForeColor() const noexcept { return toolTipForeColor_.value_or(0); }
+    void ToolTipForeColor(OleColour colour);
+    const Font& font() const noexcept { return font_; }
+    void font(const Font& font);
+    /// 0 plain, 1 toggle.
+    int ButtonType() const noexcept { return buttonType_; }
+    void ButtonType(int type);
+    /// Toggled state of a toggle button.
+    bool Value() const noexcept { return value_; }
+    void Value(bool on);
+
+    void OpenLink(std::string_view address);
+
+    std::function<void()> Click;
+    std::function<void()> MouseEnter;
+    std::function<void()> MouseLeave;
+
+    /// The container's notification that a property has been set, under its stored name.
+    std::function<void(std::string_view property)> PropertyChanged;
+
+    // What happens to the button.
+    void mouseDown(MouseButton button);
+    void mouseUp(MouseButton button);
+    /// The container's click, after the mouse-up it belongs to.
+    void click();
+    void doubleClick();
+    /// Virtual key codes; only Space (32) means something.
+    void keyDown(int code);
+    void keyUp(int code);
+    void keyPress(char character);
+    /// Enter, a mnemonic, or a tool's click: one Click whatever mouse button was last.
+    void activate();
+    void gotFocus();
+    void lostFocus();
+    void pointerMoved();
+    void pointerLeft();
+    /// While the left button is held: whether the pointer is over the button. Off it the button
+    /// shows that a release will do nothing.
+    void pointerDragged(bool over);
+    /// The press has ended without a release, because the mouse went to another window.
+    void pressCancelled();
+    /// The visual styles did not draw: at run time NonThemeStyle becomes Style.
+    void themeRefused();
+
+    // What the window and the painter ask.
+    /// The state after the adjustment for design time, toggled and disabled buttons.
+    ButtonState visualState() const noexcept;
+    bool hasFocus() const noexcept { return hasFocus_; }
+    bool mouseInside() const noexcept { return mouseInside_; }
+    bool userMode() const noexcept { return userMode_; }
+    MouseButton lastMouseButton() const noexcept { return lastMouseButton_; }
+    Tracking tracking() const noexcept { return tracking_; }
+    void tracking(Tracking available);
+    unsigned captionFlags() const noexcept { return captionFlags_; }
+    ButtonToolTip toolTipRecord() const;
+    ButtonLook look() const;
+    const SystemColours& systemColours() const noexcept { return *colours_; }
+
+    /// The window that serves the button, or none. Held, not owned.
+    void setHost(ButtonHost* host) noexcept { host_ = host; }
+
+    /// Expires with the button: asked by callers that go on after raising events.
+    std::weak_ptr<const void> lifetime() const noexcept { return alive_; }
+
+ protected:
+    /// No side is shorter than 300 twips.
+    void resized() override;
+
+ private:
+    template <class Held, class Given>
+    void set(Held& held, const Given& given, std::string_view property,
+             Aspect aspect = Aspect::Face);
+    void enter(ButtonState state);
+    bool raise(const std::function<void()>& event);
+    ButtonState restingState() const noexcept {
+        return mouseInside_ ? ButtonState::Hot : ButtonState::Normal;
+    }
+    void alignCaption();
+    Rgb rgbOf(int systemIndex) const { return colours_->colour(systemIndex); }
+
+    const SystemColours* colours_;
+    ButtonHost* host_ = nullptr;
+    std::shared_ptr<const void> alive_ = std::make_shared<char>();
+
+    PicturePtr icon_;
+    int style_ = 0;
+    std::string caption_;
+    int iconSize_ = 16;
+    int captionAlign_ = 0;
+    int iconAlign_ = 0;
+    int nonThemeStyle_ = 0;
+    bool enabled_ = true;
+    bool showFocus_ = false;
+    bool useCustomColors_ = false;
+    OleColour backColor_;
+    OleColour highlightColor_;
+    OleColour fontColor_;
+    OleColour fontHighlightColor_;
+    std::string toolTip_;
+    std::string toolTipTitle_;
+    int toolTipIcon_ = 0;
+    int toolTipType_ = 0;
+    std::optional<OleColour> toolTipBackColor_;
+    std::optional<OleColour> toolTipForeColor_;
+    Font font_;
+    int buttonType_ = 0;
+    bool value_ = false;
+
+    bool userMode_ = true;
+    ButtonState state_ = ButtonState::Normal;
+    bool hasFocus_ = false;
+    bool mouseInside_ = false;
+    bool draggedOff_ = false;
+    MouseButton lastMouseButton_ = MouseButton::None;
+    Tracking tracking_ = Tracking::UserInterface;
+    bool placed_ = false;
+    unsigned captionFlags_;
+};
+
+}  // namespace velvox
