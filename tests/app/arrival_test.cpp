@@ -115,12 +115,23 @@ TEST(ArrivalTest, OnlyWebAddressesAndTheBlankPageAreFollowed) {
         const char* address;
         bool follow;
     } rows[] = {
-        {"http://h/", true},       {"HTTPS://h/", true},     {"about:blank", true},
-        {"ABOUT:blank", true},     {"", false},              {"about:blank#x", false},
-        {"about:home", false},     {"http:", false},         {"file:///C:/x", false},
-        {"javascript:x()", false}, {"mailto:a@b", false},    {"res://x.dll/y", false},
-        {"C:\\x.exe", false},      {"httpx://h/", false},    {" http://h/", false},
-        {"ms-calc:", false},       {"view-source:h", false},
+        {"http://h/", true},
+        {"HTTPS://h/", true},
+        {"about:blank", true},
+        {"ABOUT:blank", true},
+        {"", false},
+        {"about:blank#x", false},
+        {"about:home", false},
+        {"http:", false},
+        {"file:///C:/x", false},
+        {"javascript:x()", false},
+        {"mailto:a@b", false},
+        {"res://x.dll/y", false},
+        {"C:\\x.exe", false},
+        {"httpx://h/", false},
+        {" http://h/", false},
+        {"ms-calc:", false},
+        {"view-source:h", false},
     };
     for (const auto& row : rows) EXPECT_EQ(isBrowsable(row.address), row.follow) << row.address;
 

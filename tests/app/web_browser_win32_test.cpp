@@ -274,12 +274,13 @@ TEST_F(WebBrowserTest, ThePanelTellsTypeAndSize) {
 
     web->Navigate(server_.address("/page"));
     EXPECT_TRUE(pumpUntil([&] { return web->content().facts.size.has_value(); }));
-    EXPECT_EQ(web->content(), (PreviewContent{Kind::NotRendered, server_.address("/page"),
-                                              {"text/html", 12345}}));
+    EXPECT_EQ(web->content(),
+              (PreviewContent{Kind::NotRendered, server_.address("/page"), {"text/html", 12345}}));
     web->Navigate(server_.address("/v/a"));
     EXPECT_TRUE(pumpUntil([&] { return web->content().kind == Kind::Unviewable; }));
     EXPECT_TRUE(pumpUntil([&] { return web->content().facts.size.has_value(); }));
-    EXPECT_EQ(web->content(), (PreviewContent{Kind::Unviewable, server_.address(playerPath),
+    EXPECT_EQ(web->content(), (PreviewContent{Kind::Unviewable,
+                                              server_.address(playerPath),
                                               {"application/x-shockwave-flash", 7}}));
 }
 
