@@ -15,13 +15,13 @@ namespace velvox {
 class Arrival {
  public:
     enum class State {
-        Idle,       ///< nothing was asked for yet
-        Requested,  ///< asked for; what the control still tells is about the document before
-        Loading,    ///< the control has begun
-        Shown,      ///< the control shows the document but has not finished it
-        Arrived,    ///< finished
-        Unviewable, ///< arrived at a document that nothing can show
-        Failed,     ///< it will not arrive
+        Idle,        ///< nothing was asked for yet
+        Requested,   ///< asked for; what the control still tells is about the document before
+        Loading,     ///< the control has begun
+        Shown,       ///< the control shows the document but has not finished it
+        Arrived,     ///< finished
+        Unviewable,  ///< arrived at a document that nothing can show
+        Failed,      ///< it will not arrive
     };
 
     State state() const noexcept { return state_; }

@@ -74,7 +74,8 @@ void BrowserEvents::dispatch(DISPID id, const DISPPARAMS& parameters) {
         case DISPID_DOCUMENTCOMPLETE: arrived = arrival.documentComplete(isTop(at(0))); break;
         case DISPID_NAVIGATEERROR: {
             const VARIANT& status = at(3);
-            const auto code = V_VT(&status) == VT_I4 ? static_cast<std::uint32_t>(V_I4(&status)) : 0;
+            const auto code =
+                V_VT(&status) == VT_I4 ? static_cast<std::uint32_t>(V_I4(&status)) : 0;
             const auto verdict = arrival.navigateError(isTop(at(0)), code);
             arrived = verdict.arrival;
             answer(at(4), verdict.cancel);

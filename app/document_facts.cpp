@@ -34,7 +34,8 @@ DocumentFacts factsOfHeader(std::string_view header) {
             facts.type = trimmed(value.substr(0, value.find(';')));
         } else if (sameName(name, "content-length")) {
             std::uint64_t size = 0;
-            const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), size);
+            const auto [end, error] =
+                std::from_chars(value.data(), value.data() + value.size(), size);
             if (error == std::errc{} && end == value.data() + value.size()) facts.size = size;
         }
     }

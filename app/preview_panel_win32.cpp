@@ -1,5 +1,8 @@
 #include "app/preview_panel_win32.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "base/twips.h"
 
 namespace velvox {
@@ -20,10 +23,10 @@ struct Colours {
 };
 constexpr Colours colours;
 
-// Longer than any panel holds; keeps measuring short whatever a server redirects to.
+// More than any panel holds; keeps measuring short whatever a server redirects to.
 constexpr std::size_t longestAddress = 4096;
 
-constexpr UINT wrapped = DT_NOPREFIX | DT_WORDBREAK | DT_EDITCONTROL;
+constexpr UINT wrapped = DT_NOPREFIX | DT_WORDBREAK;
 constexpr wchar_t ellipsis = L'\x2026';
 
 int heightOf(HDC dc, const std::wstring& text, int width) {
@@ -32,16 +35,30 @@ int heightOf(HDC dc, const std::wstring& text, int width) {
     return measured.bottom;
 }
 
-// The text as it is, or as much of its beginning as fits, with an ellipsis.
-std::wstring fitted(HDC dc, std::wstring text, int width, int height) {
-    if (text.size() > longestAddress) text.resize(longestAddress);
-    if (heightOf(dc, text, width) <= height) return text;
-    std::size_t fits = 0;
-    for (std::size_t tooLong = text.size(); tooLong - fits > 1;) {
-        const std::size_t middle = fits + (tooLong - fits) / 2;
-        (heightOf(dc, text.substr(0, middle) + ellipsis, width) <= height ? fits : tooLong) = middle;
+std::size_t fitting(HDC dc, std::wstring_view text, int width) {
+    int count = 0;
+    SIZE size{};
+    GetTextExtentExPointW(dc, text.data(), static_cast<int>(text.size()), width, &count, nullptr,
+                          &size);
+    return static_cast<std::size_t>(count);
+}
+
+// The text in lines of a width, broken between any two characters: addresses have no blanks, and
+// what a drawing call takes for words in them differs between systems. An ellipsis ends the last
+// line when there is more.
+std::vector<std::wstring> brokenIntoLines(HDC dc, std::wstring_view text, int width,
+                                          std::size_t most) {
+    std::vector<std::wstring> lines;
+    while (!text.empty() && lines.size() < most) {
+        const std::size_t count = std::max<std::size_t>(fitting(dc, text, width), 1);
+        lines.emplace_back(text.substr(0, count));
+        text.remove_prefix(count);
     }
-    return text.substr(0, fits) + ellipsis;
+    if (text.empty() || lines.empty()) return lines;
+    std::wstring& last = lines.back();
+    while (!last.empty() && fitting(dc, last + ellipsis, width) <= last.size()) last.pop_back();
+    last += ellipsis;
+    return lines;
 }
 
 const char* noteOf(PreviewContent::Kind kind) {
@@ -62,7 +79,7 @@ class Painter {
         SetBkMode(dc, TRANSPARENT);
         const int margin = pixels(sizes.margin);
         InflateRect(&bounds_, -margin, -margin);
-        lineHeight_ = heightOf(dc, L"X", bounds_.right - bounds_.left);
+        lineHeight_ = std::max(heightOf(dc, L"X", 1), 1);
     }
 
     void note(const char* text) {
@@ -75,8 +92,11 @@ class Painter {
     }
 
     void centredNote(const char* text) {
-        draw(widen(text), bounds_, colours.label,
-             DT_NOPREFIX | DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_END_ELLIPSIS);
+        const std::wstring wide = widen(text);
+        const int spare =
+            bounds_.bottom - bounds_.top - heightOf(dc_, wide, bounds_.right - bounds_.left);
+        InflateRect(&bounds_, 0, -std::max(spare, 0) / 2);
+        draw(wide, bounds_, colours.label, wrapped | DT_CENTER);
     }
 
     void row(const char* label, const std::string& value, int rowsBelow) {
@@ -85,11 +105,14 @@ class Painter {
         at.bottom -= rowsBelow * (lineHeight_ + gap);
         draw(widen(label), at, colours.label, DT_NOPREFIX | DT_SINGLELINE);
         at.left += pixels(sizes.labelWidth);
-        const int width = at.right - at.left;
-        const std::wstring text =
-            fitted(dc_, widen(value), width, std::max<int>(at.bottom - at.top, lineHeight_));
-        draw(text, at, colours.value, wrapped);
-        bounds_.top += std::max(heightOf(dc_, text, width), lineHeight_) + gap;
+        const int room = std::max<int>((at.bottom - at.top) / lineHeight_, 1);
+        const auto lines = brokenIntoLines(dc_, widen(value.substr(0, longestAddress)),
+                                           at.right - at.left, static_cast<std::size_t>(room));
+        for (const std::wstring& line : lines) {
+            draw(line, at, colours.value, DT_NOPREFIX | DT_SINGLELINE);
+            at.top += lineHeight_;
+        }
+        bounds_.top = std::max<LONG>(at.top, bounds_.top + lineHeight_) + gap;
     }
 
  private:
@@ -111,7 +134,8 @@ void PreviewPanel::paint(HDC dc, const RECT& bounds, const PreviewContent& conte
     const Selected font(dc, font_.get());
     Painter painter(dc, bounds);
     const char* const note = noteOf(content.kind);
-    if (content.kind == PreviewContent::Kind::Blank || content.kind == PreviewContent::Kind::Loading)
+    if (content.kind == PreviewContent::Kind::Blank ||
+        content.kind == PreviewContent::Kind::Loading)
         return painter.centredNote(note);
     painter.note(note);
     const bool arrived = content.kind != PreviewContent::Kind::Unreachable;

@@ -15,7 +15,8 @@ constexpr long readyStateComplete = 4;
 
 // As much of a document as the control needs to call it loaded. Everything else is refused, which
 // the control takes for a document without commands, view or scripting.
-class StandInDocument final : public ComObject<IPersistMoniker, IMonikerProp, IOleObject, IDispatch> {
+class StandInDocument final
+    : public ComObject<IPersistMoniker, IMonikerProp, IOleObject, IDispatch> {
  public:
     explicit StandInDocument(std::shared_ptr<StandInListener*> listener)
         : listener_(std::move(listener)) {}
@@ -68,9 +69,7 @@ class StandInDocument final : public ComObject<IPersistMoniker, IMonikerProp, IO
     STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
     STDMETHODIMP InitFromData(IDataObject*, BOOL, DWORD) override { return E_NOTIMPL; }
     STDMETHODIMP GetClipboardData(DWORD, IDataObject**) override { return E_NOTIMPL; }
-    STDMETHODIMP DoVerb(LONG, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) override {
-        return S_OK;
-    }
+    STDMETHODIMP DoVerb(LONG, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) override { return S_OK; }
     STDMETHODIMP EnumVerbs(IEnumOLEVERB**) override { return E_NOTIMPL; }
     STDMETHODIMP Update() override { return S_OK; }
     STDMETHODIMP IsUpToDate() override { return S_OK; }

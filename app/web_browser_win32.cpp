@@ -121,8 +121,7 @@ void WebBrowserWindow::refresh() {
     if (control_) control_->show(control_->rendersPages() && !unviewable && !failed);
     StandInListener& listener = *this;
     if (unviewable && !headerRequest_)
-        headerRequest_ =
-            std::make_unique<HeaderRequest>(LocationURL(), listener);
+        headerRequest_ = std::make_unique<HeaderRequest>(LocationURL(), listener);
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
