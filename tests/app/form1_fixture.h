@@ -52,6 +52,7 @@ struct FakeTransfer : TransferControl {
 
     std::string OpenURL(std::string_view address) override {
         log.add({"fetch ", address});
+        if (onFetch) onFetch();
         if (replies.empty() || !replies.front()) {
             if (!replies.empty()) replies.pop_front();
             throw RuntimeFailure(Fault::Transfer, "The page could not be fetched");
@@ -63,6 +64,7 @@ struct FakeTransfer : TransferControl {
 
     EffectLog& log;
     std::deque<Reply> replies;  ///< in the order of the fetches; one too many fails
+    std::function<void()> onFetch;
 };
 
 struct FakePane : ResultPane {
