@@ -91,6 +91,7 @@ struct Form1Window::Children {
         topendskin.bind(form.topendskin);
         Picture1.bind(form.Picture1);
         outer.bind(form.outer);
+        outer.onVisible = [&owner](bool visible) { owner.coverControls(visible); };
         form.skinicon.setView(&titleView);
         form.skinbar.setView(&titleView);
     }
@@ -223,6 +224,10 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_COMMAND:
             if (reflectCommand(lParam, wParam)) return 0;
             break;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) == WA_INACTIVE) lastFocus_ = GetFocus();
+            break;
+        case WM_SETFOCUS: restoreFocus(); return 0;
         case WM_CLOSE: close(); return 0;
         case WM_DESTROY: PostQuitMessage(0); return 0;
         default: break;
@@ -244,11 +249,31 @@ void Form1Window::paint(HDC dc) const {
     }
 }
 
-// Before the dialog keys: Enter in the address box presses Download.
+// The result area lies over the controls that ask. While it does they are hidden, so that the tab
+// key never leads to something that cannot be seen.
+void Form1Window::coverControls(bool covered) {
+    const HWND area = children_->outer.handle();
+    const HWND focus = GetFocus();
+    if (covered && focus != area && !IsChild(area, focus)) SetFocus(children_->output.handle());
+    for (const HWND window : children_->covered())
+        ShowWindow(window, covered ? SW_HIDE : SW_SHOWNA);
+    if (covered) return;
+    const Form1& shown = children_->form;
+    SetFocus(shown.linkin.Enabled() ? children_->linkin.editHandle()
+                                    : children_->UniXPButton1.handle());
+}
+
+// Before the dialog keys: Enter in the address box presses Download, Escape closes the result area.
 bool Form1Window::intercept(MSG& message) {
     if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
         message.hwnd == children_->linkin.editHandle()) {
         form().UniXPButton1.activate();
+        return true;
+    }
+    isButton& closeButton = form().isButton1;
+    if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE && form().outer.Visible() &&
+        closeButton.Enabled() && GetCapture() == nullptr) {
+        closeButton.activate();
         return true;
     }
     return IsDialogMessageW(handle(), &message) != FALSE;
@@ -269,6 +294,12 @@ void Form1Window::whileFetching() {
         (PeekMessageW(&message, handle(), WM_SYSCOMMAND, WM_SYSCOMMAND, PM_NOREMOVE) &&
          (message.wParam & 0xFFF0) == SC_CLOSE);
     if (closeAsked) desktop_.endProgram();
+}
+
+void Form1Window::restoreFocus() {
+    const bool usable =
+        IsChild(handle(), lastFocus_) && IsWindowVisible(lastFocus_) && IsWindowEnabled(lastFocus_);
+    SetFocus(usable ? lastFocus_ : GetNextDlgTabItem(handle(), nullptr, FALSE));
 }
 
 void Form1Window::close() {

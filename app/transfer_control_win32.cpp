@@ -1,6 +1,7 @@
 #include "app/transfer_control_win32.h"
 
 #include <algorithm>
+#include <charconv>
 #include <mutex>
 #include <utility>
 
@@ -229,6 +230,11 @@ HttpReply WinHttpTransfer::exchange(const HttpAddress& address, Deadline deadlin
         step(WinHttpReadData(request.get(), body.data() + had, available, nullptr));
         body.resize(had + completed(WINHTTP_CALLBACK_STATUS_READ_COMPLETE));
     }
+    // Not every system reports a body that ends before its announced length.
+    const std::string announced = header(request.get(), WINHTTP_QUERY_CONTENT_LENGTH);
+    std::uint64_t length = body.size();
+    std::from_chars(announced.data(), announced.data() + announced.size(), length);
+    if (length > body.size()) failWithError(ERROR_WINHTTP_CONNECTION_ERROR);
     reply.body = std::move(body);
     return reply;
 }

@@ -1,0 +1,29 @@
+// Finding the windows of another program by a path such as
+// "Form1=Velvox 1.00/XPTextBox/EDIT", "Form1/isButton=Close", "#32770/@2" or "0x10042".
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace velvox::drive {
+
+// A path is segments joined by "/": the first names a top-level window, each further one a
+// window anywhere below the one before. A segment is CLASS, CLASS=TEXT (the whole text),
+// CLASS#N (the N-th of its class in window order, from 0), @ID (a dialog control id) or a handle
+// in hexadecimal; the CLASS "*" is any. "\/" stands for a slash within a text. Where several
+// windows fit, a visible one is taken before a hidden one.
+// Null when there is none. Throws std::runtime_error for a malformed path.
+HWND findWindow(const std::string& path);
+
+// The whole text by WM_GETTEXT, as UTF-8. Throws when the window does not answer in time.
+std::string windowText(HWND window);
+std::string windowClass(HWND window);
+
+// A message to a program that may be busy; throws after 20 seconds without an answer.
+LRESULT ask(HWND window, UINT message, WPARAM w, LPARAM l);
+
+std::wstring wide(const std::string& utf8);
+std::string narrow(const std::wstring& text);
+
+}  // namespace velvox::drive
