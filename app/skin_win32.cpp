@@ -70,10 +70,7 @@ Skin::Skin(Contrast contrast)
       end_(load(IDB_TITLE_END)) {}
 
 Skin::Contrast Skin::systemContrast() {
-    HIGHCONTRASTW wish{};
-    wish.cbSize = sizeof wish;
-    const bool known = SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof wish, &wish, 0);
-    return known && (wish.dwFlags & HCF_HIGHCONTRASTON) ? Contrast::High : Contrast::Normal;
+    return highContrast() ? Contrast::High : Contrast::Normal;
 }
 
 Skin::Picture Skin::load(int piece) {
