@@ -48,6 +48,13 @@ Rgb translateColour(OleColour colour) {
     return SUCCEEDED(OleTranslateColor(colour, nullptr, &result)) ? static_cast<Rgb>(result) : -1;
 }
 
+bool highContrast() {
+    HIGHCONTRASTW wish{};
+    wish.cbSize = sizeof wish;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, wish.cbSize, &wish, 0) &&
+           (wish.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
 int screenDpi() {
     static const int dpi = [] {
         const WindowDc screen(nullptr);

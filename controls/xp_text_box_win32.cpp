@@ -16,13 +16,6 @@ DWORD alignmentStyle(std::int16_t alignment) {
     return styles[alignment];
 }
 
-bool highContrast() {
-    HIGHCONTRASTW state{};
-    state.cbSize = sizeof state;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, state.cbSize, &state, 0) &&
-           (state.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 // A place in bytes as a place in UTF-16, and back.
 int unitsOf(std::string_view text, std::int32_t bytes) {
     return static_cast<int>(toUtf16(text.substr(0, static_cast<std::size_t>(bytes))).size());
