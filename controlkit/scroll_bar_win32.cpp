@@ -208,4 +208,8 @@ void ScrollBarWindow::enable(bool enabled) {
     repaint();
 }
 
+// Defined once: link-time optimisation here trips over the thunks of inline ones.
+tsVScrollPrivate::~tsVScrollPrivate() = default;
+tsHScrollPrivate::~tsHScrollPrivate() = default;
+
 }  // namespace velvox
