@@ -298,6 +298,9 @@ std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LP
         }
         case BM_CLICK: model_.activate(); return 0;
         case BM_GETCHECK: return model_.Value() ? BST_CHECKED : BST_UNCHECKED;
+        case BM_GETSTATE:
+            return (model_.Value() ? BST_CHECKED : 0) | (model_.hasFocus() ? BST_FOCUS : 0) |
+                   (model_.visualState() == ButtonState::Pressed ? BST_PUSHED : 0);
         case WM_KEYDOWN:
         case WM_KEYUP:
         case WM_CHAR: return onKey(message, wParam, lParam);
