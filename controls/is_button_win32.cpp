@@ -21,13 +21,6 @@ bool isRepeat(LPARAM keyFlags) {
     return (keyFlags & (1 << 30)) != 0;
 }
 
-bool highContrast() {
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 // Someone who has asked for high contrast gets the system's own colours and plain edges: stored
 // colours and gradients cannot know what is legible then.
 void followContrast(ButtonLook& look) {
