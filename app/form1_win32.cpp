@@ -147,7 +147,6 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     create(request);
     desktop_.setWindow(handle());
     children_ = std::make_unique<Children>(*this);
-    followContrast();
     pump_.intercept = [this](MSG& message) { return intercept(message); };
 }
 
@@ -304,14 +303,8 @@ void Form1Window::whileFetching() {
     if (closeAsked) desktop_.endProgram();
 }
 
-// In high contrast the buttons take the system's colours too: their own face was chosen for the
-// skin.
 void Form1Window::followContrast() {
     skin_.setContrast(Skin::systemContrast());
-    const bool own = skin_.contrast() == Skin::Contrast::Normal;
-    Form1& shown = children_->form;
-    for (isButton* button : {&shown.UniXPButton1, &shown.isButton1, &shown.isButton2})
-        if (button->UseCustomColors() != own) button->UseCustomColors(own);
     repaintAll();
 }
 

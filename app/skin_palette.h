@@ -18,14 +18,14 @@ inline constexpr Rgb titleEdge = rgb(27, 68, 83);
 inline constexpr Rgb titleShine = rgb(103, 158, 174);
 inline constexpr Rgb titleTop = rgb(60, 125, 143);
 inline constexpr Rgb titleBottom = rgb(36, 88, 107);
-inline constexpr Rgb titleVeil = rgb(150, 160, 166);
+inline constexpr Rgb titleVeil = rgb(116, 127, 132);
 
 // Surfaces.
-inline constexpr Rgb form = rgb(240, 242, 243);
-inline constexpr Rgb area = rgb(250, 251, 251);
-inline constexpr Rgb areaEdge = rgb(176, 190, 196);
-inline constexpr Rgb strip = rgb(226, 233, 236);
-inline constexpr Rgb lineDark = rgb(201, 209, 213);
+inline constexpr Rgb form = rgb(242, 241, 238);
+inline constexpr Rgb area = rgb(252, 251, 250);
+inline constexpr Rgb areaEdge = rgb(186, 190, 188);
+inline constexpr Rgb strip = rgb(231, 231, 227);
+inline constexpr Rgb lineDark = rgb(206, 205, 200);
 inline constexpr Rgb lineLight = rgb(255, 255, 255);
 
 // Text.

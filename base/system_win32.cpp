@@ -77,7 +77,7 @@ OwnedFont createFont(const Font& font) {
     request.lfUnderline = font.underline;
     request.lfStrikeOut = font.strikeThrough;
     request.lfCharSet = DEFAULT_CHARSET;
-    request.lfQuality = CLEARTYPE_QUALITY;
+    request.lfQuality = DEFAULT_QUALITY;
     const std::wstring face = widen(font.name).substr(0, LF_FACESIZE - 1);
     face.copy(request.lfFaceName, face.size());
     return OwnedFont(CreateFontIndirectW(&request));
