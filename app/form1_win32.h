@@ -36,9 +36,12 @@ class Form1Window : public Window, public FormFrame {
 
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void paint(HDC dc) const;
-    void showOrCoverControls();
+    void coverControls(bool covered);
     bool intercept(MSG& message);
     void whileFetching();
+    void restoreFocus();
+    void followContrast();
+    void repaintAll();
     void close();
 
     MessagePump& pump_;
@@ -47,6 +50,7 @@ class Form1Window : public Window, public FormFrame {
     WinHttpTransfer transfer_;
     Skin skin_;
     std::unique_ptr<Children> children_;
+    HWND lastFocus_ = nullptr;  ///< where the focus returns when the window is active again
 };
 
 }  // namespace velvox

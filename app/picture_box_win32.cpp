@@ -33,9 +33,15 @@ void PictureBoxWindow::bind(PictureBox& model) {
 }
 
 void PictureBoxWindow::follow(Aspect aspect) {
-    // A box comes to the front as it is shown: the result area covers the controls below it.
-    if (aspect == Aspect::Visible && model_->Visible())
-        SetWindowPos(handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    if (aspect == Aspect::Visible) {
+        const bool visible = model_->Visible();
+        if (!visible && onVisible) onVisible(false);
+        // A box comes to the front as it is shown.
+        if (visible) SetWindowPos(handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        followPlace(handle(), *model_, aspect);
+        if (visible && onVisible) onVisible(true);
+        return;
+    }
     followPlace(handle(), *model_, aspect);
     if (aspect == Aspect::Face) InvalidateRect(handle(), nullptr, FALSE);
 }

@@ -22,6 +22,9 @@ class PictureBoxWindow : public Window, public ControlView {
 
     void follow(Aspect aspect) override;
 
+    /// Called before the box is hidden and after it has been shown.
+    std::function<void(bool visible)> onVisible;
+
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void paint(HDC target) const;

@@ -71,6 +71,9 @@ void registerWindowClass(const wchar_t* name, UINT style, HCURSOR cursor, HICON 
 }
 
 Window::~Window() {
+    if (!handle_) return;
+    // The derived class is gone already: the last messages must not look for its handler.
+    SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
     destroy();
 }
 
@@ -109,7 +112,10 @@ LRESULT CALLBACK Window::thunk(HWND window, UINT message, WPARAM wParam, LPARAM 
 }
 
 SystemControl::~SystemControl() {
-    if (handle_) DestroyWindow(handle_);
+    if (!handle_) return;
+    // As above: only the class's own procedure is left to answer.
+    RemoveWindowSubclass(handle_, &SystemControl::thunk, systemControlSubclass);
+    DestroyWindow(handle_);
 }
 
 void SystemControl::create(const WindowRequest& request) {

@@ -7,6 +7,7 @@ namespace {
 
 constexpr unsigned captionFlagTable[] = {37, 36, 38, 33, 41};
 constexpr int captionInset = 4;
+constexpr int largestPillDiameter = 48;
 
 }  // namespace
 
@@ -52,11 +53,13 @@ ButtonOutline outlineOf(int style, int w, int h) {
             // The bottom left corner is cut deeper than the others.
             return PolygonOutline{
                 {{0, 2}, {2, 0}, {w - 3, 0}, {w, 3}, {w, h - 3}, {w - 3, h}, {4, h}, {0, h - 4}}};
-        case 10:
-            // A pill: the short sides are half circles, up to a size where that looks bloated.
-            return RoundOutline{std::clamp(std::min(w, h), 0, 36)};
+        case 10: return RoundOutline{pillDiameter(w, h)};
         default: return PlainOutline{};
     }
+}
+
+int pillDiameter(int width, int height) {
+    return std::max(std::min({width, height, largestPillDiameter}), 0);
 }
 
 }  // namespace velvox

@@ -51,4 +51,7 @@ using PolygonOutline = std::array<ButtonPoint, 8>;
 using ButtonOutline = std::variant<PlainOutline, RoundOutline, PolygonOutline>;
 ButtonOutline outlineOf(int style, int width, int height);
 
+/// Diameter of the pill style's round ends: half circles, up to a size where they look bloated.
+int pillDiameter(int width, int height);
+
 }  // namespace velvox

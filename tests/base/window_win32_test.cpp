@@ -49,6 +49,40 @@ TEST(WindowTest, HandleIsGoneAfterDestructionFromOutside) {
     EXPECT_EQ(window.handle(), nullptr);
 }
 
+class Button : public SystemControl {
+ public:
+    Button() {
+        WindowRequest request;
+        request.className = L"BUTTON";
+        create(request);
+    }
+
+ private:
+    std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
+};
+
+int& accessViolations() {
+    static int count = 0;
+    return count;
+}
+
+__attribute__((force_align_arg_pointer)) LONG CALLBACK countViolation(EXCEPTION_POINTERS* raised) {
+    accessViolations() += raised->ExceptionRecord->ExceptionCode == EXCEPTION_ACCESS_VIOLATION;
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+// The system swallows a fault inside a callback, so it has to be looked for: the last messages of
+// a window once went to the handler of a derived class that was gone.
+TEST(WindowTest, NothingIsDispatchedToAnObjectBeingDestroyed) {
+    void* const handler = AddVectoredExceptionHandler(1, &countViolation);
+    {
+        const Probe window;
+        const Button button;
+    }
+    RemoveVectoredExceptionHandler(handler);
+    EXPECT_EQ(accessViolations(), 0);
+}
+
 TEST(WindowTest, OwnersReleaseExactlyOnce) {
     const int before = liveHandles();
     {

@@ -1,0 +1,32 @@
+// A picture that owns its pixels.
+#pragma once
+
+#include <windows.h>
+
+#include "base/owned_win32.h"
+#include "base/picture.h"
+
+namespace velvox {
+
+class BitmapPicture : public Picture {
+ public:
+    BitmapPicture() = default;
+
+    /// `palette` belongs to the bitmap on a palette device; else it is empty.
+    explicit BitmapPicture(OwnedBitmap bitmap, OwnedPalette palette = {});
+
+    bool hasImage() const override { return static_cast<bool>(bitmap_); }
+
+    HBITMAP bitmap() const noexcept { return bitmap_.get(); }
+    HPALETTE palette() const noexcept { return palette_.get(); }
+
+    /// Pixels.
+    SIZE size() const noexcept { return size_; }
+
+ private:
+    OwnedBitmap bitmap_;
+    OwnedPalette palette_;
+    SIZE size_{};
+};
+
+}  // namespace velvox

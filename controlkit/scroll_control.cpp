@@ -1,0 +1,263 @@
+#include "controlkit/scroll_control.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace velvox {
+namespace {
+
+constexpr int wheelNotch = 120;
+constexpr std::int16_t controlKey = 2;
+
+bool hasControl(MouseState state) {
+    return (state.shift & controlKey) != 0;
+}
+
+RepeatTimer timerOf(ScrollPart part) {
+    return isArrow(part) ? RepeatTimer::Arrow : RepeatTimer::Track;
+}
+
+}  // namespace
+
+void ScrollControl::initProperties() {
+    host_.stopTimer(RepeatTimer::Arrow);
+    host_.stopTimer(RepeatTimer::Track);
+    tsPrivateScroll::initProperties();
+}
+
+void ScrollControl::resize(int length, int thickness, int dpi) {
+    length_ = length;
+    thickness_ = thickness;
+    dpi_ = dpi;
+    host_.repaint();
+}
+
+ScrollGeometry ScrollControl::geometry() const {
+    const ScrollGeometry resting({length_, scaled(arrowLength(), dpi_),
+                                  scaled(scrollSizes.minimumThumb, dpi_), Min(), Max(),
+                                  LargeChange(), Value()});
+    // A dragged thumb stays under the pointer, whatever value it stands for.
+    const bool dragged = held_ == ScrollPart::Thumb && !BlockValue();
+    return dragged ? resting.withThumbAt(shownThumb_) : resting;
+}
+
+bool ScrollControl::contains(BarPoint at) const {
+    return at.along >= 0 && at.along < length_ && at.across >= 0 && at.across < thickness_;
+}
+
+ScrollPart ScrollControl::partAt(BarPoint at) const {
+    return contains(at) ? geometry().hit(at.along) : ScrollPart::None;
+}
+
+ScrollPart ScrollControl::partUnderPointer() const {
+    return partAt(pointer_);
+}
+
+Touch ScrollControl::touchOf(ScrollPart part) const {
+    if (part == ScrollPart::None) return Touch::None;
+    if (held_ != ScrollPart::None) {
+        const bool down =
+            part == held_ && (held_ == ScrollPart::Thumb || partUnderPointer() == held_);
+        return down ? Touch::Down : Touch::None;
+    }
+    return inside_ && partUnderPointer() == part ? Touch::Hover : Touch::None;
+}
+
+void ScrollControl::mouseMove(BarPoint at, MouseState state) {
+    if (!Enabled()) return;
+    const bool wasHeld = held_ != ScrollPart::None;
+    const ScrollPart before = partUnderPointer();
+    pointer_ = at;
+    if (!inside_ && contains(at)) {
+        inside_ = true;
+        host_.repaint();
+        launch(MouseHover);
+    }
+    // Asked for on every move: a request that was lost is then made good by the next one.
+    if (!wasHeld) host_.requestLeave();
+    launch(MouseMove, state.button, state.shift, hasControl(state));
+    if (held_ == ScrollPart::Thumb)
+        drag();
+    else if (partUnderPointer() != before)
+        host_.repaint();
+}
+
+void ScrollControl::mouseDown(BarPoint at, MouseState state) {
+    if (!Enabled()) return;
+    pointer_ = at;
+    launch(MouseDown, state.button, state.shift, hasControl(state));
+    if (state.button == MouseButton::Left) press(at);
+}
+
+void ScrollControl::mouseDoubleClick(BarPoint at, MouseState state) {
+    if (!Enabled()) return;
+    pointer_ = at;
+    launch(MouseDblClick, state.button, state.shift, hasControl(state));
+    if (state.button == MouseButton::Left) press(at);
+}
+
+void ScrollControl::press(BarPoint at) {
+    // The handler of the event before may have disabled the bar.
+    if (!Enabled() || held_ != ScrollPart::None) return;
+    const ScrollPart part = partAt(at);
+    if (part == ScrollPart::None) return;
+    const ScrollGeometry parts = geometry();
+    firstThumb_ = shownThumb_ = parts.thumb().start;
+    grabbedAt_ = at.along - firstThumb_;
+    firstValue_ = Value();
+    held_ = part;
+    host_.capture(true);
+    host_.repaint();
+    if (part == ScrollPart::Thumb) return;
+    stepHeldPart();
+    // A handler of the step may have ended the press.
+    if (held_ != part || MouseInterval() == 0) return;
+    timerPeriod_ = std::max(MouseInterval(), scrollSizes.firstRepeatMs);
+    host_.startTimer(timerOf(part), timerPeriod_);
+}
+
+void ScrollControl::tick(RepeatTimer timer) {
+    const bool wanted = (isArrow(held_) || isTrack(held_)) && timerOf(held_) == timer;
+    if (!wanted || MouseInterval() == 0) {
+        host_.stopTimer(timer);
+        return;
+    }
+    if (timerPeriod_ != MouseInterval()) {
+        timerPeriod_ = MouseInterval();
+        host_.startTimer(timer, timerPeriod_);
+    }
+    // Pauses while the pointer is off the part, and where the thumb has come under it.
+    if (partUnderPointer() == held_) stepHeldPart();
+}
+
+void ScrollControl::stepHeldPart() {
+    switch (held_) {
+        case ScrollPart::LessArrow: return moveTo(Value() - SmallChange());
+        case ScrollPart::MoreArrow: return moveTo(Value() + SmallChange());
+        case ScrollPart::TrackBefore: return moveTo(Value() - LargeChange());
+        case ScrollPart::TrackAfter: return moveTo(Value() + LargeChange());
+        case ScrollPart::Thumb:
+        case ScrollPart::None: return;
+    }
+}
+
+void ScrollControl::drag() {
+    const int reach = scrollSizes.snapBackThicknesses * thickness_;
+    const bool strayed = pointer_.across < -reach || pointer_.across >= thickness_ + reach;
+    const ScrollGeometry parts = geometry();
+    const int thumb = strayed ? firstThumb_ : parts.clampThumb(pointer_.along - grabbedAt_);
+    if (thumb == shownThumb_) return;
+    shownThumb_ = thumb;
+    host_.repaint();
+    moveTo(thumb == firstThumb_ ? firstValue_ : parts.valueAt(thumb));
+}
+
+void ScrollControl::moveTo(FixedPoint value) {
+    const FixedPoint before = Value();
+    Value(value);
+    if (Value() != before && Scroll) Scroll();
+}
+
+void ScrollControl::mouseUp(BarPoint at, MouseState state) {
+    if (!Enabled()) return;
+    pointer_ = at;
+    const bool ends = state.button == MouseButton::Left && held_ != ScrollPart::None;
+    if (ends) endPress();
+    launch(MouseUp, state.button, state.shift, hasControl(state));
+    if (ends) settleHover();
+}
+
+void ScrollControl::endPress() {
+    // First: losing the capture calls back.
+    if (std::exchange(held_, ScrollPart::None) == ScrollPart::None) return;
+    host_.stopTimer(RepeatTimer::Arrow);
+    host_.stopTimer(RepeatTimer::Track);
+    host_.capture(false);
+    host_.repaint();
+}
+
+void ScrollControl::captureLost() {
+    if (held_ == ScrollPart::None) return;
+    endPress();
+    settleHover();
+}
+
+void ScrollControl::settleHover() {
+    if (!inside_) return;
+    // What was told of the pointer's leaving during the press has been ignored: ask again.
+    if (contains(pointer_))
+        host_.requestLeave();
+    else
+        endHover();
+}
+
+void ScrollControl::mouseLeave() {
+    // Comes during a press on some systems, in either order with moves; the press's end settles.
+    if (held_ == ScrollPart::None) endHover();
+}
+
+void ScrollControl::endHover() {
+    if (!std::exchange(inside_, false)) return;
+    wheelRest_ = 0;
+    host_.repaint();
+    launch(MouseLeave);
+}
+
+void ScrollControl::hidden() {
+    endPress();
+    endHover();
+}
+
+void ScrollControl::enabledChanged() {
+    if (!Enabled()) hidden();
+    host_.enable(Enabled());
+}
+
+bool ScrollControl::wheel(int delta) {
+    if (!Enabled() || !EnableWheel()) return false;
+    if (held_ != ScrollPart::None) return true;
+    if ((delta < 0) != (wheelRest_ < 0)) wheelRest_ = 0;
+    wheelRest_ += delta;
+    while (std::abs(wheelRest_) >= wheelNotch) {
+        const std::int16_t direction = wheelRest_ > 0 ? 1 : -1;
+        wheelRest_ -= direction * wheelNotch;
+        launch(MouseWheel, direction);
+        if (!Enabled()) return true;
+        moveTo(direction > 0 ? Value() - WheelChange() : Value() + WheelChange());
+    }
+    return true;
+}
+
+void ScrollControl::keyDown(std::int16_t code, std::int16_t shift) {
+    if (!Enabled()) return;
+    launch(KeyDown, code, shift);
+    if (!Enabled() || held_ != ScrollPart::None) return;
+    switch (code) {
+        case ScrollKeys::left:
+        case ScrollKeys::up: return moveTo(Value() - SmallChange());
+        case ScrollKeys::right:
+        case ScrollKeys::down: return moveTo(Value() + SmallChange());
+        case ScrollKeys::pageUp: return moveTo(Value() - LargeChange());
+        case ScrollKeys::pageDown: return moveTo(Value() + LargeChange());
+        case ScrollKeys::home: return moveTo(Min());
+        case ScrollKeys::end: return moveTo(Max());
+        default: return;
+    }
+}
+
+void ScrollControl::keyPress(std::int16_t character) {
+    if (Enabled()) launch(KeyPress, character);
+}
+
+void ScrollControl::keyUp(std::int16_t code, std::int16_t shift) {
+    if (Enabled()) launch(KeyUp, code, shift);
+}
+
+void ScrollControl::focus(bool has) {
+    hasFocus_ = has;
+    wheelRest_ = 0;
+    host_.repaint();
+}
+
+}  // namespace velvox

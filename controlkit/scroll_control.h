@@ -1,0 +1,160 @@
+// How a scroll bar answers the mouse, the wheel, the keyboard and its timers. Knows no window:
+// what it needs of one it asks through ScrollHost.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <utility>
+
+#include "base/mouse.h"
+#include "controlkit/private_scroll.h"
+#include "controlkit/scroll_look.h"
+
+namespace velvox {
+
+/// The two timers that repeat the step of what is held.
+enum class RepeatTimer { Arrow, Track };
+
+/// What a bar needs of its window.
+class ScrollHost {
+ public:
+    virtual ~ScrollHost() = default;
+    virtual void repaint() = 0;
+    virtual void capture(bool on) = 0;
+    /// Ticks every `milliseconds` until stopped; starting again restarts.
+    virtual void startTimer(RepeatTimer timer, int milliseconds) = 0;
+    virtual void stopTimer(RepeatTimer timer) = 0;
+    /// Asks for one call of mouseLeave when the pointer is, or comes to be, outside.
+    virtual void requestLeave() = 0;
+    virtual void enable(bool enabled) = 0;
+};
+
+/// A point of the bar in pixels: along it and across it, whatever its direction.
+struct BarPoint {
+    int along = 0;
+    int across = 0;
+};
+
+/// The buttons and keys that go with a mouse message.
+struct MouseState {
+    MouseButton button = MouseButton::None;
+    std::int16_t shift = 0;  ///< 1 Shift, 2 Control, 4 Alt
+};
+
+/// The numbers of the keys that move a bar, as the platform counts them.
+struct ScrollKeys {
+    static constexpr std::int16_t pageUp = 0x21;
+    static constexpr std::int16_t pageDown = 0x22;
+    static constexpr std::int16_t end = 0x23;
+    static constexpr std::int16_t home = 0x24;
+    static constexpr std::int16_t left = 0x25;
+    static constexpr std::int16_t up = 0x26;
+    static constexpr std::int16_t right = 0x27;
+    static constexpr std::int16_t down = 0x28;
+};
+
+class ScrollControl : public tsPrivateScroll {
+ public:
+    /// `host` is held, not owned.
+    ScrollControl(Axis axis, ScrollHost& host) : tsPrivateScroll(axis), host_(host) {}
+
+    using KeyHandler = std::function<void(std::int16_t& KeyCode, std::int16_t Shift)>;
+    /// `Shift` has 1 for Shift, 2 for Control and 4 for Alt; `Control` tells of the Control key
+    /// alone.
+    using MouseHandler = std::function<void(MouseButton Button, std::int16_t Shift, bool Control)>;
+
+    // Besides Change, in the order of their numbers. An event of the mouse or the keyboard comes
+    // before what it does to the bar, a release after it.
+    KeyHandler KeyDown;  ///< the bar acts on the code that the handler leaves; 0 swallows the key
+    std::function<void(std::int16_t& KeyAscii)> KeyPress;
+    KeyHandler KeyUp;
+    std::function<void()> MouseHover;  ///< the pointer has come over the bar
+    std::function<void()> MouseLeave;  ///< it has gone, or the bar was disabled or hidden
+    /// Once a notch while EnableWheel is on: 1 for a turn towards Min (away from the person), -1
+    /// for one towards Max.
+    std::function<void(std::int16_t Sens)> MouseWheel;
+    MouseHandler MouseDown;
+    MouseHandler MouseUp;
+    MouseHandler MouseDblClick;  ///< in place of the MouseDown of a second click; it steps too
+    MouseHandler MouseMove;
+    /// The person has moved the value: raised after it was stored and drawn, for every way of
+    /// moving it. The value that Change cannot show yet is read here.
+    std::function<void()> Scroll;
+
+    /// While false, the events of keys and mouse (KeyDown to MouseMove in the order above) are
+    /// not raised; the bar works as before. True at first.
+    bool LaunchKeyMouseEvents() const noexcept { return launchesKeyMouseEvents_; }
+    void LaunchKeyMouseEvents(bool launch) noexcept { launchesKeyMouseEvents_ = launch; }
+
+    void initProperties() override;
+
+    // What happens to the window. A disabled bar ignores all input.
+    void resize(int length, int thickness, int dpi);
+    void mouseMove(BarPoint at, MouseState state);
+    void mouseDown(BarPoint at, MouseState state);
+    void mouseDoubleClick(BarPoint at, MouseState state);
+    void mouseUp(BarPoint at, MouseState state);
+    void mouseLeave();
+    void captureLost();
+    void hidden();
+    void tick(RepeatTimer timer);
+    /// `delta` counts 120 for a notch, positive towards Min; parts of a notch add up. False when
+    /// the wheel is not for this bar.
+    bool wheel(int delta);
+    void keyDown(std::int16_t code, std::int16_t shift);
+    void keyPress(std::int16_t character);
+    void keyUp(std::int16_t code, std::int16_t shift);
+    void focus(bool has);
+
+    // What is drawn.
+    ScrollGeometry geometry() const;
+    Touch touchOf(ScrollPart part) const;
+    bool hasFocus() const noexcept { return hasFocus_; }
+    int thickness() const noexcept { return thickness_; }
+    int length() const noexcept { return length_; }
+    int dpi() const noexcept { return dpi_; }
+
+    /// The part that is held down, wherever the pointer is.
+    ScrollPart held() const noexcept { return held_; }
+
+ protected:
+    void redraw() override { host_.repaint(); }
+    void enabledChanged() override;
+
+ private:
+    template <class Handler, class... Arguments>
+    void launch(const Handler& handler, Arguments&&... arguments) {
+        if (launchesKeyMouseEvents_ && handler) handler(std::forward<Arguments>(arguments)...);
+    }
+
+    bool contains(BarPoint at) const;
+    ScrollPart partAt(BarPoint at) const;
+    ScrollPart partUnderPointer() const;
+    void press(BarPoint at);
+    void stepHeldPart();
+    void drag();
+    void moveTo(FixedPoint value);
+    void endPress();
+    void settleHover();
+    void endHover();
+
+    ScrollHost& host_;
+    bool launchesKeyMouseEvents_ = true;
+    int length_ = 0;
+    int thickness_ = 0;
+    int dpi_ = designDpi;
+    bool hasFocus_ = false;
+    bool inside_ = false;  // MouseHover was raised, MouseLeave not yet
+    BarPoint pointer_;     // where it was seen last
+    int wheelRest_ = 0;
+
+    ScrollPart held_ = ScrollPart::None;
+    int timerPeriod_ = 0;
+    // Of a drag.
+    int grabbedAt_ = 0;  // from the thumb's start
+    int firstThumb_ = 0;
+    int shownThumb_ = 0;
+    FixedPoint firstValue_;
+};
+
+}  // namespace velvox

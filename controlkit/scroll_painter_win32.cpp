@@ -1,0 +1,119 @@
+#include "controlkit/scroll_painter_win32.h"
+
+#include <algorithm>
+
+#include "base/system_win32.h"
+
+namespace velvox {
+namespace {
+
+class Painter {
+ public:
+    Painter(clsVirtualDC& surface, const ScrollControl& bar)
+        : surface_(surface),
+          bar_(bar),
+          parts_(bar.geometry()),
+          border_(std::max(1, pixels(scrollSizes.border))) {}
+
+    void paint() {
+        surface_.FillArea(area({0, bar_.length()}, 0), look(ScrollPart::Thumb).border);
+        track(parts_.trackBefore(), ScrollPart::TrackBefore);
+        track(parts_.trackAfter(), ScrollPart::TrackAfter);
+        arrow(parts_.lessArrow(), ScrollPart::LessArrow);
+        arrow(parts_.moreArrow(), ScrollPart::MoreArrow);
+        thumb();
+    }
+
+ private:
+    int pixels(int ofTable) const { return scaled(ofTable, bar_.dpi()); }
+
+    ScrollPartLook look(ScrollPart part) const {
+        return scrollPartLook(bar_, part, bar_.touchOf(part), CurrentSystemColours());
+    }
+
+    /// A stretch of the bar without `edge` pixels on both of its long sides.
+    RECT area(Span along, int edge) const {
+        const int across = bar_.thickness() - edge;
+        if (bar_.axis() == Axis::Vertical) return {edge, along.start, across, along.end()};
+        return {along.start, edge, along.end(), across};
+    }
+
+    void fill(Span along, int edge, Rgb colour) {
+        if (along.length > 0 && 2 * edge < bar_.thickness())
+            surface_.FillArea(area(along, edge), static_cast<OleColour>(colour));
+    }
+
+    /// A line across the bar at `along`, `margin` pixels away from both long sides.
+    void line(int along, int margin) {
+        if (2 * margin >= bar_.thickness()) return;
+        const int end = bar_.thickness() - margin;
+        if (bar_.axis() == Axis::Vertical)
+            surface_.DrawLine(margin, along, end, along);
+        else
+            surface_.DrawLine(along, margin, along, end);
+    }
+
+    void track(Span span, ScrollPart part) { fill(span, border_, look(part).fill); }
+
+    void raised(Span span, const ScrollPartLook& colours) {
+        fill(span, 0, colours.border);
+        fill({span.start + border_, span.length - 2 * border_}, border_, colours.fill);
+    }
+
+    void arrow(Span span, ScrollPart part) {
+        const ScrollPartLook colours = look(part);
+        raised(span, colours);
+        const int room = span.length - 2 * (border_ + pixels(scrollSizes.arrowGlyphMargin));
+        const int height = std::min({pixels(scrollSizes.arrowGlyph), room, bar_.thickness() / 4});
+        if (height <= 0) return;
+        surface_.PenColor(static_cast<OleColour>(colours.glyph));
+        // Its tip is as wide as the middle: one pixel of an odd thickness, two of an even one.
+        const int first = span.start + (span.length - height) / 2;
+        const int middle = (bar_.thickness() - 1) / 2;
+        for (int row = 0; row < height; ++row) {
+            const bool tipFirst = part == ScrollPart::LessArrow;
+            line(tipFirst ? first + row : first + height - 1 - row, middle - row);
+        }
+    }
+
+    void thumb() {
+        const Span place = parts_.thumb();
+        if (place.length == 0) return;
+        const ScrollPartLook colours = look(ScrollPart::Thumb);
+        // Its outline lies on those of the arrows where it touches them: one line, not two.
+        const Span outlined{place.start - border_, place.length + 2 * border_};
+        raised(outlined, colours);
+        if (bar_.Enabled()) grip(place, colours.glyph);
+        if (bar_.hasFocus()) focusMark(outlined);
+    }
+
+    void grip(Span place, Rgb colour) {
+        const int spacing = pixels(scrollSizes.gripSpacing);
+        const int length = (scrollSizes.gripLines - 1) * spacing + 1;
+        if (place.length < length + 2 * pixels(scrollSizes.gripLeastRoom)) return;
+        surface_.PenColor(static_cast<OleColour>(colour));
+        const int first = place.start + (place.length - length) / 2;
+        for (int i = 0; i < scrollSizes.gripLines; ++i)
+            line(first + i * spacing, border_ + pixels(scrollSizes.gripMargin));
+    }
+
+    void focusMark(Span outlined) {
+        const int inset = border_ + pixels(scrollSizes.focusInset) - 1;
+        if (outlined.length > 2 * inset && bar_.thickness() > 2 * inset)
+            surface_.DrawFocusRect(
+                area({outlined.start + inset, outlined.length - 2 * inset}, inset));
+    }
+
+    clsVirtualDC& surface_;
+    const ScrollControl& bar_;
+    ScrollGeometry parts_;
+    int border_;
+};
+
+}  // namespace
+
+void paintScrollBar(clsVirtualDC& surface, const ScrollControl& bar) {
+    Painter(surface, bar).paint();
+}
+
+}  // namespace velvox

@@ -1,0 +1,64 @@
+// What a scroll bar stores, under which keys and with which defaults: one table for both
+// directions.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "base/colour.h"
+#include "controlkit/fixed_point.h"
+#include "controlkit/scroll_geometry.h"
+
+namespace velvox {
+
+struct ScrollSettings {
+    OleColour arrowColor = rgb(255, 255, 255);
+    OleColour backColor = rgb(255, 255, 255);
+    OleColour borderColor = rgb(128, 128, 255);
+    bool enabled = true;
+    bool enableWheel = true;
+    OleColour frontColor = rgb(191, 208, 240);
+    std::int32_t largeChange = 10;
+    std::int32_t max = 100;
+    std::int32_t min = 0;
+    std::int32_t arrowLength = 10;  ///< along the bar, pixels of a 96 dpi screen
+    std::int32_t smallChange = 1;
+    FixedPoint value = 50;
+    std::int32_t wheelChange = 3;
+    OleColour mouseHoverColor = rgb(255, 255, 255);
+    OleColour downColor = rgb(141, 158, 190);
+    std::int32_t mouseInterval = 100;  ///< milliseconds
+    OleColour largeChangeColor = rgb(141, 158, 190);
+    bool unRefreshControl = true;
+};
+
+/// The name of the arrows' length, the one key in which the two directions differ.
+constexpr std::string_view arrowLengthKey(Axis axis) {
+    return axis == Axis::Vertical ? "ScrollHeight" : "ScrollWidth";
+}
+
+/// Calls visit(key, member) for each stored setting, in the order of storage.
+template <class Visit>
+void eachStoredSetting(Axis axis, Visit visit) {
+    using S = ScrollSettings;
+    visit("ArrowColor", &S::arrowColor);
+    visit("BackColor", &S::backColor);
+    visit("BorderColor", &S::borderColor);
+    visit("Enabled", &S::enabled);
+    visit("EnableWheel", &S::enableWheel);
+    visit("FrontColor", &S::frontColor);
+    visit("LargeChange", &S::largeChange);
+    visit("Max", &S::max);
+    visit("Min", &S::min);
+    visit(arrowLengthKey(axis), &S::arrowLength);
+    visit("SmallChange", &S::smallChange);
+    visit("Value", &S::value);
+    visit("WheelChange", &S::wheelChange);
+    visit("MouseHoverColor", &S::mouseHoverColor);
+    visit("DownColor", &S::downColor);
+    visit("MouseInterval", &S::mouseInterval);
+    visit("LargeChangeColor", &S::largeChangeColor);
+    visit("UnRefreshControl", &S::unRefreshControl);
+}
+
+}  // namespace velvox

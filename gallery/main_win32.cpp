@@ -1,0 +1,170 @@
+// velvox-gallery: every control of the program in every state, to play with, and as pictures:
+//   velvox-gallery                                 the window
+//   velvox-gallery --page N [--write FILE.png]     opens at page N, or writes it and ends
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <string>
+#include <vector>
+
+#include "base/system_win32.h"
+#include "base/window_win32.h"
+#include "gallery/page_win32.h"
+#include "gallery/print_win32.h"
+#include "gallery/sheet_win32.h"
+
+namespace velvox {
+namespace {
+
+constexpr int listWidth = 160;
+constexpr int pageWidth = 800;
+constexpr int pageHeight = 460;
+constexpr int listId = 1;
+
+class PageList : public SystemControl {
+ public:
+    explicit PageList(HWND parent) : font_(createFont({})) {
+        WindowRequest request;
+        request.className = L"LISTBOX";
+        request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT;
+        request.bounds = {0, 0, Sheet::pixels(listWidth), Sheet::pixels(pageHeight)};
+        request.parent = parent;
+        request.id = listId;
+        create(request);
+        SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+    }
+
+ private:
+    std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
+
+    OwnedFont font_;
+};
+
+// The place of one page; each page gets a new one.
+class PageHost : public Window {
+ public:
+    explicit PageHost(HWND parent) {
+        registerWindowClass(L"GalleryPage");
+        WindowRequest request;
+        request.className = L"GalleryPage";
+        request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
+        request.extendedStyle = WS_EX_CONTROLPARENT;
+        const int left = Sheet::pixels(listWidth);
+        request.bounds = {left, 0, left + Sheet::pixels(pageWidth), Sheet::pixels(pageHeight)};
+        request.parent = parent;
+        create(request);
+    }
+    ~PageHost() override { destroy(); }
+
+ private:
+    std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
+};
+
+class GalleryWindow : public Window {
+ public:
+    GalleryWindow() : pages_(galleryPages()) {
+        registerWindowClass(L"VelvoxGallery");
+        WindowRequest request;
+        request.className = L"VelvoxGallery";
+        request.text = L"Velvox Gallery";
+        request.style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+        RECT frame{0, 0, Sheet::pixels(listWidth + pageWidth), Sheet::pixels(pageHeight)};
+        AdjustWindowRect(&frame, request.style, FALSE);
+        request.bounds = {0, 0, frame.right - frame.left, frame.bottom - frame.top};
+        create(request);
+        list_ = std::make_unique<PageList>(handle());
+        for (const auto& page : pages_)
+            SendMessageW(list_->handle(), LB_ADDSTRING, 0,
+                         reinterpret_cast<LPARAM>(widen(page->title()).c_str()));
+    }
+    ~GalleryWindow() override {
+        pages_.clear();
+        host_.reset();
+        destroy();
+    }
+
+    bool open(std::size_t number) {
+        if (number >= pages_.size()) return false;
+        SendMessageW(list_->handle(), LB_SETCURSEL, number, 0);
+        // The page before goes with everything on it: pages are made anew each time.
+        pages_ = galleryPages();
+        host_ = std::make_unique<PageHost>(handle());
+        pages_[number]->create(host_->handle());
+        return true;
+    }
+    HWND page() const { return host_ ? host_->handle() : nullptr; }
+
+ private:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM) override {
+        switch (message) {
+            case WM_COMMAND:
+                if (LOWORD(wParam) == listId && HIWORD(wParam) == LBN_SELCHANGE)
+                    open(static_cast<std::size_t>(
+                        SendMessageW(list_->handle(), LB_GETCURSEL, 0, 0)));
+                return 0;
+            case WM_CLOSE: PostQuitMessage(0); return 0;
+            default: return std::nullopt;
+        }
+    }
+
+    std::vector<std::unique_ptr<Page>> pages_;
+    std::unique_ptr<PageList> list_;
+    std::unique_ptr<PageHost> host_;
+};
+
+struct Options {
+    std::size_t page = 0;
+    std::string file;
+};
+
+Options readOptions() {
+    int count = 0;
+    LPWSTR* words = CommandLineToArgvW(GetCommandLineW(), &count);
+    Options options;
+    for (int i = 1; words && i + 1 < count; ++i) {
+        if (std::wstring_view(words[i]) == L"--page")
+            options.page = static_cast<std::size_t>(_wtoi(words[i + 1]));
+        if (std::wstring_view(words[i]) == L"--write") options.file = narrow(words[i + 1]);
+    }
+    LocalFree(words);
+    return options;
+}
+
+int run(int show) {
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
+    InitCommonControlsEx(&controls);
+    const Options options = readOptions();
+    GalleryWindow gallery;
+    if (!gallery.open(options.page)) {
+        setFailureReporter({});
+        return 2;
+    }
+    if (!options.file.empty()) {
+        writePicture(options.file, pictureOf(gallery.page()));
+        return 0;
+    }
+    ShowWindow(gallery.handle(), show);
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (IsDialogMessageW(gallery.handle(), &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return 0;
+}
+
+}  // namespace
+}  // namespace velvox
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int show) {
+    velvox::setFailureReporter([](std::string_view text) {
+        MessageBoxW(nullptr, velvox::widen(text).c_str(), L"Velvox Gallery", MB_ICONEXCLAMATION);
+    });
+    try {
+        return velvox::run(show);
+    } catch (...) {
+        velvox::reportCurrentFailure();
+        return 1;
+    }
+}

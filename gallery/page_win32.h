@@ -1,0 +1,25 @@
+// One page of the gallery.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace velvox {
+
+class Page {
+ public:
+    virtual ~Page() = default;
+
+    virtual std::string_view title() const = 0;
+
+    /// Fills the client area of `parent`, which keeps its size and destroys its children.
+    virtual void create(HWND parent) = 0;
+};
+
+/// All pages, in the order of their numbers.
+std::vector<std::unique_ptr<Page>> galleryPages();
+
+}  // namespace velvox

@@ -1,0 +1,112 @@
+#include "gallery/sheet_win32.h"
+
+#include "base/twips.h"
+#include "controls/icon_picture_win32.h"
+#include "controls/is_button_layout.h"
+#include "controls/is_button_paint_win32.h"
+
+namespace velvox {
+namespace {
+
+RECT scaled(const SheetPlace& at) {
+    return {Sheet::pixels(at.x), Sheet::pixels(at.y), Sheet::pixels(at.x + at.width),
+            Sheet::pixels(at.y + at.height)};
+}
+
+}  // namespace
+
+Sheet::Sheet(HWND parent) : font_(createFont({})) {
+    Font bold;
+    bold.bold = true;
+    boldFont_ = createFont(bold);
+    registerWindowClass(L"GallerySheet");
+    WindowRequest request;
+    request.className = L"GallerySheet";
+    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
+    request.extendedStyle = WS_EX_CONTROLPARENT;
+    GetClientRect(parent, &request.bounds);
+    request.parent = parent;
+    create(request);
+}
+
+Sheet::~Sheet() {
+    windows_.clear();
+    destroy();
+}
+
+int Sheet::pixels(int designPixels) {
+    return toPixels(designPixels * designTwipsPerPixel, screenDpi());
+}
+
+void Sheet::write(const SheetPlace& at, std::string_view text, bool bold, bool centred) {
+    constexpr int line = 16;
+    SheetPlace place = at;
+    if (place.height == 0) place.height = line;
+    texts_.push_back({scaled(place), widen(text), bold, centred});
+}
+
+void Sheet::draw(const SheetPlace& at, const ButtonLook& look, bool cue) {
+    stills_.push_back({scaled(at), look, cue});
+}
+
+isButton& Sheet::add(const SheetPlace& at, std::string_view name) {
+    isButton& button = buttons_.emplace_back(name, colours_);
+    button.Move({at.x * designTwipsPerPixel, at.y * designTwipsPerPixel,
+                 at.width * designTwipsPerPixel, at.height * designTwipsPerPixel});
+    return button;
+}
+
+void Sheet::show(isButton& button) {
+    windows_.emplace_back(button, handle(), static_cast<int>(windows_.size()) + 1);
+}
+
+std::shared_ptr<const Picture> Sheet::sampleIcon(LPCWSTR systemIcon) {
+    return std::make_shared<IconPicture>(OwnedIcon(CopyIcon(LoadIconW(nullptr, systemIcon))));
+}
+
+void Sheet::paint(HDC dc) {
+    const RECT client = [&] {
+        RECT area{};
+        GetClientRect(handle(), &area);
+        return area;
+    }();
+    FillRect(dc, &client, GetSysColorBrush(COLOR_WINDOW));
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+    for (const Text& text : texts_) {
+        const Selected font(dc, (text.bold ? boldFont_ : font_).get());
+        RECT at = text.at;
+        DrawTextW(dc, text.text.c_str(), -1, &at,
+                  (text.centred ? DT_CENTER : DT_LEFT) | DT_WORDBREAK | DT_NOPREFIX);
+    }
+    for (const Still& still : stills_) {
+        const int width = still.at.right - still.at.left;
+        const int height = still.at.bottom - still.at.top;
+        ButtonScene scene;
+        scene.window = handle();
+        scene.themes = &systemThemes();
+        scene.colours = &colours_;
+        scene.surroundings = static_cast<Rgb>(GetSysColor(COLOR_WINDOW));
+        scene.focusCue = still.cue;
+        ButtonFace face(width, height);
+        paintButton(face, still.look, scene);
+        face.copyTo(dc, still.at.left, still.at.top,
+                    buttonRegion(still.look.style, width, height).get());
+    }
+}
+
+std::optional<LRESULT> Sheet::onMessage(UINT message, WPARAM wParam, LPARAM) {
+    switch (message) {
+        case WM_ERASEBKGND: return 1;
+        case WM_PAINT: {
+            const Painting painting(handle());
+            paint(painting.dc());
+            return 0;
+        }
+        case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
+        case WM_CTLCOLORBTN: return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+        default: return std::nullopt;
+    }
+}
+
+}  // namespace velvox

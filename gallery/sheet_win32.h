@@ -1,0 +1,67 @@
+// A window that fills a gallery page: captions and still pictures of buttons painted on it, live
+// buttons as children.
+#pragma once
+
+#include <list>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/system_win32.h"
+#include "base/window_win32.h"
+#include "controls/is_button_win32.h"
+
+namespace velvox {
+
+/// Design pixels, of which 96 make an inch; the sheet scales them to the screen.
+struct SheetPlace {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
+
+class Sheet : public Window {
+ public:
+    explicit Sheet(HWND parent);
+    ~Sheet() override;
+
+    /// Height 0 is one line.
+    void write(const SheetPlace& at, std::string_view text, bool bold = false,
+               bool centred = false);
+
+    /// A still picture. `cue` draws the focus as someone at the keyboard sees it.
+    void draw(const SheetPlace& at, const ButtonLook& look, bool cue = false);
+
+    /// A live button; the caller gives it its properties before it is `shown`.
+    isButton& add(const SheetPlace& at, std::string_view name);
+    void show(isButton& button);
+
+    static std::shared_ptr<const Picture> sampleIcon(LPCWSTR systemIcon);
+    static int pixels(int designPixels);
+
+ private:
+    struct Text {
+        RECT at;
+        std::wstring text;
+        bool bold;
+        bool centred;
+    };
+    struct Still {
+        RECT at;
+        ButtonLook look;
+        bool cue;
+    };
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void paint(HDC dc);
+
+    CurrentSystemColours colours_;
+    std::vector<Text> texts_;
+    std::vector<Still> stills_;
+    std::list<isButton> buttons_;
+    std::list<isButtonWindow> windows_;
+    OwnedFont font_;
+    OwnedFont boldFont_;
+};
+
+}  // namespace velvox
