@@ -4,7 +4,18 @@
 
 namespace velvox {
 
+void StandInChannel::close() noexcept {
+    listener = nullptr;
+    if (reader) share(reader)->cancel();
+}
+
+DocumentReader::~DocumentReader() {
+    if (channel_->reader == this) channel_->reader = nullptr;
+}
+
 HRESULT DocumentReader::start(IMoniker* moniker, IBindCtx* context) {
+    if (channel_->reader) share(channel_->reader)->cancel();
+    channel_->reader = this;
     const HRESULT registered = RegisterBindStatusCallback(context, this, nullptr, 0);
     if (FAILED(registered)) return registered;
     ComPtr<IStream> stream;
@@ -12,20 +23,22 @@ HRESULT DocumentReader::start(IMoniker* moniker, IBindCtx* context) {
 }
 
 void DocumentReader::cancel() noexcept {
-    listener_.reset();
+    cancelled_ = true;
+    if (channel_->reader == this) channel_->reader = nullptr;
     if (const auto binding = std::move(binding_)) binding->Abort();
 }
 
 void DocumentReader::report() noexcept {
-    if (!listener_ || !*listener_) return;
+    if (cancelled_ || !channel_->listener) return;
     try {
-        (*listener_)->documentFacts(facts_);
+        channel_->listener->documentFacts(facts_);
     } catch (...) {
         reportCurrentFailure();
     }
 }
 
 STDMETHODIMP DocumentReader::OnStartBinding(DWORD, IBinding* binding) {
+    if (cancelled_) return E_ABORT;
     binding_ = share(binding);
     return S_OK;
 }

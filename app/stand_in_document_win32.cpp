@@ -18,8 +18,8 @@ constexpr long readyStateComplete = 4;
 class StandInDocument final
     : public ComObject<IPersistMoniker, IMonikerProp, IOleObject, IDispatch> {
  public:
-    explicit StandInDocument(std::shared_ptr<StandInListener*> listener)
-        : listener_(std::move(listener)) {}
+    explicit StandInDocument(std::shared_ptr<StandInChannel> channel)
+        : channel_(std::move(channel)) {}
 
     STDMETHODIMP GetClassID(CLSID* id) override {
         if (!id) return E_POINTER;
@@ -31,7 +31,7 @@ class StandInDocument final
         if (!moniker || !context) return E_INVALIDARG;
         stopReading();
         reader_ = ComPtr<DocumentReader>(new (std::nothrow) DocumentReader(
-            DocumentReader::Asks::WholeDocument, listener_, type_));
+            DocumentReader::Asks::WholeDocument, channel_, type_));
         if (!reader_) return E_OUTOFMEMORY;
         // A document whose content cannot be read has still been arrived at.
         if (FAILED(reader_->start(moniker, context))) stopReading();
@@ -111,7 +111,7 @@ class StandInDocument final
         if (const auto reader = std::move(reader_)) reader->cancel();
     }
 
-    std::shared_ptr<StandInListener*> listener_;
+    std::shared_ptr<StandInChannel> channel_;
     std::string type_;
     ComPtr<IOleClientSite> site_;
     ComPtr<DocumentReader> reader_;
@@ -119,20 +119,20 @@ class StandInDocument final
 
 class StandInFactory final : public ComObject<IClassFactory> {
  public:
-    explicit StandInFactory(std::shared_ptr<StandInListener*> listener)
-        : listener_(std::move(listener)) {}
+    explicit StandInFactory(std::shared_ptr<StandInChannel> channel)
+        : channel_(std::move(channel)) {}
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** result) override {
         if (!result) return E_POINTER;
         *result = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;
-        const ComPtr<StandInDocument> document(new (std::nothrow) StandInDocument(listener_));
+        const ComPtr<StandInDocument> document(new (std::nothrow) StandInDocument(channel_));
         return document ? document->QueryInterface(id, result) : E_OUTOFMEMORY;
     }
     STDMETHODIMP LockServer(BOOL) override { return S_OK; }
 
  private:
-    std::shared_ptr<StandInListener*> listener_;
+    std::shared_ptr<StandInChannel> channel_;
 };
 
 }  // namespace
@@ -148,21 +148,22 @@ bool systemHasHtmlEngine() {
 }
 
 StandInRegistration::StandInRegistration(StandInListener& listener)
-    : listener_(std::make_shared<StandInListener*>(&listener)) {
-    const ComPtr<StandInFactory> factory(new StandInFactory(listener_));
+    : channel_(std::make_shared<StandInChannel>(&listener)) {
+    const ComPtr<StandInFactory> factory(new StandInFactory(channel_));
     requireSuccess(CoRegisterClassObject(htmlDocument, factory.get(), CLSCTX_INPROC_SERVER,
                                          REGCLS_MULTIPLEUSE, &cookie_),
                    "CoRegisterClassObject");
 }
 
 StandInRegistration::~StandInRegistration() {
-    *listener_ = nullptr;
+    channel_->close();
     CoRevokeClassObject(cookie_);
 }
 
 HeaderRequest::HeaderRequest(const std::string& address, StandInListener& listener)
-    : listener_(std::make_shared<StandInListener*>(&listener)),
-      reader_(new DocumentReader(DocumentReader::Asks::HeaderOnly, listener_)) {
+    : channel_(std::make_shared<StandInChannel>(&listener)) {
+    const ComPtr<DocumentReader> reader(
+        new DocumentReader(DocumentReader::Asks::HeaderOnly, channel_));
     ComPtr<IUri> uri;
     ComPtr<IMoniker> moniker;
     ComPtr<IBindCtx> context;
@@ -171,12 +172,11 @@ HeaderRequest::HeaderRequest(const std::string& address, StandInListener& listen
                             uri.put())) &&
         SUCCEEDED(CreateURLMonikerEx2(nullptr, uri.get(), moniker.put(), URL_MK_NO_CANONICALIZE)) &&
         SUCCEEDED(CreateBindCtx(0, context.put())))
-        reader_->start(moniker.get(), context.get());
+        reader->start(moniker.get(), context.get());
 }
 
 HeaderRequest::~HeaderRequest() {
-    *listener_ = nullptr;
-    reader_->cancel();
+    channel_->close();
 }
 
 }  // namespace velvox

@@ -11,7 +11,7 @@
 
 namespace velvox {
 
-class DocumentReader;
+struct StandInChannel;
 
 class StandInListener {
  public:
@@ -34,7 +34,7 @@ class StandInRegistration {
     ~StandInRegistration();
 
  private:
-    std::shared_ptr<StandInListener*> listener_;  // empty once this is gone
+    std::shared_ptr<StandInChannel> channel_;
     DWORD cookie_ = 0;
 };
 
@@ -48,8 +48,7 @@ class HeaderRequest {
     ~HeaderRequest();
 
  private:
-    std::shared_ptr<StandInListener*> listener_;
-    ComPtr<DocumentReader> reader_;
+    std::shared_ptr<StandInChannel> channel_;
 };
 
 }  // namespace velvox

@@ -35,6 +35,9 @@ WebBrowserWindow::~WebBrowserWindow() {
 void WebBrowserWindow::Navigate(std::string_view address) {
     if (!handle()) throw RuntimeFailure(Fault::Platform, "The preview's window is gone");
     const bool first = !control_ && !deferred_ && arrival_.state() == Arrival::State::Idle;
+    // A control that is still busy would tell of the old document under the new address (Wine 8
+    // does, even after Stop): only closing it ends a navigation.
+    if (arrival_.state() != Arrival::State::Arrived) control_.reset();
     requested_ = address;
     arrival_.requested();
     headerRequest_.reset();
@@ -79,7 +82,10 @@ BrowserControl& WebBrowserWindow::control() {
 void WebBrowserWindow::giveUp() noexcept {
     KillTimer(handle(), AnswerTimer);
     arrival_.abandoned();
-    if (control_) control_->stop();
+    if (arrival_.state() == Arrival::State::Failed)
+        control_.reset();
+    else if (control_)
+        control_->stop();
     changed();
 }
 

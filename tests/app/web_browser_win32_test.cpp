@@ -209,6 +209,25 @@ TEST_F(WebBrowserTest, ANewNavigationSupersedesTheOneUnderWay) {
     EXPECT_EQ(arrivals_, Addresses{"about:blank"});
 }
 
+// A control that is asked again while it is busy mixes the two documents up, at some moments only.
+TEST_F(WebBrowserTest, ASupersededNavigationNeverSpeaksForTheNewOne) {
+    const auto web = makeWeb();
+    web->Navigate("about:blank");
+    ASSERT_TRUE(arrives());
+    for (int i = 0; i < 24; ++i) {
+        const int messages = i % 12;
+        arrivals_.clear();
+        web->Navigate(i % 3 == 0 ? "about:blank" : server_.address("/page"));
+        for (int j = 0; j < messages; ++j) pumpOne();
+        const std::size_t before = arrivals_.size();
+        web->Navigate(server_.address("/v/a"));
+        ASSERT_TRUE(arrives(before + 1)) << "after " << messages << " messages";
+        settle(20);
+        ASSERT_EQ(arrivals_.size(), before + 1) << "after " << messages << " messages";
+        ASSERT_EQ(arrivals_.back(), server_.address(playerPath)) << "after " << messages;
+    }
+}
+
 TEST_F(WebBrowserTest, TheHandlerMayThrowNavigateOrDestroyTheWindow) {
     auto web = makeWeb();
     std::string reported;
