@@ -27,13 +27,21 @@ std::string tableName(std::string_view face) {
 class Writer {
  public:
     Writer(const HtmlFragment& fragment, Rgb linkColour)
-        : fragment_(fragment), linkColour_(linkColour) {}
+        : fragment_(fragment), linkColour_(linkColour), isLong_(fragment.text.size() > longText) {}
 
     RichText write() {
         std::string& rtf = result_.rtf;
         std::string body;
         body.swap(rtf);
-        for (const TextRun& run : fragment_.runs) writeRun(run);
+        for (const TextRun& run : fragment_.runs) {
+            writeRun(run);
+            if (isFull()) {
+                breakLine();
+                enter({}, false);
+                for (const char c : restNotice) put(static_cast<char16_t>(c));
+                break;
+            }
+        }
         body.swap(rtf);
         rtf = "{\\rtf1\\ansi\\uc1\\deff0" + fontTable() + colourTable();
         rtf += "\\pard\\f0\\fs" + std::to_string(TextLook{}.halfPoints) + ' ';
@@ -50,15 +58,18 @@ class Writer {
         bool underlined = false;
     };
 
+    bool isFull() const { return result_.length >= mostCharacters || result_.lines >= mostLines; }
+
     void writeRun(const TextRun& run) {
         const std::u16string text =
             toUtf16(std::string_view(fragment_.text).substr(run.begin, run.end - run.begin));
         const bool inLink = run.link != TextRun::noLink;
         for (const char16_t c : text) {
+            if (isFull()) return;
             if (c == u'\n') {
                 breakLine();
             } else if (c >= u' ' && c != 0x7F) {
-                if (column_ >= longestLine || (column_ >= longLine && c == u' ')) {
+                if (isLong_ && (column_ >= longestLine || (column_ >= longLine && c == u' '))) {
                     breakLine();
                     if (c == u' ') continue;
                 }
@@ -149,6 +160,7 @@ class Writer {
 
     const HtmlFragment& fragment_;
     Rgb linkColour_;
+    bool isLong_;
     RichText result_;
     State state_;
     std::vector<Rgb> colours_;

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/html_fragment.h"
@@ -35,11 +36,18 @@ struct RichText {
     std::size_t lines = 1;
 };
 
-/// Characters after which a line is broken at the next blank, and at the latest. The control lays
-/// a line out in time that grows with the square of its length: a million characters in one line
-/// take it minutes.
-inline constexpr std::size_t longLine = 1500;
-inline constexpr std::size_t longestLine = 2000;
+/// A text longer than this has its long lines broken: after `longLine` characters at the next
+/// blank, after `longestLine` anywhere. Wine's control lays a line out in time that grows with the
+/// square of its length, and a million characters in one line take it minutes.
+inline constexpr std::size_t longText = 4000;
+inline constexpr std::size_t longLine = 200;
+inline constexpr std::size_t longestLine = 250;
+
+/// What is shown at most; a notice takes the place of the rest. Beyond it the control runs out of
+/// this process's memory and takes the program with it.
+inline constexpr std::size_t mostCharacters = 2'000'000;
+inline constexpr std::size_t mostLines = 200'000;
+inline constexpr std::string_view restNotice = "The rest is too long to show.";
 
 RichText toRichText(const HtmlFragment& fragment, Rgb linkColour);
 

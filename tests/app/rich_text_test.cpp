@@ -100,17 +100,35 @@ TEST(RichTextTest, LinksAreFoundByCharacter) {
 }
 
 TEST(RichTextTest, EndlessLinesAreBrokenAndLinksStayInPlace) {
-    const std::string word(longestLine + 10, 'x');
+    const std::string word(longText + 1, 'x');
     const RichText text = written("<a href='u'>" + word + "</a> tail");
+    const std::size_t breaks = longText / longestLine;
+    EXPECT_EQ(text.lines, 1 + breaks);
     ASSERT_EQ(text.links.size(), 1U);
-    EXPECT_EQ(text.links[0].end, word.size() + 1);
-    EXPECT_EQ(text.lines, 2U);
+    EXPECT_EQ(text.links[0].end, word.size() + breaks);
 
     std::string words;
-    while (words.size() < 3 * longLine) words += "word ";
+    while (words.size() <= longText + 1) words += "word ";
     const RichText broken = written(words);
-    EXPECT_EQ(broken.lines, 3U);
+    EXPECT_GE(broken.lines, longText / longestLine);
     EXPECT_EQ(broken.length, words.size() - 1);  // a break takes the place of its blank
+
+    EXPECT_EQ(written(std::string(longText, 'x')).lines, 1U);
+}
+
+TEST(RichTextTest, WhatIsTooMuchForTheControlEndsInANotice) {
+    const auto endsInNotice = [](const RichText& text) {
+        return text.rtf.ends_with(std::string(restNotice) + '}');
+    };
+    const RichText letters = written("<a href='u'>" + std::string(mostCharacters + 10, 'x'));
+    EXPECT_TRUE(endsInNotice(letters));
+    EXPECT_LE(letters.length, mostCharacters + 100);
+    std::string breaks;
+    for (std::size_t i = 0; i < mostLines + 10; ++i) breaks += "<br>";
+    const RichText lines = written(breaks);
+    EXPECT_TRUE(endsInNotice(lines));
+    EXPECT_LE(lines.lines, mostLines + 1);
+    EXPECT_FALSE(endsInNotice(written("short")));
 }
 
 TEST(RichTextTest, ColoursAreBounded) {
