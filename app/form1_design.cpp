@@ -4,55 +4,59 @@
 #include <string>
 
 #include "app/hosts.h"
+#include "app/skin_palette.h"
 #include "base/runtime_failure.h"
 
 namespace velvox {
 namespace {
 
-constexpr OleColour black = rgb(0, 0, 0);
-constexpr OleColour titleColour = rgb(255, 255, 255);
-constexpr OleColour quietColour = rgb(90, 98, 110);
-constexpr OleColour linkColour = rgb(0, 0, 255);
+constexpr OleColour textColour = palette::text;
+constexpr OleColour quietColour = palette::quietText;
+constexpr OleColour titleColour = palette::titleText;
+constexpr OleColour linkColour = palette::linkText;
 
 const Font normalFont{};
 const Font boldFont{.bold = true};
 const Font linkFont{.underline = true};
 const Font titleFont{.points = 9, .bold = true};
 
+// One grid: captions start at 240, what they name at 1800, and everything ends at 7215.
 const ControlDesign controls[] = {
     // The client area: 497 x 297 pixels at 96 dots per inch.
     {"Form1", {0, 0, 7455, 4455}},
 
-    // Title bar; Form_Resize stretches skinbar and moves topendskin to the right edge.
-    {"skinicon", {0, 0, 480, 450}},
-    {"skinbar", {480, 0, 6435, 450}},
-    {"topendskin", {6915, 0, 540, 450}},
+    // Title bar; Form_Resize stretches skinbar and moves topendskin to the right edge. The quit
+    // button rests in the middle of its height.
+    {"skinicon", {0, 0, 480, 510}},
+    {"skinbar", {480, 0, 6435, 510}},
+    {"topendskin", {6915, 0, 540, 510}},
     {"isButton2", {120, 100, 300, 300}},
-    {"Label5", {540, 105, 3000, 270}, "Velvox 1.00", true, titleColour, titleFont},
+    {"Label5", {540, 135, 3000, 270}, "Velvox 1.00", true, titleColour, titleFont},
 
     // Asking: address, site and example.
-    {"Label1", {240, 705, 4500, 240}, "Paste Your URL Below : ", true, black, boldFont},
-    {"linkin", {240, 960, 5460, 345}},
-    {"UniXPButton1", {5820, 945, 1395, 375}},
-    {"Label6", {240, 1620, 1395, 240}, "Download From : ", true, black, normalFont},
-    {"ds", {1695, 1575, 3285, 330}},
-    {"Label7", {240, 2085, 1395, 240}, "Example : ", true, black, normalFont},
-    {"vd", {1695, 2085, 5520, 450}, "", true, linkColour, linkFont},
+    {"Label1", {240, 735, 4500, 240}, "Paste Your URL Below : ", true, textColour, boldFont},
+    {"linkin", {240, 1020, 5520, 375}},
+    {"UniXPButton1", {5880, 1020, 1335, 375}},
+    {"Label6", {240, 1875, 1500, 240}, "Download From : ", true, textColour, normalFont},
+    {"ds", {1800, 1830, 5415, 330}},
+    {"Label7", {240, 2685, 1500, 240}, "Example : ", true, textColour, normalFont},
+    {"vd", {1800, 2685, 5415, 450}, "", true, linkColour, linkFont},
 
     // Home page and news.
-    {"Label11", {240, 3525, 990, 240}, "Please Visit ", true, quietColour, normalFont},
-    {"Label12", {1230, 3525, 2250, 240}, hosts::home, true, linkColour, linkFont},
-    {"Label13", {3480, 3525, 2500, 240}, "for forum and updates", true, quietColour, normalFont},
-    {"Picture1", {120, 4140, 7215, 255}},
-    {"Label4", {60, 15, 7095, 225}, "", true, quietColour, normalFont},
+    {"Label11", {240, 3600, 1500, 240}, "Please Visit ", true, quietColour, normalFont},
+    {"Label12", {1800, 3600, 2250, 240}, hosts::home, true, linkColour, linkFont},
+    {"Label13", {4080, 3600, 3135, 240}, "for forum and updates", true, quietColour, normalFont},
+    {"Picture1", {15, 4155, 7425, 285}},
+    {"Label4", {225, 30, 6975, 225}, "", true, quietColour, normalFont},
 
-    // The result area covers everything between title bar and news while it is shown.
+    // The result area covers everything between title bar and news while it is shown. The skin
+    // draws its panel 60 twips below its top and 90 before its right and lower edges.
     {"outer", {120, 4200, 7305, 3495}, "", false},
-    {"Label3", {120, 90, 2400, 240}, "Status", true, black, boldFont},
-    {"output", {120, 390, 4230, 2985}},
-    {"Label2", {4470, 90, 1500, 240}, "Preview", true, black, boldFont},
-    {"web", {4470, 390, 2715, 2985}},
-    {"isButton1", {6090, 30, 1095, 315}},
+    {"Label3", {180, 210, 2400, 240}, "Status", true, textColour, boldFont},
+    {"output", {180, 540, 4200, 2685}},
+    {"Label2", {4530, 210, 1350, 240}, "Preview", true, textColour, boldFont},
+    {"web", {4530, 540, 2505, 2685}},
+    {"isButton1", {5940, 150, 1095, 330}},
 };
 
 // The host stores the keys in lower case.
@@ -106,13 +110,14 @@ constexpr TimerDesign timers[] = {
     {"Timer6", 1000, true}, {"Timer7", 10000, false},
 };
 
-// Etched separators: a dark line over a light one.
+// Etched separators: a dark line over a light one. The dark ones stand on pixels of the form
+// 4n + 3, where the pairs touch at every usual resolution.
 constexpr Line lines[] = {
-    {"Line1", 240, 1455, 7215, 1455}, {"Line2", 240, 1470, 7215, 1470},
-    {"Line3", 240, 2610, 7215, 2610}, {"Line4", 240, 2625, 7215, 2625},
-    {"Line5", 240, 3420, 7215, 3420}, {"Line6", 240, 3435, 7215, 3435},
-    {"Line7", 120, 4095, 7335, 4095}, {"Line8", 120, 4110, 7335, 4110},
-    {"Line9", 0, 450, 7455, 450},     {"Line10", 0, 465, 7455, 465},
+    {"Line1", 240, 1605, 7215, 1605},  {"Line2", 240, 1620, 7215, 1620},
+    {"Line3", 1800, 2385, 7215, 2385}, {"Line4", 1800, 2400, 7215, 2400},
+    {"Line5", 240, 3285, 7215, 3285},  {"Line6", 240, 3300, 7215, 3300},
+    {"Line7", 15, 4125, 7440, 4125},   {"Line8", 15, 4140, 7440, 4140},
+    {"Line9", 15, 510, 7440, 510},     {"Line10", 15, 525, 7440, 525},
 };
 
 template <class Rows>

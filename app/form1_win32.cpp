@@ -54,6 +54,8 @@ RECT openingPlace(SIZE size) {
 // The order is that of the construction: the boxes that hold the pane and the browser stand before
 // the form that uses these, and the form before the windows that follow its controls.
 struct Form1Window::Children {
+    using Kind = LabelWindow::Kind;
+
     explicit Children(Form1Window& owner)
         : window(owner.handle()),
           topendskin(window, id(ControlId::topendskin), designOf("topendskin").place, true,
@@ -67,20 +69,20 @@ struct Form1Window::Children {
           form({owner.transfer_, output, web, owner.desktop_, owner, owner.colours_,
                 twipsPerInch / screenDpi()}),
           titleView(window),
-          Label5(form.Label5, window, id(ControlId::Label5), LabelWindow::Kind::Handle),
-          Label1(form.Label1, window, id(ControlId::Label1), LabelWindow::Kind::Text),
+          Label5(form.Label5, window, id(ControlId::Label5), Kind::Handle, owner.skin_),
+          Label1(form.Label1, window, id(ControlId::Label1), Kind::Text, owner.skin_),
           linkin(form.linkin, window, id(ControlId::linkin)),
           UniXPButton1(form.UniXPButton1, window, id(ControlId::UniXPButton1)),
-          Label6(form.Label6, window, id(ControlId::Label6), LabelWindow::Kind::Text),
+          Label6(form.Label6, window, id(ControlId::Label6), Kind::Text, owner.skin_),
           ds(form.ds, window, id(ControlId::ds)),
-          Label7(form.Label7, window, id(ControlId::Label7), LabelWindow::Kind::Text),
-          vd(form.vd, window, id(ControlId::vd), LabelWindow::Kind::Link),
-          Label11(form.Label11, window, id(ControlId::Label11), LabelWindow::Kind::Text),
-          Label12(form.Label12, window, id(ControlId::Label12), LabelWindow::Kind::Link),
-          Label13(form.Label13, window, id(ControlId::Label13), LabelWindow::Kind::Text),
-          Label4(form.Label4, Picture1.handle(), id(ControlId::Label4), LabelWindow::Kind::Strip),
-          Label3(form.Label3, outer.handle(), id(ControlId::Label3), LabelWindow::Kind::Text),
-          Label2(form.Label2, outer.handle(), id(ControlId::Label2), LabelWindow::Kind::Text),
+          Label7(form.Label7, window, id(ControlId::Label7), Kind::Text, owner.skin_),
+          vd(form.vd, window, id(ControlId::vd), Kind::Link, owner.skin_),
+          Label11(form.Label11, window, id(ControlId::Label11), Kind::Text, owner.skin_),
+          Label12(form.Label12, window, id(ControlId::Label12), Kind::Link, owner.skin_),
+          Label13(form.Label13, window, id(ControlId::Label13), Kind::Text, owner.skin_),
+          Label4(form.Label4, Picture1.handle(), id(ControlId::Label4), Kind::Strip, owner.skin_),
+          Label3(form.Label3, outer.handle(), id(ControlId::Label3), Kind::Text, owner.skin_),
+          Label2(form.Label2, outer.handle(), id(ControlId::Label2), Kind::Text, owner.skin_),
           isButton1(form.isButton1, outer.handle(), id(ControlId::isButton1)),
           isButton2(form.isButton2, topendskin.handle(), id(ControlId::isButton2)),
           timers{{{form.Timer1, window, 1},
@@ -226,7 +228,12 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
             break;
         case WM_ACTIVATE:
             if (LOWORD(wParam) == WA_INACTIVE) lastFocus_ = GetFocus();
+            skin_.setActive(LOWORD(wParam) != WA_INACTIVE);
+            repaintAll();
             break;
+        case WM_SETTINGCHANGE:
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED: followContrast(); break;
         case WM_SETFOCUS: restoreFocus(); return 0;
         case WM_CLOSE: close(); return 0;
         case WM_DESTROY: PostQuitMessage(0); return 0;
@@ -294,6 +301,15 @@ void Form1Window::whileFetching() {
         (PeekMessageW(&message, handle(), WM_SYSCOMMAND, WM_SYSCOMMAND, PM_NOREMOVE) &&
          (message.wParam & 0xFFF0) == SC_CLOSE);
     if (closeAsked) desktop_.endProgram();
+}
+
+void Form1Window::followContrast() {
+    skin_.setContrast(Skin::systemContrast());
+    repaintAll();
+}
+
+void Form1Window::repaintAll() {
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 void Form1Window::restoreFocus() {

@@ -40,6 +40,8 @@ class Form1Window : public Window, public FormFrame {
     bool intercept(MSG& message);
     void whileFetching();
     void restoreFocus();
+    void followContrast();
+    void repaintAll();
     void close();
 
     MessagePump& pump_;

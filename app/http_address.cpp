@@ -36,6 +36,22 @@ std::string_view withoutFragment(std::string_view text) {
     return text.substr(0, text.find('#'));
 }
 
+/// A path that starts with "/" without its "." and ".." steps, as a browser asks for it.
+std::string withoutDotSteps(std::string_view path) {
+    std::string result;
+    while (!path.empty()) {
+        path.remove_prefix(1);
+        const std::string_view step = path.substr(0, path.find('/'));
+        path.remove_prefix(step.size());
+        if (step == "..") result.resize(result.empty() ? 0 : result.rfind('/'));
+        if (step != "." && step != "..")
+            result.append("/").append(step);
+        else if (path.empty())
+            result.append("/");
+    }
+    return result;
+}
+
 }  // namespace
 
 std::string schemeOf(std::string_view address) {
@@ -102,8 +118,14 @@ HttpAddress resolveLocation(const HttpAddress& from, std::string_view location) 
     } else if (!location.empty()) {
         const std::string_view path =
             std::string_view(from.target).substr(0, from.target.find('?'));
-        const auto keep = location.starts_with('?') ? path.size() : path.rfind('/') + 1;
-        result.target = join({path.substr(0, keep), location});
+        const auto pathEnd = std::min(location.find('?'), location.size());
+        const std::string_view query = location.substr(pathEnd);
+        if (pathEnd == 0)
+            result.target = join({path, query});
+        else
+            result.target = join({withoutDotSteps(join({path.substr(0, path.rfind('/') + 1),
+                                                        location.substr(0, pathEnd)})),
+                                  query});
     }
     return result;
 }

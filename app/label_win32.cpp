@@ -24,10 +24,18 @@ UINT drawFlagsOf(LabelWindow::Kind kind) {
     }
 }
 
+Skin::TextRole roleOf(LabelWindow::Kind kind) {
+    switch (kind) {
+        case LabelWindow::Kind::Link: return Skin::TextRole::Link;
+        case LabelWindow::Kind::Handle: return Skin::TextRole::Title;
+        default: return Skin::TextRole::Plain;
+    }
+}
+
 }  // namespace
 
-LabelWindow::LabelWindow(Label& model, HWND parent, int id, Kind kind)
-    : model_(model), kind_(kind), font_(createFont(model.font())) {
+LabelWindow::LabelWindow(Label& model, HWND parent, int id, Kind kind, const Skin& skin)
+    : model_(model), kind_(kind), skin_(skin), font_(createFont(model.font())) {
     WindowRequest request;
     request.className = L"STATIC";
     request.text = widen(model.Caption());
@@ -108,7 +116,7 @@ void LabelWindow::paint(HDC target) {
     paintParentBackground(handle(), dc);
     const Selected font(dc, font_.get());
     SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, static_cast<COLORREF>(translateColour(model_.ForeColor())));
+    SetTextColor(dc, static_cast<COLORREF>(skin_.textColour(roleOf(kind_), model_.ForeColor())));
     const std::wstring text = widen(model_.Caption());
     const UINT flags = drawFlagsOf(kind_);
     DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, flags);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/controls.h"
+#include "app/skin_win32.h"
 #include "base/owned_win32.h"
 #include "base/window_win32.h"
 
@@ -17,7 +18,8 @@ class LabelWindow : public SystemControl, public ControlView {
         Strip,   ///< one line of a longer text, drawn without a flicker at every change
     };
 
-    LabelWindow(Label& model, HWND parent, int id, Kind kind);
+    /// `skin` says in which colour the caption is legible.
+    LabelWindow(Label& model, HWND parent, int id, Kind kind, const Skin& skin);
     ~LabelWindow() override;
 
     void follow(Aspect aspect) override;
@@ -29,6 +31,7 @@ class LabelWindow : public SystemControl, public ControlView {
 
     Label& model_;
     Kind kind_;
+    const Skin& skin_;
     OwnedFont font_;
 };
 

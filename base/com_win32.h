@@ -45,6 +45,8 @@ class ComPtr {
         if (Interface* const old = std::exchange(pointer_, nullptr)) old->Release();
     }
 
+    [[nodiscard]] Interface* release() noexcept { return std::exchange(pointer_, nullptr); }
+
     /// For a call that returns a reference through its last parameter.
     Interface** put() noexcept {
         reset();
@@ -83,6 +85,10 @@ inline Bstr makeBstr(std::wstring_view text) {
 inline std::wstring_view view(BSTR text) {
     return {text, SysStringLen(text)};
 }
+
+// COM interfaces have no destructor; objects are deleted by their own Release alone.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
 /// Base of a COM object of ours with the interfaces that it answers to. It starts with one
 /// reference, deletes itself with the last one, and counts as a live handle.
@@ -128,5 +134,7 @@ class ComObject : public Interfaces... {
 
     std::atomic<ULONG> references_{1};
 };
+
+#pragma GCC diagnostic pop
 
 }  // namespace velvox

@@ -48,6 +48,13 @@ Rgb translateColour(OleColour colour) {
     return SUCCEEDED(OleTranslateColor(colour, nullptr, &result)) ? static_cast<Rgb>(result) : -1;
 }
 
+bool highContrast() {
+    HIGHCONTRASTW wish{};
+    wish.cbSize = sizeof wish;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, wish.cbSize, &wish, 0) &&
+           (wish.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
 int screenDpi() {
     static const int dpi = [] {
         const WindowDc screen(nullptr);
@@ -70,7 +77,7 @@ OwnedFont createFont(const Font& font) {
     request.lfUnderline = font.underline;
     request.lfStrikeOut = font.strikeThrough;
     request.lfCharSet = DEFAULT_CHARSET;
-    request.lfQuality = CLEARTYPE_QUALITY;
+    request.lfQuality = DEFAULT_QUALITY;
     const std::wstring face = widen(font.name).substr(0, LF_FACESIZE - 1);
     face.copy(request.lfFaceName, face.size());
     return OwnedFont(CreateFontIndirectW(&request));

@@ -35,6 +35,9 @@ class CurrentSystemColours : public SystemColours {
 /// An OLE colour in RGB by the system's own translation; -1 on failure.
 Rgb translateColour(OleColour colour);
 
+/// Whether the user has asked the system for high contrast.
+bool highContrast();
+
 /// Dots per inch of the screen, as the program sees it for its whole life.
 int screenDpi();
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <functional>
 #include <limits>
 
 #include "base/runtime_failure.h"
@@ -27,6 +28,44 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
                       [](char x, char y) { return lower(x) == lower(y); });
 }
 
+/// The first place of a mark at or behind `from`, counted from 0, or npos. The text is passed over
+/// at memory speed to one of the mark's bytes, and only there the whole mark is compared. Where
+/// that byte turns out to be frequent another one that may serve takes its place, so that no page
+/// can be made slow by filling it with some letter of the mark.
+template <class MayServe, class Equal>
+std::size_t search(std::string_view text, std::string_view mark, std::size_t from,
+                   MayServe mayServe, Equal equal) {
+    constexpr std::size_t frequent = 16;
+    if (mark.size() > text.size()) return std::string_view::npos;
+    const std::size_t lastPlace = text.size() - mark.size();
+    const auto nextAnchor = [&](std::size_t anchor) {
+        do anchor = (anchor + 1) % mark.size();
+        while (!mayServe(mark[anchor]));
+        return anchor;
+    };
+    std::size_t anchor = nextAnchor(mark.size() - 1);
+    while (from <= lastPlace) {
+        const char* start = text.data() + from + anchor;
+        const void* hit = std::memchr(start, mark[anchor], lastPlace - from + 1);
+        if (!hit) break;
+        const auto passed = static_cast<std::size_t>(static_cast<const char*>(hit) - start);
+        from += passed;
+        if (equal(text.substr(from, mark.size()), mark)) return from;
+        ++from;
+        if (passed < frequent) anchor = nextAnchor(anchor);
+    }
+    return std::string_view::npos;
+}
+
+std::size_t search(std::string_view text, std::string_view mark, std::size_t from = 0) {
+    return search(
+        text, mark, from, [](char) { return true; }, std::equal_to<std::string_view>());
+}
+
+Position placeOf(std::size_t index) {
+    return index == std::string_view::npos ? 0 : static_cast<Position>(index) + 1;
+}
+
 }  // namespace
 
 Position length(std::string_view text) {
@@ -36,35 +75,22 @@ Position length(std::string_view text) {
 Position find(std::string_view text, std::string_view mark, Position start) {
     requireStart(start);
     if (start > length(text)) return 0;
-    const auto at = text.find(mark, static_cast<std::size_t>(start - 1));
-    return at == std::string_view::npos ? 0 : static_cast<Position>(at) + 1;
+    if (mark.empty()) return start;
+    return placeOf(search(text, mark, static_cast<std::size_t>(start - 1)));
 }
 
 Position findIgnoringCase(std::string_view text, std::string_view mark, Position start) {
     requireStart(start);
     if (start > length(text)) return 0;
     if (mark.empty()) return start;
-    if (mark.size() > text.size()) return 0;
-    // A character without case is found at memory speed; the letters around it are then compared.
-    const auto caseless = std::find_if_not(mark.begin(), mark.end(), isLetter);
-    const std::size_t lastPlace = text.size() - mark.size();
-    std::size_t at = static_cast<std::size_t>(start - 1);
-    if (caseless == mark.end()) {
-        for (; at <= lastPlace; ++at)
-            if (equalIgnoringCase(text.substr(at, mark.size()), mark))
-                return static_cast<Position>(at) + 1;
-        return 0;
-    }
-    const std::size_t anchor = static_cast<std::size_t>(caseless - mark.begin());
-    while (at <= lastPlace) {
-        const std::size_t hit = text.find(*caseless, at + anchor);
-        if (hit == std::string_view::npos || hit - anchor > lastPlace) return 0;
-        at = hit - anchor;
-        if (equalIgnoringCase(text.substr(at, mark.size()), mark))
-            return static_cast<Position>(at) + 1;
-        ++at;
-    }
-    return 0;
+    const auto from = static_cast<std::size_t>(start - 1);
+    const auto hasNoCase = [](char c) { return !isLetter(c); };
+    if (std::any_of(mark.begin(), mark.end(), hasNoCase))
+        return placeOf(search(text, mark, from, hasNoCase, equalIgnoringCase));
+    const auto at =
+        std::search(text.begin() + static_cast<Position>(from), text.end(), mark.begin(),
+                    mark.end(), [](char a, char b) { return lower(a) == lower(b); });
+    return at == text.end() ? 0 : at - text.begin() + 1;
 }
 
 bool contains(std::string_view text, std::string_view mark) {
@@ -79,12 +105,16 @@ std::string_view slice(std::string_view text, Position start, Position count) {
     return text.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(count));
 }
 
-std::string replaceAll(std::string_view text, std::string_view mark, std::string_view with) {
-    if (mark.empty()) return std::string(text);
+std::string replaceAll(std::string text, std::string_view mark, std::string_view with) {
+    if (mark.empty()) return text;
+    if (mark.size() == 1 && with.empty()) {
+        std::erase(text, mark[0]);
+        return text;
+    }
     std::string result;
     result.reserve(text.size());
     std::size_t from = 0;
-    for (std::size_t at; (at = text.find(mark, from)) != std::string_view::npos;
+    for (std::size_t at; (at = search(text, mark, from)) != std::string_view::npos;
          from = at + mark.size()) {
         result.append(text, from, at - from);
         result.append(with);
@@ -97,8 +127,8 @@ Position splitUpperBound(std::string_view text, std::string_view separator) {
     if (text.empty()) return -1;
     if (separator.empty()) return 0;
     Position count = 0;
-    for (std::size_t at = text.find(separator); at != std::string_view::npos;
-         at = text.find(separator, at + separator.size()))
+    for (std::size_t at = search(text, separator); at != std::string_view::npos;
+         at = search(text, separator, at + separator.size()))
         ++count;
     return count;
 }

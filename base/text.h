@@ -28,7 +28,8 @@ bool contains(std::string_view text, std::string_view mark);
 std::string_view slice(std::string_view text, Position start, Position count);
 
 /// `text` with every occurrence of `mark` replaced, left to right; an empty mark changes nothing.
-std::string replaceAll(std::string_view text, std::string_view mark, std::string_view with);
+/// A text that is moved in is not copied where a single byte is taken out.
+std::string replaceAll(std::string text, std::string_view mark, std::string_view with);
 
 /// Highest index of the pieces that splitting `text` at `separator` gives, numbered from 0: the
 /// number of separators. -1 for an empty text, which splits into no piece at all.

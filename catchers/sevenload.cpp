@@ -1,4 +1,6 @@
 // Sevenload pages: the page gives a session value, the site's player interface the file.
+#include <utility>
+
 #include "app/form1.h"
 #include "app/hosts.h"
 #include "base/join.h"
@@ -19,8 +21,8 @@ void Form1::SevenLoad() try {
         return;
     }
     ShowStatus("<font face='tahoma' size='2' >Getting URL Info..</font>");
-    page = text::replaceAll(page, "\"", "");
-    page = text::replaceAll(page, " ", "");
+    page = text::replaceAll(std::move(page), "\"", "");
+    page = text::replaceAll(std::move(page), " ", "");
     auto p1 = text::find(page, "fo.addVariable(sess,");
     auto p2 = text::find(page, ");", p1);
     const std::string sess{text::slice(page, p1 + 20, (p2 - p1) - 20)};

@@ -109,7 +109,7 @@ std::optional<LRESULT> ScrollBarWindow::WindowProc(UINT message, WPARAM wParam, 
 
         case WM_SETFOCUS: focus(true); return 0;
         case WM_KILLFOCUS: focus(false); return 0;
-        case WM_GETDLGCODE: return DLGC_WANTARROWS;
+        case WM_GETDLGCODE: return DLGC_WANTARROWS | DLGC_WANTCHARS;
         case WM_KEYDOWN:
         case WM_KEYUP:
         case WM_CHAR: return onKey(message, wParam);
@@ -207,5 +207,9 @@ void ScrollBarWindow::enable(bool enabled) {
     if (handle()) EnableWindow(handle(), enabled);
     repaint();
 }
+
+// Defined once: link-time optimisation here trips over the thunks of inline ones.
+tsVScrollPrivate::~tsVScrollPrivate() = default;
+tsHScrollPrivate::~tsHScrollPrivate() = default;
 
 }  // namespace velvox

@@ -58,6 +58,7 @@ class ScrollBarWindow : public ScrollControl, private Window, private ScrollHost
 class tsVScrollPrivate : public ScrollBarWindow {
  public:
     tsVScrollPrivate() : ScrollBarWindow(Axis::Vertical) {}
+    ~tsVScrollPrivate() override;
 
     /// The length of an arrow button along the bar, in pixels of a 96 dpi screen.
     std::int32_t ScrollHeight() const noexcept { return arrowLength(); }
@@ -67,6 +68,7 @@ class tsVScrollPrivate : public ScrollBarWindow {
 class tsHScrollPrivate : public ScrollBarWindow {
  public:
     tsHScrollPrivate() : ScrollBarWindow(Axis::Horizontal) {}
+    ~tsHScrollPrivate() override;
 
     /// The length of an arrow button along the bar, in pixels of a 96 dpi screen.
     std::int32_t ScrollWidth() const noexcept { return arrowLength(); }

@@ -3,8 +3,6 @@
 
 #include <windows.h>
 
-#include <utility>
-
 #include "base/owned_win32.h"
 #include "base/picture.h"
 
@@ -16,17 +14,17 @@ class DrawablePicture : public Picture {
     virtual void draw(HDC dc, int x, int y, int width, int height) const = 0;
 };
 
+/// An icon, smooth at sizes below its own.
 class IconPicture : public DrawablePicture {
  public:
-    explicit IconPicture(OwnedIcon icon) : icon_(std::move(icon)) {}
+    explicit IconPicture(OwnedIcon icon);
 
     bool hasImage() const override { return static_cast<bool>(icon_); }
-    void draw(HDC dc, int x, int y, int width, int height) const override {
-        DrawIconEx(dc, x, y, icon_.get(), width, height, 0, nullptr, DI_NORMAL);
-    }
+    void draw(HDC dc, int x, int y, int width, int height) const override;
 
  private:
     OwnedIcon icon_;
+    int ownSize_ = 0;
 };
 
 }  // namespace velvox

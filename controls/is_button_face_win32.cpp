@@ -73,8 +73,10 @@ void ButtonFace::fill(const RECT& area, Rgb colour) {
 
 void ButtonFace::gradient(const RECT& area, Rgb top, Rgb bottom) {
     const int rows = area.bottom - area.top;
-    for (int row = 0; row < rows; ++row)
-        line(area.left, area.top + row, area.right, area.top + row, blend(top, bottom, row, rows));
+    for (int row = 0; row < rows; ++row) {
+        const Rgb colour = blend(top, bottom, row, rows);
+        for (int x = area.left; x < area.right; ++x) pixel(x, area.top + row, colour);
+    }
 }
 
 void ButtonFace::copyTo(HDC target, int x, int y, HRGN region) {

@@ -66,14 +66,20 @@ bool upright(FaceState state) {
 }
 
 // Custom colours whose highlight is the face itself still need a hot look of their own.
-Rgb accentOf(const FacePlan& plan) {
-    const Rgb accent = plan.highlight(HighlightColour);
-    const Rgb back = plan.back();
-    const int distance = std::abs(redOf(accent) - redOf(back)) +
-                         std::abs(greenOf(accent) - greenOf(back)) +
-                         std::abs(blueOf(accent) - blueOf(back));
+bool standsOut(Rgb colour, Rgb from) {
     constexpr int least = 48;
-    return distance < least ? plan.sys(HighlightColour) : accent;
+    return std::abs(redOf(colour) - redOf(from)) + std::abs(greenOf(colour) - greenOf(from)) +
+               std::abs(blueOf(colour) - blueOf(from)) >=
+           least;
+}
+
+Rgb accentOf(const FacePlan& plan) {
+    constexpr int darker = -72;
+    const Rgb back = plan.back();
+    const Rgb accent = plan.highlight(HighlightColour);
+    if (standsOut(accent, back)) return accent;
+    const Rgb selection = plan.sys(HighlightColour);
+    return standsOut(selection, back) ? selection : shift(back, darker);
 }
 
 // Shades of one glossy face from top to bottom: amounts of white above the middle, shifts below.
@@ -113,8 +119,8 @@ constexpr int hotParts = 120, focusParts = 150;
 
 namespace porcelain {
 constexpr int plateInset = 3;
-constexpr int troughTop = -58, troughBottom = 14, troughSoft = 14;
-constexpr int disabledTroughTop = -20;
+constexpr int troughTop = -62, troughBottom = -20, troughSoft = 12;
+constexpr int disabledTroughTop = -30;
 constexpr Gloss plate{235, 150, 10, -14};
 constexpr Gloss pressedPlate{30, 60, -22, -6};
 constexpr int plateBorder = -104, disabledPlateBorder = -48;
@@ -128,7 +134,8 @@ constexpr double edgeReach = 4;  // pixels over which that shade fades
 constexpr int bottomGlow = 44, topShade = -24, pressedShade = -40;
 constexpr int capTopWhite = 225, capBottomWhite = 60;
 constexpr double capInset = 2, capShare = 0.46;
-constexpr int hotParts = 120, focusParts = 110;
+constexpr int hotParts = 120, focusParts = 190;
+constexpr double focusReach = 3;
 constexpr int disabledWhite = 90;
 }  // namespace pill
 
@@ -247,8 +254,7 @@ void paintPill(ButtonFace& face, const FacePlan& plan) {
     Rgb base = plan.back();
     const Rgb accent = accentOf(plan);
     if (plan.state == FaceState::Hot) base = mixed(base, accent, pill::hotParts);
-    if (plan.state == FaceState::Focused || plan.focusShown)
-        base = mixed(base, accent, pill::focusParts);
+    const bool focused = plan.state == FaceState::Focused || plan.focusShown;
     const Rgb border = shift(base, off ? pill::disabledBorderShift : pill::borderShift);
 
     // How far a point lies inside a pill whose edge is `inset` pixels in.
@@ -258,7 +264,7 @@ void paintPill(ButtonFace& face, const FacePlan& plan) {
         const double radius = std::min({right - left, bottom - top, 2 * roundness}) / 2;
         const double dx = std::max({left + radius - x, x - (right - radius), 0.0});
         const double dy = std::max({top + radius - y, y - (bottom - radius), 0.0});
-        return radius - std::sqrt(dx * dx + dy * dy);
+        return radius - (dx > 0 && dy > 0 ? std::sqrt(dx * dx + dy * dy) : dx + dy);
     };
     const auto covered = [](double depth) {
         return static_cast<int>(std::clamp(depth + 0.5, 0.0, 1.0) * 255);
@@ -285,6 +291,8 @@ void paintPill(ButtonFace& face, const FacePlan& plan) {
                                                (pill::capBottomWhite - pill::capTopWhite) * fade);
             fill = mixed(fill, lighten(fill, down ? white / 2 : white), covered(cap));
         }
+        if (focused)
+            fill = mixed(fill, accent, pill::focusParts * covered(pill::focusReach - depth) / 255);
         const Rgb framed = mixed(border, fill, covered(depth - 1.5));
         return mixed(plan.surroundings, framed, covered(depth));
     });

@@ -14,7 +14,6 @@ constexpr int pressedShift = 1;
 constexpr int liftedShift = -2;
 constexpr int shadowStyle = 4;
 constexpr int themedStyle = 6;
-constexpr int polishedStyle = 5;
 
 // A disabled icon keeps this share of its light and shade over the face.
 constexpr int disabledParts = 2;
@@ -28,6 +27,11 @@ struct CueInset {
 constexpr CueInset plainCue{4, 4};
 constexpr CueInset framedCue{6, 6};
 constexpr CueInset pillCue{12, 5};
+
+// These styles show the focus by a ring of their own.
+bool hasOwnRing(int style) {
+    return style == 5 || (style >= 7 && style <= 10);
+}
 
 CueInset cueInset(int style) {
     if (style == 9) return framedCue;
@@ -159,8 +163,7 @@ bool paintButton(ButtonFace& face, const ButtonLook& look, const ButtonScene& sc
     const Rgb ink = captionColour(look, *scene.colours);
     paintCaption(face, look, ink);
     paintIcon(face, look);
-    // The polished style shows the focus by its ring.
-    if (scene.focusCue || (look.focusShown && look.style != polishedStyle))
+    if (scene.focusCue || (look.focusShown && !hasOwnRing(look.style)))
         paintFocusCue(face, cueInset(look.style), ink);
     return drawn;
 }

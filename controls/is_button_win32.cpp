@@ -21,13 +21,6 @@ bool isRepeat(LPARAM keyFlags) {
     return (keyFlags & (1 << 30)) != 0;
 }
 
-bool highContrast() {
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 // Someone who has asked for high contrast gets the system's own colours and plain edges: stored
 // colours and gradients cannot know what is legible then.
 void followContrast(ButtonLook& look) {
@@ -305,6 +298,9 @@ std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LP
         }
         case BM_CLICK: model_.activate(); return 0;
         case BM_GETCHECK: return model_.Value() ? BST_CHECKED : BST_UNCHECKED;
+        case BM_GETSTATE:
+            return (model_.Value() ? BST_CHECKED : 0) | (model_.hasFocus() ? BST_FOCUS : 0) |
+                   (model_.visualState() == ButtonState::Pressed ? BST_PUSHED : 0);
         case WM_KEYDOWN:
         case WM_KEYUP:
         case WM_CHAR: return onKey(message, wParam, lParam);

@@ -8,9 +8,12 @@ namespace velvox {
 
 void TextBox::Text(std::string_view text) {
     if (maxLength_ > 0) text = text.substr(0, static_cast<std::size_t>(maxLength_));
-    if (text_ == text) return;
-    text_ = text;
     selection_ = {};
+    if (text_ == text) {
+        changed(Aspect::Choice);
+        return;
+    }
+    text_ = text;
     changed(Aspect::Text);
     if (Change) Change();
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <cstdlib>
 
 #include "base/runtime_failure.h"
 #include "base/text.h"
@@ -207,15 +209,18 @@ void XPTextBox::Focus() {
 double XPTextBox::GetValue() const {
     std::string_view text = MyTxt.Text();
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    if (text.starts_with('+')) text.remove_prefix(1);
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     // Words such as "inf" are no numbers here: a sign may only be followed by a digit or a point.
     const std::size_t first = text.starts_with('-') ? 1 : 0;
     if (text.size() <= first || std::string_view("0123456789.").find(text[first]) == text.npos)
         return 0;
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec == std::errc::result_out_of_range)
-        throw RuntimeFailure(Fault::Overflow, "The number does not fit");
+    if (result.ec == std::errc::result_out_of_range) {
+        // Too large and too small look alike there.
+        value = std::strtod(std::string(text.data(), result.ptr).c_str(), nullptr);
+        if (std::isinf(value)) throw RuntimeFailure(Fault::Overflow, "The number does not fit");
+    }
     return value;
 }
 

@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
+
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
 #include "base/system_win32.h"
@@ -14,13 +16,6 @@ namespace {
 DWORD alignmentStyle(std::int16_t alignment) {
     constexpr DWORD styles[] = {ES_LEFT, ES_RIGHT, ES_CENTER};
     return styles[alignment];
-}
-
-bool highContrast() {
-    HIGHCONTRASTW state{};
-    state.cbSize = sizeof state;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, state.cbSize, &state, 0) &&
-           (state.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
 // A place in bytes as a place in UTF-16, and back.
@@ -80,6 +75,7 @@ void TextBoxWindow::follow(Aspect aspect) {
                                      : static_cast<UINT>(widen(model_.PasswordChar())[0]));
             break;
         case Aspect::Face: applyFace(); break;
+        case Aspect::Place: fit(); break;
         default: followPlace(handle(), model_, aspect); break;
     }
 }
@@ -109,7 +105,23 @@ void TextBoxWindow::applyFace() {
     const DWORD wanted =
         (style & ~static_cast<DWORD>(ES_RIGHT | ES_CENTER)) | alignmentStyle(model_.Alignment());
     if (wanted != style) SetWindowLongW(handle(), GWL_STYLE, static_cast<LONG>(wanted));
+    fit();
     InvalidateRect(handle(), nullptr, TRUE);
+}
+
+// The EDIT writes at its top. It is as tall as its text and stands in the middle of its place, so
+// that the text has as much room above as below.
+void TextBoxWindow::fit() {
+    RECT at = toPixels(model_.place());
+    const WindowDc dc(handle());
+    const Selected font(dc.get(), font_.get());
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc.get(), &metrics);
+    const LONG spare = std::max<LONG>(0, at.bottom - at.top - metrics.tmHeight);
+    at.top += spare / 2;
+    at.bottom -= spare - spare / 2;
+    SetWindowPos(handle(), nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // In high contrast the person's own colours hold: white on the box's white could not be read.
@@ -120,7 +132,11 @@ HBRUSH TextBoxWindow::colour(HDC dc) {
     if (!IsWindowEnabled(handle())) fore = systemColour(GrayTextColour);
     SetBkColor(dc, static_cast<COLORREF>(translateColour(back)));
     SetTextColor(dc, static_cast<COLORREF>(translateColour(fore)));
-    return own ? background_.get() : GetSysColorBrush(COLOR_WINDOW);
+    return background();
+}
+
+HBRUSH TextBoxWindow::background() const {
+    return highContrast() ? GetSysColorBrush(COLOR_WINDOW) : background_.get();
 }
 
 std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -218,11 +234,16 @@ void XPTextBoxWindow::paint(HDC target) const {
     GetClientRect(handle(), &client);
     const BufferedPaint buffer(target, client);
     const HDC dc = buffer.dc();
-    const OwnedBrush margin(
-        CreateSolidBrush(static_cast<COLORREF>(translateColour(model_.Pic.BackColor()))));
+    const auto rgbOf = [own = !highContrast()](OleColour colour, int inContrast) {
+        return static_cast<COLORREF>(translateColour(own ? colour : systemColour(inContrast)));
+    };
+    const OwnedBrush margin(CreateSolidBrush(rgbOf(model_.Pic.BackColor(), WindowColour)));
     FillRect(dc, &client, margin.get());
+    // The EDIT is as tall as its text only; the rest of its place looks like it.
+    const RECT inner = toPixels(model_.MyTxt.place());
+    FillRect(dc, &inner, edit_->background());
     for (const DrawnLine& line : model_.frame()) {
-        const OwnedPen pen(CreatePen(PS_SOLID, 1, static_cast<COLORREF>(line.colour)));
+        const OwnedPen pen(CreatePen(PS_SOLID, 1, rgbOf(line.colour, WindowTextColour)));
         const Selected selected(dc, pen.get());
         // Scaled by the window as it came out in pixels, so that the far edges lie on its last
         // ones.

@@ -19,12 +19,16 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     /// Enabled as the box is, and never inside a disabled container.
     void followEnabled();
 
+    /// What the box stands on.
+    HBRUSH background() const;
+
     /// The background and text colours that the parent answers WM_CTLCOLOREDIT with.
     HBRUSH colour(HDC dc);
 
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void applyFace();
+    void fit();
 
     TextBox& model_;
     const PictureBox& container_;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
+#include <cstdio>
 
 #include "base/runtime_failure.h"
 
@@ -119,10 +119,11 @@ std::string bmpOf(const PictureData& picture) {
 }
 
 void writePicture(const std::string& path, const PictureData& picture) {
-    std::ofstream file(path, std::ios::binary);
-    file << (path.ends_with(".png") ? pngOf(picture) : bmpOf(picture));
-    file.close();
-    if (!file) throw RuntimeFailure(Fault::Platform, "The picture " + path + " cannot be written");
+    const std::string bytes = path.ends_with(".png") ? pngOf(picture) : bmpOf(picture);
+    std::FILE* file = std::fopen(path.c_str(), "wb");
+    const bool written = file && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+    if (!file || std::fclose(file) != 0 || !written)
+        throw RuntimeFailure(Fault::Platform, "The picture " + path + " cannot be written");
 }
 
 }  // namespace velvox

@@ -261,6 +261,7 @@ std::optional<LRESULT> ScrollPage::onMessage(UINT message, WPARAM wParam, LPARAM
             (wParam & MK_SHIFT ? static_cast<ScrollBarWindow&>(horizontal_) : vertical_)
                 .wheel(GET_WHEEL_DELTA_WPARAM(wParam));
             return 0;
+        case WM_CTLCOLORSTATIC: return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
         case WM_MOUSEHWHEEL: horizontal_.wheel(-GET_WHEEL_DELTA_WPARAM(wParam)); return 0;
         case WM_COMMAND:
             if (HIWORD(wParam) == BN_CLICKED) {
@@ -288,7 +289,7 @@ void ScrollPage::paint(HDC target) {
         surface_.BackMode(TRANSPARENT);
         surface_.ForeColor(ink);
     }
-    surface_.BackColor(systemColour(ButtonFaceColour));
+    surface_.BackColor(systemColour(WindowColour));
     surface_.Cls();
 
     const auto caption = [&](std::string_view text, RECT at, UINT side = DT_LEFT) {
@@ -315,7 +316,7 @@ void ScrollPage::paint(HDC target) {
     surface_.FillArea(corner, frame);
     surface_.FillArea(
         {corner.left + line, corner.top + line, corner.right - line, corner.bottom - line},
-        systemColour(ButtonFaceColour));
+        systemColour(WindowColour));
     picture_.PaintToDC(surface_.hDC(), view_.left, view_.top, view_.right - view_.left,
                        view_.bottom - view_.top, x, y);
     surface_.PaintToDC(target);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "base/system_win32.h"
 #include "controlkit/scroll_look.h"
@@ -151,32 +152,34 @@ void drawEdges(clsVirtualDC& on, RECT area) {
 
 void drawText(clsVirtualDC& on, RECT area) {
     Font sample;
-    RECT line = area;
-    const auto write = [&](std::string_view words, OleColour colour) {
+    const auto write = [&](RECT& line, std::string_view words, OleColour colour) {
         on.Font(sample);
         on.ForeColor(colour);
-        line.top += on.DrawText(words, line, DT_LEFT | DT_TOP | DT_SINGLELINE) + px(2);
+        line.top += on.DrawText(words, line, DT_LEFT | DT_TOP | DT_SINGLELINE) + px(3);
     };
-    sample.points = 22;
-    write("Twenty-two points", ink);
+    sample.points = 20;
+    write(area, "Twenty points", ink);
     sample.points = 13;
     sample.name = "Arial";
+    RECT left = column(area, px(12), 2, 0);
     sample.bold = true;
-    write("Bold in blue", blue);
+    write(left, "Bold in blue", blue);
     sample.bold = false;
     sample.italic = true;
-    write("Italic in teal", teal);
-    sample.italic = false;
-    sample.name = "Tahoma";
+    write(left, "Italic in teal", teal);
+    sample = {};
+    sample.points = 13;
+    write(left, "Plain Tahoma", ink);
+    RECT right = column(area, px(12), 2, 1);
     sample.underline = true;
-    write("Underlined", crimson);
+    write(right, "Underlined", crimson);
     sample.underline = false;
     sample.strikeThrough = true;
-    write("Struck through", orange);
+    write(right, "Struck through", orange);
     sample.strikeThrough = false;
     on.BackMode(OPAQUE);
     on.BkColor(ink);
-    write(" White on a background ", paper);
+    write(right, " On ink ", paper);
     on.BackMode(TRANSPARENT);
 }
 
@@ -296,21 +299,26 @@ std::optional<LRESULT> SurfacePage::onMessage(UINT message, WPARAM wParam, LPARA
     switch (message) {
         case WM_SIZE:
         case WM_SYSCOLORCHANGE:
-            draw();
+            isDrawn_ = false;
             InvalidateRect(handle(), nullptr, FALSE);
             return 0;
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: surface_.PaintToDC(Painting(handle()).dc()); return 0;
-        case WM_PRINTCLIENT: surface_.PaintToDC(reinterpret_cast<HDC>(wParam)); return 0;
+        case WM_PAINT: paint(Painting(handle()).dc()); return 0;
+        case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         default: return std::nullopt;
     }
+}
+
+void SurfacePage::paint(HDC target) {
+    if (!std::exchange(isDrawn_, true)) draw();
+    surface_.PaintToDC(target);
 }
 
 void SurfacePage::draw() {
     RECT area{};
     GetClientRect(handle(), &area);
     surface_.CreateMyDC(area.right, area.bottom);
-    surface_.BackColor(systemColour(ButtonFaceColour));
+    surface_.BackColor(systemColour(WindowColour));
     surface_.Cls();
     surface_.BackMode(TRANSPARENT);
     const int margin = px(sizes.margin);

@@ -16,9 +16,11 @@ class SurfacePage : public Page, private Window {
 
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void paint(HDC target);
     void draw();
 
     clsVirtualDC surface_;
+    bool isDrawn_ = false;
 };
 
 }  // namespace velvox

@@ -77,6 +77,34 @@ TEST(TextTest, ReplacesAndCounts) {
     EXPECT_EQ(text::splitUpperBound("", ".flv"), -1);
 }
 
+// Few letters in many orders: the search changes the byte that it looks for all the time.
+TEST(TextTest, SearchAgreesWithAPlainLoop) {
+    unsigned seed = 1;
+    const auto letters = [&](std::size_t size, std::string_view alphabet) {
+        std::string text;
+        while (text.size() < size) {
+            seed = seed * 1664525U + 1013904223U;
+            text += alphabet[(seed >> 16) % alphabet.size()];
+        }
+        return text;
+    };
+    for (int round = 0; round < 3000; ++round) {
+        const std::string text = letters(static_cast<std::size_t>(round % 90), "aB=");
+        const std::string mark = letters(1 + static_cast<std::size_t>(round % 7), "aB=b");
+        const auto at = text.find(mark, 1);
+        const text::Position expected = at == text.npos ? 0 : static_cast<text::Position>(at) + 1;
+        EXPECT_EQ(text::find(text, mark, 2), expected) << text << " / " << mark;
+
+        const auto lower = [](std::string mixed) {
+            for (char& c : mixed)
+                if (c == 'B') c = 'b';
+            return mixed;
+        };
+        EXPECT_EQ(text::findIgnoringCase(text, mark), text::find(lower(text), lower(mark)))
+            << text << " / " << mark;
+    }
+}
+
 TEST(TextTest, NumbersKeepTheirWidth) {
     EXPECT_EQ(text::toNumber(" 42 "), 42);
     EXPECT_EQ(text::toNumber("-1"), -1);

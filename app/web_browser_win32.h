@@ -1,0 +1,66 @@
+#pragma once
+
+#include <memory>
+
+#include "app/browser_control_win32.h"
+#include "app/preview_panel_win32.h"
+#include "app/web_browser.h"
+#include "base/window_win32.h"
+
+namespace velvox {
+
+/// The preview browser: the system's web browser control in a window of ours. Where it can show
+/// no page, a panel tells the address arrived at, its type and its size instead.
+///
+/// `DocumentComplete` is raised from the message loop, never from inside `Navigate`. Its handler
+/// may throw, navigate again, or destroy this window. The control is made after the first
+/// `Navigate`, once the program's first messages have been handled, or at the second at the
+/// latest; a first navigation that it cannot start is lost without a word.
+class WebBrowserWindow : public Window,
+                         public WebBrowser,
+                         private BrowserHost,
+                         private StandInListener {
+ public:
+    static constexpr UINT answerTimeoutMs = 60'000;
+
+    /// A child window at a place in pixels. A server that has sent no document after
+    /// `timeoutMs` is waited for no longer. Throws RuntimeFailure (Platform).
+    WebBrowserWindow(HWND parent, const RECT& pixels, int id, UINT timeoutMs = answerTimeoutMs);
+    ~WebBrowserWindow() override;
+
+    void Navigate(std::string_view address) override;
+    std::string LocationURL() const override;
+    bool Offline() const override;
+
+    /// What the panel shows where no page is rendered.
+    PreviewContent content() const;
+
+ protected:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+    Arrival& arrival() noexcept override { return arrival_; }
+    void arrived() override;
+    void changed() override;
+    void documentFacts(const DocumentFacts& facts) override;
+
+    BrowserControl& control();
+    void start();
+    void startDeferred() noexcept;
+    void giveUp() noexcept;
+    void raise(unsigned number);
+    void refresh();
+    void paint(HDC dc) const;
+
+    UINT timeoutMs_;
+    Arrival arrival_;
+    std::string requested_;
+    bool deferred_ = false;  // until the control is made
+    DocumentFacts facts_;
+    unsigned factsNumber_ = 0;
+    PreviewPanel panel_;
+    std::unique_ptr<BrowserControl> control_;
+    std::unique_ptr<HeaderRequest> headerRequest_;
+};
+
+}  // namespace velvox

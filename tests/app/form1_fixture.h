@@ -1,0 +1,274 @@
+// A real main window around fakes of everything that it needs of the system. All of them, and the
+// views of the controls, write what happens into one list in the order in which it happens. Also
+// used without a test framework, by fuzz targets and benchmarks.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/form1.h"
+#include "base/join.h"
+#include "base/runtime_failure.h"
+
+namespace velvox::testing {
+
+/// One line an effect. Line breaks inside an effect are written as \r and \n.
+class EffectLog {
+ public:
+    bool recording = true;
+
+    void add(std::initializer_list<std::string_view> pieces) {
+        if (!recording) return;
+        for (const char c : join(pieces)) {
+            if (c == '\r')
+                text_ += "\\r";
+            else if (c == '\n')
+                text_ += "\\n";
+            else
+                text_ += c;
+        }
+        text_ += '\n';
+    }
+    void addFlag(std::string_view what, bool on) { add({what, on ? " True" : " False"}); }
+
+    /// Everything since the last call.
+    std::string take() { return std::exchange(text_, {}); }
+
+ private:
+    std::string text_;
+};
+
+/// A reply's body, or nothing for a transfer that fails.
+using Reply = std::optional<std::string>;
+
+struct FakeTransfer : TransferControl {
+    explicit FakeTransfer(EffectLog& effects) : log(effects) {}
+
+    std::string OpenURL(std::string_view address) override {
+        log.add({"fetch ", address});
+        if (onFetch) onFetch();
+        if (replies.empty() || !replies.front()) {
+            if (!replies.empty()) replies.pop_front();
+            throw RuntimeFailure(Fault::Transfer, "The page could not be fetched");
+        }
+        std::string body = std::move(*replies.front());
+        replies.pop_front();
+        return body;
+    }
+
+    EffectLog& log;
+    std::deque<Reply> replies;  ///< in the order of the fetches; one too many fails
+    std::function<void()> onFetch;
+};
+
+struct FakePane : ResultPane {
+    explicit FakePane(EffectLog& effects) : log(effects) {}
+
+    void DocumentHTML(std::string_view html) noexcept override {
+        log.add({"pane ", html});
+        shown = html;
+    }
+
+    EffectLog& log;
+    std::string shown;
+};
+
+struct FakeBrowser : WebBrowser {
+    explicit FakeBrowser(EffectLog& effects) : log(effects) {}
+
+    void Navigate(std::string_view address) override {
+        log.add({"navigate ", address});
+        if (refusing) throw RuntimeFailure(Fault::Platform, "The browser refuses");
+        lastAddress = address;
+    }
+    std::string LocationURL() const override {
+        if (refusing) throw RuntimeFailure(Fault::Platform, "The browser refuses");
+        return location;
+    }
+    bool Offline() const override { return offline; }
+
+    EffectLog& log;
+    std::string location = "about:blank";
+    std::string lastAddress;
+    bool offline = false;
+    bool refusing = false;
+};
+
+/// What a scripted news request answers. A name in `failing` makes that operation throw.
+struct NewsScript {
+    std::vector<std::string> failing;
+    int state = 0;
+    std::string text;
+
+    void check(EffectLog& log, std::string_view operation) const {
+        for (const std::string& name : failing) {
+            if (name != operation) continue;
+            log.add({operation, " fails"});
+            throw RuntimeFailure(Fault::Platform, name);
+        }
+    }
+};
+
+struct FakeRequest : XmlHttpRequest {
+    FakeRequest(EffectLog& effects, NewsScript& answers) : log(effects), script(answers) {}
+
+    void open(std::string_view method, std::string_view address) override {
+        script.check(log, "open");
+        log.add({"open ", method, " ", address});
+    }
+    void send() override {
+        script.check(log, "send");
+        log.add({"send"});
+    }
+    void abort() override {
+        script.check(log, "abort");
+        log.add({"abort"});
+    }
+    int readyState() const override {
+        script.check(log, "readyState");
+        return script.state;
+    }
+    std::string responseText() const override {
+        script.check(log, "responseText");
+        return script.text;
+    }
+
+    EffectLog& log;
+    NewsScript& script;
+};
+
+struct FakeDesktop : Desktop {
+    explicit FakeDesktop(EffectLog& effects) : log(effects) {}
+
+    void yield() override {
+        log.add({"yield"});
+        if (onYield) onYield();
+    }
+    void openAddress(std::string_view address) override { log.add({"shell open ", address}); }
+    void showExclamation(std::string_view text) override { log.add({"exclamation ", text}); }
+    std::string dateTimeText() const override { return "11/21/2008 9:05:00 AM"; }
+    std::unique_ptr<XmlHttpRequest> createXmlHttpRequest() override {
+        news.check(log, "create");
+        log.add({"create"});
+        return std::make_unique<FakeRequest>(log, news);
+    }
+    void endProgram() override { log.add({"end"}); }
+
+    EffectLog& log;
+    std::function<void()> onYield;
+    NewsScript news;
+};
+
+struct FakeFrame : FormFrame {
+    explicit FakeFrame(EffectLog& effects) : log(effects) {}
+
+    ScreenPoint cursorPosition() const override { return cursor; }
+    ScreenRect windowRect() const override { return rect; }
+    void moveTo(ScreenPoint to) override {
+        log.add({"move ", std::to_string(to.x), ",", std::to_string(to.y)});
+    }
+    void setCapture() override { log.add({"capture"}); }
+    void releaseCapture() override { log.add({"release"}); }
+
+    EffectLog& log;
+    ScreenPoint cursor;
+    ScreenRect rect;
+};
+
+/// Every system colour is its own number.
+struct FakeColours : SystemColours {
+    Rgb colour(int index) const override { return index; }
+};
+
+struct RecordingView : ControlView {
+    explicit RecordingView(std::function<void(Aspect)> recorder) : record(std::move(recorder)) {}
+    void follow(Aspect aspect) override { record(aspect); }
+
+    std::function<void(Aspect)> record;
+};
+
+/// The address box's inner box, without a person who selects anything.
+struct AddressView : TextBoxView {
+    AddressView(EffectLog& effects, TextBox& followed) : log(effects), box(followed) {}
+
+    Selection selection() const override { return box.wantedSelection(); }
+    void focus() override { log.add({"linkin focus"}); }
+    void follow(Aspect aspect) override {
+        if (aspect == Aspect::Enabled) log.addFlag("linkin.Enabled", box.Enabled());
+        if (aspect == Aspect::Text) log.add({"linkin.Text=", box.Text()});
+    }
+
+    EffectLog& log;
+    TextBox& box;
+};
+
+class Form1Fixture {
+ public:
+    Form1Fixture() {
+        form.linkin.MyTxt.setTextView(&address_);
+        form.ketqua.Change = [this] { log.add({"ketqua=", form.ketqua.Text()}); };
+        form.link2.Change = [this] { log.add({"link2=", form.link2.Text()}); };
+        record(form.isButton1, [this](Aspect aspect) {
+            if (aspect == Aspect::Enabled)
+                log.addFlag("isButton1.Enabled", form.isButton1.Enabled());
+        });
+        record(form.outer, [this](Aspect aspect) {
+            if (aspect == Aspect::Visible) log.addFlag("outer.Visible", form.outer.Visible());
+            if (aspect == Aspect::Place) log.add({"outer.Top=", std::to_string(form.outer.Top())});
+        });
+        for (Label* label : {&form.vd, &form.Label4})
+            record(*label, [this, label](Aspect aspect) {
+                if (aspect == Aspect::Text) log.add({label->Name(), "=", label->Caption()});
+            });
+        record(form.ds, [this](Aspect aspect) {
+            if (aspect == Aspect::Items) log.add({"ds+=", form.ds.items().back()});
+            if (aspect == Aspect::Choice) log.add({"ds=", form.ds.Text()});
+        });
+        for (Timer* timer : {&form.Timer1, &form.Timer4, &form.Timer5, &form.Timer6, &form.Timer7})
+            record(*timer, [this, timer](Aspect aspect) {
+                if (aspect != Aspect::Enabled) return;
+                log.addFlag(timer->Name(), timer->Enabled());
+                if (timerChanged) timerChanged(*timer);
+            });
+    }
+
+    /// The form's handler with an address in the box, as one list of effects.
+    std::string run(void (Form1::*handler)(), std::string_view address,
+                    std::vector<Reply> replies = {}) {
+        form.linkin.Text(address);
+        transfer.replies.assign(replies.begin(), replies.end());
+        log.take();
+        (form.*handler)();
+        return log.take();
+    }
+
+    EffectLog log;
+    FakeTransfer transfer{log};
+    FakePane pane{log};
+    FakeBrowser browser{log};
+    FakeDesktop desktop{log};
+    FakeFrame frame{log};
+    FakeColours colours;
+    Form1 form{{transfer, pane, browser, desktop, frame, colours}};
+
+    /// Told when a timer is enabled or disabled.
+    std::function<void(const Timer&)> timerChanged;
+
+ private:
+    template <class Followed>
+    void record(Followed& control, std::function<void(Aspect)> recorder) {
+        views_.push_back(std::make_unique<RecordingView>(std::move(recorder)));
+        control.setView(views_.back().get());
+    }
+
+    AddressView address_{log, form.linkin.MyTxt};
+    std::vector<std::unique_ptr<RecordingView>> views_;
+};
+
+}  // namespace velvox::testing

@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include "app/form1_design.h"
+#include "tests/app/form1_fixture.h"
+
+namespace velvox::testing {
+namespace {
+
+TEST(StartUpTest, LoadsTheListTheExampleAndTheNews) {
+    Form1Fixture fixture;
+    fixture.form.Form_Load();
+    EXPECT_EQ(fixture.log.take(),
+              "ds+=Youtube\n"
+              "ds+=Clip.vn\n"
+              "ds+=Sevenload.com\n"
+              "ds+=Veoh.com\n"
+              "ds+=Metacafe.com\n"
+              "ds+=Comic Books - Vuilen.com\n"
+              "ds=Youtube\n"
+              "vd=http://www.youtube.com/watch?v=Yp5O8Koe_A4\n"
+              "navigate about:blank\n");
+    EXPECT_EQ(fixture.form.NewsText, std::string(128, ' ') + "| Loading News....  |");
+    EXPECT_EQ(fixture.form.linkin.Text(), "");
+}
+
+TEST(StartUpTest, DesignIsInPlaceBeforeLoading) {
+    Form1Fixture fixture;
+    const Form1& form = fixture.form;
+    EXPECT_EQ(form.place(), (Place{0, 0, 7455, 4455}));
+    EXPECT_EQ(form.outer.place(), (Place{120, 4200, 7305, 3495}));
+    EXPECT_FALSE(form.outer.Visible());
+    EXPECT_FALSE(form.isButton1.Enabled());
+    EXPECT_EQ(form.isButton1.Caption(), "Close");
+    EXPECT_EQ(form.UniXPButton1.Caption(), "Download");
+    EXPECT_TRUE(form.linkin.Enabled());
+    EXPECT_EQ(form.Label5.Caption(), "Velvox 1.00");
+    EXPECT_EQ(form.Label12.Caption(), "http://www.velvox.example/");
+    const std::tuple<const Timer&, unsigned, bool> timers[] = {{form.Timer1, 500, true},
+                                                               {form.Timer4, 1, false},
+                                                               {form.Timer5, 100, true},
+                                                               {form.Timer6, 1000, true},
+                                                               {form.Timer7, 10000, false}};
+    for (const auto& [timer, interval, enabled] : timers) {
+        EXPECT_EQ(timer.Interval(), interval) << timer.Name();
+        EXPECT_EQ(timer.Enabled(), enabled) << timer.Name();
+    }
+    EXPECT_THROW(designOf("Label99"), RuntimeFailure);
+}
+
+// Children lie inside their containers and beside each other. The result area is laid over the
+// rest, from its place of a run on.
+TEST(StartUpTest, DesignHasNoOverlaps) {
+    const std::pair<std::string_view, std::vector<std::string_view>> containers[] = {
+        {"Form1",
+         {"skinicon", "skinbar", "topendskin", "Label1", "linkin", "UniXPButton1", "Label6", "ds",
+          "Label7", "vd", "Label11", "Label12", "Label13", "Picture1"}},
+        {"topendskin", {"isButton2"}},
+        {"outer", {"Label3", "output", "Label2", "web", "isButton1"}},
+        {"Picture1", {"Label4"}}};
+    for (const auto& [container, names] : containers) {
+        const Place outside = designOf(container).place;
+        for (const std::string_view name : names) {
+            const Place a = designOf(name).place;
+            EXPECT_TRUE(a.left >= 0 && a.top >= 0 && a.left + a.width <= outside.width &&
+                        a.top + a.height <= outside.height)
+                << name;
+            for (const std::string_view other : names) {
+                const Place b = designOf(other).place;
+                EXPECT_TRUE(name == other || a.left + a.width <= b.left ||
+                            b.left + b.width <= a.left || a.top + a.height <= b.top ||
+                            b.top + b.height <= a.top)
+                    << name << " and " << other;
+            }
+        }
+    }
+}
+
+TEST(StartUpTest, ChoosingASiteChangesTheExampleAlone) {
+    Form1Fixture fixture;
+    Form1& form = fixture.form;
+    form.Form_Load();
+    form.linkin.Text("mine");
+    const char* examples[] = {
+        "http://www.youtube.com/watch?v=Yp5O8Koe_A4",
+        "http://www.clip.vn/watch/VjW,vn,Clip-an-mung-ban-thang-2-1-cua-UAE-vao-luoi-Quatar.html",
+        "http://en.sevenload.com/videos/s931TZW/HiB-auf-dem-CSD",
+        "http://www.veoh.com/videos/v669398tRxFQc4d",
+        "http://www.metacafe.com/watch/983094/dog_singing_hippo/",
+        "http://comic.vuilen.com/view_book_detail.php?bookid=42&chapterid=354",
+        "http://www.nhacso.net/Music/Album/2007/06/05F62FB2/",
+    };
+    // The albums' comparison is there, their entry is not.
+    form.ds.AddItem("Album Nhacso.net");
+    for (int i = 6; i >= 0; --i) {
+        form.ds.ListIndex(i);
+        EXPECT_EQ(form.vd.Caption(), examples[i]);
+        EXPECT_EQ(form.linkin.Text(), "mine");
+    }
+    form.ds.AddItem("youtube");
+    form.ds.ListIndex(1);
+    form.ds.ListIndex(7);
+    EXPECT_EQ(form.vd.Caption(), examples[1]) << "another letter case is no entry";
+    EXPECT_THROW(form.ds.ListIndex(8), RuntimeFailure);
+    EXPECT_EQ(form.ds.ListIndex(), 7);
+
+    form.vd.Click();
+    EXPECT_EQ(form.linkin.Text(), examples[1]);
+}
+
+TEST(StartUpTest, SmallHandlers) {
+    Form1Fixture fixture;
+    Form1& form = fixture.form;
+    form.Label12.Click();
+    EXPECT_EQ(fixture.log.take(), "shell open http://www.velvox.example/\n");
+    form.isButton1.Enabled(true);
+    fixture.log.take();
+    form.isButton1.activate();
+    EXPECT_EQ(fixture.log.take(), "navigate about:blank\nouter.Visible False\n");
+
+    for (const OleColour expected : {0xFFU, 0xFF0000U, 0xFFU}) {
+        form.Timer1.Tick();
+        EXPECT_EQ(form.Label12.ForeColor(), expected);
+    }
+    form.Label12.ForeColor(0x1234);
+    form.Timer1.Tick();
+    EXPECT_EQ(form.Label12.ForeColor(), 0xFFU);
+}
+
+}  // namespace
+}  // namespace velvox::testing
