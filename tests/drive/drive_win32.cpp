@@ -96,11 +96,15 @@ std::string rect(const Words& w) {
            std::to_string(r.right - r.left) + ' ' + std::to_string(r.bottom - r.top);
 }
 
-HWND focused(HWND any) {
+GUITHREADINFO threadOf(HWND any) {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
     GetGUIThreadInfo(GetWindowThreadProcessId(any, nullptr), &info);
-    return info.hwndFocus;
+    return info;
+}
+
+HWND focused(HWND any) {
+    return threadOf(any).hwndFocus;
 }
 
 std::string state(const Words& w) {
@@ -284,6 +288,12 @@ const std::map<std::string, Command>& commands() {
          {1,
           [](const Words& w) {
               const HWND found = focused(window(w[1]));
+              return found ? hex(found) + ' ' + windowClass(found) : "none";
+          }}},
+        {"capture",
+         {1,
+          [](const Words& w) {
+              const HWND found = threadOf(window(w[1])).hwndCapture;
               return found ? hex(found) + ' ' + windowClass(found) : "none";
           }}},
         {"rect", {1, rect}},

@@ -22,6 +22,10 @@ std::string unescaped(std::string_view line) {
 
 }  // namespace
 
+std::ostream& operator<<(std::ostream& out, const Rectangle& r) {
+    return out << r.width << "x" << r.height << "+" << r.left << "+" << r.top;
+}
+
 Driver::Driver() : process_({places::wine(), places::driver()}, {}, true) {}
 
 Driver::Answer Driver::exchange(const std::vector<std::string>& words) {

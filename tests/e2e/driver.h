@@ -1,6 +1,7 @@
 // The driver inside Wine: reads and steers Velvox's windows. One serves the whole test program.
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -18,6 +19,8 @@ struct Rectangle {
 
     bool operator==(const Rectangle&) const = default;
 };
+
+std::ostream& operator<<(std::ostream& out, const Rectangle& r);
 
 class Driver {
  public:

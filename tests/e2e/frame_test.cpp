@@ -14,9 +14,21 @@ bool comesTo(const Program& program, const Rectangle& place) {
     return eventually([&] { return driver().rect(program.window()) == place; }, Milliseconds(5000));
 }
 
-// The chain's events have all been handled once a message sent after it is answered.
+bool held(const Program& program) {
+    return driver().ask({"capture", program.window()}) != "none";
+}
+
+// The drag starts from where the pointer is as the press is handled, so no move may come before.
+void grab(const Program& program, Point at) {
+    Hands().moveTo(at).press().act();
+    EXPECT_TRUE(eventually([&] { return held(program); }, Milliseconds(5000))) << "no drag";
+}
+
+// All events so far have been handled once a key after them has come to the address box.
 void settle(const Program& program) {
-    driver().ask({"ping", program.window(), "20000"});
+    const std::string expected = program.address() + "x";
+    Hands().key("x").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), expected));
 }
 
 struct Source {
@@ -38,23 +50,20 @@ TEST(FrameTest, EverySourceDragsTheWindowExactly) {
     };
     int step = 1;
     for (const Source& source : sources) {
+        SCOPED_TRACE(source.name);
         const Point from{place.left + source.at.x, place.top + source.at.y};
         const int x = 37 * step - 90;
         const int y = 111 - 41 * step;
-        Hands()
-            .moveTo(from)
-            .press()
-            .moveTo({from.x + 5, from.y + 1})
-            .moveTo({from.x - 200, from.y + 150})
-            .act();
-        EXPECT_TRUE(comesTo(program, moved(place, -200, 150))) << source.name;
+        grab(program, from);
+        Hands().moveTo({from.x + 5, from.y + 1}).moveTo({from.x - 200, from.y + 150}).act();
+        EXPECT_TRUE(comesTo(program, moved(place, -200, 150)));
         Hands().moveTo({from.x + x, from.y + y}).release().act();
         place = moved(place, x, y);
-        EXPECT_TRUE(comesTo(program, place)) << source.name;
+        EXPECT_TRUE(comesTo(program, place));
         // No longer held.
         Hands().moveTo({from.x + x + 60, from.y + y - 30}).act();
         settle(program);
-        EXPECT_EQ(driver().rect(program.window()), place) << source.name;
+        EXPECT_EQ(driver().rect(program.window()), place);
         ++step;
     }
 }
@@ -63,11 +72,15 @@ TEST(FrameTest, ARightPressDragsNothing) {
     const Program program;
     const Rectangle place = driver().rect(program.window());
     const Point from{place.left + 350, place.top + 12};
-    Hands().moveTo(from).press(3).moveTo({from.x + 50, from.y + 50}).release(3).act();
+    Hands().moveTo(from).press(3).act();
+    settle(program);
+    EXPECT_FALSE(held(program));
+    Hands().moveTo({from.x + 50, from.y + 50}).release(3).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), place);
     // A right press within a left drag does not end it, nor does its release.
-    Hands().moveTo(from).press().moveTo({from.x + 10, from.y}).press(3).release(3).act();
+    grab(program, from);
+    Hands().moveTo({from.x + 10, from.y}).press(3).release(3).act();
     Hands().moveTo({from.x + 30, from.y + 5}).release().act();
     EXPECT_TRUE(comesTo(program, moved(place, 30, 5)));
 }
@@ -78,7 +91,8 @@ TEST(FrameTest, AReleaseOverAnotherControlEndsTheDrag) {
     const Point from{place.left + 350, place.top + 12};
     // In one chain: the window has not followed yet when the button comes up over the list.
     const Point list = middleOf(driver().rect(program.control(ControlId::ds)));
-    Hands().moveTo(from).press().moveTo(list).release().act();
+    grab(program, from);
+    Hands().moveTo(list).release().act();
     const Rectangle after = moved(place, list.x - from.x, list.y - from.y);
     EXPECT_TRUE(comesTo(program, after));
     Hands().moveTo({list.x + 40, list.y + 40}).act();
@@ -92,24 +106,40 @@ TEST(FrameTest, LosingThePointerEndsTheDrag) {
     const Program program;
     const Rectangle place = driver().rect(program.window());
     const Point from{place.left + 350, place.top + 12};
-    Hands().moveTo(from).press().moveTo({from.x + 20, from.y + 10}).act();
+    grab(program, from);
+    Hands().moveTo({from.x + 20, from.y + 10}).act();
     const Rectangle taken = moved(place, 20, 10);
     EXPECT_TRUE(comesTo(program, taken));
     // A message box comes up in the middle of the drag, as by an Enter in the empty address box.
     driver().ask({"post", program.edit(), "0x100", "13", "0"});
-    driver().ask({"box", "20000"});
+    driver().ask({"box", "10000"});
     Hands().moveTo({from.x + 90, from.y + 70}).act();
-    settle(program);
-    EXPECT_EQ(driver().rect(program.window()), taken);
-    // The button comes up at last, and the window can be dragged anew.
-    Hands().release().act();
     dismissBox();
-    const Point again{taken.left + 350, taken.top + 12};
-    Hands().moveTo(again).act();
+    driver().waitGone(program.control(ControlId::outer));
+    // The button is still down.
+    Hands().moveTo({from.x + 40, from.y + 60}).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), taken);
-    Hands().press().moveTo({again.x - 15, again.y + 25}).release().act();
+    Hands().release().act();
+    settle(program);
+    // It can be dragged anew.
+    const Point again{taken.left + 350, taken.top + 12};
+    grab(program, again);
+    Hands().moveTo({again.x - 15, again.y + 25}).release().act();
     EXPECT_TRUE(comesTo(program, moved(taken, -15, 25)));
+}
+
+// What the system sends when it takes the pointer, as for its task switcher.
+TEST(FrameTest, ACancelledModeEndsTheDrag) {
+    const Program program;
+    const Rectangle place = driver().rect(program.window());
+    const Point from{place.left + 350, place.top + 12};
+    grab(program, from);
+    driver().ask({"send", program.window(), "0x1F", "0", "0"});
+    EXPECT_FALSE(held(program));
+    Hands().moveTo({from.x + 40, from.y + 60}).act();
+    settle(program);
+    EXPECT_EQ(driver().rect(program.window()), place);
 }
 
 TEST(FrameTest, TheQuitButtonDipsUnderThePointerAndEndsTheProgram) {
@@ -133,7 +163,7 @@ TEST(FrameTest, KeysEndTheProgramAndMoveIt) {
     Hands().key("alt+space").act();
     driver().waitVisible("#32768");
     Hands().key("m").act();
-    driver().waitGone("#32768");
+    EXPECT_TRUE(eventually([&] { return held(program); }));
     Hands().key("Right").key("Right").key("Down").key("Return").act();
     EXPECT_TRUE(eventually([&] { return driver().rect(program.window()).left > place.left; }));
     Hands().key("alt+F4").act();
