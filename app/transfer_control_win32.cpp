@@ -137,27 +137,6 @@ void step(BOOL accepted) {
     if (!accepted) failWithError(GetLastError());
 }
 
-// The proxy that the person has set for the system, as far as it is a fixed one.
-std::wstring userProxy() {
-    WINHTTP_CURRENT_USER_IE_PROXY_CONFIG config{};
-    std::wstring proxy;
-    if (!WinHttpGetIEProxyConfigForCurrentUser(&config)) return proxy;
-    if (config.lpszProxy) proxy = config.lpszProxy;
-    for (wchar_t* text : {config.lpszAutoConfigUrl, config.lpszProxy, config.lpszProxyBypass})
-        if (text) GlobalFree(text);
-    return proxy;
-}
-
-// Whether the machine's default names a proxy. Wine's is the environment's.
-bool machineHasProxy() {
-    WINHTTP_PROXY_INFO config{};
-    if (!WinHttpGetDefaultProxyConfiguration(&config)) return false;
-    const bool named = config.dwAccessType == WINHTTP_ACCESS_TYPE_NAMED_PROXY && config.lpszProxy;
-    for (wchar_t* text : {config.lpszProxy, config.lpszProxyBypass})
-        if (text) GlobalFree(text);
-    return named;
-}
-
 }  // namespace
 
 WinHttpTransfer::WinHttpTransfer(TransferLimits limits, std::function<void()> whileWaiting)
@@ -166,21 +145,7 @@ WinHttpTransfer::WinHttpTransfer(TransferLimits limits, std::function<void()> wh
 WinHttpTransfer::~WinHttpTransfer() = default;
 
 HINTERNET WinHttpTransfer::session() {
-    if (session_) return session_.get();
-    const std::wstring proxy = userProxy();
-    // Automatic proxy selection exists from Windows 8.1 on, and would pass by a proxy that only the
-    // machine's default names (Wine takes it and then uses none at all).
-    constexpr DWORD automaticProxy = 4;
-    if (!proxy.empty())
-        session_.reset(WinHttpOpen(nullptr, WINHTTP_ACCESS_TYPE_NAMED_PROXY, proxy.c_str(),
-                                   L"<local>", WINHTTP_FLAG_ASYNC));
-    if (!session_ && !machineHasProxy())
-        session_.reset(WinHttpOpen(nullptr, automaticProxy, WINHTTP_NO_PROXY_NAME,
-                                   WINHTTP_NO_PROXY_BYPASS, WINHTTP_FLAG_ASYNC));
-    if (!session_)
-        session_.reset(WinHttpOpen(nullptr, WINHTTP_ACCESS_TYPE_DEFAULT_PROXY,
-                                   WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS,
-                                   WINHTTP_FLAG_ASYNC));
+    if (!session_) session_ = openInternetSession();
     if (!session_) failWithError(GetLastError());
     return session_.get();
 }

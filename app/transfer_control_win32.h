@@ -2,15 +2,13 @@
 
 #include <windows.h>
 
-#include <winhttp.h>
-
 #include <chrono>
 #include <functional>
 #include <memory>
 
+#include "app/internet_session_win32.h"
 #include "app/redirects.h"
 #include "app/transfer_control.h"
-#include "base/owned_win32.h"
 
 namespace velvox {
 
@@ -19,11 +17,6 @@ struct TransferLimits {
     std::chrono::milliseconds time{60'000};  ///< for everything, redirects included
     std::size_t bytes = 256U << 20;          ///< of one body
 };
-
-inline void closeInternet(HINTERNET handle) noexcept {
-    WinHttpCloseHandle(handle);
-}
-using OwnedInternet = Owned<HINTERNET, &closeInternet>;
 
 /// Page fetches over WinHTTP with the user's proxy settings. The calling thread waits; sent
 /// messages are answered meanwhile and `whileWaiting` is called when window messages arrive, so

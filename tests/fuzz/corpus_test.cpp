@@ -1,0 +1,39 @@
+// Replays the fuzzers' corpus: tests/corpus/TARGET/ holds inputs that once broke something or reach
+// a path of their own. A target that finds something wrong aborts the test program.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "tests/fuzz/fuzz_targets.h"
+
+namespace velvox::fuzz {
+namespace {
+
+TEST(CorpusTest, EveryInputPassesItsTarget) {
+    const std::pair<const char*, void (*)(std::string_view)> targets[] = {
+        {"youtube", youtube}, {"clip", clip},         {"sevenload", sevenload},
+        {"veoh", veoh},       {"metacafe", metacafe}, {"comic", comic},
+        {"google", google},   {"dispatch", dispatch}, {"links", links},
+        {"bag", bag},         {"text", text},         {"http_address", http_address},
+    };
+    for (const auto& [name, target] : targets) {
+        int inputs = 0;
+        for (const auto& entry :
+             std::filesystem::directory_iterator(std::filesystem::path(VELVOX_CORPUS) / name)) {
+            std::ifstream file(entry.path(), std::ios::binary);
+            const std::string input{std::istreambuf_iterator<char>(file), {}};
+            replayed = entry.path().string();
+            target(input);
+            // Cut short anywhere, an input is another hostile one.
+            for (std::size_t size = 0; size < input.size(); size += 1 + input.size() / 64)
+                target(std::string_view(input).substr(0, size));
+            ++inputs;
+        }
+        EXPECT_GT(inputs, 0) << name;
+    }
+}
+
+}  // namespace
+}  // namespace velvox::fuzz

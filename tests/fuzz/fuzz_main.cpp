@@ -1,0 +1,10 @@
+// One fuzzer for the target that the build names.
+#include <cstddef>
+#include <cstdint>
+
+#include "tests/fuzz/fuzz_targets.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    velvox::fuzz::VELVOX_FUZZ_TARGET({reinterpret_cast<const char*>(data), size});
+    return 0;
+}
