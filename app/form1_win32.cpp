@@ -49,6 +49,14 @@ RECT openingPlace(SIZE size) {
     return {left, top, left + size.cx, top + size.cy};
 }
 
+// The Alt key's own message comes before the F4: they have to be taken out one by one.
+bool altF4Pressed() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, WM_SYSKEYDOWN, WM_SYSKEYDOWN, PM_REMOVE))
+        if (message.wParam == VK_F4) return true;
+    return false;
+}
+
 }  // namespace
 
 // The order is that of the construction: the boxes that hold the pane and the browser stand before
@@ -295,9 +303,7 @@ void Form1Window::whileFetching() {
     while (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE | PM_QS_PAINT))
         DispatchMessageW(&message);
     const bool closeAsked =
-        PeekMessageW(&message, handle(), WM_CLOSE, WM_CLOSE, PM_REMOVE) ||
-        (PeekMessageW(&message, nullptr, WM_SYSKEYDOWN, WM_SYSKEYDOWN, PM_NOREMOVE) &&
-         message.wParam == VK_F4) ||
+        PeekMessageW(&message, handle(), WM_CLOSE, WM_CLOSE, PM_REMOVE) || altF4Pressed() ||
         (PeekMessageW(&message, handle(), WM_SYSCOMMAND, WM_SYSCOMMAND, PM_NOREMOVE) &&
          (message.wParam & 0xFFF0) == SC_CLOSE);
     if (closeAsked) desktop_.endProgram();

@@ -96,11 +96,15 @@ std::string rect(const Words& w) {
            std::to_string(r.right - r.left) + ' ' + std::to_string(r.bottom - r.top);
 }
 
-HWND focused(HWND any) {
+GUITHREADINFO threadOf(HWND any) {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
     GetGUIThreadInfo(GetWindowThreadProcessId(any, nullptr), &info);
-    return info.hwndFocus;
+    return info;
+}
+
+HWND focused(HWND any) {
+    return threadOf(any).hwndFocus;
 }
 
 std::string state(const Words& w) {
@@ -136,10 +140,27 @@ __attribute__((force_align_arg_pointer)) BOOL CALLBACK append(HWND child, LPARAM
     return TRUE;
 }
 
+__attribute__((force_align_arg_pointer)) BOOL CALLBACK collect(HWND top, LPARAM list) noexcept {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(top);
+    return TRUE;
+}
+
 std::string tree(const Words& w) {
     const HWND found = window(w[1]);
     std::string text = describe(found);
     EnumChildWindows(found, append, reinterpret_cast<LPARAM>(&text));
+    return text;
+}
+
+// The visible top-level windows of a class, a line each.
+std::string tops(const Words& w) {
+    std::vector<HWND> found;
+    EnumWindows(collect, reinterpret_cast<LPARAM>(&found));
+    std::string text;
+    for (const HWND top : found) {
+        if (!IsWindowVisible(top) || windowClass(top) != w[1]) continue;
+        text += (text.empty() ? "" : "\n") + hex(top);
+    }
     return text;
 }
 
@@ -269,10 +290,17 @@ const std::map<std::string, Command>& commands() {
               const HWND found = focused(window(w[1]));
               return found ? hex(found) + ' ' + windowClass(found) : "none";
           }}},
+        {"capture",
+         {1,
+          [](const Words& w) {
+              const HWND found = threadOf(window(w[1])).hwndCapture;
+              return found ? hex(found) + ' ' + windowClass(found) : "none";
+          }}},
         {"rect", {1, rect}},
         {"state", {1, state}},
         {"style", {1, style}},
         {"tree", {1, tree}},
+        {"tops", {1, tops}},
         {"set", {2, setText}},
         {"post", {4, post}},
         {"send", {4, send}},

@@ -1,0 +1,107 @@
+// What a person may paste instead of an address. The window survives it and serves the next one.
+#include <gtest/gtest.h>
+
+#include "tests/e2e/program.h"
+#include "tests/e2e/proxy.h"
+
+namespace velvox::e2e {
+namespace {
+
+constexpr const char* pleaseWait = "<font face='tahoma' size='2'>Please wait...</font>";
+constexpr const char* unavailable =
+    "<font face='tahoma' size='2' color='red'>Video Unavilable..</font>";
+constexpr const char* failed = "<font face='tahoma' size='2' color='red'>Download Failed !</font>";
+
+void expectRefusal(const Program& program, const std::string& address) {
+    SCOPED_TRACE(address.substr(0, 80));
+    program.start(address);
+    EXPECT_EQ(driver().ask({"box", "20000"}), "Velvox\nPlease Enter A Valid URL...");
+    EXPECT_TRUE(program.areaShown());
+    EXPECT_EQ(program.pane(), pleaseWait);
+    dismissBox();
+    EXPECT_NO_THROW(driver().waitGone(program.control(ControlId::outer)));
+    EXPECT_EQ(program.address(), address);
+    EXPECT_FALSE(program.addressLocked());
+}
+
+void expectPaneFor(const Program& program, const std::string& address, const char* html) {
+    SCOPED_TRACE(address.substr(0, 80));
+    program.start(address);
+    program.expectPane(html);
+    EXPECT_FALSE(program.addressLocked());
+}
+
+TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
+    const Program program;
+    program.start("");
+    EXPECT_EQ(driver().ask({"box", "20000"}), "Velvox\nPlease Enter A Valid URL...");
+    // The sign in the box, beside its text.
+    EXPECT_TRUE(driver().visible("#32770/Static#0"));
+    EXPECT_NE(driver().ask({"send", "#32770/Static#0", "0x171", "0", "0"}), "0");
+    const Point button = middleOf(driver().rect("#32770/Button"));
+    Hands().click(button).act();
+    driver().waitGone("#32770");
+    EXPECT_NO_THROW(driver().waitGone(program.control(ControlId::outer)));
+
+    for (const char* address :
+         {"http://www.YouTube.com/watch?v=Yp5O8Koe_A4", "http://video.google.com/videoplay?docid=1",
+          "file:///etc/passwd", "javascript:alert(1)", "ftp://ftp.example/", "\"'<>&%\\ \x7F",
+          "Địa chỉ 日本 \xF0\x9F\x98\x80"})
+        expectRefusal(program, address);
+    expectRefusal(program, std::string(100'000, 'x'));
+    program.expectGoodRun();
+}
+
+// Other ways than http do not lead anywhere, even with a site's pattern in them.
+TEST(BadAddressTest, OtherSchemesFailAndNoSchemeIsHttp) {
+    const Proxy proxy([](const Exchange& to) { to.forward(); });
+    const Program program(Network::proxy(proxy.port()));
+    for (const char* address : {"file:///c:/youtube.com/watch?v=a", "ftp://youtube.com/watch?v=a",
+                                "javascript:alert('youtube.com/watch?v=a')"})
+        expectPaneFor(program, address, unavailable);
+    EXPECT_TRUE(proxy.addresses().empty());
+    program.start("www.youtube.com/watch?v=removed0000");
+    program.expectPane(
+        "<font face='tahoma' size='2' color='red'>Cannot Validate Request | The Video Might Be "
+        "Removed From Server..</font>");
+    EXPECT_EQ(proxy.addresses(),
+              std::vector<std::string>{"http://www.youtube.com/watch?v=removed0000"});
+    program.expectGoodRun();
+}
+
+TEST(BadAddressTest, UnknownAndRefusingHostsFail) {
+    const Program program(Network::direct());
+    const std::string closed = "http://127.0.0.1:" + std::to_string(Proxy::refusedPort());
+    expectPaneFor(program, closed + "/youtube.com/watch?v=a", unavailable);
+    expectPaneFor(program, "http://unknown.invalid/youtube.com/watch?v=a", unavailable);
+    expectPaneFor(program, "http://:0/youtube.com/watch?v=a", unavailable);
+}
+
+// Whatever stands in an address goes out as it is, made valid only where it would break the
+// request; an answer that fits nothing ends in the red line.
+TEST(BadAddressTest, OddCharactersAndLengthsGoOut) {
+    const Proxy proxy([](const Exchange& to) { to.reply("nothing", "404 Not Found"); });
+    const Program program(Network::proxy(proxy.port()));
+    expectPaneFor(program, "http://www.veoh.com/videos/\"a'<b>\\%41 \xC3\xA9\xF0\x9F\x98\x80?",
+                  failed);
+    const std::string longId(100'000, 'a');
+    expectPaneFor(program, "http://www.veoh.com/videos/" + longId, failed);
+    EXPECT_EQ(proxy.addresses(),
+              (std::vector<std::string>{"http://www.veoh.com/rest/video/"
+                                        "\"a'<b>\\%41%20%C3%A9%F0%9F%98%80/details",
+                                        "http://www.veoh.com/rest/video/" + longId + "/details"}));
+
+    // A NUL ends the text that is pasted.
+    program.closeArea();
+    putIntoClipboard(std::string_view("http://www.veoh.com/videos/v1\0?v2", 33));
+    Hands().click(middleOf(driver().rect(program.edit()))).key("End").key("shift+Home").act();
+    Hands().key("ctrl+v").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), "http://www.veoh.com/videos/v1"));
+    Hands().key("Return").act();
+    driver().waitVisible(program.control(ControlId::outer));
+    program.expectPane(failed);
+    EXPECT_EQ(proxy.addresses().back(), "http://www.veoh.com/rest/video/v1/details");
+}
+
+}  // namespace
+}  // namespace velvox::e2e

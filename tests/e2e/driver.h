@@ -1,0 +1,76 @@
+// The driver inside Wine: reads and steers Velvox's windows. One serves the whole test program.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include "tests/e2e/process.h"
+
+namespace velvox::e2e {
+
+struct Rectangle {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+
+    bool operator==(const Rectangle&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& out, const Rectangle& r);
+
+class Driver {
+ public:
+    Driver();
+
+    /// Sends one request and answers what follows "ok". Throws std::runtime_error with the
+    /// driver's reason where it fails.
+    std::string ask(const std::vector<std::string>& words);
+
+    /// Whether the driver said "ok": for waits that may end either way.
+    bool holds(const std::vector<std::string>& words);
+
+    std::string text(const std::string& window) { return ask({"text", window}); }
+    Rectangle rect(const std::string& window);
+    bool visible(const std::string& window);
+    bool enabled(const std::string& window);
+    /// Handle of the focused window of that window's program.
+    std::string focus(const std::string& window);
+    std::vector<std::string> items(const std::string& window);
+
+    void waitVisible(const std::string& window, Milliseconds time = patience);
+    void waitGone(const std::string& window, Milliseconds time = patience);
+    void waitText(const std::string& window, const std::string& text, Milliseconds time = patience);
+
+    /// How long a test waits for something that comes at once on an idle machine.
+    static constexpr Milliseconds patience{10'000};
+
+ private:
+    struct Answer {
+        bool ok;
+        std::string text;
+    };
+    Answer exchange(const std::vector<std::string>& words);
+
+    Process process_;
+};
+
+Driver& driver();
+
+constexpr Milliseconds pollingPause{5};
+
+/// Waits for a condition; false at the deadline.
+template <class Condition>
+bool eventually(Condition holds, Milliseconds time = Driver::patience) {
+    const auto deadline = Clock::now() + time;
+    while (!holds()) {
+        if (Clock::now() >= deadline) return false;
+        std::this_thread::sleep_for(pollingPause);
+    }
+    return true;
+}
+
+}  // namespace velvox::e2e

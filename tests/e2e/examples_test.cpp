@@ -1,0 +1,113 @@
+// Every site's example from the Download button to its links, byte for byte.
+#include <gtest/gtest.h>
+
+#include "tests/e2e/program.h"
+#include "tests/e2e/proxy.h"
+
+namespace velvox::e2e {
+namespace {
+
+std::string clipLink(const std::string& file) {
+    return "<a href='http://" + file +
+           "'><font face='tahoma' size='2'>Download Clip 3</a><br></font>";
+}
+
+std::string comicLinks(const std::string& base, int pages) {
+    std::string html;
+    for (int page = 1; page <= pages; ++page) {
+        const std::string number = std::to_string(page);
+        html += "<font face='tahoma' size='2'><a href='" + base + "meo03_00" + number +
+                ".jpg'>Download Image " + number + "<a></font><br>";
+    }
+    return html;
+}
+
+std::string arrivedLink(const std::string& address) {
+    return "<a href='" + address + "'><font face='tahoma' size=2>Download</font></a>";
+}
+
+// What a person does: choose the site, click the example, press Download, close the area. The
+// address box stays locked after the catchers that leave it so; the example is copied all the same.
+TEST(ExamplesTest, EachSiteYieldsItsLinks) {
+    const struct {
+        const char* site;
+        std::string html;
+        bool locked;
+        const char* address;  ///< in the box afterwards
+    } rows[] = {
+        {"YouTube",
+         arrivedLink("http://www.youtube.com/get_video?video_id=Yp5O8Koe_A4&l=215&"
+                     "t=OEgsToPDskLhRw4n0cT2mQ&sk=pk3Hj6"),
+         false, "http://www.youtube.com/watch?v=Yp5O8Koe_A4"},
+        {"clip site",
+         clipLink("media3.clip.vn/store/2007/07/19/VjW_1_ban-thang.flv") +
+             clipLink("media3.clip.vn/store/2007/07/19/VjW_2_an-mung.flv") +
+             clipLink("media5.clip.vn/store/2007/07/19/VjW_3_khan-dai.flv"),
+         false,
+         "http://www.clip.vn/watch/VjW,vn,Clip-an-mung-ban-thang-2-1-cua-UAE-vao-luoi-Quatar.html"},
+        {"Sevenload",
+         "<a href='http://data24.sevenload.com/slcom/qw/er/ty/s931TZW-flv.flv'>"
+         "<font face='tahoma' size='2'>Download</a></font>",
+         true, "http://en.sevenload.com/videos/s931TZW/HiB-auf-dem-CSD"},
+        {"Veoh",
+         "<font face='tahoma' size='2'>"
+         "<a href='http://content.veoh.com/flash/p/2/v669398tRxFQc4d/h669398.flv?ct=8b1d03f2'>"
+         "Download FLV</a><br>"
+         "<a href='http://content.veoh.com/ipod/v669398tRxFQc4d/h669398.mp4?ct=47aa9c01'>"
+         "Download MP4</a></font>",
+         false, "http://www.veoh.com/videos/v669398tRxFQc4d?"},
+        {"Metacafe",
+         arrivedLink("http://v.mccont.metacafe.com/ItemFiles/"
+                     "[From www.metacafe.com] 983094.3107452.11.flv"),
+         false, "http://www.metacafe.com/watch/983094/dog_singing_hippo/"},
+        {"comic site", comicLinks("http://comic.vuilen.com/books/42/354/", 8), true,
+         "http://comic.vuilen.com/view_book_detail.php?bookid=42&chapterid=354"},
+    };
+    const Program program;
+    int entry = 0;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.site);
+        program.startExample(entry++);
+        program.expectPane(row.html);
+        EXPECT_EQ(program.addressLocked(), row.locked);
+        EXPECT_EQ(program.address(), row.address);
+        program.closeArea();
+    }
+}
+
+// The link is made of the address at which the browser arrives, be it a player or a page.
+TEST(ExamplesTest, ArrivalsAtPlayersAndPagesGiveTheSameLink) {
+    const std::string player = "http://www.youtube.com/p%20l%41yer\\x";
+    const std::string media = "http://v.metacafe.com/%5Ba%5D%20b%2B.flv";
+    for (const char* type : {"application/x-shockwave-flash", "text/html"}) {
+        SCOPED_TRACE(type);
+        const std::string contentType = "Content-Type: " + std::string(type) + "\r\n";
+        const auto redirected = [](const Exchange& to, const char* status, const std::string& at) {
+            to.reply("", status, "Location: " + at + "\r\n");
+        };
+        const Proxy proxy([&](const Exchange& to) {
+            if (to.asksFor("/watch?v="))
+                to.reply("a page");
+            else if (to.asksFor("youtube.com/v/"))
+                redirected(to, "302 Found", "http://www.youtube.com/next");
+            else if (to.asksFor("youtube.com/next"))
+                redirected(to, "303 See Other", player + "?video_id=abc&t=%5B1]");
+            else if (to.asksFor("/fplayer/"))
+                redirected(to, "301 Moved Permanently", "http://www.metacafe.com/second");
+            else if (to.asksFor("metacafe.com/second"))
+                redirected(to, "303 See Other", "http://www.metacafe.com/f/p?mediaURL=" + media);
+            else
+                to.write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\nConnection: close\r\n" +
+                         contentType + "\r\nFWS8");
+        });
+        const Program program(Network::proxy(proxy.port()));
+        program.start("http://www.youtube.com/watch?v=abc");
+        program.expectPane(arrivedLink("http://www.youtube.com/get_video?video_id=abc&t=%5B1]"));
+        program.start("http://www.metacafe.com/watch/612285/some_title/");
+        program.expectPane(arrivedLink("http://v.metacafe.com/[a] b%2B.flv"));
+        EXPECT_FALSE(program.addressLocked());
+    }
+}
+
+}  // namespace
+}  // namespace velvox::e2e

@@ -1,0 +1,180 @@
+// The window without a caption: moved and ended by its own means, with the real pointer.
+#include <gtest/gtest.h>
+
+#include "tests/e2e/program.h"
+
+namespace velvox::e2e {
+namespace {
+
+constexpr Rectangle moved(Rectangle at, int x, int y) {
+    return {at.left + x, at.top + y, at.width, at.height};
+}
+
+bool comesTo(const Program& program, const Rectangle& place) {
+    return eventually([&] { return driver().rect(program.window()) == place; }, Milliseconds(5000));
+}
+
+bool held(const Program& program) {
+    return driver().ask({"capture", program.window()}) != "none";
+}
+
+// The drag starts from where the pointer is as the press is handled, so no move may come before.
+void grab(const Program& program, Point at) {
+    Hands().moveTo(at).press().act();
+    EXPECT_TRUE(eventually([&] { return held(program); }, Milliseconds(5000))) << "no drag";
+}
+
+// All events so far have been handled once a key after them has come to the address box.
+void settle(const Program& program) {
+    const std::string expected = program.address() + "x";
+    Hands().key("x").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), expected));
+}
+
+struct Source {
+    const char* name;
+    Point at;  ///< inside the window
+};
+
+TEST(FrameTest, EverySourceDragsTheWindowExactly) {
+    const Program program;
+    const Rectangle title = driver().rect(program.control(ControlId::Label5));
+    const Rectangle end = driver().rect(program.control(ControlId::topendskin));
+    Rectangle place = driver().rect(program.window());
+    const Source sources[] = {
+        {"form background", {250, 210}},
+        {"Label5", {middleOf(title).x - place.left, middleOf(title).y - place.top}},
+        {"skinbar", {350, 12}},
+        {"skinicon", {10, 15}},
+        {"topendskin", {end.left - place.left + 3, end.top - place.top + end.height - 3}},
+    };
+    int step = 1;
+    for (const Source& source : sources) {
+        SCOPED_TRACE(source.name);
+        const Point from{place.left + source.at.x, place.top + source.at.y};
+        const int x = 37 * step - 90;
+        const int y = 111 - 41 * step;
+        grab(program, from);
+        Hands().moveTo({from.x + 5, from.y + 1}).moveTo({from.x - 200, from.y + 150}).act();
+        EXPECT_TRUE(comesTo(program, moved(place, -200, 150)));
+        Hands().moveTo({from.x + x, from.y + y}).release().act();
+        place = moved(place, x, y);
+        EXPECT_TRUE(comesTo(program, place));
+        // No longer held.
+        Hands().moveTo({from.x + x + 60, from.y + y - 30}).act();
+        settle(program);
+        EXPECT_EQ(driver().rect(program.window()), place);
+        ++step;
+    }
+}
+
+TEST(FrameTest, ARightPressDragsNothing) {
+    const Program program;
+    const Rectangle place = driver().rect(program.window());
+    const Point from{place.left + 350, place.top + 12};
+    Hands().moveTo(from).press(3).act();
+    settle(program);
+    EXPECT_FALSE(held(program));
+    Hands().moveTo({from.x + 50, from.y + 50}).release(3).act();
+    settle(program);
+    EXPECT_EQ(driver().rect(program.window()), place);
+    // A right press within a left drag does not end it, nor does its release.
+    grab(program, from);
+    Hands().moveTo({from.x + 10, from.y}).press(3).release(3).act();
+    Hands().moveTo({from.x + 30, from.y + 5}).release().act();
+    EXPECT_TRUE(comesTo(program, moved(place, 30, 5)));
+}
+
+TEST(FrameTest, AReleaseOverAnotherControlEndsTheDrag) {
+    const Program program;
+    const Rectangle place = driver().rect(program.window());
+    const Point from{place.left + 350, place.top + 12};
+    // In one chain: the window has not followed yet when the button comes up over the list.
+    const Point list = middleOf(driver().rect(program.control(ControlId::ds)));
+    grab(program, from);
+    Hands().moveTo(list).release().act();
+    const Rectangle after = moved(place, list.x - from.x, list.y - from.y);
+    EXPECT_TRUE(comesTo(program, after));
+    Hands().moveTo({list.x + 40, list.y + 40}).act();
+    settle(program);
+    EXPECT_EQ(driver().rect(program.window()), after);
+    EXPECT_EQ(driver().ask({"send", program.control(ControlId::ds), "0x157", "0", "0"}), "0")
+        << "the list dropped down";
+}
+
+TEST(FrameTest, LosingThePointerEndsTheDrag) {
+    const Program program;
+    const Rectangle place = driver().rect(program.window());
+    const Point from{place.left + 350, place.top + 12};
+    grab(program, from);
+    Hands().moveTo({from.x + 20, from.y + 10}).act();
+    const Rectangle taken = moved(place, 20, 10);
+    EXPECT_TRUE(comesTo(program, taken));
+    // A message box comes up in the middle of the drag, as by an Enter in the empty address box.
+    driver().ask({"post", program.edit(), "0x100", "13", "0"});
+    driver().ask({"box", "10000"});
+    Hands().moveTo({from.x + 90, from.y + 70}).act();
+    dismissBox();
+    driver().waitGone(program.control(ControlId::outer));
+    // The button is still down.
+    Hands().moveTo({from.x + 40, from.y + 60}).act();
+    settle(program);
+    EXPECT_EQ(driver().rect(program.window()), taken);
+    Hands().release().act();
+    settle(program);
+    // It can be dragged anew.
+    const Point again{taken.left + 350, taken.top + 12};
+    grab(program, again);
+    Hands().moveTo({again.x - 15, again.y + 25}).release().act();
+    EXPECT_TRUE(comesTo(program, moved(taken, -15, 25)));
+}
+
+// What the system sends when it takes the pointer, as for its task switcher.
+TEST(FrameTest, ACancelledModeEndsTheDrag) {
+    const Program program;
+    const Rectangle place = driver().rect(program.window());
+    const Point from{place.left + 350, place.top + 12};
+    grab(program, from);
+    driver().ask({"send", program.window(), "0x1F", "0", "0"});
+    EXPECT_FALSE(held(program));
+    Hands().moveTo({from.x + 40, from.y + 60}).act();
+    settle(program);
+    EXPECT_EQ(driver().rect(program.window()), place);
+}
+
+TEST(FrameTest, TheQuitButtonDipsUnderThePointerAndEndsTheProgram) {
+    Program program;
+    const std::string quit = program.control(ControlId::isButton2);
+    const Rectangle bar = driver().rect(program.control(ControlId::topendskin));
+    const Rectangle atRest = driver().rect(quit);
+    EXPECT_EQ(atRest.top - bar.top, 7);  // 100 twips
+    Hands().moveTo(middleOf(atRest)).act();
+    EXPECT_TRUE(eventually([&] { return driver().rect(quit) == moved(atRest, 0, 2); }));
+    Hands().moveTo({bar.left - 100, bar.top + 10}).act();
+    EXPECT_TRUE(eventually([&] { return driver().rect(quit) == atRest; }));
+    Hands().click(middleOf(atRest)).act();
+    EXPECT_EQ(program.process().exitWithin(Driver::patience), 0);
+}
+
+TEST(FrameTest, KeysEndTheProgramAndMoveIt) {
+    Program program;
+    // Move from the system menu, by the arrow keys.
+    const Rectangle place = driver().rect(program.window());
+    Hands().key("alt+space").act();
+    driver().waitVisible("#32768");
+    Hands().key("m").act();
+    EXPECT_TRUE(eventually([&] { return held(program); }));
+    Hands().key("Right").key("Right").key("Down").key("Return").act();
+    EXPECT_TRUE(eventually([&] { return driver().rect(program.window()).left > place.left; }));
+    Hands().key("alt+F4").act();
+    EXPECT_EQ(program.process().exitWithin(Driver::patience), 0);
+
+    Program other;
+    Hands().key("alt+space").act();
+    driver().waitVisible("#32768");
+    Hands().key("c").act();
+    EXPECT_EQ(other.process().exitWithin(Driver::patience), 0);
+}
+
+}  // namespace
+}  // namespace velvox::e2e

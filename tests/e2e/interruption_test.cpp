@@ -1,0 +1,126 @@
+// Download again, Close and the end of the program in the middle of a run.
+#include <gtest/gtest.h>
+
+#include "tests/e2e/program.h"
+#include "tests/e2e/proxy.h"
+
+namespace velvox::e2e {
+namespace {
+
+constexpr Milliseconds atOnce{1500};
+
+const std::string keyDown = "0x100";
+const std::string enterKey = "13";
+
+void pressEnterInTheBox(const Program& program) {
+    driver().ask({"post", program.edit(), keyDown, enterKey, "0"});
+}
+
+// A second press waits for the end of the first run and is then a run of its own.
+TEST(InterruptionTest, DownloadPressedAgainRunsAfterwards) {
+    Gate first;
+    std::atomic<int> running{0};
+    std::atomic<bool> overlapped{false};
+    Proxy proxy([&](const Exchange& to) {
+        if (++running > 1) overlapped = true;
+        first.wait();
+        to.forward();
+        --running;
+    });
+    const Program program(Network::proxy(proxy.port()));
+    program.start("http://www.veoh.com/videos/v669398tRxFQc4d");
+    ASSERT_TRUE(proxy.asked(1));
+    EXPECT_TRUE(program.addressLocked());
+    EXPECT_FALSE(driver().enabled(program.control(ControlId::isButton1)));
+    pressEnterInTheBox(program);
+    pressEnterInTheBox(program);
+    // Close and Escape do nothing meanwhile, nor does a real Enter with the button hidden.
+    program.click(ControlId::isButton1);
+    Hands().key("Escape").key("Return").act();
+    EXPECT_TRUE(program.areaShown());
+    EXPECT_EQ(proxy.addresses().size(), 1U);
+    first.open();
+    EXPECT_TRUE(proxy.asked(3));
+    EXPECT_FALSE(overlapped);
+    EXPECT_NO_THROW(driver().ask(
+        {"until", program.control(ControlId::output), "contains", "Download MP4", "20000"}));
+    EXPECT_TRUE(
+        eventually([&] { return driver().enabled(program.control(ControlId::isButton1)); }));
+    // Nothing but the three runs, and the box is still the one address with its one mark.
+    EXPECT_EQ(proxy.addresses().size(), 3U);
+    EXPECT_EQ(program.address(), "http://www.veoh.com/videos/v669398tRxFQc4d?");
+}
+
+// A comic book yields after each page: what was pressed before runs inside the first yield, whole,
+// and empties the collected links at its end. The outer run goes on with what it has left.
+TEST(InterruptionTest, DownloadInsideAComicBooksYieldRunsNested) {
+    Gate gate;
+    const Proxy proxy([&](const Exchange& to) {
+        if (to.asksFor("config.xml")) gate.wait();
+        to.forward();
+    });
+    const Program program(Network::proxy(proxy.port()));
+    program.start("http://comic.vuilen.com/view_book_detail.php?bookid=42&chapterid=354");
+    ASSERT_TRUE(proxy.asked(2));
+    pressEnterInTheBox(program);
+    gate.open();
+    EXPECT_TRUE(proxy.asked(4));
+    std::string html;
+    for (int page = 2; page <= 8; ++page) {
+        const std::string number = std::to_string(page);
+        html +=
+            "<font face='tahoma' size='2'><a href='http://comic.vuilen.com/books/42/354/"
+            "meo03_00" +
+            number + ".jpg'>Download Image " + number + "<a></font><br>";
+    }
+    program.expectPane(html);
+    program.closeArea();
+}
+
+// While a page is awaited the program ends at once, by whatever it is told to.
+TEST(InterruptionTest, TheProgramEndsAtOnceDuringASilentFetch) {
+    const Proxy proxy([](const Exchange& to) { to.staySilent(); });
+    const struct {
+        const char* name;
+        std::function<void(const Program&)> act;
+    } ways[] = {
+        {"quit button", [](const Program& p) { p.click(ControlId::isButton2); }},
+        {"Alt+F4", [](const Program&) { Hands().key("alt+F4").act(); }},
+        {"WM_CLOSE",
+         [](const Program& p) {
+             driver().ask({"close", p.window()});
+         }},
+        {"taskbar menu",
+         [](const Program& p) {
+             driver().ask({"post", p.window(), "0x112", "0xF060", "0"});
+         }},
+    };
+    std::size_t asked = 0;
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.name);
+        Program program(Network::proxy(proxy.port()));
+        program.start("http://www.youtube.com/watch?v=abc");
+        ASSERT_TRUE(proxy.asked(++asked));
+        way.act(program);
+        EXPECT_EQ(program.process().exitWithin(atOnce), 0);
+    }
+}
+
+TEST(InterruptionTest, TheProgramEndsInTheMiddleOfALongComicBook) {
+    std::string book;
+    for (int page = 0; page < 32767; ++page) book += "<page> p.jpg </page>\n";
+    const Proxy proxy([&](const Exchange& to) {
+        if (to.asksFor("config.xml"))
+            to.reply(book);
+        else
+            to.reply("<iframe FRAMEBORDER='0' src='http://comic.vuilen.com/b/index.php'></iframe>");
+    });
+    Program program(Network::proxy(proxy.port()));
+    program.start("http://comic.vuilen.com/view_book_detail.php?bookid=1");
+    ASSERT_TRUE(proxy.asked(2));
+    driver().ask({"close", program.window()});
+    EXPECT_EQ(program.process().exitWithin(atOnce), 0);
+}
+
+}  // namespace
+}  // namespace velvox::e2e

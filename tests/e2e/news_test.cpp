@@ -1,0 +1,65 @@
+// The news strip over real requests.
+#include <gtest/gtest.h>
+
+#include "tests/e2e/program.h"
+#include "tests/e2e/proxy.h"
+
+namespace velvox::e2e {
+namespace {
+
+// A refresh comes about eleven seconds after the news before it.
+constexpr Milliseconds refresh{30'000};
+
+void expectStrip(const Program& program, const std::string& text, Milliseconds time) {
+    EXPECT_NO_THROW(driver().ask({"until", program.control(ControlId::Label4), "contains", text,
+                                  std::to_string(time.count())}));
+}
+
+TEST(NewsTest, ShowsTheSitesNewsAndLaterOthers) {
+    std::mutex mutex;
+    std::string news = "| first news |";
+    std::vector<std::string> requests;
+    Proxy proxy([](const Exchange& to) { to.forward(); },
+                [&](const Exchange& to) {
+                    const std::lock_guard lock(mutex);
+                    requests.push_back(to.address());
+                    to.reply("<html><!-News!->" + news + "<!-NewsEnd!-></html>");
+                });
+    const Program replica;
+    const Program own(Network::proxy(proxy.port()));
+    expectStrip(own, "| firs", Driver::patience);
+    {
+        const std::lock_guard lock(mutex);
+        news = "| changed |";
+    }
+    // The replica's news come in character by character from the right.
+    expectStrip(replica, "| Velvox 1.00 is out", Driver::patience);
+    // A run does not disturb the strip, nor the strip a run.
+    own.expectGoodRun();
+    expectStrip(own, "| first news |", Driver::patience);
+    expectStrip(own, "| changed |", refresh);
+    const std::lock_guard lock(mutex);
+    ASSERT_GE(requests.size(), 2U);
+    EXPECT_TRUE(requests[0].starts_with("http://www.velvox.example/news.txt?rnd=")) << requests[0];
+    EXPECT_NE(requests[0], requests[1]) << "the answer could come out of a cache";
+}
+
+// A server of news that never answers disturbs nothing, and is asked again.
+TEST(NewsTest, SilentNewsAreAskedForAgain) {
+    std::atomic<int> asked{0};
+    Proxy proxy([](const Exchange& to) { to.forward(); },
+                [&](const Exchange& to) {
+                    if (++asked == 1)
+                        to.staySilent();
+                    else
+                        to.reply("<!-News!->| late news |<!-NewsEnd!->");
+                });
+    const Program program(Network::proxy(proxy.port()));
+    EXPECT_TRUE(eventually([&] { return asked == 1; }));
+    program.expectGoodRun();
+    expectStrip(program, "| Loading News....  |", Driver::patience);
+    expectStrip(program, "| late news |", refresh);
+}
+
+}  // namespace
+}  // namespace velvox::e2e

@@ -1,0 +1,47 @@
+#include "tests/e2e/places.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+
+namespace velvox::e2e::places {
+namespace {
+
+const std::filesystem::path tools = E2E_TOOLS;
+
+std::string program(const char* name) {
+    const char* folder = std::getenv("E2E_PROGRAMS");
+    const auto file = std::filesystem::path(folder ? folder : E2E_PROGRAMS) / name;
+    if (!exists(file)) throw std::runtime_error(file.string() + " is not built");
+    return file;
+}
+
+}  // namespace
+
+std::string wine() {
+    return tools / "wine";
+}
+
+std::string driver() {
+    return program("drive.exe");
+}
+
+std::string velvox() {
+    return program("velvox.exe");
+}
+
+std::string impatientVelvox() {
+    return program("velvox-impatient.exe");
+}
+
+std::string emptyWindow() {
+    return program("empty-window.exe");
+}
+
+int sitesPort() {
+    const char* port = std::getenv("VELVOX_SITES_PORT");
+    if (!port) throw std::runtime_error("no replica sites: run within tools/with-session");
+    return std::atoi(port);
+}
+
+}  // namespace velvox::e2e::places

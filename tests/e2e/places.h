@@ -1,0 +1,18 @@
+// Where the parts of a run are: the build says the folders, the session the servers.
+#pragma once
+
+#include <string>
+
+namespace velvox::e2e::places {
+
+std::string wine();
+std::string driver();
+std::string velvox();
+/// Velvox with a limit of three seconds instead of a minute for a page.
+std::string impatientVelvox();
+/// A program of one empty window, to compare with.
+std::string emptyWindow();
+/// The replica sites as a proxy.
+int sitesPort();
+
+}  // namespace velvox::e2e::places

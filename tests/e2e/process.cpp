@@ -1,0 +1,182 @@
+#include "tests/e2e/process.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <stdexcept>
+#include <utility>
+
+namespace velvox::e2e {
+namespace {
+
+constexpr Milliseconds toolTime{20'000};
+
+[[noreturn]] void fail(const std::string& what) {
+    throw std::runtime_error(what + ": " + std::strerror(errno));
+}
+
+struct Pipe {
+    Pipe() {
+        int ends[2];
+        if (pipe2(ends, O_CLOEXEC) != 0) fail("pipe");
+        readEnd = ends[0];
+        writeEnd = ends[1];
+    }
+    int readEnd;
+    int writeEnd;
+};
+
+std::vector<char*> pointers(std::vector<std::string>& texts) {
+    std::vector<char*> all;
+    for (std::string& text : texts) all.push_back(text.data());
+    all.push_back(nullptr);
+    return all;
+}
+
+std::vector<std::string> merged(const Environment& own) {
+    std::vector<std::string> all = own;
+    for (char** entry = environ; *entry; ++entry) {
+        const std::string text = *entry;
+        const std::string name = text.substr(0, text.find('=') + 1);
+        bool replaced = false;
+        for (const std::string& mine : own) replaced |= mine.starts_with(name);
+        if (!replaced) all.push_back(text);
+    }
+    return all;
+}
+
+int waitingTime(Clock::time_point deadline) {
+    const auto left = std::chrono::ceil<Milliseconds>(deadline - Clock::now()).count();
+    return left > 0 ? static_cast<int>(left) : 0;
+}
+
+bool readable(int file, Clock::time_point deadline) {
+    pollfd wanted{file, POLLIN, 0};
+    int ready = 0;
+    do {
+        ready = poll(&wanted, 1, waitingTime(deadline));
+    } while (ready < 0 && errno == EINTR);
+    return ready > 0;
+}
+
+}  // namespace
+
+Process::Process(const std::vector<std::string>& command, const Environment& environment,
+                 bool piped) {
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    if (piped) {
+        // A program that has ended must not end the test with a signal when it is written to.
+        signal(SIGPIPE, SIG_IGN);
+        const Pipe in;
+        const Pipe out;
+        posix_spawn_file_actions_adddup2(&files, in.readEnd, STDIN_FILENO);
+        posix_spawn_file_actions_adddup2(&files, out.writeEnd, STDOUT_FILENO);
+        input_ = in.writeEnd;
+        output_ = out.readEnd;
+        posix_spawn_file_actions_addclose(&files, in.writeEnd);
+        posix_spawn_file_actions_addclose(&files, out.readEnd);
+        std::vector<std::string> words = command;
+        std::vector<std::string> variables = merged(environment);
+        const int error = posix_spawnp(&id_, words[0].c_str(), &files, nullptr,
+                                       pointers(words).data(), pointers(variables).data());
+        close(in.readEnd);
+        close(out.writeEnd);
+        errno = error;
+    } else {
+        posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        std::vector<std::string> words = command;
+        std::vector<std::string> variables = merged(environment);
+        errno = posix_spawnp(&id_, words[0].c_str(), &files, nullptr, pointers(words).data(),
+                             pointers(variables).data());
+    }
+    const int error = errno;
+    posix_spawn_file_actions_destroy(&files);
+    if (error != 0) {
+        errno = error;
+        fail(command[0] + " does not start");
+    }
+    watch_ = static_cast<int>(syscall(SYS_pidfd_open, id_, 0));
+    if (watch_ < 0) fail("pidfd_open");
+}
+
+Process::~Process() {
+    if (!exit_) {
+        kill(id_, SIGKILL);
+        waitpid(id_, nullptr, 0);
+    }
+    for (const int file : {watch_, input_, output_})
+        if (file >= 0) close(file);
+}
+
+std::optional<int> Process::exitWithin(Milliseconds time) {
+    if (exit_ || !readable(watch_, Clock::now() + time)) return exit_;
+    int status = 0;
+    if (waitpid(id_, &status, 0) != id_) fail("waitpid");
+    exit_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    return exit_;
+}
+
+void Process::write(std::string_view bytes) const {
+    while (!bytes.empty()) {
+        const ssize_t sent = ::write(input_, bytes.data(), bytes.size());
+        if (sent < 0 && errno == EINTR) continue;
+        if (sent <= 0) fail("write to a program");
+        bytes.remove_prefix(static_cast<std::size_t>(sent));
+    }
+}
+
+void Process::closeInput() {
+    close(std::exchange(input_, -1));
+}
+
+bool Process::readMore(Clock::time_point deadline) {
+    if (!readable(output_, deadline)) throw std::runtime_error("a program does not answer in time");
+    char piece[65536];
+    const ssize_t got = read(output_, piece, sizeof piece);
+    if (got > 0) read_.append(piece, static_cast<std::size_t>(got));
+    return got > 0;
+}
+
+std::string Process::readLine(Milliseconds time) {
+    const auto deadline = Clock::now() + time;
+    std::size_t searched = 0;
+    for (;;) {
+        const auto end = read_.find('\n', searched);
+        if (end != read_.npos) {
+            std::string line = read_.substr(0, end);
+            read_.erase(0, end + 1);
+            if (line.ends_with('\r')) line.pop_back();
+            return line;
+        }
+        searched = read_.size();
+        if (!readMore(deadline)) throw std::runtime_error("a program ended without an answer");
+    }
+}
+
+std::string Process::readAll(Milliseconds time) {
+    const auto deadline = Clock::now() + time;
+    while (readMore(deadline)) {
+    }
+    return std::exchange(read_, {});
+}
+
+std::string outputOf(const std::vector<std::string>& command, std::string_view input) {
+    Process process(command, {}, true);
+    process.write(input);
+    process.closeInput();
+    std::string output = process.readAll(toolTime);
+    const auto code = process.exitWithin(toolTime);
+    if (code != 0) throw std::runtime_error(command[0] + " failed: " + output);
+    return output;
+}
+
+}  // namespace velvox::e2e

@@ -1,0 +1,55 @@
+// A program that a test started, ended by its id at the latest with the object.
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velvox::e2e {
+
+using Milliseconds = std::chrono::milliseconds;
+using Clock = std::chrono::steady_clock;
+
+using Environment = std::vector<std::string>;  ///< "NAME=VALUE", over the test's own
+
+class Process {
+ public:
+    /// `piped`: its standard input and output are connected to `write` and `readLine`; else they
+    /// lead nowhere. Throws std::runtime_error when it cannot be started.
+    explicit Process(const std::vector<std::string>& command, const Environment& environment = {},
+                     bool piped = false);
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+    ~Process();
+
+    pid_t id() const { return id_; }
+
+    /// The exit code (128 and more after a signal), or nothing when it still runs after that time.
+    std::optional<int> exitWithin(Milliseconds time);
+
+    void write(std::string_view bytes) const;
+    void closeInput();
+    /// The next line without its line end. Throws at the deadline and at the end of the output.
+    std::string readLine(Milliseconds time);
+    /// Everything up to the end of the output.
+    std::string readAll(Milliseconds time);
+
+ private:
+    bool readMore(Clock::time_point deadline);
+
+    pid_t id_ = 0;
+    int watch_ = -1;  ///< readable once the program has ended
+    int input_ = -1;
+    int output_ = -1;
+    std::string read_;
+    std::optional<int> exit_;
+};
+
+/// Runs a program to its end and answers its output; throws when it fails or takes too long.
+std::string outputOf(const std::vector<std::string>& command, std::string_view input = "");
+
+}  // namespace velvox::e2e

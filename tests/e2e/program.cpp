@@ -1,0 +1,128 @@
+#include "tests/e2e/program.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <sstream>
+#include <stdexcept>
+
+#include "tests/e2e/places.h"
+
+namespace velvox::e2e {
+namespace {
+
+constexpr int veohEntry = 3;
+constexpr const char* messageBox = "#32770";
+
+std::string proxyVariable(const Network& network) {
+    if (network.port == 0) return "http_proxy=";
+    return "http_proxy=http://127.0.0.1:" + std::to_string(network.port);
+}
+
+std::set<std::string> mainWindows() {
+    std::istringstream lines(driver().ask({"tops", "Form1"}));
+    std::set<std::string> all;
+    for (std::string line; std::getline(lines, line);) all.insert(line);
+    return all;
+}
+
+}  // namespace
+
+Network Network::sites() {
+    return {places::sitesPort()};
+}
+
+namespace {
+
+std::string newMainWindow(const std::set<std::string>& before) {
+    std::string found;
+    const bool came = eventually([&] {
+        for (const std::string& window : mainWindows())
+            if (!before.contains(window)) found = window;
+        return !found.empty();
+    });
+    if (!came) throw std::runtime_error("the program shows no window");
+    return found;
+}
+
+}  // namespace
+
+Program::Program(Network network, const std::string& file)
+    : Program(mainWindows(), network, file.empty() ? places::velvox() : file) {}
+
+Program::Program(const std::set<std::string>& before, const Network& network,
+                 const std::string& file)
+    : process_({places::wine(), file}, {proxyVariable(network)}), window_(newMainWindow(before)) {
+    // Its first message is answered once the window has been painted.
+    driver().ask({"ping", window_, "20000"});
+}
+
+std::string Program::control(ControlId id) const {
+    return window_ + "/@" + std::to_string(static_cast<int>(id));
+}
+
+void Program::click(ControlId id) const {
+    Hands().click(middleOf(driver().rect(control(id)))).act();
+}
+
+void Program::enter(const std::string& address) const {
+    driver().ask({"set", edit(), address});
+}
+
+void Program::closeArea() const {
+    if (!areaShown()) return;
+    click(ControlId::isButton1);
+    driver().waitGone(control(ControlId::outer));
+}
+
+void Program::start(const std::string& address) const {
+    closeArea();
+    enter(address);
+    click(ControlId::UniXPButton1);
+    driver().waitVisible(control(ControlId::outer));
+}
+
+void Program::expectPane(const std::string& html, Milliseconds time) const {
+    EXPECT_NO_THROW(driver().waitText(control(ControlId::output), html, time));
+    EXPECT_TRUE(eventually([&] { return driver().enabled(control(ControlId::isButton1)); }))
+        << "Close is not usable";
+}
+
+void Program::startExample(int entry) const {
+    closeArea();
+    const std::string list = control(ControlId::ds);
+    const std::string entryText = driver().items(list).at(static_cast<std::size_t>(entry));
+    Hands keys;
+    keys.click(middleOf(driver().rect(list))).key("Home");
+    for (int i = 0; i < entry; ++i) keys.key("Down");
+    keys.key("Return").act();
+    driver().waitText(list, entryText);
+    const std::string example = control(ControlId::vd);
+    // Wherever it is written: at the label's left end.
+    const Rectangle place = driver().rect(example);
+    Hands().click({place.left + place.width / 8, place.top + 5}).act();
+    driver().waitText(edit(), driver().text(example));
+    click(ControlId::UniXPButton1);
+    driver().waitVisible(control(ControlId::outer));
+}
+
+void Program::expectGoodRun() const {
+    startExample(veohEntry);
+    expectPane(
+        "<font face='tahoma' size='2'>"
+        "<a href='http://content.veoh.com/flash/p/2/v669398tRxFQc4d/h669398.flv?ct=8b1d03f2'>"
+        "Download FLV</a><br>"
+        "<a href='http://content.veoh.com/ipod/v669398tRxFQc4d/h669398.mp4?ct=47aa9c01'>"
+        "Download MP4</a></font>");
+    EXPECT_FALSE(addressLocked());
+    closeArea();
+}
+
+std::string dismissBox() {
+    const std::string titleAndText = driver().ask({"box", "20000"});
+    Hands().key("Return").act();
+    driver().waitGone(messageBox);
+    return titleAndText;
+}
+
+}  // namespace velvox::e2e

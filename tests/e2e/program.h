@@ -1,0 +1,66 @@
+// A running Velvox, seen through its windows.
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "app/control_ids.h"
+#include "tests/e2e/driver.h"
+#include "tests/e2e/input.h"
+#include "tests/e2e/process.h"
+
+namespace velvox::e2e {
+
+/// Where a program's pages come from: a proxy's port, or the network itself.
+struct Network {
+    static Network sites();
+    static Network proxy(int port) { return {port}; }
+    static Network direct() { return {0}; }
+
+    int port;
+};
+
+class Program {
+ public:
+    /// Starts it and waits for its window.
+    explicit Program(Network network = Network::sites(), const std::string& file = "");
+
+    const std::string& window() const { return window_; }
+    std::string control(ControlId id) const;
+    std::string edit() const { return control(ControlId::linkin) + "/Edit"; }
+
+    std::string address() const { return driver().text(edit()); }
+    /// The whole HTML of the result pane.
+    std::string pane() const { return driver().text(control(ControlId::output)); }
+    bool areaShown() const { return driver().visible(control(ControlId::outer)); }
+    bool addressLocked() const { return !driver().enabled(edit()); }
+
+    void click(ControlId id) const;
+    /// Puts a text into the address box without the clipboard.
+    void enter(const std::string& address) const;
+    /// Hides the result area if it is shown.
+    void closeArea() const;
+    /// Enters the address, presses Download and waits for the result area.
+    void start(const std::string& address) const;
+    /// Waits for the pane's HTML, and for the end of the run.
+    void expectPane(const std::string& html, Milliseconds time = Driver::patience) const;
+    /// Chooses an entry of the site list with the keyboard, its example, and presses Download.
+    void startExample(int entry) const;
+
+    /// A Veoh run on the replica sites, from the example, with its links.
+    void expectGoodRun() const;
+
+    Process& process() { return process_; }
+    const Process& process() const { return process_; }
+
+ private:
+    Program(const std::set<std::string>& before, const Network& network, const std::string& file);
+
+    Process process_;
+    std::string window_;
+};
+
+/// Answers the one message box's title and text, and closes it with Enter.
+std::string dismissBox();
+
+}  // namespace velvox::e2e

@@ -1,0 +1,131 @@
+// The window as it opens, and asking: address box, site list, example, keyboard.
+#include <gtest/gtest.h>
+
+#include "app/hosts.h"
+#include "tests/e2e/program.h"
+
+namespace velvox::e2e {
+namespace {
+
+constexpr const char* veohExample = "http://www.veoh.com/videos/v669398tRxFQc4d";
+constexpr const char* veohLink = "http://content.veoh.com/flash/p/2/v669398tRxFQc4d/h669398.flv";
+
+const std::vector<std::string> examples = {
+    "http://www.youtube.com/watch?v=Yp5O8Koe_A4",
+    "http://www.clip.vn/watch/VjW,vn,Clip-an-mung-ban-thang-2-1-cua-UAE-vao-luoi-Quatar.html",
+    "http://en.sevenload.com/videos/s931TZW/HiB-auf-dem-CSD",
+    veohExample,
+    "http://www.metacafe.com/watch/983094/dog_singing_hippo/",
+    "http://comic.vuilen.com/view_book_detail.php?bookid=42&chapterid=354",
+};
+
+void waitForLinks(const Program& program) {
+    EXPECT_NO_THROW(
+        driver().ask({"until", program.control(ControlId::output), "contains", veohLink, "20000"}));
+}
+
+TEST(StartUpTest, OpensWithTheFirstSiteAndTheAddressBoxFocused) {
+    const Program program;
+    EXPECT_EQ(driver().ask({"class", program.window()}), "Form1");
+    EXPECT_EQ(driver().text(program.window()), "Velvox 1.00");
+    EXPECT_EQ(driver().items(program.control(ControlId::ds)),
+              (std::vector<std::string>{"Youtube", "Clip.vn", "Sevenload.com", "Veoh.com",
+                                        "Metacafe.com", "Comic Books - Vuilen.com"}));
+    EXPECT_EQ(driver().text(program.control(ControlId::ds)), "Youtube");
+    EXPECT_EQ(driver().text(program.control(ControlId::vd)), examples[0]);
+    EXPECT_EQ(driver().text(program.control(ControlId::Label12)), hosts::home);
+    EXPECT_EQ(program.address(), "");
+    EXPECT_EQ(driver().focus(program.window()), driver().ask({"find", program.edit()}));
+    EXPECT_FALSE(program.areaShown());
+    EXPECT_FALSE(driver().enabled(program.control(ControlId::isButton1)));
+    // In the middle of the session's screen.
+    const Rectangle place = driver().rect(program.window());
+    EXPECT_EQ(place, (Rectangle{(1280 - 497) / 2, (1024 - 297) / 2, 497, 297}));
+}
+
+TEST(StartUpTest, ChoosingASiteChangesTheExampleAloneAndClickingThatCopiesIt) {
+    const Program program;
+    const std::string list = program.control(ControlId::ds);
+    const std::string example = program.control(ControlId::vd);
+    program.enter("what was there");
+    Hands().click(middleOf(driver().rect(list))).key("Escape").act();
+    for (std::size_t entry = 0; entry < examples.size(); ++entry) {
+        Hands().key(entry == 0 ? "Home" : "Down").act();
+        EXPECT_NO_THROW(driver().waitText(example, examples[entry]));
+        EXPECT_EQ(program.address(), "what was there");
+    }
+    const Rectangle place = driver().rect(example);
+    Hands().click({place.left + 20, place.top + 5}).act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), examples.back()));
+}
+
+TEST(StartUpTest, PastesByKeyAndByMenuAndEnterPressesDownload) {
+    const Program program;
+    const Point box = middleOf(driver().rect(program.edit()));
+    putIntoClipboard("from the menu");
+    Hands().click(box, 3).act();
+    driver().waitVisible("#32768");
+    Hands().key("p").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), "from the menu"));
+
+    putIntoClipboard(veohExample);
+    Hands().click(box).key("End").key("shift+Home").key("ctrl+v").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), veohExample));
+    Hands().key("Return").act();
+    driver().waitVisible(program.control(ControlId::outer));
+    waitForLinks(program);
+    EXPECT_EQ(program.address(), std::string(veohExample) + "?");
+}
+
+TEST(StartUpTest, EscapeAndCloseHideTheResultArea) {
+    const Program program;
+    const std::string area = program.control(ControlId::outer);
+    program.start(veohExample);
+    waitForLinks(program);
+    Hands().key("Escape").act();
+    EXPECT_NO_THROW(driver().waitGone(area));
+    EXPECT_EQ(driver().focus(program.window()), driver().ask({"find", program.edit()}));
+    // What the area covered can be used again.
+    program.click(ControlId::UniXPButton1);
+    driver().waitVisible(area);
+    waitForLinks(program);
+    program.click(ControlId::isButton1);
+    EXPECT_NO_THROW(driver().waitGone(area));
+    program.expectGoodRun();
+}
+
+// Everything can be reached without a mouse, in the order of the eye, and never what is hidden.
+TEST(StartUpTest, TabGoesRoundThroughAllThatCanBeUsed) {
+    const Program program;
+    const auto expectRound = [&](const std::vector<std::string>& stops) {
+        for (std::size_t i = 0; i <= stops.size(); ++i) {
+            const std::string& stop = stops[i % stops.size()];
+            EXPECT_TRUE(eventually([&] { return driver().focus(program.window()) == stop; },
+                                   Milliseconds(3000)))
+                << "stop " << i << " is not "
+                << driver().ask({"class", driver().focus(program.window())});
+            if (i < stops.size()) Hands().key("Tab").act();
+        }
+    };
+    const auto handle = [&](ControlId id) { return driver().ask({"find", program.control(id)}); };
+    expectRound({driver().ask({"find", program.edit()}), handle(ControlId::UniXPButton1),
+                 handle(ControlId::ds), handle(ControlId::vd), handle(ControlId::Label12),
+                 handle(ControlId::isButton2)});
+    // The example by keyboard alone.
+    Hands().key("Tab").key("Tab").key("Tab").key("Return").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), examples[0]));
+}
+
+TEST(StartUpTest, TwoProgramsRunSideBySide) {
+    const Program first;
+    {
+        Program second;
+        second.expectGoodRun();
+        driver().ask({"close", second.window()});
+        EXPECT_EQ(second.process().exitWithin(Driver::patience), 0);
+    }
+    first.expectGoodRun();
+}
+
+}  // namespace
+}  // namespace velvox::e2e
