@@ -1,0 +1,56 @@
+// Reads the HTML that the result pane is given: font, a, br, text and entities. Of anything else
+// the text is kept, so a page's own words or a pasted line show as they are.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/colour.h"
+
+namespace velvox {
+
+/// How a run of text looks.
+struct TextLook {
+    static constexpr Rgb automatic = -1;
+
+    std::uint16_t face = 0;         ///< index into HtmlFragment::faces
+    std::uint16_t halfPoints = 20;  ///< size 2, ten points
+    Rgb colour = automatic;         ///< or the colour that window text or links have
+
+    bool operator==(const TextLook&) const = default;
+};
+
+/// A piece of the text with one look, inside one link or none.
+struct TextRun {
+    static constexpr int noLink = -1;
+
+    std::size_t begin = 0;  ///< bytes of HtmlFragment::text
+    std::size_t end = 0;
+    TextLook look;
+    int link = noLink;  ///< index into HtmlFragment::addresses
+};
+
+struct HtmlFragment {
+    /// What is to be read, entities resolved and white space collapsed; "\n" is a line break.
+    std::string text;
+
+    /// Cover the text from front to back; none is empty.
+    std::vector<TextRun> runs;
+
+    /// Where the links lead, in order; a link need not have any text.
+    std::vector<std::string> addresses;
+
+    /// Font names in use; the first is the one of text outside any font tag.
+    std::vector<std::string> faces;
+};
+
+/// Takes any bytes, in time linear in their number.
+HtmlFragment parseHtmlFragment(std::string_view html);
+
+/// Whether an address may be handed to the shell: http or https, and no control character.
+bool mayOpen(std::string_view address);
+
+}  // namespace velvox
