@@ -16,7 +16,8 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
         {"youtube", youtube}, {"clip", clip},         {"sevenload", sevenload},
         {"veoh", veoh},       {"metacafe", metacafe}, {"comic", comic},
         {"google", google},   {"dispatch", dispatch}, {"links", links},
-        {"bag", bag},         {"text", text},         {"http_address", http_address},
+        {"bag", bag},         {"text", text},         {"html", html},
+        {"http_address", http_address},
     };
     for (const auto& [name, target] : targets) {
         int inputs = 0;

@@ -22,6 +22,7 @@ void links(std::string_view input);
 void bag(std::string_view input);
 void text(std::string_view input);
 void http_address(std::string_view input);
+void html(std::string_view input);
 
 /// The corpus file that is being replayed, for the report.
 inline std::string replayed;

@@ -54,9 +54,13 @@ void links(std::string_view input) {
     const std::string location(input);
 
     std::string expected;
-    if (const auto at = location.find("mediaURL=");
-        has(location, "metacafe.com/f/") && at != location.npos) {
-        if (const auto end = location.find(".flv", at); end != location.npos) {
+    // An address of the one site that lacks a part ends the handler before it looks at the other.
+    bool failed = false;
+    if (has(location, "metacafe.com/f/")) {
+        const auto at = location.find("mediaURL=");
+        const auto end = at == location.npos ? at : location.find(".flv", at);
+        failed = end == location.npos;
+        if (!failed) {
             std::string link = location.substr(at + 9, end + 4 - (at + 9));
             for (const auto& [code, meant] :
                  {std::pair{"%20", " "}, std::pair{"%5B", "["}, std::pair{"%5D", "]"}}) {
@@ -72,7 +76,7 @@ void links(std::string_view input) {
                     : "<a href='" + link + "'><font face='tahoma' size=2>Download</font></a>\n";
         }
     }
-    if (const auto at = location.find("youtube.com/"); at != location.npos) {
+    if (const auto at = location.find("youtube.com/"); !failed && at != location.npos) {
         if (const auto end = location.find("?video_id=", at); end != location.npos) {
             const std::string piece = location.substr(at + 12, end - at - 12);
             std::string link = location;
