@@ -10,13 +10,15 @@ constexpr auto left = MouseButton::Left;
 TEST(SkinnedFrameTest, TitleBarFollowsTheWidth) {
     Form1Fixture fixture;
     Form1& form = fixture.form;
+    const int bar = form.skinbar.Height();
+    const int end = form.topendskin.Height();
     form.skinicon.Move({9, 9, 480, 450});
     form.skinbar.Top(9);
     form.topendskin.Top(9);
     form.Width(8000);
     EXPECT_EQ(form.skinicon.place(), (Place{0, 0, 480, 450}));
-    EXPECT_EQ(form.skinbar.place(), (Place{480, 0, 8000 - 1020, 450}));
-    EXPECT_EQ(form.topendskin.place(), (Place{8000 - 540, 0, 540, 450}));
+    EXPECT_EQ(form.skinbar.place(), (Place{480, 0, 8000 - 1020, bar}));
+    EXPECT_EQ(form.topendskin.place(), (Place{8000 - 540, 0, 540, end}));
     form.Width(1020);
     EXPECT_EQ(form.skinbar.Width(), 0);
     EXPECT_EQ(form.topendskin.Left(), 480);

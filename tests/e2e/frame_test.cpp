@@ -140,6 +140,7 @@ TEST(FrameTest, ACancelledModeEndsTheDrag) {
     Hands().moveTo({from.x + 40, from.y + 60}).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), place);
+    Hands().release().act();
 }
 
 TEST(FrameTest, TheQuitButtonDipsUnderThePointerAndEndsTheProgram) {

@@ -13,10 +13,18 @@ namespace {
 
 TEST(CorpusTest, EveryInputPassesItsTarget) {
     const std::pair<const char*, void (*)(std::string_view)> targets[] = {
-        {"youtube", youtube}, {"clip", clip},         {"sevenload", sevenload},
-        {"veoh", veoh},       {"metacafe", metacafe}, {"comic", comic},
-        {"google", google},   {"dispatch", dispatch}, {"links", links},
-        {"bag", bag},         {"text", text},         {"html", html},
+        {"youtube", youtube},
+        {"clip", clip},
+        {"sevenload", sevenload},
+        {"veoh", veoh},
+        {"metacafe", metacafe},
+        {"comic", comic},
+        {"google", google},
+        {"dispatch", dispatch},
+        {"links", links},
+        {"bag", bag},
+        {"text", text},
+        {"html", html},
         {"http_address", http_address},
     };
     for (const auto& [name, target] : targets) {
