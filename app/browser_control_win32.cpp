@@ -57,6 +57,7 @@ void BrowserControl::embed(HWND window) {
 void BrowserControl::release() noexcept {
     site_->disconnect();
     events_->disconnect();
+    stop();
     if (cookie_) connection_->Unadvise(std::exchange(cookie_, 0));
     connection_.reset();
     if (const auto object = browser_.query<IOleObject>()) {
