@@ -7,7 +7,7 @@
 namespace velvox::e2e {
 namespace {
 
-constexpr Milliseconds atOnce{1500};
+constexpr Milliseconds atOnce{5000};
 
 const std::string keyDown = "0x100";
 const std::string enterKey = "13";
