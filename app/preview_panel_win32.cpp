@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "app/skin_palette.h"
+#include "base/system_win32.h"
 #include "base/twips.h"
 
 namespace velvox {
@@ -11,17 +13,21 @@ namespace {
 // Twips.
 struct Sizes {
     int margin = 120;
-    int labelWidth = 780;
+    int labelWidth = 720;
     int rowGap = 60;
 };
 constexpr Sizes sizes;
 
-struct Colours {
-    int background = COLOR_WINDOW;
-    int label = COLOR_GRAYTEXT;
-    int value = COLOR_WINDOWTEXT;
-};
-constexpr Colours colours;
+constexpr int backgroundColour = COLOR_WINDOW;
+
+COLORREF valueColour() {
+    return GetSysColor(COLOR_WINDOWTEXT);
+}
+
+// The system's own grey for text is too light to be read on its window colour.
+COLORREF labelColour() {
+    return highContrast() ? valueColour() : palette::quietText;
+}
 
 // More than any panel holds; keeps measuring short whatever a server redirects to.
 constexpr std::size_t longestAddress = 4096;
@@ -75,7 +81,7 @@ const char* noteOf(PreviewContent::Kind kind) {
 class Painter {
  public:
     Painter(HDC dc, const RECT& bounds) : dc_(dc), bounds_(bounds) {
-        FillRect(dc, &bounds, GetSysColorBrush(colours.background));
+        FillRect(dc, &bounds, GetSysColorBrush(backgroundColour));
         SetBkMode(dc, TRANSPARENT);
         const int margin = pixels(sizes.margin);
         InflateRect(&bounds_, -margin, -margin);
@@ -87,7 +93,7 @@ class Painter {
         RECT at = bounds_;
         const int height = heightOf(dc_, wide, at.right - at.left);
         at.top = std::max(at.top, at.bottom - height);
-        draw(wide, at, colours.label, wrapped);
+        draw(wide, at, labelColour(), wrapped);
         bounds_.bottom = at.top - pixels(sizes.rowGap);
     }
 
@@ -96,20 +102,26 @@ class Painter {
         const int spare =
             bounds_.bottom - bounds_.top - heightOf(dc_, wide, bounds_.right - bounds_.left);
         InflateRect(&bounds_, 0, -std::max(spare, 0) / 2);
-        draw(wide, bounds_, colours.label, wrapped | DT_CENTER);
+        draw(wide, bounds_, labelColour(), wrapped | DT_CENTER);
     }
 
-    void row(const char* label, const std::string& value, int rowsBelow) {
+    /// Lines that a short value takes, two at most.
+    int linesOf(const std::string& value) const {
+        const int width = bounds_.right - bounds_.left - pixels(sizes.labelWidth);
+        return static_cast<int>(brokenIntoLines(dc_, widen(value), width, 2).size());
+    }
+
+    void row(const char* label, const std::string& value, int linesBelow) {
         const int gap = pixels(sizes.rowGap);
         RECT at = bounds_;
-        at.bottom -= rowsBelow * (lineHeight_ + gap);
-        draw(widen(label), at, colours.label, DT_NOPREFIX | DT_SINGLELINE);
+        at.bottom -= linesBelow * (lineHeight_ + gap);
+        draw(widen(label), at, labelColour(), DT_NOPREFIX | DT_SINGLELINE);
         at.left += pixels(sizes.labelWidth);
         const int room = std::max<int>((at.bottom - at.top) / lineHeight_, 1);
         const auto lines = brokenIntoLines(dc_, widen(value.substr(0, longestAddress)),
                                            at.right - at.left, static_cast<std::size_t>(room));
         for (const std::wstring& line : lines) {
-            draw(line, at, colours.value, DT_NOPREFIX | DT_SINGLELINE);
+            draw(line, at, valueColour(), DT_NOPREFIX | DT_SINGLELINE);
             at.top += lineHeight_;
         }
         bounds_.top = std::max<LONG>(at.top, bounds_.top + lineHeight_) + gap;
@@ -118,8 +130,8 @@ class Painter {
  private:
     static int pixels(int twips) { return toPixels(twips, screenDpi()); }
 
-    void draw(const std::wstring& text, RECT at, int colour, UINT format) {
-        SetTextColor(dc_, GetSysColor(colour));
+    void draw(const std::wstring& text, RECT at, COLORREF colour, UINT format) {
+        SetTextColor(dc_, colour);
         DrawTextW(dc_, text.data(), static_cast<int>(text.size()), &at, format);
     }
 
@@ -139,9 +151,10 @@ void PreviewPanel::paint(HDC dc, const RECT& bounds, const PreviewContent& conte
         return painter.centredNote(note);
     painter.note(note);
     const bool arrived = content.kind != PreviewContent::Kind::Unreachable;
-    painter.row("Address", content.address, arrived ? 2 : 0);
+    const std::string type = content.facts.type.empty() ? "unknown" : content.facts.type;
+    painter.row("Address", content.address, arrived ? painter.linesOf(type) + 1 : 0);
     if (!arrived) return;
-    painter.row("Type", content.facts.type.empty() ? "unknown" : content.facts.type, 1);
+    painter.row("Type", type, 1);
     const std::string size = sizeText(content.facts.size);
     painter.row("Size", size.empty() ? "unknown" : size, 0);
 }

@@ -12,6 +12,8 @@ constexpr UINT changedMessage = WM_APP + 2;
 
 enum TimerId : UINT_PTR { StartTimer = 1, AnswerTimer = 2 };
 
+constexpr int framePixels = 1;  // as the result pane beside it
+
 constexpr std::string_view blankAddress = "about:blank";
 
 }  // namespace
@@ -159,7 +161,15 @@ void WebBrowserWindow::paint(HDC dc) const {
     BitBlt(dc, 0, 0, bounds.right, bounds.bottom, memory.get(), 0, 0, SRCCOPY);
 }
 
-std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, LPARAM) {
+void WebBrowserWindow::paintFrame() const {
+    const WindowDc dc(handle(), WindowDc::Covers::WholeWindow);
+    RECT frame{};
+    GetWindowRect(handle(), &frame);
+    OffsetRect(&frame, -frame.left, -frame.top);
+    FrameRect(dc.get(), &frame, GetSysColorBrush(COLOR_BTNSHADOW));
+}
+
+std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case arrivedMessage: raise(wParam); return 0;
         case changedMessage: refresh(); return 0;
@@ -174,6 +184,11 @@ std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, 
             InvalidateRect(handle(), nullptr, FALSE);
             return 0;
         }
+        case WM_NCCALCSIZE:
+            // The first rectangle of either form of its argument.
+            InflateRect(reinterpret_cast<RECT*>(lParam), -framePixels, -framePixels);
+            return 0;
+        case WM_NCPAINT: paintFrame(); return 0;
         case WM_ERASEBKGND: return 1;
         case WM_PAINT: paint(Painting(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;

@@ -51,6 +51,7 @@ class WebBrowserWindow : public Window,
     void raise(unsigned number);
     void refresh();
     void paint(HDC dc) const;
+    void paintFrame() const;
 
     UINT timeoutMs_;
     Arrival arrival_;

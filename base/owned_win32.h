@@ -107,7 +107,9 @@ class Selected {
 /// A window's DC, or the screen's for a null window, for the length of a scope.
 class WindowDc {
  public:
-    explicit WindowDc(HWND window) noexcept : window_(window), dc_(GetDC(window)) {}
+    enum class Covers { Client, WholeWindow };
+    explicit WindowDc(HWND window, Covers what = Covers::Client) noexcept
+        : window_(window), dc_(what == Covers::Client ? GetDC(window) : GetWindowDC(window)) {}
     WindowDc(const WindowDc&) = delete;
     WindowDc& operator=(const WindowDc&) = delete;
     ~WindowDc() { ReleaseDC(window_, dc_); }
