@@ -133,7 +133,8 @@ constexpr int edgeShade = -34;   // just inside the border
 constexpr double edgeReach = 4;  // pixels over which that shade fades
 constexpr int bottomGlow = 44, topShade = -24, pressedShade = -40;
 constexpr int capTopWhite = 225, capBottomWhite = 60;
-constexpr double capInset = 2, capShare = 0.46;
+constexpr double capInset = 2, capShare = 0.46, capSideShare = 0.22;
+constexpr double solidDepth = 5;  // neither border nor ring reaches further in
 constexpr int hotParts = 120, focusParts = 190;
 constexpr double focusReach = 3;
 constexpr int disabledWhite = 90;
@@ -270,6 +271,7 @@ void paintPill(ButtonFace& face, const FacePlan& plan) {
         return static_cast<int>(std::clamp(depth + 0.5, 0.0, 1.0) * 255);
     };
     const double capBottom = h * pill::capShare;
+    const double capSide = h * pill::capSideShare;
     eachPixel(face, [&](int column, int row) {
         const double x = column + 0.5;
         const double y = row + 0.5;
@@ -282,15 +284,20 @@ void paintPill(ButtonFace& face, const FacePlan& plan) {
             const int shade =
                 static_cast<int>(pill::topShade + (pill::bottomGlow - pill::topShade) * down01);
             fill = shift(base, down ? shade + pill::pressedShade : shade);
-            const double edge = std::clamp(1 - (depth - 1) / pill::edgeReach, 0.0, 1.0);
-            fill = shift(fill, static_cast<int>(pill::edgeShade * edge * edge));
-            const double cap = inside(x, y, h * 0.22, pill::capInset, w - h * 0.22, capBottom);
-            const double fade =
-                std::clamp((y - pill::capInset) / (capBottom - pill::capInset), 0.0, 1.0);
-            const int white = static_cast<int>(pill::capTopWhite +
-                                               (pill::capBottomWhite - pill::capTopWhite) * fade);
-            fill = mixed(fill, lighten(fill, down ? white / 2 : white), covered(cap));
+            if (depth < pill::edgeReach + 1) {
+                const double edge = std::clamp(1 - (depth - 1) / pill::edgeReach, 0.0, 1.0);
+                fill = shift(fill, static_cast<int>(pill::edgeShade * edge * edge));
+            }
+            if (y < capBottom + 1) {
+                const double cap = inside(x, y, capSide, pill::capInset, w - capSide, capBottom);
+                const double fade =
+                    std::clamp((y - pill::capInset) / (capBottom - pill::capInset), 0.0, 1.0);
+                const int white = static_cast<int>(
+                    pill::capTopWhite + (pill::capBottomWhite - pill::capTopWhite) * fade);
+                fill = mixed(fill, lighten(fill, down ? white / 2 : white), covered(cap));
+            }
         }
+        if (depth > pill::solidDepth) return fill;
         if (focused)
             fill = mixed(fill, accent, pill::focusParts * covered(pill::focusReach - depth) / 255);
         const Rgb framed = mixed(border, fill, covered(depth - 1.5));

@@ -37,12 +37,13 @@ struct FakeThemes : ThemeLibrary {
 struct Square : DrawablePicture {
     bool hasImage() const override { return true; }
     void draw(HDC dc, int x, int y, int width, int height) const override {
-        const RECT area{x, y, x + width, y + height};
+        const RECT area{x, y, x + width + extra, y + height + extra};
         const OwnedBrush brush(CreateSolidBrush(0x0000FF));
         FillRect(dc, &area, brush.get());
         lastX = x;
         lastY = y;
     }
+    int extra = 0;  ///< pixels drawn beyond its size
     mutable int lastX = -1;
     mutable int lastY = -1;
 };
@@ -288,6 +289,20 @@ TEST(ButtonPaintTest, AHotFlatButtonsIconFloatsOverItsGreyShadow) {
     EXPECT_EQ(painted(10, y + 5), 0x808080);
     EXPECT_EQ(painted(11, y + 7), 0x808080);
     EXPECT_EQ(painted(12, y + 7), painted(1, 1));
+}
+
+// The shadow takes in the column and the row just beyond the icon.
+TEST(ButtonPaintTest, TheShadowIncludesBothEndsOfItsSquare) {
+    ButtonLook look = lookOf(4, ButtonState::Hot);
+    const auto icon = std::make_shared<Square>();
+    icon->extra = 1;
+    look.icon = icon;
+    look.iconAlign = 1;
+    look.iconSize = 8;
+    Painted painted(look);
+    const int y = (h - 8) / 2;
+    EXPECT_EQ(painted(4 + 8, y + 8), 0x808080);
+    EXPECT_EQ(painted(4 + 9, y + 8), painted(1, 1));
 }
 
 TEST(ButtonPaintTest, ADisabledIconLosesItsColour) {
