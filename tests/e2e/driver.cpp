@@ -3,7 +3,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tests/drive/line.h"
+#include "tools/drive/line.h"
 #include "tests/e2e/places.h"
 
 namespace velvox::e2e {

@@ -1,4 +1,4 @@
-#include "tests/drive/window_path_win32.h"
+#include "tools/drive/window_path_win32.h"
 
 #include <algorithm>
 #include <optional>

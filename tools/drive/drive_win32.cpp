@@ -18,8 +18,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/drive/line.h"
-#include "tests/drive/window_path_win32.h"
+#include "tools/drive/line.h"
+#include "tools/drive/window_path_win32.h"
 
 namespace velvox::drive {
 namespace {

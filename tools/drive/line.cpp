@@ -1,4 +1,4 @@
-#include "tests/drive/line.h"
+#include "tools/drive/line.h"
 
 #include <stdexcept>
 
