@@ -207,7 +207,11 @@ class Parser {
             if (c == '<' && takeMarkup()) continue;
             if (c == '&') {
                 if (const auto text = takeReference(rest_)) {
-                    append(*text);
+                    // A blank is one however it is written.
+                    if (text->size() == 1 && isBlank(text->front()))
+                        appendBlank();
+                    else
+                        append(*text);
                     continue;
                 }
             }

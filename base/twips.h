@@ -10,13 +10,14 @@ inline constexpr int designTwipsPerPixel = twipsPerInch / designDpi;
 /// A length in pixels at `dpi`, rounded to the nearest, halves away from zero.
 constexpr int toPixels(int twips, int dpi) {
     const long long scaled = static_cast<long long>(twips) * dpi;
-    return static_cast<int>((scaled + (scaled < 0 ? -1 : 1) * (twipsPerInch / 2)) / twipsPerInch);
+    return static_cast<int>((scaled + (scaled < 0 ? -1LL : 1LL) * (twipsPerInch / 2)) /
+                            twipsPerInch);
 }
 
 /// A length in twips of whole pixels at `dpi`, rounded to the nearest.
 constexpr int toTwips(int pixels, int dpi) {
     const long long scaled = static_cast<long long>(pixels) * twipsPerInch;
-    return static_cast<int>((scaled + (scaled < 0 ? -1 : 1) * (dpi / 2)) / dpi);
+    return static_cast<int>((scaled + (scaled < 0 ? -1LL : 1LL) * (dpi / 2)) / dpi);
 }
 
 }  // namespace velvox

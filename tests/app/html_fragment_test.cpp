@@ -84,6 +84,7 @@ TEST(HtmlFragmentTest, TagsAttributesAndText) {
         {" \t a \r\n b<br> \n c <br>", "[|a b\nc\n]"},
         {"a <a href='u'> b </a> c", "[|a ][u|b ][|c]"},
         {"a&nbsp; &nbsp;b", "[|a\xC2\xA0 \xC2\xA0"s + "b]"},
+        {"a &#x20;&#10; b&#9;<br>&#32;c", "[|a b\nc]"},
         {"&amp;lt;&lt;&gt;&quot;&#39;&#x41;&#65;", "[|&lt;<>\"'AA]"},
         {"&unknown;&;&#;&#x;&#99999999999;&amp", "[|&unknown;&;&#;&#x;&#99999999999;&amp]"},
         {"&#0;&#xD800;&#1114112;&#128512;",

@@ -1,24 +1,16 @@
-// Bytes a second of each catcher beside one memchr pass over the same bytes. A page has its markers
-// at its very end. "page" is filled with ordinary markup, "letters" with the first letter of the
-// marker that is searched for, "near" with that marker less its last letter, over and over.
+// Bytes a second of each catcher beside one memchr pass and one copy of the same bytes. A page has
+// its markers at its very end. "page" is filled with ordinary markup, "letters" with the first
+// letter of the marker that is searched for, "near" with that marker less its last letter, over and
+// over.
 #include <benchmark/benchmark.h>
 
 #include <cstring>
 
 #include "tests/app/form1_fixture.h"
+#include "tests/bench/filled.h"
 
 namespace velvox::testing {
 namespace {
-
-constexpr std::string_view markup =
-    "<div class=\"item\"><a href=\"/show?id=17&amp;page=2\">A title, of words.</a> (3:14)</div>\n";
-
-std::string filled(std::string_view piece, std::size_t size) {
-    std::string text;
-    text.reserve(size + piece.size());
-    while (text.size() < size) text += piece;
-    return text;
-}
 
 struct Subject {
     const char* name;
@@ -84,12 +76,12 @@ enum Filling { Page, Letters, Near };
 void runCatcher(benchmark::State& state, const Subject& subject, Filling filling) {
     Form1Fixture fixture;
     fixture.log.recording = false;
-    const auto size = static_cast<std::size_t>(state.range(0)) << 20;
     const std::string_view marker = subject.marker;
-    const std::string_view piece = filling == Page      ? markup
-                                   : filling == Letters ? marker.substr(0, 1)
-                                                        : marker.substr(0, marker.size() - 1);
-    const std::string page = filled(piece, size) + subject.end;
+    const std::string page =
+        (filling == Page      ? ordinaryPage(state.range(0))
+         : filling == Letters ? filled(marker.substr(0, 1), state.range(0))
+                              : filled(marker.substr(0, marker.size() - 1), state.range(0))) +
+        subject.end;
     for (auto _ : state) {
         state.PauseTiming();
         fixture.form.linkin.Text(subject.address);
@@ -107,15 +99,14 @@ void runCatcher(benchmark::State& state, const Subject& subject, Filling filling
 void runMetaCafe(benchmark::State& state) {
     Form1Fixture fixture;
     fixture.log.recording = false;
-    fixture.form.linkin.Text(filled(markup, static_cast<std::size_t>(state.range(0)) << 20) +
-                             "/watch/612285/");
+    fixture.form.linkin.Text(ordinaryPage(state.range(0)) + "/watch/612285/");
     for (auto _ : state) fixture.form.MetaCafe();
     state.SetBytesProcessed(state.iterations() *
                             static_cast<std::int64_t>(fixture.form.linkin.Text().size()));
 }
 
 void runMemchr(benchmark::State& state) {
-    const std::string page = filled(markup, static_cast<std::size_t>(state.range(0)) << 20);
+    const std::string page = ordinaryPage(state.range(0));
     for (auto _ : state) {
         const char* data = page.data();
         benchmark::DoNotOptimize(data);
@@ -124,13 +115,19 @@ void runMemchr(benchmark::State& state) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(page.size()));
 }
 
+void runCopy(benchmark::State& state) {
+    const std::string page = ordinaryPage(state.range(0));
+    for (auto _ : state) benchmark::DoNotOptimize(std::string(page).data());
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(page.size()));
+}
+
 /// Links of a feed that is nothing but enclosures, or pages of a comic book.
 void runClipFeed(benchmark::State& state) {
     Form1Fixture fixture;
     fixture.log.recording = false;
     fixture.form.linkin.Text("http://www.clip.vn/watch/VjW,x");
-    const std::string feed = filled("<enclosure url=\"http://a/clip.flv\" type=\"video/x-flv\"/>\n",
-                                    static_cast<std::size_t>(state.range(0)) << 20);
+    const std::string feed =
+        filled("<enclosure url=\"http://a/clip.flv\" type=\"video/x-flv\"/>\n", state.range(0));
     for (auto _ : state) {
         state.PauseTiming();
         fixture.transfer.replies.emplace_back(feed);
@@ -159,18 +156,16 @@ void runComicBook(benchmark::State& state) {
 }
 
 const bool registered = [] {
-    const auto sizes = [](benchmark::internal::Benchmark* bench) {
-        bench->Arg(1)->Arg(4)->Arg(16)->Unit(benchmark::kMillisecond);
-    };
-    sizes(benchmark::RegisterBenchmark("memchr", runMemchr));
+    overSizes(benchmark::RegisterBenchmark("memchr", runMemchr));
+    overSizes(benchmark::RegisterBenchmark("copy", runCopy));
     constexpr std::pair<Filling, const char*> fillings[] = {
         {Page, "/page"}, {Letters, "/letters"}, {Near, "/near"}};
     for (const Subject& subject : subjects)
         for (const auto& [filling, suffix] : fillings)
-            sizes(benchmark::RegisterBenchmark((std::string(subject.name) + suffix).c_str(),
-                                               runCatcher, subject, filling));
-    sizes(benchmark::RegisterBenchmark("MetaCafe/address", runMetaCafe));
-    sizes(benchmark::RegisterBenchmark("ClipVN/enclosures", runClipFeed));
+            overSizes(benchmark::RegisterBenchmark((std::string(subject.name) + suffix).c_str(),
+                                                   runCatcher, subject, filling));
+    overSizes(benchmark::RegisterBenchmark("MetaCafe/address", runMetaCafe));
+    overSizes(benchmark::RegisterBenchmark("ClipVN/enclosures", runClipFeed));
     benchmark::RegisterBenchmark("ComicVuiLen/pages", runComicBook)
         ->Arg(8'000)
         ->Arg(16'000)

@@ -1,0 +1,55 @@
+// The result pane's work on a fragment, less what the control itself does: reading the HTML, and
+// writing the stream that the control takes. "links" is what a catcher of many files shows, "text"
+// a page's words, "page" a whole page's source, "open" tags that never end.
+#include <benchmark/benchmark.h>
+
+#include "app/html_fragment.h"
+#include "app/rich_text.h"
+#include "base/colour.h"
+#include "tests/bench/filled.h"
+
+namespace velvox::testing {
+namespace {
+
+struct Filling {
+    const char* name;
+    std::string_view piece;  ///< none: a whole page
+
+    std::string text(std::int64_t megabytes) const {
+        return piece.empty() ? ordinaryPage(megabytes) : filled(piece, megabytes);
+    }
+};
+
+constexpr Filling fillings[] = {
+    {"links",
+     "<font face='tahoma' size='2'><a href='http://a/b/c.jpg'>Download Image 1<a></font><br>"},
+    {"text", "A title, of words (3:14) &amp; more words, in a line that goes on and on. "},
+    {"page", ""},
+    {"open", "<a href='<b "},
+};
+
+void runParser(benchmark::State& state, const Filling& filling) {
+    const std::string html = filling.text(state.range(0));
+    for (auto _ : state) benchmark::DoNotOptimize(parseHtmlFragment(html));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(html.size()));
+}
+
+void runStream(benchmark::State& state, const Filling& filling) {
+    const std::string html = filling.text(state.range(0));
+    const HtmlFragment fragment = parseHtmlFragment(html);
+    for (auto _ : state) benchmark::DoNotOptimize(toRichText(fragment, rgb(0, 0, 255)));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(html.size()));
+}
+
+const bool registered = [] {
+    for (const Filling& filling : fillings) {
+        overSizes(benchmark::RegisterBenchmark(("parse/" + std::string(filling.name)).c_str(),
+                                               runParser, filling));
+        overSizes(benchmark::RegisterBenchmark(("stream/" + std::string(filling.name)).c_str(),
+                                               runStream, filling));
+    }
+    return true;
+}();
+
+}  // namespace
+}  // namespace velvox::testing
