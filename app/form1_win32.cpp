@@ -16,6 +16,7 @@
 #include "app/web_browser_win32.h"
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
+#include "base/mouse_win32.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
 #include "controls/is_button_win32.h"
@@ -219,10 +220,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
             return 0;
         case WM_LBUTTONDOWN: form().Form_MouseDown(MouseButton::Left, 0, 0, 0); return 0;
         case WM_LBUTTONUP: form().Form_MouseUp(MouseButton::Left, 0, 0, 0); return 0;
-        case WM_MOUSEMOVE:
-            form().Form_MouseMove(wParam & MK_LBUTTON ? MouseButton::Left : MouseButton::None, 0, 0,
-                                  0);
-            return 0;
+        case WM_MOUSEMOVE: form().Form_MouseMove(heldButtons(wParam), 0, 0, 0); return 0;
         case WM_CAPTURECHANGED:
             // Whatever took the pointer, the drag is over.
             form().Dragging = false;

@@ -6,6 +6,7 @@
 
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
+#include "base/mouse_win32.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
 #include "base/utf16.h"
@@ -160,11 +161,10 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             break;
         case WM_MOUSEMOVE: {
             if (!model_.MouseMove) break;
-            const int buttons = (wParam & MK_LBUTTON ? 1 : 0) | (wParam & MK_RBUTTON ? 2 : 0) |
-                                (wParam & MK_MBUTTON ? 4 : 0);
             const int shift = (wParam & MK_SHIFT ? 1 : 0) | (wParam & MK_CONTROL ? 2 : 0) |
                               (GetKeyState(VK_MENU) < 0 ? 4 : 0);
-            model_.MouseMove(static_cast<std::int16_t>(buttons), static_cast<std::int16_t>(shift),
+            model_.MouseMove(static_cast<std::int16_t>(heldButtons(wParam)),
+                             static_cast<std::int16_t>(shift),
                              static_cast<float>(toTwips(GET_X_LPARAM(lParam), screenDpi())),
                              static_cast<float>(toTwips(GET_Y_LPARAM(lParam), screenDpi())));
             break;
