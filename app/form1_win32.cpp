@@ -14,6 +14,7 @@
 #include "app/result_pane_win32.h"
 #include "app/timer_win32.h"
 #include "app/web_browser_win32.h"
+#include "base/accessible_name_win32.h"
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
 #include "base/mouse_win32.h"
@@ -48,6 +49,12 @@ RECT openingPlace(SIZE size) {
     const LONG left = std::max(work.left, (work.left + work.right - size.cx) / 2);
     const LONG top = std::max(work.top, (work.top + work.bottom - size.cy) / 2);
     return {left, top, left + size.cx, top + size.cy};
+}
+
+// What a screen reader says for a caption: without the colon and blanks at its end.
+std::wstring spokenOf(const Label& label) {
+    const std::string& caption = label.Caption();
+    return widen(std::string_view(caption).substr(0, caption.find_last_not_of(" :") + 1));
 }
 
 // The Alt key's own message comes before the F4: they have to be taken out one by one.
@@ -105,6 +112,7 @@ struct Form1Window::Children {
         outer.onVisible = [&owner](bool visible) { owner.coverControls(visible); };
         form.skinicon.setView(&titleView);
         form.skinbar.setView(&titleView);
+        output.accessibleName(spokenOf(form.Label3));
     }
 
     static PictureBoxWindow::Painter skinPainter(const Form1Window& owner, Skin::Piece piece) {
@@ -134,6 +142,17 @@ struct Form1Window::Children {
     LabelWindow Label7, vd, Label11, Label12, Label13, Label4, Label3, Label2;
     isButtonWindow isButton1, isButton2;
     std::array<WindowTimer, 5> timers;
+
+    // The list is named by the label before it; these have no such label, or a class of ours.
+    std::array<AccessibleName, 7> names{{
+        {linkin.editHandle(), spokenOf(form.Label1)},
+        {web.handle(), spokenOf(form.Label2), ROLE_SYSTEM_PANE},
+        {UniXPButton1.handle(), {}, ROLE_SYSTEM_PUSHBUTTON},
+        {isButton1.handle(), {}, ROLE_SYSTEM_PUSHBUTTON},
+        {isButton2.handle(), L"Quit", ROLE_SYSTEM_PUSHBUTTON},
+        {vd.handle(), {}, ROLE_SYSTEM_LINK},
+        {Label12.handle(), {}, ROLE_SYSTEM_LINK},
+    }};
 };
 
 Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
