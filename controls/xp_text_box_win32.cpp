@@ -74,11 +74,30 @@ void TextBoxWindow::follow(Aspect aspect) {
                                  model_.PasswordChar().empty()
                                      ? 0U
                                      : static_cast<UINT>(widen(model_.PasswordChar())[0]));
+            applyToolTip();
             break;
         case Aspect::Face: applyFace(); break;
         case Aspect::Place: fit(); break;
         default: followPlace(handle(), model_, aspect); break;
     }
+}
+
+void TextBoxWindow::applyToolTip() {
+    if (tipText_ == model_.ToolTipText()) return;
+    tipText_ = model_.ToolTipText();
+    tip_.reset();
+    if (tipText_.empty()) return;
+    tip_.reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0,
+                               0, 0, 0, handle(), nullptr, GetModuleHandleW(nullptr), nullptr));
+    if (!tip_) throwLastError("CreateWindowEx of the tool tip");
+    std::wstring text = widen(tipText_);
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;  // the record that every version of the control knows
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = GetParent(handle());
+    tool.uId = reinterpret_cast<UINT_PTR>(handle());
+    tool.lpszText = text.data();
+    SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void TextBoxWindow::followEnabled() {
@@ -146,7 +165,8 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             if (HIWORD(wParam) == EN_CHANGE && !setting_) model_.typed(windowText(handle()));
             return 0;
         case WM_CHAR: {
-            if (!model_.KeyPress || wParam > 0xFF) break;
+            // A handler is told of what its 16-bit number can hold.
+            if (!model_.KeyPress || wParam > 0x7FFF) break;
             auto key = static_cast<std::int16_t>(wParam);
             model_.KeyPress(key);
             if (key == 0) return 0;
