@@ -116,7 +116,7 @@ class Form1 : public Control {
 
     // State of the form.
     std::string NewsText;
-    std::string NewsPos;      ///< holds a whole number, or nothing before the first scroll
+    std::string NewsPos;  ///< the byte shown first, a whole number; nothing before the first scroll
     std::string CurrentSite;  ///< written by MetaCafe; nothing reads it
     bool Dragging = false;
     bool Moving = false;

@@ -14,8 +14,10 @@
 #include "app/result_pane_win32.h"
 #include "app/timer_win32.h"
 #include "app/web_browser_win32.h"
+#include "base/accessible_name_win32.h"
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
+#include "base/mouse_win32.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
 #include "controls/is_button_win32.h"
@@ -47,6 +49,12 @@ RECT openingPlace(SIZE size) {
     const LONG left = std::max(work.left, (work.left + work.right - size.cx) / 2);
     const LONG top = std::max(work.top, (work.top + work.bottom - size.cy) / 2);
     return {left, top, left + size.cx, top + size.cy};
+}
+
+// What a screen reader says for a caption: without the colon and blanks at its end.
+std::wstring spokenOf(const Label& label) {
+    const std::string& caption = label.Caption();
+    return widen(std::string_view(caption).substr(0, caption.find_last_not_of(" :") + 1));
 }
 
 // The Alt key's own message comes before the F4: they have to be taken out one by one.
@@ -104,6 +112,7 @@ struct Form1Window::Children {
         outer.onVisible = [&owner](bool visible) { owner.coverControls(visible); };
         form.skinicon.setView(&titleView);
         form.skinbar.setView(&titleView);
+        output.accessibleName(spokenOf(form.Label3));
     }
 
     static PictureBoxWindow::Painter skinPainter(const Form1Window& owner, Skin::Piece piece) {
@@ -133,6 +142,17 @@ struct Form1Window::Children {
     LabelWindow Label7, vd, Label11, Label12, Label13, Label4, Label3, Label2;
     isButtonWindow isButton1, isButton2;
     std::array<WindowTimer, 5> timers;
+
+    // The list is named by the label before it; these have no such label, or a class of ours.
+    std::array<AccessibleName, 7> names{{
+        {linkin.editHandle(), spokenOf(form.Label1)},
+        {web.handle(), spokenOf(form.Label2), ROLE_SYSTEM_PANE},
+        {UniXPButton1.handle(), {}, ROLE_SYSTEM_PUSHBUTTON},
+        {isButton1.handle(), {}, ROLE_SYSTEM_PUSHBUTTON},
+        {isButton2.handle(), L"Quit", ROLE_SYSTEM_PUSHBUTTON},
+        {vd.handle(), {}, ROLE_SYSTEM_LINK},
+        {Label12.handle(), {}, ROLE_SYSTEM_LINK},
+    }};
 };
 
 Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
@@ -219,10 +239,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
             return 0;
         case WM_LBUTTONDOWN: form().Form_MouseDown(MouseButton::Left, 0, 0, 0); return 0;
         case WM_LBUTTONUP: form().Form_MouseUp(MouseButton::Left, 0, 0, 0); return 0;
-        case WM_MOUSEMOVE:
-            form().Form_MouseMove(wParam & MK_LBUTTON ? MouseButton::Left : MouseButton::None, 0, 0,
-                                  0);
-            return 0;
+        case WM_MOUSEMOVE: form().Form_MouseMove(heldButtons(wParam), 0, 0, 0); return 0;
         case WM_CAPTURECHANGED:
             // Whatever took the pointer, the drag is over.
             form().Dragging = false;

@@ -4,6 +4,7 @@
 #include "app/hosts.h"
 #include "base/join.h"
 #include "base/text.h"
+#include "base/utf16.h"
 
 namespace velvox {
 namespace {
@@ -11,8 +12,16 @@ namespace {
 constexpr std::string_view newsStart = "<!-News!->";
 constexpr std::string_view newsEnd = "<!-NewsEnd!->";
 constexpr std::size_t blanksBeforeNews = 145;
-constexpr text::Position shownCharacters = 150;
+constexpr std::size_t shownCharacters = 150;
 constexpr int complete = 4;
+
+/// The place behind the character at a place: the strip moves by whole characters, whatever number
+/// of bytes they have. Outside the news it is the next place.
+text::Position placeBehind(std::string_view news, text::Position place) {
+    if (place < 1 || place > text::length(news)) return place + 1;
+    return place +
+           text::length(firstCharacters(news.substr(static_cast<std::size_t>(place - 1)), 1));
+}
 
 }  // namespace
 
@@ -73,9 +82,12 @@ void Form1::Timer7_Timer() {
 // NewsPos is empty until the first tick has run: the caption and the step fail on it, and a place
 // that is no number is past the end.
 void Form1::Timer5_Timer() {
+    ignoringErrors([&] {
+        const auto rest = text::slice(NewsText, text::toNumber(NewsPos), text::length(NewsText));
+        Label4.Caption(firstCharacters(rest, shownCharacters));
+    });
     ignoringErrors(
-        [&] { Label4.Caption(text::slice(NewsText, text::toNumber(NewsPos), shownCharacters)); });
-    ignoringErrors([&] { NewsPos = std::to_string(text::toNumber(NewsPos) + 1); });
+        [&] { NewsPos = std::to_string(placeBehind(NewsText, text::toNumber(NewsPos))); });
     bool pastEnd = true;
     ignoringErrors([&] { pastEnd = text::length(NewsText) < text::toNumber(NewsPos); });
     if (pastEnd) NewsPos = "1";

@@ -1,6 +1,7 @@
 #include "app/result_pane_win32.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/html_fragment.h"
 #include "app/rich_text.h"
@@ -54,7 +55,13 @@ void ResultPaneWindow::renewText() {
     const bool focused = GetFocus() == text_->handle();
     auto fresh = std::make_unique<LinkText>(handle(), textPlace(), desktop_);
     if (focused) SetFocus(fresh->handle());
+    textName_ = AccessibleName(fresh->handle(), name_);
     text_ = std::move(fresh);
+}
+
+void ResultPaneWindow::accessibleName(std::wstring name) {
+    name_ = std::move(name);
+    textName_ = AccessibleName(text_->handle(), name_);
 }
 
 std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -11,6 +11,7 @@
 #include "app/desktop.h"
 #include "app/link_text_win32.h"
 #include "app/result_pane.h"
+#include "base/accessible_name_win32.h"
 #include "base/window_win32.h"
 
 namespace velvox {
@@ -28,6 +29,9 @@ class ResultPaneWindow : public Window, public ResultPane {
 
     const std::vector<TextLink>& links() const noexcept { return text_->links(); }
 
+    /// What screen readers call the text.
+    void accessibleName(std::wstring name);
+
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     RECT textPlace() const;
@@ -38,6 +42,8 @@ class ResultPaneWindow : public Window, public ResultPane {
     Desktop& desktop_;
     std::wstring html_;
     std::unique_ptr<LinkText> text_;
+    std::wstring name_;
+    AccessibleName textName_;
 };
 
 }  // namespace velvox

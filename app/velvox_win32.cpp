@@ -12,11 +12,11 @@ namespace velvox {
 namespace {
 
 // One box at a time: while it is up, a failing timer or repaint must not stack another on it.
-void reportInBox(std::string_view text) {
+void reportInBox(const wchar_t* introduction, std::string_view text) {
     static bool reporting = false;
     if (reporting) return;
     reporting = true;
-    const std::wstring report = L"Something went wrong, but Velvox goes on:\n\n" + widen(text);
+    const std::wstring report = std::wstring(introduction) + L"\n\n" + widen(text);
     MessageBoxW(GetActiveWindow(), report.c_str(), programTitle, MB_OK | MB_ICONWARNING);
     reporting = false;
 }
@@ -24,7 +24,9 @@ void reportInBox(std::string_view text) {
 }  // namespace
 
 int runVelvox(const TransferLimits& limits) {
-    setFailureReporter(reportInBox);
+    setFailureReporter([](std::string_view text) {
+        reportInBox(L"Something went wrong, but Velvox goes on:", text);
+    });
     try {
         const INITCOMMONCONTROLSEX controls{sizeof controls,
                                             ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
@@ -35,6 +37,7 @@ int runVelvox(const TransferLimits& limits) {
         window.show();
         return pump.run();
     } catch (...) {
+        setFailureReporter([](std::string_view text) { reportInBox(L"Velvox has to end:", text); });
         reportCurrentFailure();
         return 1;
     }

@@ -60,7 +60,8 @@ void WebBrowserWindow::start() {
         control().navigate(requested_);
     } catch (...) {
         giveUp();
-        throw;
+        // The window is blank by itself: the sites that need no preview work without a control.
+        if (requested_ != blankAddress) throw;
     }
 }
 
@@ -146,7 +147,7 @@ PreviewContent WebBrowserWindow::content() const {
         case Arrival::State::Failed: content.kind = Kind::Unreachable; break;
     }
     content.address = content.kind == Kind::Unreachable ? requested_ : LocationURL();
-    if (content.kind == Kind::NotRendered && content.address == blankAddress) return {};
+    if (content.kind != Kind::Unviewable && content.address == blankAddress) return {};
     if (factsNumber_ == arrival_.number()) content.facts = facts_;
     return content;
 }

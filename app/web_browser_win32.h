@@ -15,7 +15,8 @@ namespace velvox {
 /// `DocumentComplete` is raised from the message loop, never from inside `Navigate`. Its handler
 /// may throw, navigate again, or destroy this window. The control is made after the first
 /// `Navigate`, once the program's first messages have been handled, or at the second at the
-/// latest; a first navigation that it cannot start is lost without a word.
+/// latest; a first navigation that it cannot start is lost without a word. Without a control the
+/// blank page is still shown, though nothing arrives; every other navigation throws.
 class WebBrowserWindow : public Window,
                          public WebBrowser,
                          private BrowserHost,

@@ -75,6 +75,12 @@ std::u16string toUtf16(std::string_view bytes) {
     return result;
 }
 
+std::string_view firstCharacters(std::string_view bytes, std::size_t count) {
+    std::size_t end = 0;
+    for (; count > 0 && end < bytes.size(); --count) end += decode(bytes.substr(end)).bytes;
+    return bytes.substr(0, end);
+}
+
 std::string toBytes(std::u16string_view text) {
     std::string result;
     result.reserve(text.size());

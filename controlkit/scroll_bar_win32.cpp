@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "base/mouse_win32.h"
 #include "base/system_win32.h"
 #include "controlkit/scroll_painter_win32.h"
 
@@ -28,16 +29,6 @@ std::int16_t shiftState(WPARAM mouseFlags) {
     return static_cast<std::int16_t>((mouseFlags & MK_SHIFT ? ShiftKey : 0) |
                                      (mouseFlags & MK_CONTROL ? ControlKey : 0) |
                                      (isDown(VK_MENU) ? AltKey : 0));
-}
-
-/// The buttons held during a move, as the sum of their numbers.
-MouseButton heldButtons(WPARAM mouseFlags) {
-    const auto held = [&](WPARAM flag, MouseButton button) {
-        return mouseFlags & flag ? static_cast<int>(button) : 0;
-    };
-    return static_cast<MouseButton>(held(MK_LBUTTON, MouseButton::Left) |
-                                    held(MK_RBUTTON, MouseButton::Right) |
-                                    held(MK_MBUTTON, MouseButton::Middle));
 }
 
 MouseButton buttonOf(UINT message) {

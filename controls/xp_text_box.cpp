@@ -17,7 +17,7 @@ constexpr Rgb normalBack = 0xFFFFFF;
 constexpr Rgb disabledBack = rgb(235, 235, 228);
 constexpr Rgb disabledText = rgb(161, 161, 146);
 constexpr int insetPixels = 3;
-constexpr int newInstanceHeight = 330;
+constexpr int newInstanceHeight = 330;  // twips
 constexpr auto windowBack = static_cast<std::int32_t>(systemColour(WindowColour));
 constexpr auto windowText = static_cast<std::int32_t>(systemColour(WindowTextColour));
 
@@ -45,10 +45,10 @@ XPTextBox::XPTextBox(std::string_view name, int twipsPerPixel)
 void XPTextBox::InitProperties() {
     dataFields_.clear();
     MyTxt.Text(Name());
+    Height(newInstanceHeight);
     Font font = MyTxt.font();
     font.name = "Verdana";
     MyTxt.font(font);
-    Height(newInstanceHeight);
     resized();
 }
 

@@ -6,6 +6,7 @@
 
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
+#include "base/mouse_win32.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
 #include "base/utf16.h"
@@ -73,11 +74,30 @@ void TextBoxWindow::follow(Aspect aspect) {
                                  model_.PasswordChar().empty()
                                      ? 0U
                                      : static_cast<UINT>(widen(model_.PasswordChar())[0]));
+            applyToolTip();
             break;
         case Aspect::Face: applyFace(); break;
         case Aspect::Place: fit(); break;
         default: followPlace(handle(), model_, aspect); break;
     }
+}
+
+void TextBoxWindow::applyToolTip() {
+    if (tipText_ == model_.ToolTipText()) return;
+    tipText_ = model_.ToolTipText();
+    tip_.reset();
+    if (tipText_.empty()) return;
+    tip_.reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0,
+                               0, 0, 0, handle(), nullptr, GetModuleHandleW(nullptr), nullptr));
+    if (!tip_) throwLastError("CreateWindowEx of the tool tip");
+    std::wstring text = widen(tipText_);
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;  // the record that every version of the control knows
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = GetParent(handle());
+    tool.uId = reinterpret_cast<UINT_PTR>(handle());
+    tool.lpszText = text.data();
+    SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void TextBoxWindow::followEnabled() {
@@ -145,7 +165,8 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             if (HIWORD(wParam) == EN_CHANGE && !setting_) model_.typed(windowText(handle()));
             return 0;
         case WM_CHAR: {
-            if (!model_.KeyPress || wParam > 0xFF) break;
+            // A handler is told of what its 16-bit number can hold.
+            if (!model_.KeyPress || wParam > 0x7FFF) break;
             auto key = static_cast<std::int16_t>(wParam);
             model_.KeyPress(key);
             if (key == 0) return 0;
@@ -160,11 +181,10 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             break;
         case WM_MOUSEMOVE: {
             if (!model_.MouseMove) break;
-            const int buttons = (wParam & MK_LBUTTON ? 1 : 0) | (wParam & MK_RBUTTON ? 2 : 0) |
-                                (wParam & MK_MBUTTON ? 4 : 0);
             const int shift = (wParam & MK_SHIFT ? 1 : 0) | (wParam & MK_CONTROL ? 2 : 0) |
                               (GetKeyState(VK_MENU) < 0 ? 4 : 0);
-            model_.MouseMove(static_cast<std::int16_t>(buttons), static_cast<std::int16_t>(shift),
+            model_.MouseMove(static_cast<std::int16_t>(heldButtons(wParam)),
+                             static_cast<std::int16_t>(shift),
                              static_cast<float>(toTwips(GET_X_LPARAM(lParam), screenDpi())),
                              static_cast<float>(toTwips(GET_Y_LPARAM(lParam), screenDpi())));
             break;

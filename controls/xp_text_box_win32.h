@@ -19,6 +19,9 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     /// Enabled as the box is, and never inside a disabled container.
     void followEnabled();
 
+    /// Null while there is none.
+    HWND toolTip() const noexcept { return tip_.get(); }
+
     /// What the box stands on.
     HBRUSH background() const;
 
@@ -28,12 +31,15 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void applyFace();
+    void applyToolTip();
     void fit();
 
     TextBox& model_;
     const PictureBox& container_;
     OwnedFont font_;
     OwnedBrush background_;
+    std::string tipText_;
+    Owned<HWND, &DestroyWindow> tip_;
     bool setting_ = false;
 };
 
@@ -45,6 +51,8 @@ class XPTextBoxWindow : public Window, public ControlView {
 
     void follow(Aspect aspect) override;
     HWND editHandle() const noexcept { return edit_->handle(); }
+    /// Null while the box has no tool tip.
+    HWND toolTip() const noexcept { return edit_->toolTip(); }
 
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

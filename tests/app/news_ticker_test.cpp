@@ -203,6 +203,24 @@ TEST_F(NewsTickerTest, ScrollsFromTheFirstCharacterToTheLastAndAround) {
     EXPECT_EQ(tick(form.Timer5), "Label4=" + std::string(150, 'x') + "\nyield\n");
 }
 
+// Half a character would show as another one, and one that takes three ticks would jerk.
+TEST_F(NewsTickerTest, ScrollsByWholeCharactersOfAnyLength) {
+    const std::string e = "\xE1\xBA\xBF";
+    const std::string film = "\xF0\x9F\x8E\xAC";
+    form.NewsText = e + "a\xC3\xA9" + film + "\xFF";
+    form.NewsPos = "1";
+    for (const std::string& shown :
+         {e + "a\xC3\xA9" + film + "\xFF", "a\xC3\xA9" + film + "\xFF", "\xC3\xA9" + film + "\xFF",
+          film + "\xFF", std::string("\xFF")})
+        EXPECT_EQ(tick(form.Timer5), "Label4=" + shown + "\nyield\n");
+    EXPECT_EQ(form.NewsPos, "1");
+
+    std::string many;
+    for (int i = 0; i < 150; ++i) many += e;
+    form.NewsText = many + many;
+    EXPECT_EQ(tick(form.Timer5), "Label4=" + many + "\nyield\n");
+}
+
 TEST_F(NewsTickerTest, ShorterNewsAndOddPlacesStartAgain) {
     form.NewsText = "abc";
     for (const char* place : {"99", "x", "-7", "0", "99999999999"}) {

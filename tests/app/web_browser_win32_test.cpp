@@ -380,6 +380,10 @@ TEST(WebBrowserMissingTest, NavigationsFailAndNothingElse) {
     EXPECT_FALSE(web.Offline());
     EXPECT_EQ(web.LocationURL(), "");
     EXPECT_EQ(web.content().kind, Kind::Unreachable);
+    EXPECT_NO_THROW(web.Navigate("about:blank")) << "the Download button begins with it";
+    EXPECT_EQ(web.content().kind, Kind::Blank);
+    settle();
+    EXPECT_FALSE(raised);
 }
 
 }  // namespace

@@ -78,9 +78,14 @@ TEST(FrameTest, ARightPressDragsNothing) {
     Hands().moveTo({from.x + 50, from.y + 50}).release(3).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), place);
-    // A right press within a left drag does not end it, nor does its release.
+    // A right press within a left drag holds it up but does not end it, nor does its release.
     grab(program, from);
-    Hands().moveTo({from.x + 10, from.y}).press(3).release(3).act();
+    Hands().moveTo({from.x + 10, from.y}).act();
+    EXPECT_TRUE(comesTo(program, moved(place, 10, 0)));
+    Hands().press(3).moveTo({from.x + 80, from.y + 40}).act();
+    settle(program);
+    EXPECT_EQ(driver().rect(program.window()), moved(place, 10, 0));
+    Hands().release(3).act();
     Hands().moveTo({from.x + 30, from.y + 5}).release().act();
     EXPECT_TRUE(comesTo(program, moved(place, 30, 5)));
 }

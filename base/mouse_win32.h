@@ -1,0 +1,19 @@
+#pragma once
+
+#include <windows.h>
+
+#include "base/mouse.h"
+
+namespace velvox {
+
+/// The buttons held during a mouse message, as the sum of their numbers.
+inline MouseButton heldButtons(WPARAM mouseFlags) {
+    const auto held = [&](WPARAM flag, MouseButton button) {
+        return mouseFlags & flag ? static_cast<int>(button) : 0;
+    };
+    return static_cast<MouseButton>(held(MK_LBUTTON, MouseButton::Left) |
+                                    held(MK_RBUTTON, MouseButton::Right) |
+                                    held(MK_MBUTTON, MouseButton::Middle));
+}
+
+}  // namespace velvox
