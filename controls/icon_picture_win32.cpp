@@ -52,7 +52,7 @@ IconPicture::IconPicture(OwnedIcon icon) : icon_(std::move(icon)), ownSize_(size
 
 void IconPicture::draw(HDC dc, int x, int y, int width, int height) const {
     const int least = std::max(std::min(width, height), 1);
-    const int factor = (ownSize_ + least - 1) / least;
+    const int factor = ownSize_ > least ? (ownSize_ + least - 1) / least : 1;
     if (width > 0 && height > 0 && factor > 1)
         drawSmooth(icon_.get(), dc, x, y, width, height, factor);
     else

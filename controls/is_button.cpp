@@ -111,7 +111,7 @@ void isButton::ToolTipBackColor(OleColour colour) {
 void isButton::ToolTipForeColor(OleColour colour) {
     set(toolTipForeColor_, colour, "ToolTipForeColor");
 }
-void isButton::font(const Font& font) {
+void isButton::Font(const velvox::Font& font) {
     set(font_, font, "Font");
 }
 void isButton::ButtonType(int type) {
@@ -283,8 +283,8 @@ ButtonState isButton::visualState() const noexcept {
 }
 
 ButtonToolTip isButton::toolTipRecord() const {
-    const auto translated = [&](const std::optional<OleColour>& colour) {
-        return colour ? std::optional(translate(*colour, *colours_)) : std::nullopt;
+    const auto translated = [&](OleColour colour) {
+        return colour != 0 ? std::optional(translate(colour, *colours_)) : std::nullopt;
     };
     ButtonToolTip record;
     record.text = toolTip_;

@@ -144,13 +144,14 @@ class isButton : public Control {
     void ToolTipIcon(int icon);
     int ToolTipType() const noexcept { return toolTipType_; }
     void ToolTipType(int type);
-    /// Both colours are 0 until they are set for the first time.
-    OleColour ToolTipBackColor() const noexcept { return toolTipBackColor_.value_or(0); }
+    /// 0 leaves a colour to the system, as in a freshly placed control; plain black is that of the
+    /// window's text, `systemColour(WindowTextColour)`.
+    OleColour ToolTipBackColor() const noexcept { return toolTipBackColor_; }
     void ToolTipBackColor(OleColour colour);
-    OleColour ToolTipForeColor() const noexcept { return toolTipForeColor_.value_or(0); }
+    OleColour ToolTipForeColor() const noexcept { return toolTipForeColor_; }
     void ToolTipForeColor(OleColour colour);
-    const Font& font() const noexcept { return font_; }
-    void font(const Font& font);
+    const velvox::Font& Font() const noexcept { return font_; }
+    void Font(const velvox::Font& font);
     /// 0 plain, 1 toggle.
     int ButtonType() const noexcept { return buttonType_; }
     void ButtonType(int type);
@@ -249,9 +250,9 @@ class isButton : public Control {
     std::string toolTipTitle_;
     int toolTipIcon_ = 0;
     int toolTipType_ = 0;
-    std::optional<OleColour> toolTipBackColor_;
-    std::optional<OleColour> toolTipForeColor_;
-    Font font_;
+    OleColour toolTipBackColor_ = 0;
+    OleColour toolTipForeColor_ = 0;
+    velvox::Font font_;
     int buttonType_ = 0;
     bool value_ = false;
 

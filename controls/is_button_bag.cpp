@@ -10,8 +10,9 @@ std::int32_t stored(OleColour colour) {
     return static_cast<std::int32_t>(colour);
 }
 
-constexpr int toolTipBackDefault = 23;
-constexpr int toolTipForeDefault = 24;
+// Stored forms count on these two, although the system's own tips have them the other way round.
+constexpr int toolTipBackDefault = InfoTextColour;
+constexpr int toolTipForeDefault = InfoBackColour;
 
 }  // namespace
 

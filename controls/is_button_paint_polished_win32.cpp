@@ -109,13 +109,13 @@ void paintRaised(ButtonFace& face, const FacePlan& plan, Rgb base) {
     face.line(1, h - 4, w - 1, h - 4, shift(base, raised::thirdLine));
     face.line(1, h - 3, w - 1, h - 3, shift(base, raised::secondLine));
     face.line(1, h - 2, w - 1, h - 2, shift(base, raised::lastLine));
-    if (plan.state == FaceState::Hot || plan.state == FaceState::Focused || plan.focusShown)
-        highlightRing(face, plan.state == FaceState::Hot ? plan.colours.highlight
-                                                         : plan.sys(HighlightColour));
     const Rgb dark = shift(base, raised::border);
     border(face, dark, dark, dark, dark);
     diagonalPixels(face, dark);
     cornerPixels(face, dark);
+    if (plan.state == FaceState::Hot || plan.state == FaceState::Focused || plan.focusShown)
+        highlightRing(face, plan.state == FaceState::Hot ? plan.colours.highlight
+                                                         : plan.sys(HighlightColour));
 }
 
 void paintSunken(ButtonFace& face, Rgb base) {

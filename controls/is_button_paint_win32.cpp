@@ -1,5 +1,7 @@
 #include "controls/is_button_paint_win32.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <vector>
 
 #include "base/system_win32.h"
@@ -28,9 +30,11 @@ constexpr CueInset plainCue{4, 4};
 constexpr CueInset framedCue{6, 6};
 constexpr CueInset pillCue{12, 5};
 
-// These styles show the focus by a ring of their own.
-bool hasOwnRing(int style) {
-    return style == 5 || (style >= 7 && style <= 10);
+// These styles show the focus by a ring of their own; style 5 has no room for it in the sunken
+// face of a pressed or toggled button, nor in the bare one of a disabled button.
+bool hasOwnRing(int style, ButtonState state) {
+    if (style == 5) return state == ButtonState::Normal || state == ButtonState::Hot;
+    return style >= 7 && style <= 10;
 }
 
 CueInset cueInset(int style) {
@@ -89,19 +93,24 @@ void paintCaption(ButtonFace& face, const ButtonLook& look, Rgb colour) {
     SetBkMode(dc, mode);
 }
 
+// The pixels of a square of the face. A stored icon size may be any number: what lies outside the
+// face is left out before it is counted.
 template <class Change>
-void eachPixel(int left, int top, int size, Change change) {
-    for (int y = top; y < top + size; ++y)
-        for (int x = left; x < left + size; ++x) change(x, y);
+void eachPixel(const ButtonFace& face, ButtonPoint corner, std::int64_t size, Change change) {
+    const auto end = [size](int start, int limit) {
+        return static_cast<int>(std::min<std::int64_t>(start + size, limit));
+    };
+    for (int y = std::max(corner.y, 0); y < end(corner.y, face.height()); ++y)
+        for (int x = std::max(corner.x, 0); x < end(corner.x, face.width()); ++x) change(x, y);
 }
 
 // The icon in greys that stand out from the face by a part of their strength.
 void paintDisabledIcon(ButtonFace& face, const DrawablePicture& icon, ButtonPoint at, int size) {
     std::vector<Rgb> before;
-    eachPixel(at.x, at.y, size, [&](int x, int y) { before.push_back(face.at(x, y)); });
+    eachPixel(face, at, size, [&](int x, int y) { before.push_back(face.at(x, y)); });
     icon.draw(face.dc(), at.x, at.y, size, size);
     std::size_t next = 0;
-    eachPixel(at.x, at.y, size, [&](int x, int y) {
+    eachPixel(face, at, size, [&](int x, int y) {
         const Rgb under = before[next++];
         const Rgb over = face.at(x, y);
         if (over == under) return;
@@ -114,6 +123,7 @@ void paintIcon(ButtonFace& face, const ButtonLook& look) {
     const auto* icon = dynamic_cast<const DrawablePicture*>(look.icon.get());
     if (!icon || !icon->hasImage()) return;
     const int size = look.iconSize;
+    if (size <= 0) return;
     ButtonPoint at =
         iconPlace(look.iconAlign, face.width(), face.height(), size, iconMargin(look.style));
     if (look.state == ButtonState::Disabled) return paintDisabledIcon(face, *icon, at, size);
@@ -122,7 +132,7 @@ void paintIcon(ButtonFace& face, const ButtonLook& look) {
         const Rgb plain = face.at(1, 1);
         icon->draw(face.dc(), at.x, at.y, size, size);
         // Both ends of the square are included.
-        eachPixel(at.x, at.y, size + 1, [&](int x, int y) {
+        eachPixel(face, at, std::int64_t{size} + 1, [&](int x, int y) {
             if (face.at(x, y) != plain) face.pixel(x, y, shadowGrey);
         });
         at = {at.x + liftedShift, at.y + liftedShift};
@@ -163,7 +173,7 @@ bool paintButton(ButtonFace& face, const ButtonLook& look, const ButtonScene& sc
     const Rgb ink = captionColour(look, *scene.colours);
     paintCaption(face, look, ink);
     paintIcon(face, look);
-    if (scene.focusCue || (look.focusShown && !hasOwnRing(look.style)))
+    if (scene.focusCue || (look.focusShown && !hasOwnRing(look.style, look.state)))
         paintFocusCue(face, cueInset(look.style), ink);
     return drawn;
 }

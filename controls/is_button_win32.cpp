@@ -205,7 +205,8 @@ void isButtonWindow::release(POINT at) {
     pressing_ = false;
     ReleaseCapture();
     model_.mouseUp(MouseButton::Left);
-    if (!inside) return endHover();
+    // Where no hover ends, a toggle button would stay down that nobody has toggled.
+    if (!inside) return model_.mouseInside() ? endHover() : model_.pressCancelled();
     // The request made on entering may have been used up during the press.
     if (model_.mouseInside()) requestLeaveNotice();
     model_.click();

@@ -5,9 +5,12 @@
 
 #include <shellapi.h>
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
+#include "app/resource.h"
+#include "base/runtime_failure.h"
 #include "base/system_win32.h"
 #include "base/window_win32.h"
 #include "gallery/page_win32.h"
@@ -64,7 +67,13 @@ class PageHost : public Window {
 class GalleryWindow : public Window {
  public:
     GalleryWindow() : pages_(galleryPages()) {
-        registerWindowClass(L"VelvoxGallery");
+        const auto icon = [](int width, int height) {
+            return static_cast<HICON>(
+                LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_VELVOX), IMAGE_ICON,
+                           GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED));
+        };
+        registerWindowClass(L"VelvoxGallery", 0, nullptr, icon(SM_CXICON, SM_CYICON),
+                            icon(SM_CXSMICON, SM_CYSMICON));
         WindowRequest request;
         request.className = L"VelvoxGallery";
         request.text = L"Velvox Gallery";
@@ -84,14 +93,15 @@ class GalleryWindow : public Window {
         destroy();
     }
 
-    bool open(std::size_t number) {
-        if (number >= pages_.size()) return false;
+    /// Throws RuntimeFailure (InvalidCall) for a number that no page has.
+    void open(std::size_t number) {
+        if (number >= pages_.size())
+            throw RuntimeFailure(Fault::InvalidCall, "There is no such page");
         SendMessageW(list_->handle(), LB_SETCURSEL, number, 0);
         // The page before goes with everything on it: pages are made anew each time.
         pages_ = galleryPages();
         host_ = std::make_unique<PageHost>(handle());
         pages_[number]->create(host_->handle());
-        return true;
     }
     HWND page() const { return host_ ? host_->handle() : nullptr; }
 
@@ -135,11 +145,14 @@ int run(int show) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
     const Options options = readOptions();
+    if (!options.file.empty())
+        // A script waits for the program: nobody is there to close a message box.
+        setFailureReporter([](std::string_view text) {
+            std::fprintf(stderr, "velvox-gallery: %.*s\n", static_cast<int>(text.size()),
+                         text.data());
+        });
     GalleryWindow gallery;
-    if (!gallery.open(options.page)) {
-        setFailureReporter({});
-        return 2;
-    }
+    gallery.open(options.page);
     if (!options.file.empty()) {
         writePicture(options.file, pictureOf(gallery.page()));
         return 0;

@@ -16,7 +16,9 @@ RECT scaled(const SheetPlace& at) {
 }  // namespace
 
 Sheet::Sheet(HWND parent) : font_(createFont({})) {
+    // Not every system has a bold Tahoma that looks bold at all sizes.
     Font bold;
+    bold.name = "Arial";
     bold.bold = true;
     boldFont_ = createFont(bold);
     registerWindowClass(L"GallerySheet");

@@ -59,7 +59,7 @@ TEST(IsButtonBagTest, AnEmptyBagGivesTheReadDefaults) {
     EXPECT_EQ(button.ToolTipType(), 1);
     EXPECT_EQ(static_cast<int>(button.ToolTipBackColor()), colourOf(23));
     EXPECT_EQ(static_cast<int>(button.ToolTipForeColor()), colourOf(24));
-    EXPECT_EQ(button.font().name, "Ambient");
+    EXPECT_EQ(button.Font().name, "Ambient");
     EXPECT_EQ(button.ButtonType(), 0);
     EXPECT_FALSE(button.Value());
 }
@@ -87,6 +87,9 @@ TEST(IsButtonBagTest, ReadAndWriteDefaultsOfTheIconAlignmentDiffer) {
     EXPECT_EQ(again.IconAlign(), 1);
     // The caption is written although it equals the read default's kind of value.
     EXPECT_EQ(again.Caption(), "b");
+    // Colours of the tip that were never set stay the system's, and do not come back as black.
+    EXPECT_FALSE(again.toolTipRecord().backColour);
+    EXPECT_FALSE(again.toolTipRecord().foreColour);
 }
 
 TEST(IsButtonBagTest, EveryKeyMakesTheWholeWayInOrder) {
@@ -100,7 +103,7 @@ TEST(IsButtonBagTest, EveryKeyMakesTheWholeWayInOrder) {
     button.HighlightColor(0xE0E0E0), button.FontColor(0x008000), button.FontHighlightColor(7);
     button.ToolTip("tip"), button.ToolTipTitle("title"), button.ToolTipIcon(2);
     button.ToolTipType(0), button.ToolTipBackColor(8), button.ToolTipForeColor(9);
-    button.font(font), button.ButtonType(1), button.Value(true);
+    button.Font(font), button.ButtonType(1), button.Value(true);
     PropertyBag bag;
     button.WriteProperties(bag);
     std::string keys;

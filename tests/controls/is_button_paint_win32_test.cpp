@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <climits>
 #include <cstdio>
 #include <map>
 #include <set>
@@ -277,6 +278,26 @@ TEST(ButtonPaintTest, IconsMoveWhilePressedAndHover) {
     EXPECT_EQ(placed(11, Normal), (ButtonPoint{4, middle}));
 }
 
+// A stored size is any number: nothing may overflow, nor take memory or time to match.
+TEST(ButtonPaintTest, IconsOfAnySizeAreCutAtTheFace) {
+    const auto icon = std::make_shared<IconPicture>(
+        OwnedIcon(CopyIcon(LoadIconW(nullptr, reinterpret_cast<LPCWSTR>(IDI_INFORMATION)))));
+    ASSERT_TRUE(icon->hasImage());
+    for (const int size : {INT_MIN, -1, 0, 1, 31, 500, 1 << 24, INT_MAX})
+        for (int align = 0; align <= 5; ++align)
+            for (const ButtonState state : states) {
+                ButtonLook look = lookOf(4, state);
+                look.icon = icon;
+                look.iconSize = size;
+                look.iconAlign = align;
+                Painted painted(look);
+                if (size <= 0) {
+                    look.icon = nullptr;
+                    EXPECT_EQ(painted(w / 2, h / 2), Painted(look)(w / 2, h / 2)) << size;
+                }
+            }
+}
+
 TEST(ButtonPaintTest, AHotFlatButtonsIconFloatsOverItsGreyShadow) {
     ButtonLook look = lookOf(4, ButtonState::Hot);
     look.icon = std::make_shared<Square>();
@@ -343,6 +364,24 @@ TEST(ButtonPaintTest, KeyboardFocusIsSeenInEveryStyle) {
             for (int y = 0; y < h; ++y)
                 for (int x = 0; x < w; ++x) different += plain(x, y) != cued(x, y);
             EXPECT_GT(different, w / 2) << style;
+        }
+    }
+}
+
+// By a ring or by the dotted rectangle, also while it is toggled.
+TEST(ButtonPaintTest, AFocusThatIsToBeShownIsSeenInEveryStyle) {
+    for (int style = 0; style < 12; ++style) {
+        for (const bool custom : {true, false}) {
+            for (const ButtonState state : {ButtonState::Normal, ButtonState::Pressed}) {
+                ButtonLook look = lookOf(style, state, custom);
+                Painted plain(look);
+                look.focused = look.focusShown = true;
+                Painted focused(look);
+                int different = 0;
+                for (int y = 0; y < h; ++y)
+                    for (int x = 0; x < w; ++x) different += plain(x, y) != focused(x, y);
+                EXPECT_GT(different, w / 2) << style << (custom ? " custom" : " system");
+            }
         }
     }
 }

@@ -168,7 +168,7 @@ TEST(IsButtonTest, EverySetterStoresNotifiesAndRepaintsOnce) {
     button.UseCustomColors(true), button.BackColor(1), button.HighlightColor(2);
     button.FontColor(3), button.FontHighlightColor(4), button.ToolTip("t");
     button.ToolTipTitle("tt"), button.ToolTipIcon(1), button.ToolTipType(1);
-    button.ToolTipBackColor(5), button.ToolTipForeColor(6), button.font(font);
+    button.ToolTipBackColor(5), button.ToolTipForeColor(6), button.Font(font);
     button.ButtonType(1), button.Value(true), button.Icon(nullptr), button.Style(7);
     EXPECT_EQ(told,
               "Caption IconSize CaptionAlign IconAlign NonThemeStyle Enabled ShowFocus "
@@ -181,7 +181,7 @@ TEST(IsButtonTest, EverySetterStoresNotifiesAndRepaintsOnce) {
     EXPECT_EQ(button.IconAlign(), 3);
     EXPECT_EQ(button.HighlightColor(), 2U);
     EXPECT_EQ(button.ToolTipForeColor(), 6U);
-    EXPECT_TRUE(button.font().bold);
+    EXPECT_TRUE(button.Font().bold);
     const ButtonLook look = button.look();
     EXPECT_EQ(look.style, 7);
     EXPECT_EQ(look.state, ButtonState::Disabled);

@@ -315,6 +315,11 @@ TEST_F(IsButtonWindowTest, WithoutTrackingItStillClicks) {
     EXPECT_EQ(events, "C");
     EXPECT_EQ(model->visualState(), ButtonState::Normal);
     EXPECT_EQ(tips.log, "");
+    // Nor does a toggle button stay down when the press ends beside it.
+    model->ButtonType(1);
+    clickAt(outsidePoint);
+    EXPECT_EQ(events, "C");
+    EXPECT_EQ(model->visualState(), ButtonState::Normal);
 }
 
 TEST_F(IsButtonWindowTest, ADesignedButtonIsNotTracked) {
