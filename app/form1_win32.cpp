@@ -245,7 +245,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
             form().Dragging = false;
             return 0;
         case WM_TIMER:
-            for (const WindowTimer& timer : children_->timers)
+            for (WindowTimer& timer : children_->timers)
                 if (timer.id() == wParam) timer.tick();
             return 0;
         case WM_COMMAND:

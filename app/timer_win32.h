@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "app/controls.h"
 
 namespace velvox {
@@ -20,24 +23,60 @@ class WindowTimer : public ControlView {
         KillTimer(window_, id_);
     }
 
-    void follow(Aspect) override { restart(); }
+    void follow(Aspect) override {
+        if (!ticking_) restart();
+    }
 
     UINT_PTR id() const noexcept { return id_; }
 
     /// A tick that was already under way when the timer was stopped is not delivered.
-    void tick() const {
-        if (model_.Enabled() && model_.Tick) model_.Tick();
+    /// A handler that switches its timer off and on again finds it running: the interval has just
+    /// begun, and a timer that polls would spend most of its time on stopping and starting.
+    void tick() {
+        if (!model_.Enabled() || !model_.Tick) return;
+        const Ticking outermost(*this);
+        model_.Tick();
     }
 
  private:
+    class Ticking {
+     public:
+        explicit Ticking(WindowTimer& timer)
+            : timer_(timer), nested_(std::exchange(timer.ticking_, true)) {}
+        Ticking(const Ticking&) = delete;
+        Ticking& operator=(const Ticking&) = delete;
+        ~Ticking() {
+            if (nested_) return;
+            timer_.ticking_ = false;
+            if (timer_.wanted() != timer_.running_) timer_.restart();
+        }
+
+     private:
+        WindowTimer& timer_;
+        bool nested_;
+    };
+
+    /// Milliseconds, or 0 for a timer that stands. Windows looks at its timers 64 times a second;
+    /// where a system would do it more often, it would only wake the program more often.
+    UINT wanted() const {
+        constexpr UINT shortest = 16;
+        return model_.Enabled() ? std::max(model_.Interval(), shortest) : 0;
+    }
+
     void restart() {
-        KillTimer(window_, id_);
-        if (model_.Enabled()) SetTimer(window_, id_, model_.Interval(), nullptr);
+        running_ = wanted();
+        // Setting it anew also starts its interval anew.
+        if (running_ != 0)
+            SetTimer(window_, id_, running_, nullptr);
+        else
+            KillTimer(window_, id_);
     }
 
     Timer& model_;
     HWND window_;
     UINT_PTR id_;
+    UINT running_ = 0;
+    bool ticking_ = false;
 };
 
 }  // namespace velvox

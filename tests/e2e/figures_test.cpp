@@ -1,1 +1,151 @@
+// Figures of the running program, for docs/performance.md. They are printed, not judged: the
+// machine is the judge's.
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <iomanip>
+#include <iostream>
+
+#include "tests/e2e/consumption.h"
+#include "tests/e2e/places.h"
+#include "tests/e2e/program.h"
+#include "tests/e2e/proxy.h"
+
+namespace velvox::e2e {
+namespace {
+
+long long since(Clock::time_point start) {
+    return std::chrono::duration_cast<Milliseconds>(Clock::now() - start).count();
+}
+
+// Milliseconds from the start of the process to the answer of its window, which has been painted.
+long long startTime(const std::string& file, const std::string& windowClass) {
+    const auto start = Clock::now();
+    Process process({places::wine(), file});
+    driver().ask({"wait", windowClass, "20000"});
+    driver().ask({"ping", windowClass, "20000"});
+    const long long spent = since(start);
+    driver().ask({"close", windowClass});
+    process.exitWithin(Driver::patience);
+    return spent;
+}
+
+struct Times {
+    std::vector<long long> all;
+
+    long long median() {
+        std::sort(all.begin(), all.end());
+        return all[all.size() / 2];
+    }
+};
+
+std::ostream& operator<<(std::ostream& out, Times times) {
+    out << "median " << times.median() << " ms of";
+    for (const long long time : times.all) out << ' ' << time;
+    return out;
+}
+
+TEST(Figures, Start) {
+    constexpr int runs = 15;
+    Times own;
+    Times empty;
+    for (int i = -1; i < runs; ++i) {
+        const long long a = startTime(places::velvox(), "Form1");
+        const long long b = startTime(places::emptyWindow(), "Empty");
+        if (i < 0) continue;  // the files were read from the disk
+        own.all.push_back(a);
+        empty.all.push_back(b);
+    }
+    std::cout << "Velvox: " << own << "\nempty window: " << empty << "\nratio " << std::fixed
+              << std::setprecision(2)
+              << static_cast<double>(own.median()) / static_cast<double>(empty.median()) << '\n';
+}
+
+void printIdle(const Proxy::Handler& news) {
+    constexpr Milliseconds settling{5000};
+    constexpr Milliseconds measured{60'000};
+    const Proxy proxy([](const Exchange& to) { to.forward(); }, news);
+    const Program program(Network::proxy(proxy.port()));
+    std::this_thread::sleep_for(settling);
+    const struct {
+        const char* name;
+        pid_t id;
+    } programs[] = {{"Velvox", program.process().id()},
+                    {"Wine's server", wineServer()},
+                    {"the display", displayServer()}};
+    std::vector<Milliseconds> before;
+    for (const auto& one : programs) before.push_back(processorTime(one.id));
+    std::this_thread::sleep_for(measured);
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        const auto spent = (processorTime(programs[i].id) - before[i]).count();
+        std::cout << programs[i].name << ": " << spent << " ms of " << measured.count() << ", "
+                  << std::fixed << std::setprecision(2)
+                  << 100.0 * static_cast<double>(spent) / static_cast<double>(measured.count())
+                  << " % of a core\n";
+    }
+}
+
+TEST(Figures, IdleWithNews) {
+    printIdle([](const Exchange& to) { to.forward(); });
+}
+
+TEST(Figures, IdleWithSilentNews) {
+    printIdle([](const Exchange& to) { to.staySilent(); });
+}
+
+// Before, in the middle and after: what is kept once shows in the first half, what is kept each
+// time in both.
+void printGrowth(const Program& program, int times, const std::function<void(int)>& act) {
+    const auto print = [&](int done) {
+        std::cout << "after " << done << ": "
+                  << consumptionOf(program.process().id(), program.window()) << std::endl;
+    };
+    print(0);
+    const auto start = Clock::now();
+    for (int i = 0; i < times; ++i) {
+        act(i);
+        if (i + 1 == times / 2 || i + 1 == times) print(i + 1);
+    }
+    std::cout << times << " took " << since(start) << " ms\n";
+}
+
+TEST(Figures, GrowthOfRuns) {
+    constexpr int runs = 1000;
+    const Proxy proxy([](const Exchange& to) { to.forward(); });
+    const Program program(Network::proxy(proxy.port()));
+    const auto run = [&](int i) {
+        const auto site = static_cast<std::size_t>(i) % std::size(exampleAddresses);
+        program.runByMessages(exampleAddresses[site]);
+    };
+    for (int i = 0; i < 12; ++i) run(i);
+    printGrowth(program, runs, run);
+}
+
+// An hour of the strip, the blinking link and the news, with a news request every eleven seconds.
+TEST(Figures, GrowthOfAnHour) {
+    constexpr int scrolls = 36'000;
+    constexpr int scrollsPerBlink = 5;
+    constexpr int scrollsPerRequest = 110;
+    std::atomic<int> requests{0};
+    const Proxy proxy([](const Exchange& to) { to.forward(); },
+                      [&](const Exchange& to) {
+                          ++requests;
+                          to.forward();
+                      });
+    const Program program(Network::proxy(proxy.port()));
+    const auto step = [&](int i) {
+        program.tick(5);
+        if (i % scrollsPerBlink == 0) program.tick(1);
+        if (i % scrollsPerRequest == 0) {
+            program.tick(7);
+            program.tick(6);
+        }
+    };
+    for (int i = 0; i < 2 * scrollsPerRequest; ++i) step(i);
+    printGrowth(program, scrolls, step);
+    std::cout << requests << " requests for news\n";
+}
+
+}  // namespace
+}  // namespace velvox::e2e

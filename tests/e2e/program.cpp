@@ -118,6 +118,24 @@ void Program::expectGoodRun() const {
     closeArea();
 }
 
+void Program::runByMessages(const std::string& address) const {
+    const auto key = [this](ControlId to, const char* code) {
+        driver().ask({"post", to == ControlId::linkin ? edit() : control(to), "0x100", code, "0"});
+    };
+    enter(address);
+    key(ControlId::linkin, "0x0D");
+    driver().waitVisible(control(ControlId::outer));
+    driver().ask({"until", control(ControlId::output), "contains", "<a href=", "20000"});
+    if (!eventually([&] { return driver().enabled(control(ControlId::isButton1)); }))
+        throw std::runtime_error("Close is not usable");
+    key(ControlId::output, "0x1B");
+    driver().waitGone(control(ControlId::outer));
+}
+
+void Program::tick(int timer) const {
+    driver().ask({"send", window_, "0x113", std::to_string(timer), "0"});
+}
+
 std::string dismissBox() {
     const std::string titleAndText = driver().ask({"box", "20000"});
     // Wine loses a key that comes while the keyboard passes to the new window: it is pressed again.

@@ -3,6 +3,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 #include "app/control_ids.h"
 #include "tests/e2e/driver.h"
@@ -18,6 +19,16 @@ struct Network {
     static Network direct() { return {0}; }
 
     int port;
+};
+
+/// An example address of each site, in the order of the list.
+inline constexpr const char* exampleAddresses[] = {
+    "http://www.youtube.com/watch?v=Yp5O8Koe_A4",
+    "http://www.clip.vn/watch/VjW,vn,Clip-an-mung-ban-thang-2-1-cua-UAE-vao-luoi-Quatar.html",
+    "http://en.sevenload.com/videos/s931TZW/HiB-auf-dem-CSD",
+    "http://www.veoh.com/videos/v669398tRxFQc4d",
+    "http://www.metacafe.com/watch/983094/dog_singing_hippo/",
+    "http://comic.vuilen.com/view_book_detail.php?bookid=42&chapterid=354",
 };
 
 class Program {
@@ -49,6 +60,12 @@ class Program {
 
     /// A Veoh run on the replica sites, from the example, with its links.
     void expectGoodRun() const;
+
+    /// A run to its links and the closing of the area, by messages instead of pointer and keys:
+    /// many in a short time.
+    void runByMessages(const std::string& address) const;
+    /// Delivers a tick of the timer with that number, as if its time had come.
+    void tick(int timer) const;
 
     Process& process() { return process_; }
     const Process& process() const { return process_; }

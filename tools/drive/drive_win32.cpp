@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "tools/drive/line.h"
+#include "tools/drive/objects_win32.h"
 #include "tools/drive/window_path_win32.h"
 
 namespace velvox::drive {
@@ -238,22 +239,44 @@ unsigned threadsOf(DWORD process) {
     return count;
 }
 
+class OpenedProcess {
+ public:
+    explicit OpenedProcess(const std::string& path) {
+        GetWindowThreadProcessId(window(path), &id_);
+        handle_ = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id_);
+        if (!handle_) throw std::runtime_error("process does not open");
+    }
+    OpenedProcess(const OpenedProcess&) = delete;
+    OpenedProcess& operator=(const OpenedProcess&) = delete;
+    ~OpenedProcess() { CloseHandle(handle_); }
+
+    DWORD id() const { return id_; }
+    HANDLE handle() const { return handle_; }
+
+ private:
+    DWORD id_ = 0;
+    HANDLE handle_ = nullptr;
+};
+
 std::string process(const Words& w) {
-    DWORD id = 0;
-    GetWindowThreadProcessId(window(w[1]), &id);
-    const HANDLE handle = OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, id);
-    if (!handle) throw std::runtime_error("process does not open");
+    const OpenedProcess opened(w[1]);
     FILETIME ignored{}, kernel{}, user{};
-    GetProcessTimes(handle, &ignored, &ignored, &kernel, &user);
+    GetProcessTimes(opened.handle(), &ignored, &ignored, &kernel, &user);
     DWORD handles = 0;
-    GetProcessHandleCount(handle, &handles);
-    CloseHandle(handle);
+    GetProcessHandleCount(opened.handle(), &handles);
     const auto ms = [](FILETIME t) {
         return ((static_cast<unsigned long long>(t.dwHighDateTime) << 32) | t.dwLowDateTime) /
                10000;
     };
-    return "id=" + std::to_string(id) + " cpu_ms=" + std::to_string(ms(kernel) + ms(user)) +
-           " threads=" + std::to_string(threadsOf(id)) + " handles=" + std::to_string(handles);
+    return "id=" + std::to_string(opened.id()) +
+           " cpu_ms=" + std::to_string(ms(kernel) + ms(user)) +
+           " threads=" + std::to_string(threadsOf(opened.id())) +
+           " handles=" + std::to_string(handles);
+}
+
+std::string objects(const Words& w) {
+    const ObjectCounts counts = objectsOf(OpenedProcess(w[1]).handle());
+    return "gdi=" + std::to_string(counts.gdi) + " user=" + std::to_string(counts.user);
 }
 
 std::string clipboard(const Words&) {
@@ -310,6 +333,7 @@ const std::map<std::string, Command>& commands() {
         {"press", {1, press}},
         {"close", {1, close}},
         {"process", {1, process}},
+        {"objects", {1, objects}},
         {"clipboard", {0, clipboard}},
     };
     return table;

@@ -1,0 +1,28 @@
+// Nothing is left behind by runs and ticks: a short form of what e2e_figures does at length.
+#include <gtest/gtest.h>
+
+#include "tests/e2e/consumption.h"
+#include "tests/e2e/program.h"
+#include "tests/e2e/proxy.h"
+
+namespace velvox::e2e {
+namespace {
+
+TEST(GrowthTest, RunsAndTicksLeaveNoObjectsBehind) {
+    const Proxy proxy([](const Exchange& to) { to.forward(); });
+    const Program program(Network::proxy(proxy.port()));
+    const auto round = [&] {
+        for (const char* address : exampleAddresses) program.runByMessages(address);
+        for (int i = 0; i < 200; ++i) program.tick(i % 5 == 0 ? 1 : 5);
+    };
+    round();
+    const Consumption before = consumptionOf(program.process().id(), program.window());
+    for (int i = 0; i < 5; ++i) round();
+    const Consumption after = consumptionOf(program.process().id(), program.window());
+    SCOPED_TRACE(testing::Message() << "before: " << before << "\nafter: " << after);
+    EXPECT_LE(after.gdi, before.gdi);
+    EXPECT_LE(after.user, before.user);
+}
+
+}  // namespace
+}  // namespace velvox::e2e
