@@ -109,7 +109,9 @@ TEST(StartUpTest, TabGoesRoundThroughAllThatCanBeUsed) {
 }
 
 TEST(StartUpTest, TwoProgramsRunSideBySide) {
+    // While it is still starting, the first may come to the front of the second again.
     const Program first;
+    first.expectGoodRun();
     {
         Program second;
         second.expectGoodRun();
