@@ -78,7 +78,7 @@ isButtonWindow::~isButtonWindow() {
     // From here on a message finds no model to go to.
     modelAlive_.reset();
     removeSubclass();
-    toolTip_.destroy();
+    onDestroy();
     destroy();
 }
 
@@ -275,6 +275,7 @@ void isButtonWindow::onFocus(bool got) {
 void isButtonWindow::onDestroy() {
     pressing_ = false;
     toolTip_.destroy();
+    if (std::exchange(announced_, false)) services_.roles.withdraw(handle());
 }
 
 std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -292,6 +293,11 @@ std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LP
             if (!wParam) endHover();
             return std::nullopt;
         case WM_DESTROY: onDestroy(); return std::nullopt;
+        case WM_GETOBJECT:
+            // The first assistive program that asks; most sessions never have one.
+            if (static_cast<LONG>(lParam) == OBJID_CLIENT && !std::exchange(announced_, true))
+                services_.roles.announcePushButton(handle());
+            return std::nullopt;
         case WM_GETDLGCODE: {
             const auto* asked = reinterpret_cast<const MSG*>(lParam);
             const bool enter = asked && asked->message == WM_KEYDOWN && asked->wParam == VK_RETURN;
