@@ -94,7 +94,7 @@ void isButtonWindow::follow(Aspect aspect) {
         case Aspect::Visible: ShowWindow(handle(), model_.Visible() ? SW_SHOWNA : SW_HIDE); break;
         case Aspect::Enabled: {
             const std::weak_ptr<const void> alive = alive_;
-            enableWindow(model_.Enabled());
+            enableWindow(handle(), model_.Enabled());
             if (!alive.expired()) repaint();
             break;
         }
@@ -105,17 +105,6 @@ void isButtonWindow::follow(Aspect aspect) {
         case Aspect::Setting: detectTracking(); break;
         default: repaint(); break;
     }
-}
-
-void isButtonWindow::enableWindow(bool enabled) {
-    const HWND window = handle();
-    // A disabled window keeps nobody's keys: the focus goes on to the next stop.
-    if (!enabled && GetFocus() == window) {
-        const HWND form = GetAncestor(window, GA_ROOT);
-        const HWND next = GetNextDlgTabItem(form, window, FALSE);
-        SetFocus(next && next != window ? next : form);
-    }
-    EnableWindow(window, enabled);
 }
 
 // --- pointer tracking -----------------------------------------------------------------------

@@ -54,7 +54,6 @@ class isButtonWindow : public Window, public ControlView, private ButtonHost {
     void endHover();
     bool over(POINT at) const;
     bool pointerIsOver() const;
-    void enableWindow(bool enabled);
 
     void paintOnScreen();
     void paintInto(HDC dc);
