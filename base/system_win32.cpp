@@ -55,6 +55,15 @@ bool highContrast() {
            (wish.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
+void enableWindow(HWND window, bool enabled) {
+    if (!enabled && GetFocus() == window) {
+        const HWND form = GetAncestor(window, GA_ROOT);
+        const HWND next = GetNextDlgTabItem(form, window, FALSE);
+        SetFocus(next && next != window ? next : form);
+    }
+    EnableWindow(window, enabled);
+}
+
 int screenDpi() {
     static const int dpi = [] {
         const WindowDc screen(nullptr);

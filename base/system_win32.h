@@ -38,6 +38,10 @@ Rgb translateColour(OleColour colour);
 /// Whether the user has asked the system for high contrast.
 bool highContrast();
 
+/// Disables or enables a window. A disabled window keeps nobody's keys: where it has the focus,
+/// that goes on to the next stop of its form first.
+void enableWindow(HWND window, bool enabled);
+
 /// Dots per inch of the screen, as the program sees it for its whole life.
 int screenDpi();
 

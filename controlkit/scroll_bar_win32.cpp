@@ -195,7 +195,7 @@ void ScrollBarWindow::requestLeave() {
 }
 
 void ScrollBarWindow::enable(bool enabled) {
-    if (handle()) EnableWindow(handle(), enabled);
+    if (handle()) enableWindow(handle(), enabled);
     repaint();
 }
 

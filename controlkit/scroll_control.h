@@ -1,5 +1,6 @@
 // How a scroll bar answers the mouse, the wheel, the keyboard and its timers. Knows no window:
-// what it needs of one it asks through ScrollHost.
+// what it needs of one it asks through ScrollHost. A handler may alter, disable and hide the bar,
+// but must neither destroy it nor replace itself while it runs.
 #pragma once
 
 #include <cstdint>

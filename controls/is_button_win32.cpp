@@ -78,7 +78,7 @@ isButtonWindow::~isButtonWindow() {
     // From here on a message finds no model to go to.
     modelAlive_.reset();
     removeSubclass();
-    toolTip_.destroy();
+    onDestroy();
     destroy();
 }
 
@@ -94,7 +94,7 @@ void isButtonWindow::follow(Aspect aspect) {
         case Aspect::Visible: ShowWindow(handle(), model_.Visible() ? SW_SHOWNA : SW_HIDE); break;
         case Aspect::Enabled: {
             const std::weak_ptr<const void> alive = alive_;
-            enableWindow(model_.Enabled());
+            enableWindow(handle(), model_.Enabled());
             if (!alive.expired()) repaint();
             break;
         }
@@ -105,17 +105,6 @@ void isButtonWindow::follow(Aspect aspect) {
         case Aspect::Setting: detectTracking(); break;
         default: repaint(); break;
     }
-}
-
-void isButtonWindow::enableWindow(bool enabled) {
-    const HWND window = handle();
-    // A disabled window keeps nobody's keys: the focus goes on to the next stop.
-    if (!enabled && GetFocus() == window) {
-        const HWND form = GetAncestor(window, GA_ROOT);
-        const HWND next = GetNextDlgTabItem(form, window, FALSE);
-        SetFocus(next && next != window ? next : form);
-    }
-    EnableWindow(window, enabled);
 }
 
 // --- pointer tracking -----------------------------------------------------------------------
@@ -275,6 +264,7 @@ void isButtonWindow::onFocus(bool got) {
 void isButtonWindow::onDestroy() {
     pressing_ = false;
     toolTip_.destroy();
+    if (std::exchange(announced_, false)) services_.roles.withdraw(handle());
 }
 
 std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -292,6 +282,11 @@ std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LP
             if (!wParam) endHover();
             return std::nullopt;
         case WM_DESTROY: onDestroy(); return std::nullopt;
+        case WM_GETOBJECT:
+            // The first assistive program that asks; most sessions never have one.
+            if (static_cast<LONG>(lParam) == OBJID_CLIENT && !std::exchange(announced_, true))
+                services_.roles.announcePushButton(handle());
+            return std::nullopt;
         case WM_GETDLGCODE: {
             const auto* asked = reinterpret_cast<const MSG*>(lParam);
             const bool enter = asked && asked->message == WM_KEYDOWN && asked->wParam == VK_RETURN;

@@ -7,6 +7,7 @@
 
 #include "base/window_win32.h"
 #include "controls/is_button.h"
+#include "controls/is_button_role_win32.h"
 #include "controls/is_button_theme_win32.h"
 #include "controls/is_button_tool_tip_win32.h"
 #include "controls/is_button_tracking_win32.h"
@@ -18,6 +19,7 @@ struct ButtonServices {
     ProcedureFinder& procedures = systemProcedures();
     ThemeLibrary& themes = systemThemes();
     ToolTipSystem& toolTips = systemToolTips();
+    AccessibleRoles& roles = systemRoles();
 };
 
 class isButtonWindow : public Window, public ControlView, private ButtonHost {
@@ -52,7 +54,6 @@ class isButtonWindow : public Window, public ControlView, private ButtonHost {
     void endHover();
     bool over(POINT at) const;
     bool pointerIsOver() const;
-    void enableWindow(bool enabled);
 
     void paintOnScreen();
     void paintInto(HDC dc);
@@ -73,8 +74,9 @@ class isButtonWindow : public Window, public ControlView, private ButtonHost {
     bool subclassed_ = false;
     bool pressing_ = false;  ///< holds the capture for the left button
     bool spaceHeld_ = false;
-    bool focusCue_ = false;  ///< the focus came by keyboard
-    bool outlined_ = false;  ///< a region cuts the window
+    bool focusCue_ = false;   ///< the focus came by keyboard
+    bool announced_ = false;  ///< assistive programs know its role
+    bool outlined_ = false;   ///< a region cuts the window
     int outlineStyle_ = 0;
     SIZE outlineSize_{};
     unsigned paints_ = 0;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/resource.h"
+#include "base/com_win32.h"
 #include "base/runtime_failure.h"
 #include "base/system_win32.h"
 #include "base/window_win32.h"
@@ -144,6 +145,7 @@ Options readOptions() {
 int run(int show) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
+    const OleScope com;
     const Options options = readOptions();
     if (!options.file.empty())
         // A script waits for the program: nobody is there to close a message box.

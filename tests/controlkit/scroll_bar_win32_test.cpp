@@ -134,7 +134,9 @@ TEST_F(ScrollBarWindowTest, CaptureTakenAwayAndDisablingEndThePress) {
     ReleaseCapture();
 
     SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, point(10, 4));
+    ASSERT_EQ(GetFocus(), bar);
     vertical.Enabled(false);
+    EXPECT_EQ(GetFocus(), horizontal.hWnd()) << "keys go on to the next stop";
     EXPECT_EQ(GetCapture(), nullptr);
     EXPECT_FALSE(IsWindowEnabled(bar));
     kept = vertical.Value();

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "base/com_win32.h"
 #include "base/system_win32.h"
 #include "controls/is_button_layout.h"
 #include "tests/controls/is_button_fakes.h"
@@ -78,6 +79,13 @@ struct RecordedTips : ToolTipSystem {
     int made = 0;
 };
 
+struct RecordedRoles : AccessibleRoles {
+    void announcePushButton(HWND) override { log += "+"; }
+    void withdraw(HWND) override { log += "-"; }
+
+    std::string log;
+};
+
 // A form on the screen, off its visible part.
 class Form : public Window {
  public:
@@ -110,7 +118,7 @@ class IsButtonWindowTest : public testing::Test {
 
     void open() {
         window = std::make_unique<isButtonWindow>(*model, form.handle(), 7,
-                                                  ButtonServices{procedures, themes, tips});
+                                                  ButtonServices{procedures, themes, tips, roles});
     }
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendMessageW(window->handle(), message, wParam, lParam);
@@ -129,6 +137,7 @@ class IsButtonWindowTest : public testing::Test {
     FakeProcedures procedures;
     RefusingThemes themes;
     RecordedTips tips;
+    RecordedRoles roles;
     Form form;
     std::unique_ptr<isButton> model;
     std::unique_ptr<isButtonWindow> window;
@@ -159,6 +168,28 @@ TEST_F(IsButtonWindowTest, IsAChildWithTheCaptionAsItsText) {
     RECT client{};
     GetClientRect(window->handle(), &client);
     EXPECT_EQ(client.right, toPixels(Place{0, 0, 600, 600}).right);
+}
+
+TEST_F(IsButtonWindowTest, AssistiveProgramsAreToldItsRoleOnce) {
+    const auto ask = [this](LONG object) { send(WM_GETOBJECT, 0, object); };
+    open();
+    ask(OBJID_WINDOW);
+    EXPECT_EQ(roles.log, "");
+    ask(OBJID_CLIENT);
+    ask(OBJID_CLIENT);
+    EXPECT_EQ(roles.log, "+");
+    window.reset();
+    EXPECT_EQ(roles.log, "+-");
+    open();
+    ask(OBJID_CLIENT);
+    DestroyWindow(window->handle());
+    window.reset();
+    EXPECT_EQ(roles.log, "+-+-");
+    // The system's own service, with COM and without it.
+    systemRoles().announcePushButton(form.handle());
+    const OleScope com;
+    systemRoles().announcePushButton(form.handle());
+    systemRoles().withdraw(form.handle());
 }
 
 TEST_F(IsButtonWindowTest, ClicksCountWhereTheyAreReleased) {
