@@ -501,15 +501,29 @@ TEST_F(ResultPaneTest, ManyLinksTakeLittleLongerThanTheBareControl) {
     EXPECT_LT(taken.count(), 2.0);
 }
 
+// Blocks in use on the heap that the program shares with the system's controls.
+int heapBlocks() {
+    const HANDLE heap = GetProcessHeap();
+    int count = 0;
+    PROCESS_HEAP_ENTRY entry{};
+    HeapLock(heap);
+    while (HeapWalk(heap, &entry))
+        if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) ++count;
+    HeapUnlock(heap);
+    return count;
+}
+
 TEST_F(ResultPaneTest, ManyWritesLeaveNothingBehind) {
     const std::string list = imageLines(210);  // enough for the control itself to be replaced
     pane.DocumentHTML(list);
     pane.DocumentHTML("x");
+    const int blocksBefore = heapBlocks();
     const int before = liveHandles();
     for (int i = 0; i < 1000; ++i) {
-        pane.DocumentHTML(i % 50 == 0 ? list : "<a href='http://h/x'>Download</a>");
+        pane.DocumentHTML(i % 50 == 0 ? list : "<a href='http://h/x'>Download</a><br>two");
     }
     EXPECT_EQ(liveHandles(), before);
+    EXPECT_LT(heapBlocks(), blocksBefore + 100);
     int children = 0;
     for (HWND child = nullptr; (child = FindWindowExW(pane.handle(), child, nullptr, nullptr));)
         ++children;

