@@ -43,7 +43,7 @@ constexpr size_t longestReference = 12;
 constexpr string_view blanks = " \t\r\n\f";
 
 bool isBlank(char c) {
-    return blanks.find(c) != blanks.npos;
+    return c == ' ' || (c >= '\t' && c <= '\r' && c != '\v');
 }
 bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -215,11 +215,17 @@ class Parser {
                     continue;
                 }
             }
-            rest_.remove_prefix(1);
-            if (isBlank(c))
+            if (isBlank(c)) {
+                rest_.remove_prefix(1);
                 appendBlank();
-            else
-                append({&c, 1});
+                continue;
+            }
+            const auto stop = std::find_if(rest_.begin() + 1, rest_.end(), [](char next) {
+                return next == '<' || next == '&' || isBlank(next);
+            });
+            const auto length = static_cast<size_t>(stop - rest_.begin());
+            append(rest_.substr(0, length));
+            rest_.remove_prefix(length);
         }
         dropBlankAtEnd();
         return std::move(result_);

@@ -39,6 +39,7 @@ class FixedPoint {
 
     friend FixedPoint operator+(FixedPoint a, FixedPoint b);
     friend FixedPoint operator-(FixedPoint a, FixedPoint b);
+    // NOLINTNEXTLINE(modernize-use-nullptr): taken for a comparison with a pointer
     friend constexpr auto operator<=>(FixedPoint, FixedPoint) = default;
 
  private:

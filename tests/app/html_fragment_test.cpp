@@ -20,7 +20,8 @@ std::string describe(const HtmlFragment& html) {
         if (run.look.halfPoints != 20) out += std::to_string(run.look.halfPoints) + ' ';
         if (run.look.colour != TextLook::automatic) {
             char number[16];
-            std::snprintf(number, sizeof number, "%06X ", static_cast<unsigned>(run.look.colour));
+            static_cast<void>(std::snprintf(number, sizeof number, "%06X ",
+                                            static_cast<unsigned>(run.look.colour)));
             out += number;
         }
         if (run.link != TextRun::noLink)

@@ -135,7 +135,7 @@ TEST(RichTextTest, ColoursAreBounded) {
     std::string html;
     for (int i = 0; i < 1000; ++i) {
         char tag[40];
-        std::snprintf(tag, sizeof tag, "<font color=#%06x>x</font>", i);
+        static_cast<void>(std::snprintf(tag, sizeof tag, "<font color=#%06x>x</font>", i));
         html += tag;
     }
     const RichText text = written(html);

@@ -3,8 +3,8 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tools/drive/line.h"
 #include "tests/e2e/places.h"
+#include "tools/drive/line.h"
 
 namespace velvox::e2e {
 namespace {
