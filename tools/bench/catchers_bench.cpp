@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "tests/app/form1_fixture.h"
-#include "tests/bench/filled.h"
+#include "tools/bench/filled.h"
 
 namespace velvox::testing {
 namespace {

@@ -6,7 +6,7 @@
 #include "app/html_fragment.h"
 #include "app/rich_text.h"
 #include "base/colour.h"
-#include "tests/bench/filled.h"
+#include "tools/bench/filled.h"
 
 namespace velvox::testing {
 namespace {
