@@ -46,13 +46,13 @@ void XPTextBox::InitProperties() {
     dataFields_.clear();
     MyTxt.Text(Name());
     Height(newInstanceHeight);
-    Font font = MyTxt.font();
+    velvox::Font font = MyTxt.font();
     font.name = "Verdana";
     MyTxt.font(font);
     resized();
 }
 
-void XPTextBox::ReadProperties(const PropertyBag& bag, const Font& ambient) {
+void XPTextBox::ReadProperties(const PropertyBag& bag, const velvox::Font& ambient) {
     MyTxt.Alignment(text::toInt16(bag.readNumber("Alignment", 0)));
     MyTxt.BackColor(static_cast<OleColour>(bag.readNumber("BackColor", windowBack)));
     MyTxt.Enabled(bag.readBool("Enabled", true));
@@ -69,11 +69,11 @@ void XPTextBox::ReadProperties(const PropertyBag& bag, const Font& ambient) {
     dataFields_ = bag.readText("DataFields", "");
 }
 
-void XPTextBox::WriteProperties(PropertyBag& bag, const Font& ambient) const {
+void XPTextBox::WriteProperties(PropertyBag& bag, const velvox::Font& ambient) const {
     bag.write("Alignment", std::int32_t{Alignment()}, 0);
     bag.write("BackColor", static_cast<std::int32_t>(BackColor()), windowBack);
     bag.write("Enabled", Enabled(), true);
-    bag.write("Font", font(), ambient);
+    bag.write("Font", Font(), ambient);
     bag.write("ForeColor", static_cast<std::int32_t>(ForeColor()), windowText);
     bag.write("Locked", Locked(), false);
     bag.write("MaxLength", MaxLength(), 0);
@@ -138,7 +138,7 @@ void XPTextBox::Enabled(bool enabled) {
     notify("Enabled");
 }
 
-void XPTextBox::font(const Font& font) {
+void XPTextBox::Font(const velvox::Font& font) {
     MyTxt.font(font);
     notify("Font");
 }

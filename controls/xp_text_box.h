@@ -33,8 +33,8 @@ class XPTextBox : public Control {
 
     /// First placement on a form: shows its own name, 330 twips high, in Verdana.
     void InitProperties();
-    void ReadProperties(const PropertyBag& bag, const Font& ambient = {});
-    void WriteProperties(PropertyBag& bag, const Font& ambient = {}) const;
+    void ReadProperties(const PropertyBag& bag, const velvox::Font& ambient = {});
+    void WriteProperties(PropertyBag& bag, const velvox::Font& ambient = {}) const;
 
     /// Lays out the two children.
     void RePos();
@@ -45,8 +45,8 @@ class XPTextBox : public Control {
     void Alignment(std::int16_t alignment);
     bool Enabled() const { return MyTxt.Enabled(); }
     void Enabled(bool enabled);
-    const Font& font() const { return MyTxt.font(); }
-    void font(const Font& font);
+    const velvox::Font& Font() const { return MyTxt.font(); }
+    void Font(const velvox::Font& font);
     OleColour BackColor() const { return MyTxt.BackColor(); }
     void BackColor(OleColour colour);
     OleColour ForeColor() const { return MyTxt.ForeColor(); }

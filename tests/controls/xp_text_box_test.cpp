@@ -81,7 +81,7 @@ TEST_F(XPTextBoxTest, TooSmallForTheInnerBoxIsNotGuarded) {
 TEST_F(XPTextBoxTest, EverySetterNotifiesUnderItsName) {
     box.Alignment(2);
     box.Enabled(true);
-    box.font({.name = "Verdana"});
+    box.Font({.name = "Verdana"});
     box.BackColor(1);
     box.ForeColor(2);
     box.Locked(false);
@@ -100,7 +100,7 @@ TEST_F(XPTextBoxTest, EverySetterNotifiesUnderItsName) {
     EXPECT_EQ(box.Text(), "01x56789");
     EXPECT_EQ(box.SelStart(), 3);
     EXPECT_EQ(box.MyTxt.DataField(), "field");
-    EXPECT_EQ(box.font().name, "Verdana");
+    EXPECT_EQ(box.Font().name, "Verdana");
     box.Text("01x56789");
     EXPECT_EQ(take(), "Text ") << "the same text is no change";
     EXPECT_EQ(box.SelStart(), 0) << "but the caret returns to its start";
@@ -230,13 +230,13 @@ TEST_F(XPTextBoxTest, NewInstanceShowsItsNameAndALoadedOneItsDefault) {
     EXPECT_EQ(fresh.Text(), "XPTextBox1");
     EXPECT_EQ(fresh.Height(), 330);
     EXPECT_EQ(fresh.MyTxt.Height(), 240);
-    EXPECT_EQ(fresh.font().name, "Verdana");
+    EXPECT_EQ(fresh.Font().name, "Verdana");
     EXPECT_EQ(fresh.DataFields(), "");
     EXPECT_TRUE(fresh.Enabled());
 
     box.ReadProperties({}, {.name = "Ambient"});
     EXPECT_EQ(box.Text(), "Text1");
-    EXPECT_EQ(box.font().name, "Ambient");
+    EXPECT_EQ(box.Font().name, "Ambient");
     EXPECT_EQ(box.BackColor(), 0x80000005U);
     EXPECT_EQ(box.ForeColor(), 0x80000008U);
     PropertyBag written;
