@@ -56,10 +56,11 @@ class WindowTimer : public ControlView {
         bool nested_;
     };
 
-    /// Milliseconds, or 0 for a timer that stands. Windows looks at its timers 64 times a second;
-    /// where a system would do it more often, it would only wake the program more often.
+    /// Milliseconds, or 0 for a timer that stands. All that ticks here is for the eye, and no timer
+    /// runs faster than that sees. A poll each millisecond, which Windows would round up to 16,
+    /// would cost an idle program more than everything else that it does.
     UINT wanted() const {
-        constexpr UINT shortest = 16;
+        constexpr UINT shortest = 50;
         return model_.Enabled() ? std::max(model_.Interval(), shortest) : 0;
     }
 
