@@ -6,6 +6,7 @@
 #include <climits>
 #include <map>
 #include <set>
+#include <sstream>
 #include <vector>
 
 #include "controls/icon_picture_win32.h"
@@ -132,78 +133,52 @@ TEST(ButtonPaintTest, EdgesOfStylesZeroToTwo) {
                 {2, Hot, COLOR_BTNHIGHLIGHT, COLOR_BTNSHADOW},
                 {2, Pressed, COLOR_BTNSHADOW, COLOR_BTNHIGHLIGHT}};
     const auto edge = [](int index) { return static_cast<Rgb>(GetSysColor(index)); };
-    for (const auto& row : rows)
-        expectPixels(lookOf(row.style, row.state), {{0, 5, edge(row.topLeft)},
-                                                    {5, 0, edge(row.topLeft)},
-                                                    {w - 1, 5, edge(row.bottomRight)},
-                                                    {5, h - 1, edge(row.bottomRight)}});
+    for (const auto& row : rows) {
+        const Rgb above = edge(row.topLeft);
+        const Rgb below = edge(row.bottomRight);
+        expectPixels(lookOf(row.style, row.state), {{0, 5, above}, {5, 0, above}});
+        expectPixels(lookOf(row.style, row.state), {{w - 1, 5, below}, {5, h - 1, below}});
+    }
     expectPixels(lookOf(0, Normal),
                  {{1, 5, edge(COLOR_BTNHIGHLIGHT)}, {w - 2, 5, edge(COLOR_BTNSHADOW)}});
     expectPixels(lookOf(1, Normal), {{1, 5, back}});  // one pixel wide
     // Frames from corner to corner.
     for (const ButtonState state : {Normal, Disabled})
-        expectPixels(lookOf(2, state), {{0, 0, sys(15)},
-                                        {w - 1, 0, sys(15)},
-                                        {0, h - 1, sys(15)},
-                                        {w - 1, h - 1, sys(15)},
-                                        {7, 0, sys(15)},
-                                        {1, 1, back}});
+        for (const auto& [x, y] : {std::pair{0, 0}, {w - 1, 0}, {0, h - 1}, {w - 1, h - 1}, {7, 0}})
+            expectPixels(lookOf(2, state), {{x, y, sys(15)}, {1, 1, back}});
     Painted disabled(lookOf(1, Disabled));
     EXPECT_EQ(disabled(w - 1, h - 1), disabled(0, 0));
     EXPECT_NE(disabled(0, 0), back);
     EXPECT_EQ(disabled(1, 1), back);
 }
 
+// Places and shifts of the face's colour; a negative place counts from the far end.
+void expectPolished(ButtonState state, const char* triples) {
+    std::istringstream numbers(triples);
+    for (int x = 0, y = 0, by = 0; numbers >> x >> y >> by;)
+        expectPixels(lookOf(5, state), {{x < 0 ? w + x : x, y < 0 ? h + y : y, shift(back, by)}});
+}
+
 TEST(ButtonPaintTest, PolishedShadesAndFinishingPixels) {
-    const auto shade = [](int by) { return shift(back, by); };
-    const Rgb dark = shade(-128);
+    using enum ButtonState;
     // Without the three lower lines the gradient would end at -15.
-    expectPixels(lookOf(5, ButtonState::Normal), {{30, 1, shade(21)},
-                                                  {30, h - 4, shade(-16)},
-                                                  {30, h - 3, shade(-24)},
-                                                  {30, h - 2, shade(-37)},
-                                                  {w - 3, 2, shade(-5)},
-                                                  {w - 2, 2, shade(5 + (-32 - 5) * 1 / (h - 4))}});
-    const ButtonPoint darkOnes[] = {{30, 0},    {0, 15},        {30, h - 1}, {w - 1, 15},
-                                    {1, 1},     {1, h - 2},     {w - 2, 1},  {w - 2, h - 2},
-                                    {1, 0},     {w - 2, 0},     {0, 1},      {0, h - 2},
-                                    {1, h - 1}, {w - 2, h - 1}, {w - 1, 1},  {w - 1, h - 2}};
-    for (const auto& [x, y] : darkOnes)
-        expectPixels(lookOf(5, ButtonState::Normal), {{x, y, dark}});
-    EXPECT_NE(Painted(lookOf(5, ButtonState::Normal))(2, 2), dark);
-
-    const Rgb last = shade(5 + (-5 - 5) * (h - 6) / (h - 5));
-    expectPixels(lookOf(5, ButtonState::Pressed), {{30, 1, shade(-32)},
-                                                   {30, 2, shade(-22)},
-                                                   {30, h - 2, shade(-24)},
-                                                   {30, 3, shade(-15)},
-                                                   {30, h - 3, last},
-                                                   {1, 2, shade(-48)},
-                                                   {2, 1, shade(-48)},
-                                                   {1, h - 3, shade(-5)},
-                                                   {2, h - 2, shade(-16)},
-                                                   {w - 2, h - 3, shade(18)},
-                                                   {w - 3, h - 2, shade(8)},
-                                                   {w - 3, 1, shade(-48)},
-                                                   {w - 2, 2, shade(-37)},
-                                                   {30, 0, dark},
-                                                   {1, 0, shade(-96)},
-                                                   {1, 1, back},
-                                                   {1, h - 2, back},
-                                                   {w - 2, 1, back},
-                                                   {w - 2, h - 2, back}});
-
-    const ButtonLook disabled = lookOf(5, ButtonState::Disabled);
-    expectPixels(disabled, {{30, 0, shade(-64)},
-                            {0, 15, shade(-64)},
-                            {30, h - 1, shade(-53)},
-                            {w - 1, 15, shade(-53)},
-                            {30, 15, back}});
+    expectPolished(Normal, "30 1 21   30 -4 -16   30 -3 -24   30 -2 -37   -3 2 -5   -2 2 4");
+    // The outer lines, and twelve pixels at the corners.
+    expectPolished(Normal,
+                   "30 0 -128   0 15 -128   30 -1 -128   -1 15 -128   1 1 -128   1 -2 -128 "
+                   "-2 1 -128   -2 -2 -128   1 0 -128   -2 0 -128   0 1 -128   0 -2 -128 "
+                   "1 -1 -128   -2 -1 -128   -1 1 -128   -1 -2 -128");
+    EXPECT_NE(Painted(lookOf(5, Normal))(2, 2), shift(back, -128));
+    expectPolished(Pressed,
+                   "30 1 -32   30 2 -22   30 -2 -24   30 3 -15   30 -3 -4   1 2 -48   2 1 -48 "
+                   "1 -3 -5   2 -2 -16   -2 -3 18   -3 -2 8   -3 1 -48   -2 2 -37   30 0 -128 "
+                   "1 0 -96   1 1 0   1 -2 0   -2 1 0   -2 -2 0");
+    expectPolished(Disabled, "30 0 -64   0 15 -64   30 -1 -53   -1 15 -53   30 15 0");
     for (const int x : {0, 1, w - 2, w - 1})
-        for (const int y : {0, 1, h - 2, h - 1}) expectPixels(disabled, {{x, y, back}});
+        for (const int y : {0, 1, h - 2, h - 1}) expectPixels(lookOf(5, Disabled), {{x, y, back}});
 
     // Without custom colours another painter is at work.
-    Painted system(lookOf(5, ButtonState::Normal, false));
+    Painted system(lookOf(5, Normal, false));
     EXPECT_GT(redOf(system(30, 1)), redOf(system(30, h - 3)));
     EXPECT_NE(system(30, h - 4), shift(sys(15), -16));
 }
