@@ -329,26 +329,22 @@ TEST(ButtonPaintTest, NoTwoStylesAndNoTwoStatesLookAlike) {
     }
 }
 
+// The outlines are known point by point; what the system makes of one of each kind.
 TEST(ButtonPaintTest, RegionsCutTheCornersOfTheirStyles) {
     const struct {
-        std::vector<int> styles;
+        int style;
         std::vector<ButtonPoint> inside, outside;
-    } rows[] = {
-        {{0, 1, 2, 3, 4, 6, 11}, {{0, 0}, {w - 1, h - 1}}, {{w, h}}},
-        {{5, 7}, {{1, 0}, {0, 1}, {2, h - 1}}, {{0, 0}, {w - 1, 0}, {w - 1, h - 1}, {0, h - 1}}},
-        // The bottom left corner loses one pixel more than the one at the top left.
-        {{8, 9},
-         {{2, 0}, {w - 4, 0}, {3, h - 1}},
-         {{1, 0}, {w - 3, 0}, {2, h - 1}, {w - 1, h - 2}}},
-        {{10}, {{h / 2, 0}, {0, h / 2}}, {{3, 1}}}};
-    for (const auto& row : rows)
-        for (const int style : row.styles) {
-            const OwnedRegion region = buttonRegion(style, w, h);
-            for (const auto& [x, y] : row.inside)
-                EXPECT_TRUE(PtInRegion(region.get(), x, y)) << style << ' ' << x << ',' << y;
-            for (const auto& [x, y] : row.outside)
-                EXPECT_FALSE(PtInRegion(region.get(), x, y)) << style << ' ' << x << ',' << y;
-        }
+    } rows[] = {{0, {{0, 0}, {w - 1, h - 1}}, {{w, h}}},
+                {5, {{1, 0}, {0, 1}, {2, h - 1}}, {{0, 0}, {w - 1, 0}, {w - 1, h - 1}, {0, h - 1}}},
+                {8, {{2, 0}, {w - 4, 0}, {3, h - 1}}, {{1, 0}, {w - 3, 0}, {2, h - 1}}},
+                {10, {{h / 2, 0}, {0, h / 2}}, {{3, 1}}}};
+    for (const auto& row : rows) {
+        const OwnedRegion region = buttonRegion(row.style, w, h);
+        for (const auto& [x, y] : row.inside)
+            EXPECT_TRUE(PtInRegion(region.get(), x, y)) << row.style << ' ' << x << ',' << y;
+        for (const auto& [x, y] : row.outside)
+            EXPECT_FALSE(PtInRegion(region.get(), x, y)) << row.style << ' ' << x << ',' << y;
+    }
 }
 
 TEST(ButtonPaintTest, TinyAndLargeFacesLeaveNoHandlesBehind) {

