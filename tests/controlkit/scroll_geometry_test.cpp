@@ -10,14 +10,15 @@ namespace {
 constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
 
-ScrollMeasure usual() {
-    return {.length = 130,
+ScrollMeasure measure(int length, std::int32_t min, std::int32_t max, std::int32_t page,
+                      FixedPoint value) {
+    return {.length = length,
             .arrowLength = 10,
             .minimumThumb = 8,
-            .min = 0,
-            .max = 100,
-            .largeChange = 10,
-            .value = 50};
+            .min = min,
+            .max = max,
+            .largeChange = page,
+            .value = value};
 }
 
 /// What holds for every bar: the parts cover it without gap or overlap and agree with `hit`.
@@ -49,68 +50,43 @@ void expectWhole(const ScrollMeasure& m) {
 }
 
 TEST(ScrollGeometryTest, PartsCoverTheBarForExtremeRangesAndTinyBars) {
-    const struct {
-        std::int32_t min, max;
-    } ranges[] = {{0, 100}, {7, 7}, {100, 0}, {lowest, highest}, {highest, lowest}, {-1, 0}};
+    const std::pair<std::int32_t, std::int32_t> ranges[] = {
+        {0, 100}, {7, 7}, {100, 0}, {lowest, highest}, {highest, lowest}, {-1, 0}};
     for (const int length : {0, 1, 2, 3, 12, 19, 20, 21, 27, 28, 29, 130, 4000})
-        for (const auto& range : ranges)
+        for (const auto& [min, max] : ranges)
             for (const std::int32_t page : {0, 1, 10, highest})
-                for (const FixedPoint value : {FixedPoint(lowest), FixedPoint(0), FixedPoint(0.5),
-                                               FixedPoint(33), FixedPoint(highest)}) {
-                    ScrollMeasure m = usual();
-                    m.length = length;
-                    m.min = range.min;
-                    m.max = range.max;
-                    m.largeChange = page;
-                    m.value = value;
-                    expectWhole(m);
-                }
+                for (const double value : {double{lowest}, 0.0, 0.5, 33.0, double{highest}})
+                    expectWhole(measure(length, min, max, page, value));
 }
 
 TEST(ScrollGeometryTest, ThumbFollowsValueAndPage) {
-    ScrollMeasure m = usual();
-    // A track of 110 pixels for a range of 100 and a page of 10.
-    EXPECT_EQ(ScrollGeometry(m).thumb(), (Span{10 + 50, 10}));
-    m.value = 0;
-    EXPECT_EQ(ScrollGeometry(m).thumb(), (Span{10, 10}));
-    m.value = 100;
-    EXPECT_EQ(ScrollGeometry(m).thumb(), (Span{110, 10}));
-    m.largeChange = 100;
-    EXPECT_EQ(ScrollGeometry(m).thumb(), (Span{65, 55}));
-    m.max = 1000000;
-    m.value = 1000000;
-    EXPECT_EQ(ScrollGeometry(m).thumb(), (Span{112, 8}));
-}
-
-TEST(ScrollGeometryTest, NothingToScrollFillsTheTrackAndStaysAtMin) {
-    ScrollMeasure m = usual();
-    for (const std::int32_t max : {0, -100, lowest}) {
-        m.max = max;
-        const ScrollGeometry g(m);
-        EXPECT_EQ(g.thumb(), g.track()) << max;
-        EXPECT_EQ(g.valueAt(60), FixedPoint(0)) << max;
-    }
-}
-
-TEST(ScrollGeometryTest, TinyBarsShareTheLengthAndDropTheThumb) {
-    ScrollMeasure m = usual();
-    m.length = 15;
-    const ScrollGeometry halves(m);
+    // A track of 110 pixels for a range of 100 and a page of 10; nothing to scroll fills it; a
+    // tiny bar drops the thumb.
+    const struct {
+        int length;
+        std::int32_t max, page;
+        double value;
+        Span thumb;
+    } rows[] = {{130, 100, 10, 50, {60, 10}},           {130, 100, 10, 0, {10, 10}},
+                {130, 100, 10, 100, {110, 10}},         {130, 100, 100, 100, {65, 55}},
+                {130, 1000000, 100, 1000000, {112, 8}}, {130, 0, 10, 50, {10, 110}},
+                {130, lowest, 10, 50, {10, 110}},       {28, 100, 10, 0, {10, 8}}};
+    for (const auto& row : rows)
+        EXPECT_EQ(ScrollGeometry(measure(row.length, 0, row.max, row.page, row.value)).thumb(),
+                  row.thumb)
+            << row.max << ' ' << row.value;
+    EXPECT_EQ(ScrollGeometry(measure(130, 0, -100, 10, 50)).valueAt(60), FixedPoint(0));
+    EXPECT_EQ(ScrollGeometry(measure(27, 0, 100, 10, 50)).thumb().length, 0);
+    const ScrollGeometry halves(measure(15, 0, 100, 10, 50));
     EXPECT_EQ(halves.lessArrow(), (Span{0, 7}));
     EXPECT_EQ(halves.track(), (Span{7, 1}));
     EXPECT_EQ(halves.moreArrow(), (Span{8, 7}));
-    m.length = 27;
-    EXPECT_EQ(ScrollGeometry(m).thumb().length, 0);
-    m.length = 28;
-    EXPECT_EQ(ScrollGeometry(m).thumb().length, 8);
 }
 
 TEST(ScrollGeometryTest, EveryThumbPositionComesBackFromItsValue) {
     // More values than pixels: the way from a pixel to a value and back must not wander.
     for (const std::int32_t max : {99999, highest}) {
-        ScrollMeasure m = usual();
-        m.min = max == highest ? lowest : 0;
-        m.max = max;
+        ScrollMeasure m = measure(130, max == highest ? lowest : 0, max, 10, 0);
         const ScrollGeometry g(m);
         FixedPoint last = m.min;
         for (int start = g.track().start; start + g.thumb().length <= g.track().end(); ++start) {

@@ -31,23 +31,20 @@ TEST(ScrollLookTest, EachPartTakesTheColourOfItsRoleAndTouch) {
     EXPECT_EQ(fill(ScrollPart::TrackAfter, Touch::Down), 4);
 }
 
-TEST(ScrollLookTest, AWhiteArrowOnAWhiteHoverStaysVisible) {
+TEST(ScrollLookTest, AWhiteArrowStaysVisibleAndADisabledBarFades) {
     const FixedColours table;
-    const tsPrivateScroll bar;
-    EXPECT_EQ(scrollPartLook(bar, ScrollPart::LessArrow, Touch::None, table).glyph,
-              rgb(255, 255, 255));
-    EXPECT_EQ(scrollPartLook(bar, ScrollPart::LessArrow, Touch::Hover, table).glyph,
-              rgb(128, 128, 255));
-}
-
-TEST(ScrollLookTest, ADisabledBarFadesAndShowsNoTouch) {
-    const FixedColours table;
+    const Rgb white = rgb(255, 255, 255);
     tsPrivateScroll bar;
+    const auto glyph = [&](Touch touch) {
+        return scrollPartLook(bar, ScrollPart::LessArrow, touch, table).glyph;
+    };
+    EXPECT_EQ(glyph(Touch::None), white);
+    EXPECT_EQ(glyph(Touch::Hover), rgb(128, 128, 255));
     bar.FrontColor(rgb(0, 100, 200));
     bar.Enabled(false);
     const ScrollPartLook look = scrollPartLook(bar, ScrollPart::Thumb, Touch::Down, table);
-    EXPECT_EQ(look.fill, average(rgb(0, 100, 200), rgb(255, 255, 255)));
-    EXPECT_EQ(look.border, average(rgb(128, 128, 255), rgb(255, 255, 255)));
+    EXPECT_EQ(look.fill, average(rgb(0, 100, 200), white));
+    EXPECT_EQ(look.border, average(rgb(128, 128, 255), white));
 }
 
 }  // namespace

@@ -1,0 +1,60 @@
+// What tests of real windows share: a form to stand on, time for messages, a window's picture.
+#pragma once
+
+#include <functional>
+
+#include "base/window_win32.h"
+#include "controlkit/virtual_dc_win32.h"
+
+namespace velvox {
+
+/// A topmost popup on the screen.
+class TestForm : public Window {
+ public:
+    explicit TestForm(const RECT& bounds) {
+        registerWindowClass(L"TestForm");
+        WindowRequest request;
+        request.className = L"TestForm";
+        request.style = WS_POPUP | WS_VISIBLE;
+        request.extendedStyle = WS_EX_TOPMOST;
+        request.bounds = bounds;
+        create(request);
+    }
+    ~TestForm() override { destroy(); }
+
+ private:
+    std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
+};
+
+/// Lets messages through until `done` or the deadline; answers whether it was done.
+inline bool pumpUntil(const std::function<bool()>& done, DWORD milliseconds) {
+    const DWORD start = GetTickCount();
+    while (!done()) {
+        const DWORD passed = GetTickCount() - start;
+        if (passed >= milliseconds) return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, milliseconds - passed, QS_ALLINPUT);
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+    return true;
+}
+
+/// A window's client area as it would be printed.
+class ClientPrint {
+ public:
+    explicit ClientPrint(HWND window) {
+        RECT client{};
+        GetClientRect(window, &client);
+        surface_.CreateMyDC(client.right, client.bottom);
+        SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(surface_.hDC()), PRF_CLIENT);
+    }
+    Rgb at(int x, int y) const { return surface_.GetPixel(x, y); }
+
+ private:
+    clsVirtualDC surface_;
+};
+
+}  // namespace velvox
