@@ -89,19 +89,22 @@ void CALLBACK onStatus(HINTERNET, DWORD_PTR context, DWORD status, void* informa
 constexpr DWORD awaitedInput =
     QS_SENDMESSAGE | QS_POSTMESSAGE | QS_PAINT | QS_MOUSEBUTTON | QS_MOUSEMOVE | QS_KEY;
 
+// A look into the queue for one kind of message lets the wait pass over all others that are in it:
+// what comes between two looks is found after this time at the latest.
+constexpr std::chrono::milliseconds longestBlindness{100};
+
 // Waits for the completion of one step, answering sent messages meanwhile.
 DWORD await(Completions& completions, DWORD expected, Clock::time_point deadline,
             const std::function<void()>& whileWaiting) {
     const HANDLE arrived = completions.arrived();
     for (;;) {
-        const auto left =
-            std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
-        if (left <= 0) failWithError(ERROR_WINHTTP_TIMEOUT);
-        const DWORD result = MsgWaitForMultipleObjects(1, &arrived, FALSE, static_cast<DWORD>(left),
-                                                       whileWaiting ? awaitedInput : 0);
-        if (result == WAIT_TIMEOUT) failWithError(ERROR_WINHTTP_TIMEOUT);
-        if (result == WAIT_OBJECT_0 + 1) {
-            whileWaiting();
+        auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+        if (left.count() <= 0) failWithError(ERROR_WINHTTP_TIMEOUT);
+        if (whileWaiting) left = std::min(left, longestBlindness);
+        const DWORD result = MsgWaitForMultipleObjects(
+            1, &arrived, FALSE, static_cast<DWORD>(left.count()), whileWaiting ? awaitedInput : 0);
+        if (result == WAIT_TIMEOUT || result == WAIT_OBJECT_0 + 1) {
+            if (whileWaiting) whileWaiting();
             continue;
         }
         if (result != WAIT_OBJECT_0) throwLastError("MsgWaitForMultipleObjects");

@@ -169,6 +169,8 @@ TEST(FrameTest, KeysEndTheProgramAndMoveIt) {
     Hands().key("alt+space").act();
     driver().waitVisible("#32768");
     Hands().key("m").act();
+    // The menu holds the pointer, too.
+    driver().waitGone("#32768");
     EXPECT_TRUE(eventually([&] { return held(program); }));
     Hands().key("Right").key("Right").key("Down").key("Return").act();
     EXPECT_TRUE(eventually([&] { return driver().rect(program.window()).left > place.left; }));

@@ -34,6 +34,15 @@ Network Network::sites() {
 
 namespace {
 
+constexpr const char* title = "Velvox 1.00";
+
+std::string focusedTitle() {
+    std::string name =
+        outputOf({"sh", "-c", "xdotool getwindowfocus getwindowname 2> /dev/null || true"});
+    while (name.ends_with('\n')) name.pop_back();
+    return name;
+}
+
 std::string newMainWindow(const std::set<std::string>& before) {
     std::string found;
     const bool came = eventually([&] {
@@ -55,6 +64,9 @@ Program::Program(const std::set<std::string>& before, const Network& network,
     : process_({places::wine(), file}, {proxyVariable(network)}), window_(newMainWindow(before)) {
     // Its first message is answered once the window has been painted.
     driver().ask({"ping", window_, "20000"});
+    // Keys go to the display's focused window, which it becomes a little later.
+    if (!eventually([] { return focusedTitle() == title; }))
+        throw std::runtime_error("the program does not get the keyboard");
 }
 
 std::string Program::control(ControlId id) const {
