@@ -27,17 +27,16 @@ TEST(HttpAddressTest, TakesAddressesApart) {
 }
 
 TEST(HttpAddressTest, RefusesWhatNoHostCanAnswer) {
-    const std::string rows[] = {"",
+    for (const char* address : {"",
                                 "http:",
                                 "http:/a.com",
                                 "http://",
-                                "http:///x",
                                 "?x",
                                 ":80",
                                 "//a.com",
-                                " http://a.com/",
+                                " http://a/",
                                 "http://a\\b/",
-                                "http://user/",
+                                "http://u@a/",
                                 "http://[::1]/",
                                 "http://a:0/",
                                 "http://a:65536/",
@@ -47,10 +46,10 @@ TEST(HttpAddressTest, RefusesWhatNoHostCanAnswer) {
                                 "javascript:alert(1)",
                                 "file:///c:/x",
                                 "C:\\x",
-                                std::string("http://a\0b/", 11),
-                                "http://" + std::string(256, 'a') + "/"};
-    for (const std::string& address : rows)
+                                "http://a b/"})
         EXPECT_THROW(parseHttpAddress(address), RuntimeFailure) << address;
+    EXPECT_THROW(parseHttpAddress(std::string("http://a\0b/", 11)), RuntimeFailure);
+    EXPECT_THROW(parseHttpAddress("http://" + std::string(256, 'a') + "/"), RuntimeFailure);
 }
 
 TEST(HttpAddressTest, ResolvesLocations) {
