@@ -224,9 +224,7 @@ class Form1Fixture {
         });
         for (Timer* timer : {&form.Timer1, &form.Timer4, &form.Timer5, &form.Timer6, &form.Timer7})
             record(*timer, [this, timer](Aspect aspect) {
-                if (aspect != Aspect::Enabled) return;
-                log.addFlag(timer->Name(), timer->Enabled());
-                if (timerChanged) timerChanged(*timer);
+                if (aspect == Aspect::Enabled) log.addFlag(timer->Name(), timer->Enabled());
             });
     }
 
@@ -248,9 +246,6 @@ class Form1Fixture {
     FakeFrame frame{log};
     FakeColours colours;
     Form1 form{{transfer, pane, browser, desktop, frame, colours}};
-
-    /// Told when a timer is enabled or disabled.
-    std::function<void(const Timer&)> timerChanged;
 
  private:
     template <class Followed>

@@ -14,46 +14,6 @@ std::string markedNews(const std::string& text) {
     return "<!-News!->" + text + "<!-NewsEnd!->";
 }
 
-/// Runs the form's timers in virtual milliseconds.
-class VirtualTime {
- public:
-    explicit VirtualTime(Form1Fixture& fixture) : fixture_(fixture) {
-        Form1& form = fixture.form;
-        for (Timer* timer : {&form.Timer1, &form.Timer4, &form.Timer5, &form.Timer6, &form.Timer7})
-            running_.push_back({timer, timer->Interval()});
-        fixture.timerChanged = [this](const Timer& timer) {
-            for (Running& r : running_)
-                if (r.timer == &timer) r.due = now_ + timer.Interval();
-        };
-    }
-
-    void runTo(unsigned time) {
-        for (;;) {
-            Running* next = nullptr;
-            for (Running& r : running_)
-                if (r.timer->Enabled() && r.due <= time && (!next || r.due < next->due)) next = &r;
-            if (!next) break;
-            now_ = next->due;
-            next->due += next->timer->Interval();
-            next->timer->Tick();
-            const std::string effects = fixture_.log.take();
-            if (effects.find("open get") != effects.npos) requests.push_back(now_);
-        }
-        now_ = time;
-    }
-
-    std::vector<unsigned> requests;  ///< when each was started
-
- private:
-    struct Running {
-        Timer* timer;
-        unsigned due;
-    };
-    Form1Fixture& fixture_;
-    std::vector<Running> running_;
-    unsigned now_ = 0;
-};
-
 class NewsTickerTest : public ::testing::Test {
  protected:
     NewsTickerTest() { form.Form_Load(); }
@@ -145,23 +105,9 @@ TEST_F(NewsTickerTest, SameNewsKeepTheirPlace) {
     EXPECT_EQ(form.NewsPos, "42");
 }
 
-TEST_F(NewsTickerTest, SilentServerIsAskedAgainElevenSecondsLater) {
-    VirtualTime time(fixture);
-    time.runTo(24'000);
-    EXPECT_EQ(time.requests, (std::vector<unsigned>{1000, 12'000, 23'000}));
-}
-
-TEST_F(NewsTickerTest, NextRequestStartsElevenSecondsAfterAReply) {
-    VirtualTime time(fixture);
-    time.runTo(1500);
-    news.state = 4;
-    time.runTo(1501);
-    EXPECT_EQ(form.Label4.Caption(), "Unknown Error ! While Loading News...");
-    time.runTo(1600);
-    EXPECT_EQ(form.Label4.Caption(), form.NewsText.substr(14, 150)) << "until the next scroll";
-    news.state = 1;
-    time.runTo(25'000);
-    EXPECT_EQ(time.requests, (std::vector<unsigned>{1000, 12'501, 23'501}));
+TEST_F(NewsTickerTest, RefreshLetsTheNextRequestStartElevenSecondsAfterTheLast) {
+    EXPECT_EQ(tick(form.Timer7), "Timer7 False\nTimer6 True\nTimer4 False\n");
+    EXPECT_EQ(form.Timer7.Interval() + form.Timer6.Interval(), 11'000U);
 }
 
 // The first tick has no place yet: it shows nothing and sets the place to 1.

@@ -91,16 +91,13 @@ class ResultPaneTest : public testing::Test {
         send(EM_EXSETSEL, 0, at(place));
     }
     void setCaret(std::size_t character) const { select(character, character); }
-    CHARFORMAT2W formatAt(std::size_t character) const {
+    bool isLink(std::size_t character) const {
         select(character, character + 1);
         CHARFORMAT2W format{};
         format.cbSize = sizeof format;
         send(EM_GETCHARFORMAT, SCF_SELECTION, at(format));
         setCaret(0);
-        return format;
-    }
-    bool isLink(std::size_t character) const {
-        return (formatAt(character).dwEffects & CFE_LINK) != 0;
+        return (format.dwEffects & CFE_LINK) != 0;
     }
     // A point inside a character.
     LPARAM pointAt(std::size_t character) const {
@@ -182,41 +179,21 @@ TEST_F(ResultPaneTest, ShowsTextAndLinksAndKeepsTheHtmlAsWritten) {
     EXPECT_EQ(paneText(), L"");
 }
 
-TEST_F(ResultPaneTest, FontAndColourReachTheControl) {
-    pane.DocumentHTML("x<font face='Courier New' size=5 color='#00ff80'>y</font>");
-    CHARFORMAT2W format = formatAt(0);
-    EXPECT_NE(format.dwEffects & CFE_AUTOCOLOR, 0U);
-    EXPECT_EQ(format.yHeight, 200);
-    EXPECT_EQ(lstrcmpiW(format.szFaceName, L"Tahoma"), 0);
-    format = formatAt(1);
-    EXPECT_EQ(format.crTextColor, RGB(0, 255, 128));
-    EXPECT_EQ(format.yHeight, 360);
-    EXPECT_EQ(lstrcmpiW(format.szFaceName, L"Courier New"), 0);
-}
-
-TEST_F(ResultPaneTest, IsPaintedOnReturnAndIntoAPictureOfIt) {
+TEST_F(ResultPaneTest, IsPaintedOnReturn) {
     drain();
-    const auto darkPixels = [&](HDC dc) {
+    const auto darkPixels = [&] {
+        const WindowDc dc(text());
         int count = 0;
         for (int y = 5; y < 20; ++y)
-            for (int x = 5; x < 120; ++x) count += GetRValue(GetPixel(dc, x, y)) < 0x60;
+            for (int x = 5; x < 120; ++x) count += GetRValue(GetPixel(dc.get(), x, y)) < 0x60;
         return count;
     };
     pane.DocumentHTML("");
-    EXPECT_EQ(darkPixels(WindowDc(text()).get()), 0);
+    EXPECT_EQ(darkPixels(), 0);
     pane.DocumentHTML("<font face='tahoma' size='2'>Please wait...</font>");
     EXPECT_FALSE(GetUpdateRect(text(), nullptr, FALSE));
     EXPECT_FALSE(GetUpdateRect(pane.handle(), nullptr, FALSE));
-    EXPECT_GT(darkPixels(WindowDc(text()).get()), 30);
-
-    const WindowDc screen(nullptr);
-    const OwnedMemoryDc memory(CreateCompatibleDC(screen.get()));
-    const OwnedBitmap bitmap(CreateCompatibleBitmap(screen.get(), 290, 190));
-    const Selected selected(memory.get(), bitmap.get());
-    SendMessageW(pane.handle(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory.get()), PRF_CLIENT);
-    EXPECT_EQ(GetPixel(memory.get(), 0, 0), GetSysColor(COLOR_BTNSHADOW));
-    EXPECT_EQ(GetPixel(memory.get(), 280, 150), GetSysColor(COLOR_WINDOW));
-    EXPECT_GT(darkPixels(memory.get()), 30);
+    EXPECT_GT(darkPixels(), 30);
 }
 
 TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
@@ -305,7 +282,7 @@ TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
     };
     const HCURSOR hand = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND));
     // Where the pointer goes, and what is shown of it at once and after a rest.
-    for (const bool onLink : {false, true, false}) {
+    for (const bool onLink : {false, true}) {
         const LPARAM point = pointAt(onLink ? 7 : 1);
         mouse(WM_MOUSEMOVE, point);
         EXPECT_EQ(GetCursor() == hand, onLink);
@@ -313,6 +290,8 @@ TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
         mouse(WM_MOUSEHOVER, point);
         EXPECT_EQ(tip(), onLink ? "http://h/address?a&b" : "hidden");
     }
+    mouse(WM_MOUSEMOVE, pointAt(1));
+    EXPECT_EQ(tip(), "hidden");
     mouse(WM_MOUSEHOVER, pointAt(7));
     pane.DocumentHTML("something else");
     EXPECT_EQ(tip(), "hidden");

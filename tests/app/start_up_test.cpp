@@ -33,34 +33,6 @@ TEST(StartUpTest, DesignIsInPlaceBeforeLoading) {
     EXPECT_THROW(designOf("Label99"), RuntimeFailure);
 }
 
-// Children lie inside their containers and beside each other. The result area is laid over the
-// rest, from its place of a run on.
-TEST(StartUpTest, DesignHasNoOverlaps) {
-    const std::pair<std::string_view, std::vector<std::string_view>> containers[] = {
-        {"Form1",
-         {"skinicon", "skinbar", "topendskin", "Label1", "linkin", "UniXPButton1", "Label6", "ds",
-          "Label7", "vd", "Label11", "Label12", "Label13", "Picture1"}},
-        {"topendskin", {"isButton2"}},
-        {"outer", {"Label3", "output", "Label2", "web", "isButton1"}},
-        {"Picture1", {"Label4"}}};
-    for (const auto& [container, names] : containers) {
-        const Place outside = designOf(container).place;
-        for (const std::string_view name : names) {
-            const Place a = designOf(name).place;
-            EXPECT_TRUE(a.left >= 0 && a.top >= 0 && a.left + a.width <= outside.width &&
-                        a.top + a.height <= outside.height)
-                << name;
-            for (const std::string_view other : names) {
-                const Place b = designOf(other).place;
-                EXPECT_TRUE(name == other || a.left + a.width <= b.left ||
-                            b.left + b.width <= a.left || a.top + a.height <= b.top ||
-                            b.top + b.height <= a.top)
-                    << name << " and " << other;
-            }
-        }
-    }
-}
-
 TEST(StartUpTest, ChoosingASiteChangesTheExampleAlone) {
     Form1Fixture fixture;
     Form1& form = fixture.form;
