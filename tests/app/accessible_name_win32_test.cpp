@@ -42,37 +42,29 @@ class FakeService final : public ComObject<IAccPropServices> {
         return S_OK;
     }
 
-    STDMETHODIMP SetPropValue(const BYTE*, DWORD, MSAAPROPID, VARIANT) override { return no; }
-    STDMETHODIMP SetPropServer(const BYTE*, DWORD, const MSAAPROPID*, int, IAccPropServer*,
-                               AnnoScope) override {
-        return no;
+    // Of no use here, but asked for by the interface.
+#define VELVOX_UNUSED(name, ...)              \
+    STDMETHODIMP name(__VA_ARGS__) override { \
+        return E_NOTIMPL;                     \
     }
-    STDMETHODIMP ClearProps(const BYTE*, DWORD, const MSAAPROPID*, int) override { return no; }
-    STDMETHODIMP SetHwndPropServer(HWND, DWORD, DWORD, const MSAAPROPID*, int, IAccPropServer*,
-                                   AnnoScope) override {
-        return no;
-    }
-    STDMETHODIMP ComposeHwndIdentityString(HWND, DWORD, DWORD, BYTE**, DWORD*) override {
-        return no;
-    }
-    STDMETHODIMP DecomposeHwndIdentityString(const BYTE*, DWORD, HWND*, DWORD*, DWORD*) override {
-        return no;
-    }
-    STDMETHODIMP SetHmenuProp(HMENU, DWORD, MSAAPROPID, VARIANT) override { return no; }
-    STDMETHODIMP SetHmenuPropStr(HMENU, DWORD, MSAAPROPID, LPCWSTR) override { return no; }
-    STDMETHODIMP SetHmenuPropServer(HMENU, DWORD, const MSAAPROPID*, int, IAccPropServer*,
-                                    AnnoScope) override {
-        return no;
-    }
-    STDMETHODIMP ClearHmenuProps(HMENU, DWORD, const MSAAPROPID*, int) override { return no; }
-    STDMETHODIMP ComposeHmenuIdentityString(HMENU, DWORD, BYTE**, DWORD*) override { return no; }
-    STDMETHODIMP DecomposeHmenuIdentityString(const BYTE*, DWORD, HMENU*, DWORD*) override {
-        return no;
-    }
+    VELVOX_UNUSED(SetPropValue, const BYTE*, DWORD, MSAAPROPID, VARIANT)
+    VELVOX_UNUSED(SetPropServer, const BYTE*, DWORD, const MSAAPROPID*, int, IAccPropServer*,
+                  AnnoScope)
+    VELVOX_UNUSED(ClearProps, const BYTE*, DWORD, const MSAAPROPID*, int)
+    VELVOX_UNUSED(SetHwndPropServer, HWND, DWORD, DWORD, const MSAAPROPID*, int, IAccPropServer*,
+                  AnnoScope)
+    VELVOX_UNUSED(ComposeHwndIdentityString, HWND, DWORD, DWORD, BYTE**, DWORD*)
+    VELVOX_UNUSED(DecomposeHwndIdentityString, const BYTE*, DWORD, HWND*, DWORD*, DWORD*)
+    VELVOX_UNUSED(SetHmenuProp, HMENU, DWORD, MSAAPROPID, VARIANT)
+    VELVOX_UNUSED(SetHmenuPropStr, HMENU, DWORD, MSAAPROPID, LPCWSTR)
+    VELVOX_UNUSED(SetHmenuPropServer, HMENU, DWORD, const MSAAPROPID*, int, IAccPropServer*,
+                  AnnoScope)
+    VELVOX_UNUSED(ClearHmenuProps, HMENU, DWORD, const MSAAPROPID*, int)
+    VELVOX_UNUSED(ComposeHmenuIdentityString, HMENU, DWORD, BYTE**, DWORD*)
+    VELVOX_UNUSED(DecomposeHmenuIdentityString, const BYTE*, DWORD, HMENU*, DWORD*)
+#undef VELVOX_UNUSED
 
  private:
-    static constexpr HRESULT no = E_NOTIMPL;
-
     static bool isWhole(DWORD object, DWORD child) {
         return object == static_cast<DWORD>(OBJID_CLIENT) && child == CHILDID_SELF;
     }
@@ -123,7 +115,6 @@ std::wstring classOf(HWND window) {
 /// What a screen reader says at the stops of the tab key.
 struct Stops {
     const Record& record;
-    std::map<std::string, std::wstring> classes;
     std::map<std::string, LONG> roles;
 
     __attribute__((force_align_arg_pointer)) static BOOL CALLBACK see(HWND window, LPARAM to) {
@@ -138,7 +129,6 @@ struct Stops {
             const bool isList = classOf(window) == L"ComboBox" && classOf(label) == L"Static";
             name = windowText(isList ? label : window);
         }
-        stops.classes[name] = classOf(window);
         stops.roles[name] = spoken.role;
         return TRUE;
     }
@@ -146,20 +136,10 @@ struct Stops {
 
 TEST_F(AccessibleNameTest, EveryStopOfTheTabKeyHasANameAndOurClassesARole) {
     Form1Window form(pump_, {});
-    Stops seen{record_, {}, {}};
+    Stops seen{record_, {}};
     EnumChildWindows(form.handle(), &Stops::see, reinterpret_cast<LPARAM>(&seen));
-    seen.classes.erase("Status");  // whichever rich edit there is
-    EXPECT_EQ(seen.classes, (std::map<std::string, std::wstring>{
-                                {"", L"Static"},  // the example, filled as the form loads
-                                {"Close", L"isButton"},
-                                {"Download", L"isButton"},
-                                {"Download From : ", L"ComboBox"},
-                                {"Paste Your URL Below", L"Edit"},
-                                {"Quit", L"isButton"},
-                                {"http://www.velvox.example/", L"Static"},
-                            }));
     EXPECT_EQ(seen.roles, (std::map<std::string, LONG>{
-                              {"", ROLE_SYSTEM_LINK},
+                              {"", ROLE_SYSTEM_LINK},  // the example, filled as the form loads
                               {"Close", ROLE_SYSTEM_PUSHBUTTON},
                               {"Download", ROLE_SYSTEM_PUSHBUTTON},
                               {"Download From : ", 0},
@@ -192,8 +172,7 @@ TEST(AccessibleNameMissingTest, IsNoFailure) {
                                         GetModuleHandleW(nullptr), nullptr);
     { const AccessibleName none(window, L"a name", ROLE_SYSTEM_LINK); }
     const OleScope ole;
-    AccessibleName name(window, L"a name", ROLE_SYSTEM_LINK);
-    name = AccessibleName(window, L"another");
+    const AccessibleName name(window, L"a name", ROLE_SYSTEM_LINK);
     EXPECT_TRUE(IsWindow(window));
     DestroyWindow(window);
 }

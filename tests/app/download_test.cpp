@@ -28,8 +28,6 @@ TEST(DownloadTest, RefusesWhatMatchesNoPattern) {
     for (const char* address :
          {"", "http://WWW.YOUTUBE.COM/watch?v=abc", "http://www.youtube.com/Watch?v=abc",
           "http://video.google.com/videoplay?docid=-1234567890123456789",
-          "http://www.youtube.com/v/abc", "http://www.clip.vn/", "http://www.veoh.com/videos",
-          "http://www.nhacso.net/Music/Album/2007/06/05F62FB2/",
           "http://comic.vuilen.com/view_book_detail.php?chapterid=354"})
         EXPECT_EQ(download(address), start + refused) << address;
 }
@@ -80,14 +78,6 @@ TEST(DownloadTest, LetsAFailureOfItsOwnThrough) {
               start.substr(start.find("outer.Visible")) + refused);
 }
 
-TEST(DownloadTest, NextRunWorksWithTheBoxThatMetacafeLeftDisabled) {
-    Form1Fixture fixture;
-    fixture.run(&Form1::UniXPButton1_Click, "http://www.metacafe.com/watch/612285/");
-    EXPECT_FALSE(fixture.form.linkin.Enabled());
-    fixture.run(&Form1::UniXPButton1_Click, "http://www.youtube.com/watch?v=a");
-    EXPECT_TRUE(fixture.form.linkin.Enabled());
-}
-
 class ComicYieldTest : public ::testing::Test {
  protected:
     ComicYieldTest() {
@@ -96,10 +86,12 @@ class ComicYieldTest : public ::testing::Test {
         };
     }
 
-    static std::string image(int number) {
-        const std::string n = std::to_string(number);
-        return "<font face='tahoma' size='2'><a href='b/" + n + "'>Download Image " + n +
-               "<a></font><br>";
+    static std::string images(int from) {
+        std::string list;
+        for (std::string n = std::to_string(from); n != "4"; ++n[0])
+            list += "<font face='tahoma' size='2'><a href='b/" + n + "'>Download Image " + n +
+                    "<a></font><br>";
+        return list;
     }
 
     /// Effects from the first page's yield on.
@@ -127,24 +119,18 @@ TEST_F(ComicYieldTest, SecondDownloadRunsToItsEndInside) {
                          address +
                          "\nlink2=b/index.php\nlink2=b/config.xml\nfetch b/config.xml\nketqua=\n"
                          "yield\nyield\nyield\npane " +
-                         image(1) + image(2) + image(3) + "\nketqua=\n" + end +
-                         "yield\nyield\npane " + image(2) + image(3) + "\nketqua=\n" + end);
+                         images(1) + "\nketqua=\n" + end + "yield\nyield\npane " + images(2) +
+                         "\nketqua=\n" + end);
 }
 
-TEST_F(ComicYieldTest, CloseHidesTheAreaAndTheRunGoesOn) {
-    atFirstYield = [this] { fixture.form.isButton1_Click(); };
-    EXPECT_EQ(run(), "yield\nnavigate about:blank\nouter.Visible False\nyield\nyield\npane " +
-                         image(1) + image(2) + image(3) + "\nketqua=\n" + end);
-}
-
-// The Close button is disabled during a run: a click on it does nothing.
-TEST_F(ComicYieldTest, ButtonsInTheRun) {
+TEST_F(ComicYieldTest, TheRunGoesOnWhateverTheButtonsDo) {
     atFirstYield = [this] {
-        fixture.form.isButton1.activate();
+        fixture.form.isButton1.activate();  // disabled during a run
+        fixture.form.isButton1_Click();
         fixture.form.isButton2.activate();
     };
-    EXPECT_EQ(run(), "yield\nend\nyield\nyield\npane " + image(1) + image(2) + image(3) +
-                         "\nketqua=\n" + end);
+    EXPECT_EQ(run(), "yield\nnavigate about:blank\nouter.Visible False\nend\nyield\nyield\npane " +
+                         images(1) + "\nketqua=\n" + end);
 }
 
 TEST_F(ComicYieldTest, FailureInAYieldEndsTheRunInItsRedLine) {

@@ -15,6 +15,7 @@
 #include "app/form1.h"
 #include "base/join.h"
 #include "base/runtime_failure.h"
+#include "base/text.h"
 
 namespace velvox::testing {
 
@@ -25,15 +26,8 @@ class EffectLog {
 
     void add(std::initializer_list<std::string_view> pieces) {
         if (!recording) return;
-        for (const char c : join(pieces)) {
-            if (c == '\r')
-                text_ += "\\r";
-            else if (c == '\n')
-                text_ += "\\n";
-            else
-                text_ += c;
-        }
-        text_ += '\n';
+        const std::string line = text::replaceAll(join(pieces), "\r", "\\r");
+        text_ += text::replaceAll(line, "\n", "\\n") + '\n';
     }
     void addFlag(std::string_view what, bool on) { add({what, on ? " True" : " False"}); }
 
@@ -44,43 +38,45 @@ class EffectLog {
     std::string text_;
 };
 
+/// What every fake of the system has.
+struct Logging {
+    EffectLog& log;
+
+    explicit Logging(EffectLog& effects) : log(effects) {}
+};
+
 /// A reply's body, or nothing for a transfer that fails.
 using Reply = std::optional<std::string>;
 
-struct FakeTransfer : TransferControl {
-    explicit FakeTransfer(EffectLog& effects) : log(effects) {}
+struct FakeTransfer : Logging, TransferControl {
+    using Logging::Logging;
 
     std::string OpenURL(std::string_view address) override {
         log.add({"fetch ", address});
         if (onFetch) onFetch();
-        if (replies.empty() || !replies.front()) {
-            if (!replies.empty()) replies.pop_front();
-            throw RuntimeFailure(Fault::Transfer, "The page could not be fetched");
-        }
-        std::string body = std::move(*replies.front());
-        replies.pop_front();
-        return body;
+        const Reply reply = replies.empty() ? std::nullopt : std::move(replies.front());
+        if (!replies.empty()) replies.pop_front();
+        if (!reply) throw RuntimeFailure(Fault::Transfer, "The page could not be fetched");
+        return *reply;
     }
 
-    EffectLog& log;
     std::deque<Reply> replies;  ///< in the order of the fetches; one too many fails
     std::function<void()> onFetch;
 };
 
-struct FakePane : ResultPane {
-    explicit FakePane(EffectLog& effects) : log(effects) {}
+struct FakePane : Logging, ResultPane {
+    using Logging::Logging;
 
     void DocumentHTML(std::string_view html) noexcept override {
         log.add({"pane ", html});
         shown = html;
     }
 
-    EffectLog& log;
     std::string shown;
 };
 
-struct FakeBrowser : WebBrowser {
-    explicit FakeBrowser(EffectLog& effects) : log(effects) {}
+struct FakeBrowser : Logging, WebBrowser {
+    using Logging::Logging;
 
     void Navigate(std::string_view address) override {
         log.add({"navigate ", address});
@@ -93,7 +89,6 @@ struct FakeBrowser : WebBrowser {
     }
     bool Offline() const override { return offline; }
 
-    EffectLog& log;
     std::string location = "about:blank";
     std::string lastAddress;
     bool offline = false;
@@ -143,8 +138,8 @@ struct FakeRequest : XmlHttpRequest {
     NewsScript& script;
 };
 
-struct FakeDesktop : Desktop {
-    explicit FakeDesktop(EffectLog& effects) : log(effects) {}
+struct FakeDesktop : Logging, Desktop {
+    using Logging::Logging;
 
     void yield() override {
         log.add({"yield"});
@@ -160,13 +155,12 @@ struct FakeDesktop : Desktop {
     }
     void endProgram() override { log.add({"end"}); }
 
-    EffectLog& log;
     std::function<void()> onYield;
     NewsScript news;
 };
 
-struct FakeFrame : FormFrame {
-    explicit FakeFrame(EffectLog& effects) : log(effects) {}
+struct FakeFrame : Logging, FormFrame {
+    using Logging::Logging;
 
     ScreenPoint cursorPosition() const override { return cursor; }
     ScreenRect windowRect() const override { return rect; }
@@ -176,7 +170,6 @@ struct FakeFrame : FormFrame {
     void setCapture() override { log.add({"capture"}); }
     void releaseCapture() override { log.add({"release"}); }
 
-    EffectLog& log;
     ScreenPoint cursor;
     ScreenRect rect;
 };
@@ -194,8 +187,8 @@ struct RecordingView : ControlView {
 };
 
 /// The address box's inner box, without a person who selects anything.
-struct AddressView : TextBoxView {
-    AddressView(EffectLog& effects, TextBox& followed) : log(effects), box(followed) {}
+struct AddressView : Logging, TextBoxView {
+    AddressView(EffectLog& effects, TextBox& followed) : Logging(effects), box(followed) {}
 
     Selection selection() const override { return box.wantedSelection(); }
     void focus() override { log.add({"linkin focus"}); }
@@ -204,7 +197,6 @@ struct AddressView : TextBoxView {
         if (aspect == Aspect::Text) log.add({"linkin.Text=", box.Text()});
     }
 
-    EffectLog& log;
     TextBox& box;
 };
 
@@ -232,9 +224,7 @@ class Form1Fixture {
         });
         for (Timer* timer : {&form.Timer1, &form.Timer4, &form.Timer5, &form.Timer6, &form.Timer7})
             record(*timer, [this, timer](Aspect aspect) {
-                if (aspect != Aspect::Enabled) return;
-                log.addFlag(timer->Name(), timer->Enabled());
-                if (timerChanged) timerChanged(*timer);
+                if (aspect == Aspect::Enabled) log.addFlag(timer->Name(), timer->Enabled());
             });
     }
 
@@ -256,9 +246,6 @@ class Form1Fixture {
     FakeFrame frame{log};
     FakeColours colours;
     Form1 form{{transfer, pane, browser, desktop, frame, colours}};
-
-    /// Told when a timer is enabled or disabled.
-    std::function<void(const Timer&)> timerChanged;
 
  private:
     template <class Followed>

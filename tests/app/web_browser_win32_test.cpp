@@ -14,10 +14,14 @@
 namespace velvox {
 namespace {
 
+using namespace std::string_literals;
+
 using Clock = std::chrono::steady_clock;
 using Kind = PreviewContent::Kind;
+using Addresses = std::vector<std::string>;
 
 constexpr const char* playerPath = "/p.swf?video_id=a%20%5B%5D%3A[x]&t=%41";
+constexpr const char* strangePath = "/f/3?mediaURL=x%20%5By%5D.flv&q=[1]";
 
 std::string page(const std::string& status, const std::string& type, const std::string& body,
                  const std::string& moreHeader = {}) {
@@ -29,28 +33,22 @@ std::string redirect(const std::string& status, const std::string& location) {
 }
 
 void answer(const Connection& to, const std::string& request) {
-    const std::map<std::string, std::string> answers = {
+    std::map<std::string, std::string> answers = {
         {"/page", page("200 OK", "text/html; charset=utf-8", std::string(12345, 'x'))},
         {playerPath, page("200 OK", "application/x-shockwave-flash", "FWS....")},
         {"/v/a", redirect("303 See Other", playerPath)},
         {"/f", redirect("302 Found", "/f/2")},
-        {"/f/2", redirect("301 Moved", "/f/3?mediaURL=x%20%5By%5D.flv&q=[1]")},
-        {"/f/3?mediaURL=x%20%5By%5D.flv&q=[1]", page("200 OK", "text/html", "<p>")},
+        {"/f/2", redirect("301 Moved", strangePath)},
+        {strangePath, page("200 OK", "text/html", "<p>")},
         {"/file", redirect("302 Found", "file:///C:/windows/win.ini")},
+        {"/none", page("404 Not Found", "text/html", "<p>Not here</p>")},
         {"/login",
          page("401 Unauthorized", "text/html", "no", "WWW-Authenticate: Basic realm=\"r\"\r\n")},
-        {"/drop", ""},
     };
     const auto from = request.find(' ') + 1;
     const std::string path = request.substr(from, request.find(' ', from) - from);
-    if (path == "/silent") {
-        to.wait(60'000);
-        return;
-    }
-    const auto found = answers.find(path);
-    const std::string reply = found == answers.end()
-                                  ? page("404 Not Found", "text/html", "<p>Not here</p>")
-                                  : found->second;
+    if (path == "/silent") to.wait(60'000);
+    const std::string reply = answers[path];
     // Only the header of what is asked for with HEAD.
     to.write(
         reply.substr(0, request.starts_with("HEAD ") ? reply.find("\r\n\r\n") + 4 : reply.npos));
@@ -112,21 +110,21 @@ class WebBrowserTest : public testing::Test {
     bool arrives(std::size_t count = 1) {
         return pumpUntil([&] { return arrivals_.size() >= count; });
     }
+    static bool becomes(const WebBrowserWindow& web, Kind kind) {
+        return pumpUntil([&] { return web.content().kind == kind; });
+    }
 
     LocalServer server_{answer};
     Frame frame_;
-    std::vector<std::string> arrivals_;
+    Addresses arrivals_;
 };
-
-using Addresses = std::vector<std::string>;
 
 TEST_F(WebBrowserTest, ArrivesAtTheFinalAddressByteForByte) {
     const auto web = makeWeb();
     const std::pair<std::string, std::string> rows[] = {
         {"about:blank", "about:blank"},
-        {server_.address("/page"), server_.address("/page")},
         {server_.address("/v/a"), server_.address(playerPath)},
-        {server_.address("/f"), server_.address("/f/3?mediaURL=x%20%5By%5D.flv&q=[1]")},
+        {server_.address("/f"), server_.address(strangePath)},
         {server_.address("/none"), server_.address("/none")},
         {server_.address("/login"), server_.address("/login")},
         {"about:blank", "about:blank"},
@@ -144,24 +142,17 @@ TEST_F(WebBrowserTest, ArrivesAtTheFinalAddressByteForByte) {
 
 TEST_F(WebBrowserTest, WhatCannotBeReachedIsNoArrival) {
     const auto web = makeWeb();
-    using namespace std::string_literals;
     for (const std::string& address :
          {"http://127.0.0.1:1/"s, "http://no-such-host.invalid/"s, server_.address("/drop"), ""s,
-          "\0x"s, "\xff\xfe\x01"s, "http://"s, "http://\0"s, "javascript:1"s,
-          "file:///C:/windows/win.ini"s, "C:\\windows\\win.ini"s, "no-scheme"s}) {
+          "\xff\xfe\x01"s, "http://\0"s, "javascript:1"s, "C:\\windows\\win.ini"s, "no-scheme"s}) {
         SCOPED_TRACE(address);
         web->Navigate(address);
-        EXPECT_TRUE(pumpUntil([&] { return web->content().kind == Kind::Unreachable; }));
+        EXPECT_TRUE(becomes(*web, Kind::Unreachable));
         settle();
         EXPECT_EQ(arrivals_, Addresses{});
         EXPECT_EQ(web->content().address, address);
     }
-    web->Navigate("about:blank");
-    EXPECT_TRUE(arrives());
-}
-
-TEST_F(WebBrowserTest, ARedirectToAFileIsNotFollowed) {
-    const auto web = makeWeb();
+    // A redirect to a file is not followed.
     web->Navigate(server_.address("/file"));
     pumpUntil([&] { return !arrivals_.empty() || web->content().kind == Kind::Unreachable; });
     settle();
@@ -171,42 +162,18 @@ TEST_F(WebBrowserTest, ARedirectToAFileIsNotFollowed) {
 TEST_F(WebBrowserTest, AServerThatNeverAnswersIsLeftAfterTheTimeout) {
     constexpr UINT timeout = 300;
     const auto web = makeWeb(timeout);
-    web->Navigate("about:blank");
-    ASSERT_TRUE(arrives());
     const auto start = Clock::now();
     web->Navigate(server_.address("/silent"));
-    ASSERT_TRUE(pumpUntil([&] { return web->content().kind == Kind::Unreachable; }));
+    ASSERT_TRUE(becomes(*web, Kind::Unreachable));
     const auto waited = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
     EXPECT_GE(waited.count(), timeout - 20);
     EXPECT_LT(waited.count(), timeout + 500);
-    EXPECT_EQ(arrivals_.size(), 1U);
+    EXPECT_TRUE(arrivals_.empty());
 
     web->Navigate(server_.address("/page"));
-    ASSERT_TRUE(arrives(2));
+    ASSERT_TRUE(arrives());
     settle(timeout + 100);
     EXPECT_EQ(web->content().kind, Kind::NotRendered) << "the timer outlived its navigation";
-}
-
-TEST_F(WebBrowserTest, ANewNavigationSupersedesTheOneUnderWay) {
-    const auto web = makeWeb();
-    web->Navigate("about:blank");
-    web->Navigate(server_.address("/silent"));
-    settle();
-    web->Navigate(server_.address("/page"));
-    web->Navigate(server_.address("/v/a"));
-    ASSERT_TRUE(arrives());
-    settle();
-    EXPECT_EQ(arrivals_, Addresses{server_.address(playerPath)});
-
-    // The arrival is already on its way through the message queue.
-    arrivals_.clear();
-    web->Navigate(server_.address("/page"));
-    ASSERT_TRUE(pumpUntil([&] { return web->content().kind == Kind::NotRendered; }));
-    ASSERT_TRUE(arrivals_.empty());
-    web->Navigate("about:blank");
-    ASSERT_TRUE(arrives());
-    settle();
-    EXPECT_EQ(arrivals_, Addresses{"about:blank"});
 }
 
 // A control that is asked again while it is busy mixes the two documents up, at some moments only.
@@ -214,17 +181,20 @@ TEST_F(WebBrowserTest, ASupersededNavigationNeverSpeaksForTheNewOne) {
     const auto web = makeWeb();
     web->Navigate("about:blank");
     ASSERT_TRUE(arrives());
-    for (int i = 0; i < 24; ++i) {
+    const std::string first[] = {"about:blank", server_.address("/page"),
+                                 server_.address("/silent")};
+    for (int i = 0; i < 36; ++i) {
         const int messages = i % 12;
+        SCOPED_TRACE(messages);
         arrivals_.clear();
-        web->Navigate(i % 3 == 0 ? "about:blank" : server_.address("/page"));
+        web->Navigate(first[i / 12]);
         for (int j = 0; j < messages; ++j) pumpOne();
         const std::size_t before = arrivals_.size();
         web->Navigate(server_.address("/v/a"));
-        ASSERT_TRUE(arrives(before + 1)) << "after " << messages << " messages";
+        ASSERT_TRUE(arrives(before + 1));
         settle(20);
-        ASSERT_EQ(arrivals_.size(), before + 1) << "after " << messages << " messages";
-        ASSERT_EQ(arrivals_.back(), server_.address(playerPath)) << "after " << messages;
+        ASSERT_EQ(arrivals_.size(), before + 1);
+        ASSERT_EQ(arrivals_.back(), server_.address(playerPath));
     }
 }
 
@@ -234,8 +204,7 @@ TEST_F(WebBrowserTest, TheHandlerMayThrowNavigateOrDestroyTheWindow) {
     setFailureReporter([&](std::string_view text) { reported += text; });
     web->DocumentComplete = [] { throw std::runtime_error("the handler failed"); };
     web->Navigate("about:blank");
-    EXPECT_TRUE(pumpUntil([&] { return !reported.empty(); }));
-    EXPECT_EQ(reported, "the handler failed");
+    EXPECT_TRUE(pumpUntil([&] { return reported == "the handler failed"; }));
     setFailureReporter({});
 
     web->DocumentComplete = [&] {
@@ -273,17 +242,6 @@ TEST_F(WebBrowserTest, DestroyingTheWindowDuringANavigationReleasesEverything) {
     EXPECT_LE(liveHandles() - before, 20);
 }
 
-TEST_F(WebBrowserTest, AWindowDestroyedByItsParentRefusesToNavigate) {
-    auto parent = std::make_unique<Frame>();
-    WebBrowserWindow web(parent->handle(), RECT{0, 0, 50, 50}, 1);
-    web.Navigate("about:blank");
-    settle();
-    parent.reset();
-    EXPECT_EQ(web.handle(), nullptr);
-    EXPECT_THROW(web.Navigate("about:blank"), RuntimeFailure);
-    EXPECT_EQ(web.LocationURL(), "");
-}
-
 TEST_F(WebBrowserTest, ManyNavigationsLeaveNothingBehind) {
     const auto web = makeWeb();
     const std::string addresses[] = {"about:blank", server_.address("/page"),
@@ -310,30 +268,15 @@ TEST_F(WebBrowserTest, ManyNavigationsLeaveNothingBehind) {
 }
 
 TEST_F(WebBrowserTest, ThePanelTellsTypeAndSize) {
-    const auto web = makeWeb();
-    web->Navigate("about:blank");
-    ASSERT_TRUE(arrives());
-    EXPECT_EQ(web->content(), PreviewContent{});
     if (systemHasHtmlEngine()) GTEST_SKIP() << "pages are rendered here";
-
-    web->Navigate(server_.address("/page"));
-    EXPECT_TRUE(pumpUntil([&] { return web->content().facts.size.has_value(); }));
-    EXPECT_EQ(web->content(),
-              (PreviewContent{Kind::NotRendered, server_.address("/page"), {"text/html", 12345}}));
-    web->Navigate(server_.address("/v/a"));
-    EXPECT_TRUE(pumpUntil([&] { return web->content().kind == Kind::Unviewable; }));
-    EXPECT_TRUE(pumpUntil([&] { return web->content().facts.size.has_value(); }));
-    EXPECT_EQ(web->content(), (PreviewContent{Kind::Unviewable,
-                                              server_.address(playerPath),
-                                              {"application/x-shockwave-flash", 7}}));
-}
-
-// Pixels of a row range that are not background.
-int inkOfRows(HDC dc, int width, int from, int to) {
-    int ink = 0;
-    for (int y = from; y < to; ++y)
-        for (int x = 0; x < width; ++x) ink += GetPixel(dc, x, y) != GetSysColor(COLOR_WINDOW);
-    return ink;
+    const auto web = makeWeb();
+    const PreviewContent rows[] = {
+        {Kind::NotRendered, server_.address("/page"), {"text/html", 12345}},
+        {Kind::Unviewable, server_.address(playerPath), {"application/x-shockwave-flash", 7}}};
+    for (const PreviewContent& row : rows) {
+        web->Navigate(row.kind == Kind::Unviewable ? server_.address("/v/a") : row.address);
+        EXPECT_TRUE(pumpUntil([&] { return web->content() == row; })) << row.address;
+    }
 }
 
 TEST(PreviewPanelTest, ALongAddressLeavesRoomForTypeAndSize) {
@@ -344,17 +287,19 @@ TEST(PreviewPanelTest, ALongAddressLeavesRoomForTypeAndSize) {
     const OwnedBitmap bitmap(CreateCompatibleBitmap(screen.get(), width, height));
     const Selected selected(dc.get(), bitmap.get());
     const PreviewPanel panel;
+    const std::string address = "http://h/" + std::string(100'000, 'W');
     // The last rows above the note hold the size, whatever comes before.
-    const auto sizeInk = [&](const std::string& address, std::uint64_t size) {
+    const auto sizeInk = [&](std::uint64_t size) {
         panel.paint(dc.get(), {0, 0, width, height}, {Kind::NotRendered, address, {"a/b", size}});
-        return inkOfRows(dc.get(), width, height / 2, height);
+        int ink = 0;
+        for (int y = height / 2; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                ink += GetPixel(dc.get(), x, y) != GetSysColor(COLOR_WINDOW);
+        return ink;
     };
-    for (const std::size_t length : {std::size_t{1000}, std::size_t{1'000'000}}) {
-        const std::string address = "http://h/" + std::string(length, 'W');
-        EXPECT_GT(sizeInk(address, 123456789), sizeInk(address, 1)) << length;
-    }
+    EXPECT_GT(sizeInk(123456789), sizeInk(1));
     // No room at all is no reason to fail.
-    for (const int side : {0, 1, 5, 20})
+    for (const int side : {0, 1, 20})
         panel.paint(dc.get(), {0, 0, side, side}, {Kind::Unviewable, "http://h/", {}});
 }
 
@@ -363,27 +308,18 @@ TEST(WebBrowserMissingTest, NavigationsFailAndNothingElse) {
     if (!std::getenv("VELVOX_TEST_WITHOUT_BROWSER")) GTEST_SKIP() << "the control is there";
     const Frame frame;
     WebBrowserWindow web(frame.handle(), RECT{0, 0, 100, 100}, 1);
-    bool raised = false;
-    web.DocumentComplete = [&] { raised = true; };
-    EXPECT_NO_THROW(web.Navigate("about:blank"));
+    web.DocumentComplete = [] { ADD_FAILURE() << "an arrival without a control"; };
+    web.Navigate("about:blank");
     settle();
     for (int i = 0; i < 2; ++i) {
-        try {
-            web.Navigate("http://127.0.0.1/");
-            ADD_FAILURE() << "navigated without a control";
-        } catch (const RuntimeFailure& failure) {
-            EXPECT_EQ(failure.fault(), Fault::Platform);
-        }
+        EXPECT_THROW(web.Navigate("http://127.0.0.1/"), RuntimeFailure);
         settle(20);
     }
-    EXPECT_FALSE(raised);
-    EXPECT_FALSE(web.Offline());
     EXPECT_EQ(web.LocationURL(), "");
     EXPECT_EQ(web.content().kind, Kind::Unreachable);
     EXPECT_NO_THROW(web.Navigate("about:blank")) << "the Download button begins with it";
     EXPECT_EQ(web.content().kind, Kind::Blank);
     settle();
-    EXPECT_FALSE(raised);
 }
 
 }  // namespace

@@ -8,12 +8,9 @@ namespace velvox {
 namespace {
 
 TEST(PropertyBagTest, MatchesKeysWithoutCaseAndConverts) {
-    const PropertyBag bag{
-        {"usecustomcolors", true}, {"style", 5}, {"caption", "Close"}, {"value", -1}};
+    const PropertyBag bag{{"usecustomcolors", true}, {"style", 5}, {"caption", "Close"}};
     EXPECT_TRUE(bag.readBool("USeCustomColors", false));
-    EXPECT_EQ(bag.readNumber("Style", 3), 5);
     EXPECT_EQ(bag.readText("Caption", "x"), "Close");
-    EXPECT_TRUE(bag.readBool("Value", false));
     EXPECT_EQ(bag.readNumber("usecustomcolors", 0), -1);
     EXPECT_EQ(bag.readNumber("IconAlign", 1), 1);
     EXPECT_THROW(bag.readNumber("Caption", 0), RuntimeFailure);

@@ -83,18 +83,5 @@ TEST(WindowTest, NothingIsDispatchedToAnObjectBeingDestroyed) {
     EXPECT_EQ(accessViolations(), 0);
 }
 
-TEST(WindowTest, OwnersReleaseExactlyOnce) {
-    const int before = liveHandles();
-    {
-        OwnedBrush a(CreateSolidBrush(0));
-        OwnedBrush b(std::move(a));
-        EXPECT_EQ(liveHandles(), before + 1);
-        b.reset(CreateSolidBrush(1));
-        EXPECT_EQ(liveHandles(), before + 1);
-        DeleteObject(b.release());
-    }
-    EXPECT_EQ(liveHandles(), before);
-}
-
 }  // namespace
 }  // namespace velvox

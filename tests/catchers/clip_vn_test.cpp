@@ -38,23 +38,19 @@ TEST(ClipVNCatcherTest, ListsEveryEnclosureUnderTheNumberOfAll) {
              "<enclosure url=\"http://a/1.flv\" /> <enclosure url=\"http://a/2.flv\"/>"
              "<enclosure url=\"http://a/3.flv\"",
              link("http://a/1.flv", 3) + link("http://a/2.flv", 3) + link("http://a/3.flv", 3)),
-         run("another type between", "<enclosure url=\"a.jpg\"/><enclosure url=\"b.flv\"/>",
-             link("a.jpg\"/><enclosure url=\"b.flv", 1)),
          run("the next file is looked for behind the last one",
              "<enclosure url=\"a.jpg\"/><enclosure url=\"b.flv\"/><enclosure url=\"c.flv\"/>",
              link("a.jpg\"/><enclosure url=\"b.flv", 2) + link("c.flv", 2)),
          run("no quotation mark: the first character goes", "<enclosure url=http://a/1.flv>",
              link("ttp://a/1.flv", 1)),
-         run("shortest", "<enclosure url=.flv", link("flv", 1)),
          run("bytes as they are", "<enclosure url=\"" + evil + "\">", link(evil, 1)),
-         run("nothing", "<rss>.FLV enclosure</rss>", ""), run("empty feed", "", "")});
+         run("nothing", "<rss>.FLV enclosure</rss>", "")});
 }
 
 TEST(ClipVNCatcherTest, TakesTheCodeUpToTheFirstCommaBehindThePrefix) {
     const std::pair<std::string, std::string> cases[] = {
         {"http://www.clip.vn/watch/VjW,vn,Clip.html", "VjW"},
         {"a,b http://www.clip.vn/watch/x y,", "x y"},
-        {"http://www.clip.vn/watch/,", ""},
         {"http://www.clip.vn/watch/http://www.clip.vn/watch/Q,", "http://www.clip.vn/watch/Q"},
     };
     std::vector<CatcherRow> rows;
@@ -70,14 +66,10 @@ TEST(ClipVNCatcherTest, ReportsEachFailure) {
     expectEffects(
         &Form1::ClipVNCatcher,
         {{"no comma", "http://www.clip.vn/watch/VjW", {}, atOnce},
-         {"comma before the prefix alone", ",http://www.clip.vn/watch/VjW", {}, atOnce},
-         {"the host without its prefix", "http://clip.vn/watch/VjW,x", {}, atOnce},
-         {"an album", "http://www.nhacso.net/Music/Album/2007/06/05F62FB2/", {}, atOnce},
          {"nothing", "", {}, atOnce},
          {"failed fetch", address, {failure}, untilFeed("VjW") + red},
          {"file before its enclosure", address, {".flv <enclosure url=\"a.flv\""}, afterFeed},
-         {"file without enclosure", address, {"a.flv"}, afterFeed},
-         {"markers the wrong way round", address, {".flv<enclosure url="}, afterFeed}});
+         {"file without enclosure", address, {"a.flv"}, afterFeed}});
 }
 
 }  // namespace

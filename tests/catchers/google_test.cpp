@@ -106,7 +106,6 @@ TEST(GoogleCatcherTest, TakesTheDocidFromWhatThereIs) {
         {"x?docid=1&docid=2&hl=en", "1&docid=2&hl=en"},
         {"docid=", ""},
         {"http://video.google.com/", "//video.google.com/"},
-        {"", ""},
     };
     for (const auto& [from, id] : cases) {
         const std::string at = host + "/videohosted?docid\\" + id;
@@ -125,15 +124,12 @@ TEST(GoogleCatcherTest, LetsEveryFailureThroughWithTheBoxDisabled) {
         Fault fault;
     } rows[] = {
         {"first fetch", address, {failure}, Fault::Transfer},
-        {"second fetch", address, {"", failure}, Fault::Transfer},
         {"third fetch", address, {"", aviAddress, failure}, Fault::Transfer},
         {"docid too long for the name",
          "docid=" + tooLong,
          {gvpPrefix + "abc.gvp?docid="},
          Fault::InvalidCall},
         {"no end of the name", address, {gvpPrefix + "abc"}, Fault::InvalidCall},
-        {"no MP4 markers", address, {"", aviAddress, ""}, Fault::InvalidCall},
-        {"no MP4 start", address, {"", aviAddress, "ipoddownloadlink"}, Fault::InvalidCall},
         {"no MP4 end", address, {"", aviAddress, "ipoddownloaddiv"}, Fault::InvalidCall},
         {"no AVI marker far into the page",
          address,

@@ -52,39 +52,20 @@ std::vector<Attack> attacks() {
     const auto comic = &Form1::ComicVuiLen;
     const auto google = &Form1::GoogleCatcher;
     return {
-        {"error text's first letter", youtube, address, filling("c", ""), "Getting Preview"},
         {"error text less its last letter", youtube, address, filling("contained a malforme", ""),
          "Getting Preview"},
-        {"error text at the very end", youtube, address, filling("x", "contained a malformed"),
-         "Cannot Validate"},
-        {"enclosures alone", clip, clipAddress, filling("<enclosure url=", ""), ""},
         {"enclosures, one file", clip, clipAddress, filling("<enclosure url=", ".flv"), "Clip 1<"},
-        {"files without enclosures", clip, clipAddress, filling(".flv", ""), "Unavilable.."},
         {"files, then an enclosure", clip, clipAddress, filling(".flv", "<enclosure url="),
          "Unavilable.."},
-        {"marker at the very end", clip, clipAddress, filling("x.fl", "<enclosure url="), ""},
         {"blanks", sevenload, sevenloadAddress, filling(" ", session, {}, {"url=\".flv"}), ".flv"},
-        {"quotes", sevenload, sevenloadAddress, filling("\"", session, {}, {"url=\".flv"}), ".flv"},
         {"sessions without end", sevenload, sevenloadAddress, filling("fo.addVariable(sess,", ""),
          "Unavilable..."},
-        {"ends without session", sevenload, sevenloadAddress, filling(");", ""), "Unavilable..."},
         {"addresses less their quote", sevenload, sevenloadAddress,
          filling("url=", "url=\".flv", {session}), ".flv"},
-        {"addresses without file", sevenload, sevenloadAddress, filling("URL=\"", "", {session}),
-         "Unavilable..."},
-        {"megabytes in an address", sevenload, sevenloadAddress,
-         [](std::size_t size) {
-             return std::vector<Reply>{session, "url=\"" + std::string(size, 'x') + ".flv"};
-         },
-         "xx.flv'>"},
         {"markers without line end", veoh, veohAddress, filling("fullPreviewHashPath=", ""),
          "Failed"},
         {"line ends", veoh, veohAddress, filling("\r\n", "fullPreviewHashPath=\"a\" \r\n"), "'a'"},
-        {"half line ends", veoh, veohAddress,
-         filling("\r", "fullPreviewHashPath=\"a\" \r\n.mp4ipodLink=\"b\" \r\n"), "'b'"},
         {"frames without end", comic, address, filling("FRAMEBORDER='0' src='", ""), "Failed"},
-        {"ends without frame", comic, address, filling("'></iframe>", ""), "Failed"},
-        {"pages without end", comic, address, filling("<page> ", "", {frame}), "Failed"},
         {"pages, one end", comic, address, filling("<page> ", " </page>", {frame}), "Image 1<"},
         {"ends before a page", comic, address,
          [](std::size_t size) {
@@ -126,16 +107,12 @@ TEST(HostileRepliesTest, EachEndsInTimeThatGrowsWithTheReply) {
     }
 }
 
-std::string book(std::size_t pages) {
-    return repeated("<page> p.jpg </page>\r\n", pages);
-}
-
 /// Whole run of the comic book: what is shown at the end, and how long it took.
 std::pair<std::string, Milliseconds> read(std::size_t pages) {
     Form1Fixture fixture;
     fixture.log.recording = false;
     fixture.form.linkin.Text("x");
-    fixture.transfer.replies = {frame, book(pages)};
+    fixture.transfer.replies = {frame, repeated("<page> p.jpg </page>\r\n", pages)};
     const auto start = std::chrono::steady_clock::now();
     fixture.form.ComicVuiLen();
     return {fixture.pane.shown, std::chrono::steady_clock::now() - start};
@@ -146,22 +123,9 @@ TEST(HostileRepliesTest, ComicBookHoldsAtMost32767Pages) {
     const auto [most, time] = read(32'767);
     EXPECT_TRUE(most.ends_with("Download Image 32767<a></font><br>"));
     EXPECT_LT(time, 40 * std::max(read(1'024).second, Milliseconds(1)) * 6);
-    for (const std::size_t pages : {std::size_t{32'768}, std::size_t{65'536}, std::size_t{65'537}})
+    for (const std::size_t pages : {32'768U, 65'537U})
         EXPECT_EQ(read(pages).first,
                   "<font face='tahoma' size='2' color='red'>Download Failed !</font>");
-}
-
-TEST(HostileRepliesTest, GoogleVideoOfManyEscapes) {
-    Form1Fixture fixture;
-    fixture.log.recording = false;
-    fixture.form.linkin.Text("docid=" + docid);
-    const std::string escapes = repeated("amp;..", 100'000);
-    fixture.transfer.replies = {
-        "", "http://vp.video.google.com/" + escapes + "&docid=" + docid,
-        "ipoddownloaddiv" + std::string(72, '.') + escapes + "123456ipoddownloadlink"};
-    fixture.form.GoogleCatcher();
-    EXPECT_EQ(fixture.pane.shown.find("amp;"), std::string::npos);
-    EXPECT_GT(fixture.pane.shown.size(), 400'000U);
 }
 
 TEST(HostileRepliesTest, AddressOfMegabytes) {

@@ -20,7 +20,6 @@ TEST(MetaCafeTest, LoadsThePlayerOfSixCharactersAndLeavesTheBoxDisabled) {
         {"http://www.metacafe.com/watch/612285/some_title/", "612285"},
         {"http://www.metacafe.com/watch/1234567/x/", "123456"},
         {"http://www.metacafe.com/watch/12/abcdef", "12/abc"},
-        {"http://www.metacafe.com/watch/1", "1"},
         {"http://www.metacafe.com/watch/", ""},
         {"/watch//watch/12/<'>", "/watch"},
     };
@@ -44,13 +43,6 @@ TEST(MetaCafeTest, ReportsEachFailure) {
                     {},
                     start + "link2=" + address + "\n" + navigation("612285") + red,
                     true}});
-}
-
-TEST(MetaCafeTest, RecordsTheSite) {
-    Form1Fixture fixture;
-    EXPECT_EQ(fixture.form.CurrentSite, "");
-    fixture.run(&Form1::MetaCafe, "");
-    EXPECT_EQ(fixture.form.CurrentSite, "MetaCafe");
 }
 
 }  // namespace

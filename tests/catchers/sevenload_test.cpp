@@ -41,10 +41,7 @@ TEST(SevenLoadTest, LeavesTheBoxDisabledAfterALink) {
         {run("as written", address, goodPage, "AbCdEfG", "x1y2"),
          run("quotes and blanks everywhere", address,
              " f\"o. addVariable( \"\" s ess , \" x 1 y2 \" ) ; ", "AbCdEfG", "x1y2"),
-         run("first of two", address, goodPage + "fo.addVariable(sess,second);", "AbCdEfG", "x1y2"),
          run("empty session", address, "fo.addVariable(sess,);", "AbCdEfG", ""),
-         run("session with markup", address, "fo.addVariable(sess,'<i>\n);", "AbCdEfG", "'<i>\\n"),
-         run("short identifier", "http://en.sevenload.com/videos/abc", goodPage, "abc", "x1y2"),
          run("seven characters of whatever follows", "en.sevenload.com/videos/a/b/c/d/e", goodPage,
              "a/b/c/d", "x1y2"),
          // Without "/videos/" the places are 0 and that of the first "/": six from the eighth on.
@@ -54,7 +51,6 @@ TEST(SevenLoadTest, LeavesTheBoxDisabledAfterALink) {
 TEST(SevenLoadTest, CutsTheFileFromThePlayersReply) {
     const std::pair<std::string, std::string> cases[] = {
         {"x URL=\"http://a/b.flv?x", "http://a/b.flv"},
-        {"uRl=\".flv\"", ".flv"},
         {"b.flv url=b.flv url=\"a b\".flv", "a b\".flv"},
         {"url=\"a.FLV\" url=\"b.flv\"", "a.FLV\" url=\"b.flv"},
         {"url=\"'><script>.flv", "'><script>.flv"},
@@ -81,11 +77,6 @@ TEST(SevenLoadTest, EnablesTheBoxAfterEachFailure) {
               enabled},
          {"failed fetch", address, {failure}, untilPage(address) + red},
          {"no session", address, {"fo.addVariable(other,x);"}, untilPage(address) + pageCame + red},
-         {"session without end",
-          address,
-          {");fo.addVariable(sess,x)"},
-          untilPage(address) + pageCame + red},
-         {"empty page", address, {""}, untilPage(address) + pageCame + red},
          {"failed second fetch", address, {goodPage, failure}, asked + red},
          {"reply without address", address, {goodPage, "a.flv"}, asked + red},
          {"reply without file", address, {goodPage, ".flv url=\"a\""}, asked + red}});

@@ -53,9 +53,7 @@ TEST(VeOHTest, CutsAtFixedDistancesFromTheLineEnd) {
          run("ipodLink=\"http://a/c.mp4\" \r\n" + flvLine, flvLink("http://a/b.flv") + mp4),
          run("fullPreviewHashPath=\"http://a/b.flv\"\r\n", flvLink("http://a/b.fl")),
          run("fullPreviewHashPath=\"http://a/b.flv\"   \r\n", flvLink("http://a/b.flv\" ")),
-         run("fullPreviewHashPath=abc\r\n", flvLink("")),
-         run("fullPreviewHashPath=\"a\nb.flv\" \r\n", flvLink("a\\nb.flv")),
-         run("fullPreviewHashPath=\"'><script>\" \r\n", flvLink("'><script>"))});
+         run("fullPreviewHashPath=abc\r\n", flvLink(""))});
 }
 
 TEST(VeOHTest, ReportsEachFailure) {
@@ -66,9 +64,7 @@ TEST(VeOHTest, ReportsEachFailure) {
         &Form1::veOH,
         {{"not a video", "veoh.com/x?", {}, start + red},
          {"question mark before the video alone", "veoh.com/?/videos/v1", {}, start + red},
-         {"nothing", "", {}, "linkin.Text=?\n" + start + red},
          {"failed fetch", address, {failure}, start + details("v123abc") + red},
-         afterDetails(""),
          afterDetails("\r\nfullPreviewHashPath=\"http://a/b.flv\" \n"),
          afterDetails("fullPreviewHashPath=\"\r\n"),
          // ".mp4" anywhere asks for the second line.
