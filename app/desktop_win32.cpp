@@ -35,7 +35,8 @@ std::unique_ptr<XmlHttpRequest> WindowsDesktop::createXmlHttpRequest() {
 
 void WindowsDesktop::endProgram() {
     // At once, without clean-up code: the system takes everything back. An orderly exit would run
-    // that of the libraries, which may wait for a lock that a thread of a transfer held as it ended.
+    // that of the libraries, which may wait for a lock that a thread of a transfer held as it
+    // ended.
     if (window_) ShowWindow(window_, SW_HIDE);
     TerminateProcess(GetCurrentProcess(), 0);
     ExitProcess(0);  // tells the compiler that nothing comes back
