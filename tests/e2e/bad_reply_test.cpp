@@ -4,9 +4,9 @@
 
 #include <optional>
 
-#include "tests/e2e/places.h"
 #include "tests/e2e/program.h"
 #include "tests/e2e/proxy.h"
+#include "tools/drive/client/places.h"
 
 namespace velvox::e2e {
 namespace {

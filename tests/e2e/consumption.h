@@ -6,9 +6,11 @@
 #include <ostream>
 #include <string>
 
-#include "tests/e2e/driver.h"
+#include "tools/drive/client/driver.h"
 
 namespace velvox::e2e {
+
+using namespace velvox::drive;
 
 struct Consumption {
     int gdi = 0;   ///< drawing objects

@@ -8,9 +8,9 @@
 #include <iostream>
 
 #include "tests/e2e/consumption.h"
-#include "tests/e2e/places.h"
 #include "tests/e2e/program.h"
 #include "tests/e2e/proxy.h"
+#include "tools/drive/client/places.h"
 
 namespace velvox::e2e {
 namespace {

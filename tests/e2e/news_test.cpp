@@ -25,15 +25,17 @@ TEST(NewsTest, ShowsTheSitesNewsAndLaterOthers) {
                     requests.push_back(to.address());
                     to.reply("<html><!-News!->" + news + "<!-NewsEnd!-></html>");
                 });
-    const Program replica;
+    {
+        // The replica site's news come in character by character from the right.
+        const Program replica;
+        expectStrip(replica, "| Velvox 1.00 is out", Driver::patience);
+    }
     const Program own(Network::proxy(proxy.port()));
     expectStrip(own, "| firs", Driver::patience);
     {
         const std::lock_guard lock(mutex);
         news = "| changed |";
     }
-    // The replica's news come in character by character from the right.
-    expectStrip(replica, "| Velvox 1.00 is out", Driver::patience);
     // A run does not disturb the strip, nor the strip a run.
     own.expectGoodRun();
     expectStrip(own, "| first news |", Driver::patience);

@@ -6,7 +6,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tests/e2e/places.h"
+#include "tools/drive/client/places.h"
 
 namespace velvox::e2e {
 namespace {
@@ -104,8 +104,14 @@ void Program::startExample(int entry) const {
     closeArea();
     const std::string list = control(ControlId::ds);
     const std::string entryText = driver().items(list).at(static_cast<std::size_t>(entry));
+    Hands().click(middleOf(driver().rect(list))).act();
+    const std::string handle = driver().ask({"find", list});
+    // The keys go to whatever has the keyboard when they come: with the click it passes to the
+    // list.
+    if (!eventually([&] { return driver().focus(window_) == handle; }))
+        throw std::runtime_error("the site list does not get the keyboard");
     Hands keys;
-    keys.click(middleOf(driver().rect(list))).key("Home");
+    keys.key("Home");
     for (int i = 0; i < entry; ++i) keys.key("Down");
     keys.key("Return").act();
     driver().waitText(list, entryText);

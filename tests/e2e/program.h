@@ -6,11 +6,13 @@
 #include <vector>
 
 #include "app/control_ids.h"
-#include "tests/e2e/driver.h"
-#include "tests/e2e/input.h"
-#include "tests/e2e/process.h"
+#include "tools/drive/client/driver.h"
+#include "tools/drive/client/input.h"
+#include "tools/drive/client/process.h"
 
 namespace velvox::e2e {
+
+using namespace velvox::drive;
 
 /// Where a program's pages come from: a proxy's port, or the network itself.
 struct Network {

@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <stdexcept>
 
-#include "tests/e2e/places.h"
+#include "tools/drive/client/places.h"
 
 namespace velvox::e2e {
 namespace {

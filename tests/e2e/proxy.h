@@ -11,9 +11,11 @@
 #include <thread>
 #include <vector>
 
-#include "tests/e2e/driver.h"
+#include "tools/drive/client/driver.h"
 
 namespace velvox::e2e {
+
+using namespace velvox::drive;
 
 /// One accepted connection with its request, closed with the handler's return.
 class Exchange {

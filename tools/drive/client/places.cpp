@@ -1,17 +1,17 @@
-#include "tests/e2e/places.h"
+#include "tools/drive/client/places.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 
-namespace velvox::e2e::places {
+namespace velvox::drive::places {
 namespace {
 
-const std::filesystem::path tools = E2E_TOOLS;
+const std::filesystem::path tools = DRIVE_TOOLS;
+const std::filesystem::path programs = DRIVE_PROGRAMS;
 
 std::string program(const char* name) {
-    const char* folder = std::getenv("E2E_PROGRAMS");
-    const auto file = std::filesystem::path(folder ? folder : E2E_PROGRAMS) / name;
+    const auto file = programs / name;
     if (!exists(file)) throw std::runtime_error(file.string() + " is not built");
     return file;
 }
@@ -44,4 +44,4 @@ int sitesPort() {
     return std::atoi(port);
 }
 
-}  // namespace velvox::e2e::places
+}  // namespace velvox::drive::places

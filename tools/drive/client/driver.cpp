@@ -1,12 +1,12 @@
-#include "tests/e2e/driver.h"
+#include "tools/drive/client/driver.h"
 
 #include <sstream>
 #include <stdexcept>
 
-#include "tests/e2e/places.h"
+#include "tools/drive/client/places.h"
 #include "tools/drive/line.h"
 
-namespace velvox::e2e {
+namespace velvox::drive {
 namespace {
 
 // Longer than anything that the driver itself is asked to wait for.
@@ -17,7 +17,7 @@ std::string inMilliseconds(Milliseconds time) {
 }
 
 std::string unescaped(std::string_view line) {
-    return drive::words('"' + std::string(line) + '"').at(0);
+    return words('"' + std::string(line) + '"').at(0);
 }
 
 }  // namespace
@@ -30,7 +30,7 @@ Driver::Driver() : process_({places::wine(), places::driver()}, {}, true) {}
 
 Driver::Answer Driver::exchange(const std::vector<std::string>& words) {
     std::string request;
-    for (const std::string& word : words) request += '"' + drive::escaped(word) + "\" ";
+    for (const std::string& word : words) request += '"' + escaped(word) + "\" ";
     process_.write(request + '\n');
     const std::string line = process_.readLine(answerTime);
     if (line == "ok") return {true, ""};
@@ -94,4 +94,4 @@ Driver& driver() {
     return one;
 }
 
-}  // namespace velvox::e2e
+}  // namespace velvox::drive

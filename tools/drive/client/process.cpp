@@ -1,4 +1,4 @@
-#include "tests/e2e/process.h"
+#include "tools/drive/client/process.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -13,7 +13,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace velvox::e2e {
+namespace velvox::drive {
 namespace {
 
 constexpr Milliseconds toolTime{20'000};
@@ -72,33 +72,29 @@ Process::Process(const std::vector<std::string>& command, const Environment& env
                  bool piped) {
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
+    std::optional<Pipe> in;
+    std::optional<Pipe> out;
     if (piped) {
         // A program that has ended must not end the test with a signal when it is written to.
         signal(SIGPIPE, SIG_IGN);
-        const Pipe in;
-        const Pipe out;
-        posix_spawn_file_actions_adddup2(&files, in.readEnd, STDIN_FILENO);
-        posix_spawn_file_actions_adddup2(&files, out.writeEnd, STDOUT_FILENO);
-        input_ = in.writeEnd;
-        output_ = out.readEnd;
-        posix_spawn_file_actions_addclose(&files, in.writeEnd);
-        posix_spawn_file_actions_addclose(&files, out.readEnd);
-        std::vector<std::string> words = command;
-        std::vector<std::string> variables = merged(environment);
-        const int error = posix_spawnp(&id_, words[0].c_str(), &files, nullptr,
-                                       pointers(words).data(), pointers(variables).data());
-        close(in.readEnd);
-        close(out.writeEnd);
-        errno = error;
+        in.emplace();
+        out.emplace();
+        posix_spawn_file_actions_adddup2(&files, in->readEnd, STDIN_FILENO);
+        posix_spawn_file_actions_adddup2(&files, out->writeEnd, STDOUT_FILENO);
+        input_ = in->writeEnd;
+        output_ = out->readEnd;
     } else {
         posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-        std::vector<std::string> words = command;
-        std::vector<std::string> variables = merged(environment);
-        errno = posix_spawnp(&id_, words[0].c_str(), &files, nullptr, pointers(words).data(),
-                             pointers(variables).data());
     }
-    const int error = errno;
+    std::vector<std::string> words = command;
+    std::vector<std::string> variables = merged(environment);
+    const int error = posix_spawnp(&id_, words[0].c_str(), &files, nullptr, pointers(words).data(),
+                                   pointers(variables).data());
+    if (piped) {
+        close(in->readEnd);
+        close(out->writeEnd);
+    }
     posix_spawn_file_actions_destroy(&files);
     if (error != 0) {
         errno = error;
@@ -179,4 +175,4 @@ std::string outputOf(const std::vector<std::string>& command, std::string_view i
     return output;
 }
 
-}  // namespace velvox::e2e
+}  // namespace velvox::drive

@@ -1,8 +1,8 @@
-#include "tests/e2e/input.h"
+#include "tools/drive/client/input.h"
 
-#include "tests/e2e/process.h"
+#include "tools/drive/client/process.h"
 
-namespace velvox::e2e {
+namespace velvox::drive {
 
 Hands& Hands::add(std::vector<std::string> words) {
     events_.insert(events_.end(), words.begin(), words.end());
@@ -45,4 +45,4 @@ void putIntoClipboard(std::string_view text) {
     outputOf({"sh", "-c", "exec xclip -selection clipboard -i > /dev/null 2>&1"}, text);
 }
 
-}  // namespace velvox::e2e
+}  // namespace velvox::drive

@@ -7,9 +7,9 @@
 #include <thread>
 #include <vector>
 
-#include "tests/e2e/process.h"
+#include "tools/drive/client/process.h"
 
-namespace velvox::e2e {
+namespace velvox::drive {
 
 struct Rectangle {
     int left = 0;
@@ -73,4 +73,4 @@ bool eventually(Condition holds, Milliseconds time = Driver::patience) {
     return true;
 }
 
-}  // namespace velvox::e2e
+}  // namespace velvox::drive

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace velvox::e2e::places {
+namespace velvox::drive::places {
 
 std::string wine();
 std::string driver();
@@ -15,4 +15,4 @@ std::string emptyWindow();
 /// The replica sites as a proxy.
 int sitesPort();
 
-}  // namespace velvox::e2e::places
+}  // namespace velvox::drive::places

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/e2e/driver.h"
+#include "tools/drive/client/driver.h"
 
-namespace velvox::e2e {
+namespace velvox::drive {
 
 struct Point {
     int x = 0;
@@ -37,4 +37,4 @@ class Hands {
 
 void putIntoClipboard(std::string_view text);
 
-}  // namespace velvox::e2e
+}  // namespace velvox::drive

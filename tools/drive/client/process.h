@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace velvox::e2e {
+namespace velvox::drive {
 
 using Milliseconds = std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
@@ -52,4 +52,4 @@ class Process {
 /// Runs a program to its end and answers its output; throws when it fails or takes too long.
 std::string outputOf(const std::vector<std::string>& command, std::string_view input = "");
 
-}  // namespace velvox::e2e
+}  // namespace velvox::drive
