@@ -15,7 +15,7 @@ constexpr const char* failed = "<font face='tahoma' size='2' color='red'>Downloa
 void expectRefusal(const Program& program, const std::string& address) {
     SCOPED_TRACE(address.substr(0, 80));
     program.start(address);
-    EXPECT_EQ(driver().ask({"box", "20000"}), "Velvox\nPlease Enter A Valid URL...");
+    EXPECT_EQ(driver().waitBox(), "Velvox\nPlease Enter A Valid URL...");
     EXPECT_TRUE(program.areaShown());
     EXPECT_EQ(program.pane(), pleaseWait);
     dismissBox();
@@ -34,7 +34,7 @@ void expectPaneFor(const Program& program, const std::string& address, const cha
 TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
     const Program program;
     program.start("");
-    EXPECT_EQ(driver().ask({"box", "20000"}), "Velvox\nPlease Enter A Valid URL...");
+    EXPECT_EQ(driver().waitBox(), "Velvox\nPlease Enter A Valid URL...");
     // The sign in the box, beside its text.
     EXPECT_TRUE(driver().visible("#32770/Static#0"));
     EXPECT_NE(driver().ask({"send", "#32770/Static#0", "0x171", "0", "0"}), "0");

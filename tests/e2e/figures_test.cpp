@@ -23,8 +23,8 @@ long long since(Clock::time_point start) {
 long long startTime(const std::string& file, const std::string& windowClass) {
     const auto start = Clock::now();
     Process process({places::wine(), file});
-    driver().ask({"wait", windowClass, "20000"});
-    driver().ask({"ping", windowClass, "20000"});
+    driver().waitVisible(windowClass);
+    driver().ping(windowClass);
     const long long spent = since(start);
     driver().ask({"close", windowClass});
     process.exitWithin(Driver::patience);

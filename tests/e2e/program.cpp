@@ -13,6 +13,7 @@ namespace {
 
 constexpr int veohEntry = 3;
 constexpr const char* messageBox = "#32770";
+constexpr const char* menu = "#32768";
 
 std::string proxyVariable(const Network& network) {
     if (network.port == 0) return "http_proxy=";
@@ -63,7 +64,7 @@ Program::Program(const std::set<std::string>& before, const Network& network,
                  const std::string& file)
     : process_({places::wine(), file}, {proxyVariable(network)}), window_(newMainWindow(before)) {
     // Its first message is answered once the window has been painted.
-    driver().ask({"ping", window_, "20000"});
+    driver().ping(window_);
     // Keys go to the display's focused window, which it becomes a little later.
     if (!eventually([] { return focusedTitle() == title; }))
         throw std::runtime_error("the program does not get the keyboard");
@@ -124,6 +125,13 @@ void Program::startExample(int entry) const {
     driver().waitVisible(control(ControlId::outer));
 }
 
+void Program::chooseFromMenu(const std::string& key) const {
+    driver().waitVisible(menu);
+    // It is visible a little before it takes keys.
+    EXPECT_TRUE(eventually([&] { return holdsPointer(); }));
+    Hands().key(key).act();
+}
+
 void Program::expectGoodRun() const {
     startExample(veohEntry);
     expectPane(
@@ -143,7 +151,7 @@ void Program::runByMessages(const std::string& address) const {
     enter(address);
     key(ControlId::linkin, "0x0D");
     driver().waitVisible(control(ControlId::outer));
-    driver().ask({"until", control(ControlId::output), "contains", "<a href=", "20000"});
+    driver().waitPart(control(ControlId::output), "<a href=");
     if (!eventually([&] { return driver().enabled(control(ControlId::isButton1)); }))
         throw std::runtime_error("Close is not usable");
     key(ControlId::output, "0x1B");
@@ -155,9 +163,9 @@ void Program::tick(int timer) const {
 }
 
 std::string dismissBox() {
-    const std::string titleAndText = driver().ask({"box", "20000"});
+    const std::string titleAndText = driver().waitBox();
     // Wine loses a key that comes while the keyboard passes to the new window: it is pressed again.
-    for (int tries = 0; tries < 5; ++tries) {
+    for (int tries = 0; tries < 20; ++tries) {
         Hands().key("Return").act();
         if (driver().holds({"gone", messageBox, "1000"})) return titleAndText;
     }

@@ -47,6 +47,8 @@ class Program {
     std::string pane() const { return driver().text(control(ControlId::output)); }
     bool areaShown() const { return driver().visible(control(ControlId::outer)); }
     bool addressLocked() const { return !driver().enabled(edit()); }
+    /// Whether a drag or a menu has the pointer captured.
+    bool holdsPointer() const { return driver().ask({"capture", window_}) != "none"; }
 
     void click(ControlId id) const;
     /// Puts a text into the address box without the clipboard.
@@ -59,6 +61,9 @@ class Program {
     void expectPane(const std::string& html, Milliseconds time = Driver::patience) const;
     /// Chooses an entry of the site list with the keyboard, its example, and presses Download.
     void startExample(int entry) const;
+
+    /// Presses the access key of an entry in the menu that opens.
+    void chooseFromMenu(const std::string& key) const;
 
     /// A Veoh run on the replica sites, from the example, with its links.
     void expectGoodRun() const;

@@ -77,16 +77,28 @@ std::vector<std::string> Driver::items(const std::string& window) {
     return all;
 }
 
-void Driver::waitVisible(const std::string& window, Milliseconds time) {
-    ask({"wait", window, inMilliseconds(time)});
+void Driver::waitVisible(const std::string& window) {
+    ask({"wait", window, inMilliseconds(patience)});
 }
 
-void Driver::waitGone(const std::string& window, Milliseconds time) {
-    ask({"gone", window, inMilliseconds(time)});
+void Driver::waitGone(const std::string& window) {
+    ask({"gone", window, inMilliseconds(patience)});
 }
 
 void Driver::waitText(const std::string& window, const std::string& text, Milliseconds time) {
     ask({"until", window, "equals", text, inMilliseconds(time)});
+}
+
+void Driver::waitPart(const std::string& window, const std::string& part) {
+    ask({"until", window, "contains", part, inMilliseconds(patience)});
+}
+
+std::string Driver::waitBox() {
+    return ask({"box", inMilliseconds(patience)});
+}
+
+void Driver::ping(const std::string& window) {
+    ask({"ping", window, inMilliseconds(patience)});
 }
 
 Driver& driver() {

@@ -41,12 +41,18 @@ class Driver {
     std::string focus(const std::string& window);
     std::vector<std::string> items(const std::string& window);
 
-    void waitVisible(const std::string& window, Milliseconds time = patience);
-    void waitGone(const std::string& window, Milliseconds time = patience);
+    void waitVisible(const std::string& window);
+    void waitGone(const std::string& window);
     void waitText(const std::string& window, const std::string& text, Milliseconds time = patience);
+    void waitPart(const std::string& window, const std::string& part);
+    /// Title and text of the message box, a line each.
+    std::string waitBox();
+    /// Until the window's thread answers a message.
+    void ping(const std::string& window);
 
-    /// How long a test waits for something that comes at once on an idle machine.
-    static constexpr Milliseconds patience{10'000};
+    /// How long to wait for something that comes at once on an idle machine; on one that builds as
+    /// well, a program may need ten seconds until it takes the first key.
+    static constexpr Milliseconds patience{40'000};
 
  private:
     struct Answer {

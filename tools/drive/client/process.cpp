@@ -16,7 +16,7 @@
 namespace velvox::drive {
 namespace {
 
-constexpr Milliseconds toolTime{20'000};
+constexpr Milliseconds toolTime{60'000};
 
 [[noreturn]] void fail(const std::string& what) {
     throw std::runtime_error(what + ": " + std::strerror(errno));
