@@ -282,7 +282,9 @@ TEST_F(IsButtonWindowTest, CutsPaintsAndPrintsAsItsStyleSays) {
     run("press enter release");
     UpdateWindow(window->handle());
     EXPECT_EQ(window->paints() - before, 2U) << "pressed, and hot again";
-    run("theme colours leave blur");
+    run("theme colours");
+    EXPECT_EQ(window->paints() - before, 4U) << "once for each";
+    run("leave blur");
     UpdateWindow(window->handle());
     const unsigned after = window->paints();
     const ClientPrint print(window->handle());
