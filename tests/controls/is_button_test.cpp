@@ -65,6 +65,7 @@ TEST(IsButtonTest, SequencesRaiseTheirEventsAndEndInTheirState) {
         {"down off-edge up leave", "....L", Normal},
         {"off-edge down", ".", Pressed},
         {"enter down cancel", "t.ET..", Hot},
+        {"down up cancel cancel", "...", Normal},
         // Space clicks by its character; again, since its release counts as the left button.
         {"press release press release", ".C..CC.", Hot},
         {"other", "", Normal},
@@ -225,6 +226,7 @@ TEST(IsButtonTest, EverySetterNotifiesRepaintsOnceAndIsStoredInOrder) {
     EXPECT_FALSE(copy.look().focusShown);
     copy.gotFocus();
     EXPECT_TRUE(copy.look().focusShown);
+    EXPECT_EQ(copy.look().colours.font, 0x008000);
     copy.ShowFocus(false);
     EXPECT_FALSE(copy.look().focusShown);
 }

@@ -183,6 +183,7 @@ TEST_F(IsButtonWindowTest, SequencesRaiseTheirEventsAndEndInTheirState) {
     } rows[] = {
         // Clicks count where they are released, the second of a pair as well.
         {"press release double release", "CC", Hot},
+        {"press release-off", "", Normal},
         {"enter press release-off", "EL", Normal},
         // A release whose press was elsewhere is no click; nor is the right button's.
         {"press release release right", "C", Hot},
