@@ -187,6 +187,7 @@ TEST_F(IsButtonWindowTest, SequencesRaiseTheirEventsAndEndInTheirState) {
         {"enter press release-off", "EL", Normal},
         // A release whose press was elsewhere is no click; nor is the right button's.
         {"press release release right", "C", Hot},
+        {"right release", "", Normal},
         // A lost capture or focus ends the press without a click.
         {"press captured released release", "", Normal},
         {"press blur release", "", Normal},
