@@ -257,7 +257,8 @@ void isButton::pointerDragged(bool over) {
 }
 
 void isButton::pressCancelled() {
-    if (state_ != ButtonState::Pressed) return;
+    // A release has left it hot already; without a pointer inside nothing would end that look.
+    if (state_ == restingState()) return;
     draggedOff_ = false;
     enter(restingState());
 }

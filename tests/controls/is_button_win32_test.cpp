@@ -3,74 +3,97 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <memory>
 #include <random>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "base/com_win32.h"
 #include "base/system_win32.h"
-#include "controls/is_button_layout.h"
 #include "tests/support/window_fixture_win32.h"
 
 namespace velvox {
 namespace {
 
-constexpr LPARAM insidePoint = MAKELPARAM(5, 5);
-constexpr LPARAM outsidePoint = MAKELPARAM(-20, 5);
-constexpr LPARAM repeated = 1 << 30;
+using enum ButtonState;
+
+constexpr LPARAM inside = MAKELPARAM(5, 5);
+constexpr LPARAM outside = MAKELPARAM(-20, 5);
+constexpr LPARAM held = 1 << 30;  // a key that repeats
+constexpr LPARAM plain = 0;
+
+// What the system sends for each word of a sequence; one with several messages has several rows.
+constexpr struct {
+    std::string_view word;
+    UINT message;
+    LPARAM at;
+} mouseSteps[] = {{"enter", WM_MOUSEMOVE, inside},        {"drag-off", WM_MOUSEMOVE, outside},
+                  {"leave", WM_MOUSELEAVE, plain},        {"press", WM_LBUTTONDOWN, inside},
+                  {"double", WM_LBUTTONDBLCLK, inside},   {"release", WM_LBUTTONUP, inside},
+                  {"release-off", WM_LBUTTONUP, outside}, {"right", WM_RBUTTONDOWN, inside},
+                  {"right", WM_RBUTTONUP, inside},        {"by-program", BM_CLICK, plain},
+                  {"theme", WM_THEMECHANGED, plain},      {"colours", WM_SYSCOLORCHANGE, plain}};
+constexpr struct {
+    std::string_view word;
+    UINT message;
+    WPARAM code;
+    LPARAM flags;
+} keySteps[] = {
+    {"space", WM_KEYDOWN, VK_SPACE, plain},     {"space", WM_CHAR, VK_SPACE, plain},
+    {"held-space", WM_KEYDOWN, VK_SPACE, held}, {"held-space", WM_CHAR, VK_SPACE, held},
+    {"space-up", WM_KEYUP, VK_SPACE, plain},    {"enter-key", WM_KEYDOWN, VK_RETURN, plain},
+    {"enter-key", WM_CHAR, VK_RETURN, plain},   {"held-enter", WM_KEYDOWN, VK_RETURN, held},
+    {"letter", WM_KEYDOWN, 'A', plain},         {"letter", WM_CHAR, 'A', plain}};
 
 int leaveRequests = 0;
 BOOL WINAPI __attribute__((force_align_arg_pointer)) trackStandIn(LPTRACKMOUSEEVENT event) {
-    EXPECT_EQ(event->cbSize, 16U);
     EXPECT_EQ(event->dwFlags, static_cast<DWORD>(TME_LEAVE));
-    EXPECT_EQ(event->dwHoverTime, 0U);
     ++leaveRequests;
     return TRUE;
 }
 
 struct FakeProcedures : ProcedureFinder {
     FARPROC find(const char* library, const char* procedure) override {
-        const std::string name = std::string(library) + "." + procedure;
-        asked.push_back(name);
-        return present.count(name) != 0
-                   ? reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&trackStandIn))
-                   : nullptr;
+        asked.push_back(std::string(library) + "." + procedure);
+        if (present.count(asked.back()) == 0) return nullptr;
+        return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&trackStandIn));
     }
     std::set<std::string> present{"User32.TrackMouseEvent", "Comctl32._TrackMouseEvent"};
     std::vector<std::string> asked;
 };
 
 struct RefusingThemes : ThemeLibrary {
-    bool drawPushButton(HWND, HDC, int, const RECT&) override {
+    bool drawPushButton(HWND, HDC, int state, const RECT&) override {
+        lastState = state;
         ++asked;
         return false;
     }
     int asked = 0;
+    int lastState = 0;
 };
 
 struct RecordedTips : ToolTipSystem {
     HWND create(DWORD style, HWND owner) override {
-        log += "create " + std::to_string(style) + ";";
-        lastOwner = owner;
+        log << "create " << style << ';';
         return owner;
     }
-    void send(HWND, UINT message, WPARAM wParam, LPARAM lParam) override {
-        log += std::to_string(message) + " " + std::to_string(wParam);
+    void send(HWND owner, UINT message, WPARAM wParam, LPARAM lParam) override {
+        log << message << ' ' << wParam;
         if (message == TTM_ADDTOOLA) {
             const auto* tool = reinterpret_cast<const TTTOOLINFOA*>(lParam);
-            EXPECT_EQ(tool->hwnd, lastOwner);
-            log += " flags " + std::to_string(tool->uFlags) + " " + tool->lpszText + " " +
-                   std::to_string(tool->rect.right) + "x" + std::to_string(tool->rect.bottom);
+            EXPECT_EQ(tool->hwnd, owner);
+            log << " flags " << tool->uFlags << ' ' << tool->lpszText << ' ' << tool->rect.right
+                << 'x' << tool->rect.bottom;
         }
-        if (message == TTM_SETTITLEA) log += std::string(" ") + reinterpret_cast<char*>(lParam);
-        log += ";";
+        if (message == TTM_SETTITLEA) log << ' ' << reinterpret_cast<char*>(lParam);
+        log << ';';
     }
-    void destroy(HWND) override { log += "destroy;"; }
-    std::string log;
-    HWND lastOwner = nullptr;
+    void destroy(HWND) override { log << "destroy;"; }
+    std::ostringstream log;
 };
 
 struct RecordedRoles : AccessibleRoles {
@@ -82,13 +105,13 @@ struct RecordedRoles : AccessibleRoles {
 class IsButtonWindowTest : public testing::Test {
  protected:
     IsButtonWindowTest() {
-        leaveRequests = 0;
         makeModel();
         setFailureReporter([this](std::string_view text) { reported += text; });
     }
     ~IsButtonWindowTest() override { setFailureReporter({}); }
 
     void makeModel() {
+        window.reset();
         model = std::make_unique<isButton>("b", colours);
         model->Move({150, 150, 1200, 450});
         model->Click = [this] { events += 'C'; };
@@ -103,17 +126,21 @@ class IsButtonWindowTest : public testing::Test {
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendMessageW(window->handle(), message, wParam, lParam);
     }
-    void enter() { send(WM_MOUSEMOVE, 0, insidePoint); }
-    void press() { send(WM_LBUTTONDOWN, MK_LBUTTON, insidePoint); }
-    void release(LPARAM at = insidePoint) { send(WM_LBUTTONUP, 0, at); }
-    void key(WPARAM code) {
-        send(WM_KEYDOWN, code);
-        send(WM_CHAR, code);
-        send(WM_KEYUP, code);
+    // Carries out a sequence of messages and of other things that happen to a button.
+    void run(const std::string& steps) {
+        const HWND button = window->handle();
+        std::istringstream words(steps);
+        for (std::string word; words >> word;) {
+            if (happenings.contains(word)) happenings.at(word)();
+            for (const auto& [name, message, at] : mouseSteps)
+                if (name == word) SendMessageW(button, message, 0, at);
+            for (const auto& [name, message, code, flags] : keySteps)
+                if (name == word) SendMessageW(button, message, code, flags);
+        }
     }
-    void design() {
+    void design(bool designed) {
         ButtonAmbient ambient;
-        ambient.userMode = false;
+        ambient.userMode = !designed;
         model->ReadProperties({}, ambient);
     }
     std::string takeEvents() { return std::exchange(events, {}); }
@@ -122,6 +149,19 @@ class IsButtonWindowTest : public testing::Test {
         GetWindowRgn(window->handle(), region.get());
         return PtInRegion(region.get(), x, y) != FALSE;
     }
+
+    const std::map<std::string, std::function<void()>> happenings = {
+        {"focus", [this] { SetFocus(window->handle()); }},
+        {"blur", [this] { SetFocus(form.handle()); }},
+        {"captured", [this] { SetCapture(form.handle()); }},
+        {"released", [] { ReleaseCapture(); }},
+        {"disable", [this] { model->Enabled(false); }},
+        {"enable", [this] { model->Enabled(true); }},
+        {"hide", [this] { model->Visible(false); }},
+        {"toggle", [this] { model->ButtonType(1); }},
+        {"no-toggle", [this] { model->ButtonType(0); }},
+        {"on", [this] { model->Value(true); }},
+        {"off", [this] { model->Value(false); }}};
 
     CurrentSystemColours colours;
     FakeProcedures procedures;
@@ -135,100 +175,47 @@ class IsButtonWindowTest : public testing::Test {
     std::string reported;
 };
 
-TEST_F(IsButtonWindowTest, ClicksCountWhereTheyAreReleased) {
-    open();
-    press();
-    release();
-    EXPECT_EQ(takeEvents(), "C");
-    EXPECT_EQ(GetFocus(), window->handle());
-    press();
-    release(outsidePoint);
-    EXPECT_EQ(events, "");
-    // The second press of a pair comes as a double click and counts as well.
-    send(WM_LBUTTONDBLCLK, MK_LBUTTON, insidePoint);
-    release();
-    EXPECT_EQ(takeEvents(), "C");
-    // A release whose press was elsewhere is no click; nor is the right button's.
-    release();
-    send(WM_RBUTTONDOWN, 0, insidePoint);
-    send(WM_RBUTTONUP, 0, insidePoint);
-    EXPECT_EQ(events, "");
-    EXPECT_EQ(model->lastMouseButton(), MouseButton::Right);
-    EXPECT_NE(GetCapture(), window->handle());
-}
-
-TEST_F(IsButtonWindowTest, ALostCaptureOrFocusEndsThePressWithoutAClick) {
-    open();
-    for (const bool focus : {false, true}) {
-        press();
-        EXPECT_EQ(GetCapture(), window->handle());
-        if (focus)
-            SetFocus(form.handle());
-        else
-            SetCapture(form.handle());
-        EXPECT_NE(GetCapture(), window->handle());
-        EXPECT_EQ(model->visualState(), ButtonState::Normal) << focus;
-        ReleaseCapture();
-        release();
-        EXPECT_EQ(events, "");
+TEST_F(IsButtonWindowTest, SequencesRaiseTheirEventsAndEndInTheirState) {
+    const struct {
+        const char* steps;
+        const char* events;
+        ButtonState state;
+    } rows[] = {
+        // Clicks count where they are released, the second of a pair as well.
+        {"press release double release", "CC", Hot},
+        {"press release-off", "", Normal},
+        {"enter press release-off", "EL", Normal},
+        // A release whose press was elsewhere is no click; nor is the right button's.
+        {"press release release right", "C", Hot},
+        {"right release", "", Normal},
+        // A lost capture or focus ends the press without a click.
+        {"press captured released release", "", Normal},
+        {"press blur release", "", Normal},
+        // A drag off the button shows that nothing will happen, and its end is the leave that the
+        // capture has swallowed or brought too early.
+        {"enter enter leave leave", "EL", Normal},
+        {"enter press drag-off leave", "E", Hot},
+        {"enter press drag-off enter", "E", Pressed},
+        {"enter press leave drag-off release-off", "EL", Normal},
+        {"enter disable", "EL", Disabled},
+        {"enter hide", "EL", Normal},
+        // The keyboard presses once per stroke, and a stroke that began elsewhere does nothing.
+        {"focus space held-space", "C", Pressed},
+        {"focus space space-up blur", "C", Normal},
+        {"focus space blur focus space-up", "C", Normal},
+        {"enter-key held-enter letter by-program", "CC", Normal}};
+    for (const auto& row : rows) {
+        makeModel();
+        open();
+        run(row.steps);
+        EXPECT_EQ(takeEvents(), row.events) << row.steps;
+        EXPECT_EQ(model->visualState(), row.state) << row.steps;
+        EXPECT_FALSE(row.state == Normal && GetCapture() == window->handle()) << row.steps;
     }
 }
 
-// A drag off the button shows that nothing will happen, and its end is the leave that the capture
-// has swallowed or brought too early.
-TEST_F(IsButtonWindowTest, HoverEntersOnceAndLeavesOnce) {
+TEST_F(IsButtonWindowTest, TheDialogManagerLeavesItEnter) {
     open();
-    enter();
-    enter();
-    EXPECT_EQ(leaveRequests, 1);
-    send(WM_MOUSELEAVE);
-    send(WM_MOUSELEAVE);
-    EXPECT_EQ(takeEvents(), "EL");
-    enter();
-    press();
-    send(WM_MOUSEMOVE, MK_LBUTTON, outsidePoint);
-    EXPECT_NE(model->visualState(), ButtonState::Pressed);
-    send(WM_MOUSELEAVE);
-    EXPECT_EQ(takeEvents(), "E");
-    send(WM_MOUSEMOVE, MK_LBUTTON, insidePoint);
-    EXPECT_EQ(model->visualState(), ButtonState::Pressed);
-    send(WM_MOUSEMOVE, MK_LBUTTON, outsidePoint);
-    release(outsidePoint);
-    EXPECT_EQ(takeEvents(), "L");
-    EXPECT_EQ(model->visualState(), ButtonState::Normal);
-    enter();
-    model->Enabled(false);
-    EXPECT_FALSE(IsWindowEnabled(window->handle()));
-    send(WM_MOUSELEAVE);
-    EXPECT_EQ(takeEvents(), "EL") << "disabled";
-    model->Enabled(true);
-    enter();
-    model->Visible(false);
-    EXPECT_EQ(takeEvents(), "EL") << "hidden";
-}
-
-TEST_F(IsButtonWindowTest, TheKeyboardPressesOncePerStroke) {
-    open();
-    SetFocus(window->handle());
-    key(VK_SPACE);
-    EXPECT_EQ(takeEvents(), "C");
-    send(WM_KEYDOWN, VK_SPACE, repeated);
-    send(WM_CHAR, VK_SPACE, repeated);
-    EXPECT_EQ(takeEvents(), "");
-    key(VK_RETURN);
-    EXPECT_EQ(takeEvents(), "C");
-    send(WM_KEYDOWN, VK_RETURN, repeated);
-    key('A');
-    EXPECT_EQ(takeEvents(), "");
-    send(BM_CLICK);
-    EXPECT_EQ(takeEvents(), "C");
-    // A release whose stroke began elsewhere does nothing.
-    SetFocus(form.handle());
-    SetFocus(window->handle());
-    send(WM_KEYUP, VK_SPACE);
-    EXPECT_EQ(model->visualState(), ButtonState::Normal);
-
-    // The dialog manager leaves Enter to the button, and nothing else.
     MSG message{};
     message.message = WM_KEYDOWN;
     for (const WPARAM code : {VK_RETURN, VK_TAB}) {
@@ -236,49 +223,50 @@ TEST_F(IsButtonWindowTest, TheKeyboardPressesOncePerStroke) {
         EXPECT_EQ(send(WM_GETDLGCODE, code, reinterpret_cast<LPARAM>(&message)),
                   DLGC_BUTTON | (code == VK_RETURN ? DLGC_WANTMESSAGE : 0));
     }
-    isButton other("other", colours);
-    const isButtonWindow next(other, form.handle(), 8);
-    model->Enabled(false);
-    EXPECT_EQ(GetFocus(), next.handle()) << "a disabled button hands the focus on";
 }
 
 TEST_F(IsButtonWindowTest, AHandlerMayThrowOrRunAMessageLoop) {
     model->Click = [] { throw std::runtime_error("the handler failed"); };
     open();
-    press();
-    release();
-    EXPECT_EQ(reported, "the handler failed");
-    EXPECT_NE(GetCapture(), window->handle());
+    run("press release");
+    EXPECT_EQ(std::exchange(reported, {}), "the handler failed");
     model->Click = [this] {
         events += 'C';
         if (events.size() > 1) return;
-        PostMessageW(window->handle(), WM_LBUTTONDOWN, MK_LBUTTON, insidePoint);
-        PostMessageW(window->handle(), WM_LBUTTONUP, 0, insidePoint);
+        PostMessageW(window->handle(), WM_LBUTTONDOWN, MK_LBUTTON, inside);
+        PostMessageW(window->handle(), WM_LBUTTONUP, 0, inside);
         pumpUntil([&] { return events.size() > 1; }, 1000);
     };
-    press();
-    release();
+    run("press release");
     EXPECT_EQ(events, "CC");
+
+    const std::function<void()> ends[] = {
+        [&] { window.reset(); }, [&] { window.reset(), model.reset(); }, [&] { model.reset(); },
+        [&] { DestroyWindow(window->handle()); }};
+    for (const auto& end : ends)
+        for (const char* const start : {"press release", "space space-up", "enter"}) {
+            makeModel();
+            open();
+            int told = 0;
+            model->Click = model->MouseEnter = [&told, &end] {
+                if (++told == 1) end();
+            };
+            run(start);
+            EXPECT_EQ(told, 1) << "it may also end the button: " << start;
+        }
+    EXPECT_EQ(reported, "");
 }
 
 TEST_F(IsButtonWindowTest, TheSubclassIsOfRunTimeAndComesOffInAnyOrder) {
-    design();
+    design(true);
     open();
     EXPECT_TRUE(procedures.asked.empty());
-    model->ReadProperties({});
-    // Somebody else's subclass on top of ours.
-    struct Other {
-        static LRESULT CALLBACK __attribute__((force_align_arg_pointer))
-        run(HWND w, UINT m, WPARAM a, LPARAM b, UINT_PTR, DWORD_PTR) {
-            return DefSubclassProc(w, m, a, b);
-        }
-    };
-    SetWindowSubclass(window->handle(), &Other::run, 99, 0);
-    design();
-    enter();
+    design(false);
+    design(true);
+    run("enter");
     EXPECT_EQ(events, "");
-    model->ReadProperties({});
-    enter();
+    design(false);
+    run("enter");
     EXPECT_EQ(events, "E");
     DestroyWindow(form.handle());
     EXPECT_EQ(window->handle(), nullptr);
@@ -290,101 +278,86 @@ TEST_F(IsButtonWindowTest, CutsPaintsAndPrintsAsItsStyleSays) {
     model->UseCustomColors(true);
     model->BackColor(0xE0E0E0);
     open();
-    EXPECT_FALSE(regionHolds(0, 0));
-    EXPECT_TRUE(regionHolds(1, 0));
-    SetFocus(window->handle());
-    UpdateWindow(window->handle());
-    enter();
+    run("focus enter");
     UpdateWindow(window->handle());
     const unsigned before = window->paints();
-    press();
-    send(WM_MOUSEMOVE, MK_LBUTTON, insidePoint);
-    release();
+    run("press enter release");
     UpdateWindow(window->handle());
     EXPECT_EQ(window->paints() - before, 2U) << "pressed, and hot again";
-    send(WM_MOUSELEAVE);
-    SetFocus(form.handle());
+    run("theme colours");
+    EXPECT_EQ(window->paints() - before, 4U) << "once for each";
+    run("leave blur");
     UpdateWindow(window->handle());
     const unsigned after = window->paints();
     const ClientPrint print(window->handle());
     EXPECT_EQ(print.at(40, 28), 0xBBBBBB);
     EXPECT_EQ(print.at(40, 0), 0x606060);
     EXPECT_EQ(window->paints(), after);
-    model->Width(3000);
-    RECT client{};
-    GetClientRect(window->handle(), &client);
-    EXPECT_FALSE(regionHolds(client.right - 1, 0));
-    EXPECT_TRUE(regionHolds(client.right - 2, 0));
+    for (const int twips : {1200, 3000}) {
+        model->Width(twips);
+        RECT client{};
+        GetClientRect(window->handle(), &client);
+        const int right = client.right - 1;
+        EXPECT_FALSE(regionHolds(0, 0) || regionHolds(right, 0) ||
+                     regionHolds(right, client.bottom - 1));
+        EXPECT_TRUE(regionHolds(1, 0) && regionHolds(right - 1, 0) && regionHolds(0, 15));
+    }
     model->Style(0);
     EXPECT_TRUE(regionHolds(0, 0));
 }
 
-TEST_F(IsButtonWindowTest, IsAChildThatTellsItsRoleOnce) {
-    model->Caption("&Close");
+TEST_F(IsButtonWindowTest, ShowsItsCaptionAndTellsItsRoleOnce) {
     open();
-    EXPECT_EQ(windowText(window->handle()), "&Close");
-    EXPECT_EQ(GetWindowLongW(window->handle(), GWL_STYLE) & (WS_CHILD | WS_TABSTOP),
-              WS_CHILD | WS_TABSTOP);
     model->Caption("Stop");
     EXPECT_EQ(windowText(window->handle()), "Stop");
     for (const LONG object : {OBJID_WINDOW, OBJID_CLIENT, OBJID_CLIENT})
         send(WM_GETOBJECT, 0, object);
     EXPECT_EQ(roles.log, "+");
-    DestroyWindow(window->handle());
     window.reset();
     EXPECT_EQ(roles.log, "+-");
-    // The system's own service, with COM and without it.
-    systemRoles().announcePushButton(form.handle());
     const OleScope com;
     systemRoles().announcePushButton(form.handle());
     systemRoles().withdraw(form.handle());
 }
 
 TEST_F(IsButtonWindowTest, TrackingTakesTheFirstEntryPointThereIs) {
+    leaveRequests = 0;
     open();
-    EXPECT_EQ(model->tracking(), Tracking::UserInterface);
+    run("enter enter");
+    EXPECT_EQ(leaveRequests, 1);
     EXPECT_EQ(procedures.asked, std::vector<std::string>{"User32.TrackMouseEvent"});
     procedures.present.erase("User32.TrackMouseEvent");
     open();
     EXPECT_EQ(model->tracking(), Tracking::CommonControls);
     procedures.present.clear();
+    makeModel();
     open();
     EXPECT_EQ(procedures.asked.back(), "Comctl32._TrackMouseEvent");
-    enter();
-    EXPECT_EQ(model->visualState(), ButtonState::Normal);
     // Nor does a toggle button stay down when the press ends beside it.
-    model->ButtonType(1);
-    press();
-    release(outsidePoint);
+    takeEvents();
+    run("enter toggle press release-off");
     EXPECT_EQ(events, "");
-    EXPECT_EQ(model->visualState(), ButtonState::Normal);
+    EXPECT_EQ(model->visualState(), Normal);
 }
 
 TEST_F(IsButtonWindowTest, ToolTipsAreMadeAnewOnEachEntry) {
     model->ToolTip("tip");
     open();
-    enter();
-    EXPECT_EQ(std::exchange(tips.log, {}), "create 3;1028 0 flags 16 tip 80x30;");
-    EXPECT_EQ(tips.lastOwner, window->handle());
-    send(WM_MOUSELEAVE);
+    run("enter leave");
     model->ToolTipType(1), model->ToolTipTitle("title"), model->ToolTipIcon(2);
     model->ToolTipBackColor(0x112233), model->ToolTipForeColor(0x445566);
-    enter();
-    EXPECT_EQ(std::exchange(tips.log, {}),
-              "destroy;create 67;1028 0 flags 16 tip 80x30;1056 2 title;1044 4478310;"
-              "1043 1122867;");
+    run("enter");
     window.reset();
-    EXPECT_EQ(tips.log, "destroy;");
-    ButtonToolTip record;
-    record.centred = true;
-    ToolTip(tips).show(record, form.handle());
-    EXPECT_NE(tips.log.find("flags 18"), std::string::npos);
+    EXPECT_EQ(
+        tips.log.str(),
+        "create 3;1028 0 flags 16 tip 80x30;destroy;"
+        "create 67;1028 0 flags 16 tip 80x30;1056 2 title;1044 4478310;1043 1122867;destroy;");
 
     // The system's own is topmost and goes with the button.
     const int before = liveHandles();
+    model->pointerLeft();
     window = std::make_unique<isButtonWindow>(*model, form.handle(), 7,
                                               ButtonServices{procedures, themes});
-    model->pointerLeft();
     model->pointerMoved();
     const HWND tip = window->toolTip();
     EXPECT_NE(GetWindowLongW(tip, GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
@@ -394,43 +367,20 @@ TEST_F(IsButtonWindowTest, ToolTipsAreMadeAnewOnEachEntry) {
     EXPECT_EQ(liveHandles(), before);
 }
 
-TEST_F(IsButtonWindowTest, HandlersMayDestroyModelAndWindow) {
-    const std::function<void()> ends[] = {
-        [&] { window.reset(); }, [&] { window.reset(), model.reset(); }, [&] { model.reset(); },
-        [&] { DestroyWindow(window->handle()); }};
-    const std::vector<std::pair<UINT, WPARAM>> starts[] = {
-        {{WM_LBUTTONDOWN, 0}, {WM_LBUTTONUP, 0}},
-        {{WM_KEYDOWN, VK_SPACE}, {WM_CHAR, VK_SPACE}, {WM_KEYUP, VK_SPACE}},
-        {{WM_MOUSEMOVE, 0}}};
-    for (const auto& end : ends)
-        for (const auto& start : starts) {
-            makeModel();
-            open();
-            int told = 0;
-            model->Click = model->MouseEnter = [&told, &end] {
-                if (++told == 1) end();
-            };
-            const HWND handle = window->handle();
-            for (const auto& [message, code] : start)
-                SendMessageW(handle, message, code, code ? 0 : insidePoint);
-            EXPECT_EQ(told, 1);
-        }
-    EXPECT_EQ(reported, "");
-}
-
 TEST_F(IsButtonWindowTest, RefusedThemesFallBackOnceAndForAll) {
     model->Style(6);
     model->NonThemeStyle(10);
     open();
+    run("focus");
     UpdateWindow(window->handle());
     EXPECT_EQ(model->Style(), 10);
     model->Refresh();
     EXPECT_EQ(themes.asked, 1);
+    EXPECT_EQ(themes.lastState, 5) << "focused";
     EXPECT_FALSE(regionHolds(2, 2));
     // A fallback that is the theme itself ends as well.
     model->NonThemeStyle(6);
     model->Style(6);
-    model->Refresh();
     EXPECT_EQ(model->Style(), 6);
 }
 
@@ -438,48 +388,27 @@ TEST_F(IsButtonWindowTest, TenThousandRandomSequences) {
     model->Move({150, 150, 450, 300});
     model->ToolTip("tip");
     open();
+    std::vector<std::string> steps;
+    for (const auto& step : mouseSteps) steps.emplace_back(step.word);
+    for (const auto& step : keySteps) steps.emplace_back(step.word);
+    for (const auto& [word, done] : happenings)
+        if (word != "hide") steps.push_back(word);
     std::mt19937 random(20);
-    const auto pick = [&](unsigned count) { return random() % count; };
-    constexpr UINT messages[] = {WM_LBUTTONDOWN, WM_LBUTTONUP,    WM_LBUTTONDBLCLK, WM_RBUTTONUP,
-                                 WM_MOUSEMOVE,   WM_MOUSELEAVE,   WM_KEYDOWN,       WM_KEYUP,
-                                 WM_CHAR,        WM_THEMECHANGED, WM_SYSCOLORCHANGE};
-    constexpr WPARAM codes[] = {VK_SPACE, VK_RETURN, VK_TAB, 'A'};
-    const LPARAM places[] = {insidePoint, insidePoint, outsidePoint, 0, repeated};
-    enter();
-    send(WM_MOUSELEAVE);
+    run("enter leave");
     // The recorded tips count none: every handle alive now is still alive at the end, no more.
     const int before = liveHandles();
     int wrong = 0;
-    for (int sequence = 0; sequence < 10000; ++sequence)
-        for (unsigned left = 1 + pick(5); left > 0; --left) {
-            switch (pick(16)) {
-                case 0: SetFocus(pick(2) ? window->handle() : form.handle()); break;
-                case 1: SetCapture(form.handle()); break;
-                case 2: ReleaseCapture(); break;
-                case 3: model->Enabled(pick(4) != 0); break;
-                case 4: model->ButtonType(static_cast<int>(pick(2))); break;
-                case 5: model->Value(pick(2) != 0); break;
-                case 6:
-                    if (pick(8) == 0) model->Style(static_cast<int>(pick(13)));
-                    break;
-                default:
-                    const UINT message = messages[pick(11)];
-                    const bool keys = message >= WM_KEYDOWN && message <= WM_CHAR;
-                    send(message, keys ? codes[pick(4)] : 0, places[keys ? 3 + pick(2) : pick(3)]);
-            }
-            const int state = static_cast<int>(model->visualState());
-            wrong += state < 1 || state > 4 || (!model->Enabled() && state != 4);
-        }
+    const auto step = [&] { return steps[random() % steps.size()] + ' '; };
+    for (int sequence = 0; sequence < 10000; ++sequence) {
+        run(step() + step());
+        if (random() % 64 == 0) model->Style(static_cast<int>(random() % 13));
+        wrong += (model->visualState() == Disabled) == model->Enabled();
+    }
     EXPECT_EQ(wrong, 0);
     EXPECT_EQ(liveHandles(), before);
     EXPECT_EQ(reported, "");
-    // Left alone it comes to rest.
-    ReleaseCapture();
-    SetFocus(form.handle());
-    send(WM_MOUSELEAVE);
-    model->Enabled(true);
-    model->Value(false);
-    EXPECT_EQ(model->visualState(), ButtonState::Normal);
+    run("released blur leave enable off");
+    EXPECT_EQ(model->visualState(), Normal) << "left alone it comes to rest";
 }
 
 }  // namespace

@@ -10,11 +10,17 @@ namespace {
 class XPTextBoxTest : public ::testing::Test {
  protected:
     XPTextBoxTest() {
+        box.MyTxt.Text("Text1");
         box.PropertyChanged = [this](std::string_view name) { notices.append(name) += ' '; };
         box.Change = [this] { notices += "! "; };
         box.Move({0, 0, 3000, 330});
     }
     std::string take() { return std::exchange(notices, {}); }
+    static PropertyBag stored(const XPTextBox& box) {
+        PropertyBag bag;
+        box.WriteProperties(bag);
+        return bag;
+    }
 
     XPTextBox box{"linkin"};
     std::string notices;
@@ -22,7 +28,6 @@ class XPTextBoxTest : public ::testing::Test {
 
 TEST_F(XPTextBoxTest, LaysOutTheInnerBoxAndTheFrame) {
     const Rgb line = rgb(127, 157, 185);
-    EXPECT_EQ(box.Pic.place(), (Place{0, 0, 3000, 330}));
     EXPECT_EQ(box.MyTxt.place(), (Place{45, 45, 2910, 240}));
     EXPECT_EQ(box.Pic.BackColor(), static_cast<OleColour>(rgb(240, 232, 224)));
     const std::array<DrawnLine, 4> frame{{{0, 0, 3000, 0, line},
@@ -34,39 +39,27 @@ TEST_F(XPTextBoxTest, LaysOutTheInnerBoxAndTheFrame) {
     dense.Move({0, 0, 600, 300});
     EXPECT_EQ(dense.MyTxt.place(), (Place{30, 30, 540, 240}));
     EXPECT_EQ(dense.frame()[2].x1, 590);
-    EXPECT_EQ(dense.frame()[3].y1, 290);
 
     // Too small for the inner box.
     box.Height(90);
-    EXPECT_EQ(box.MyTxt.Height(), 0);
     EXPECT_THROW(box.Height(75), RuntimeFailure);
     EXPECT_EQ(box.MyTxt.Height(), 0);
-    EXPECT_THROW(box.Width(-1), RuntimeFailure);
-    EXPECT_EQ(box.Width(), 3000);
     box.Height(330);
     EXPECT_EQ(box.MyTxt.Height(), 240);
 }
 
 TEST_F(XPTextBoxTest, ResizeMakesTheBoxWhiteEnabledAndUnlocked) {
-    box.Enabled(false);
-    box.Locked(true);
-    box.BackColor(1);
-    box.ForeColor(2);
+    box.Enabled(false), box.Locked(true), box.BackColor(1), box.ForeColor(2);
     box.Width(3015);
-    EXPECT_TRUE(box.Enabled());
-    EXPECT_FALSE(box.Locked());
-    EXPECT_EQ(box.BackColor(), 0xFFFFFFU);
-    EXPECT_EQ(box.ForeColor(), 2U) << "not part of the look";
+    EXPECT_EQ(stored(box), (PropertyBag{{"BackColor", 0xFFFFFF}, {"ForeColor", 2}}));
     EXPECT_FALSE(box.Pic.Enabled()) << "only Locked touches the frame";
     box.PaintFrame(9, XPTextBox::Look::Disabled);
-    EXPECT_FALSE(box.Enabled());
-    EXPECT_EQ(box.BackColor(), static_cast<OleColour>(rgb(235, 235, 228)));
-    EXPECT_EQ(box.ForeColor(), static_cast<OleColour>(rgb(161, 161, 146)));
+    EXPECT_EQ(stored(box), (PropertyBag{{"BackColor", rgb(235, 235, 228)},
+                                        {"Enabled", false},
+                                        {"ForeColor", rgb(161, 161, 146)}}));
     EXPECT_EQ(box.Pic.BackColor(), 9U);
     box.PaintFrame(9, XPTextBox::Look::ReadOnly);
-    EXPECT_TRUE(box.Enabled());
-    box.PaintFrame(9, static_cast<XPTextBox::Look>(7));
-    EXPECT_TRUE(box.Locked()) << "an unknown look changes nothing further";
+    EXPECT_TRUE(box.Enabled() && box.Locked());
 }
 
 TEST_F(XPTextBoxTest, EverySetterNotifiesUnderItsName) {
@@ -86,11 +79,12 @@ TEST_F(XPTextBoxTest, EverySetterNotifiesUnderItsName) {
     EXPECT_EQ(box.SelStart(), 0) << "but the caret returns to its start";
 
     // What cannot be is clipped, or refused without a notice.
-    box.SelStart(99);
-    EXPECT_EQ(box.SelStart(), 8);
     box.SelStart(6);
     box.SelLength(99);
     EXPECT_EQ(box.SelText(), "89");
+    EXPECT_EQ(box.SelLength(), 2);
+    box.SelStart(99);
+    EXPECT_EQ(box.SelStart(), 8);
     box.Alignment(3);
     EXPECT_EQ(box.Alignment(), 0);
     take();
@@ -101,34 +95,11 @@ TEST_F(XPTextBoxTest, EverySetterNotifiesUnderItsName) {
     EXPECT_EQ(take(), "");
 }
 
-TEST_F(XPTextBoxTest, EventsOfTheInnerBoxComeThrough) {
-    std::string events;
-    box.MyTxt.Click();
-    box.Click = [&] { events += "click "; };
-    box.DblClick = [&] { events += "double "; };
-    box.KeyPress = [](std::int16_t& key) { ++key; };
-    box.MouseMove = [&](auto... arguments) {
-        ((events += std::to_string(static_cast<int>(arguments))), ...);
-    };
-    box.MyTxt.Click();
-    box.MyTxt.DblClick();
-    box.MyTxt.MouseMove(1, 2, 3, 4);
-    EXPECT_EQ(events, "click double 1234");
-    std::int16_t key = 'a';
-    box.MyTxt.KeyPress(key);
-    EXPECT_EQ(key, 'b');
-    box.MyTxt.typed("typed");
-    EXPECT_EQ(take(), "! ");
-    EXPECT_EQ(box.Text(), "typed");
-}
-
 TEST_F(XPTextBoxTest, ValueIsTheNumberAtTheStart) {
     const std::pair<const char*, double> rows[] = {
-        {"", 0},     {"12abc", 12},  {"abc12", 0}, {"  7", 7},    {"-3.5x", -3.5},
-        {"+4", 4},   {".5", 0.5},    {"5.", 5},    {"1e3", 1000}, {"1E-2", 0.01},
-        {"1e", 1},   {"1.2.3", 1.2}, {"-", 0},     {".", 0},      {"-.", 0},
-        {"--1", 0},  {"+-1", 0},     {"inf", 0},   {"nan", 0},    {"-infinity", 0},
-        {"0x10", 0}, {"1,5", 1},     {"e5", 0},    {"1e-9999", 0}};
+        {"", 0},     {"12abc", 12},  {"abc12", 0}, {"  7", 7},     {"-3.5x", -3.5}, {"+4", 4},
+        {".5", 0.5}, {"1E-2", 0.01}, {"1e", 1},    {"1.2.3", 1.2}, {"-", 0},        {"-.", 0},
+        {"--1", 0},  {"+-1", 0},     {"inf", 0},   {"-nan", 0},    {"0x10", 0},     {"1e-9999", 0}};
     for (const auto& [text, value] : rows) {
         box.Text(text);
         EXPECT_EQ(box.GetValue(), value) << text;
@@ -138,26 +109,21 @@ TEST_F(XPTextBoxTest, ValueIsTheNumberAtTheStart) {
 }
 
 TEST_F(XPTextBoxTest, NewInstanceShowsItsNameAndALoadedOneItsDefault) {
-    XPTextBox fresh("XPTextBox1");
-    fresh.Move({0, 0, 1500, 500});
-    fresh.Enabled(false);
-    fresh.InitProperties();
-    EXPECT_EQ(fresh.Text(), "XPTextBox1");
-    EXPECT_EQ(fresh.Height(), 330);
-    EXPECT_EQ(fresh.Font().name, "Verdana");
-    EXPECT_TRUE(fresh.Enabled());
-
+    box.Enabled(false);
+    box.Height(500);
+    box.InitProperties();
+    EXPECT_EQ(box.Height(), 330);
+    EXPECT_EQ(stored(box),
+              (PropertyBag{
+                  {"BackColor", 0xFFFFFF}, {"Font", Font{.name = "Verdana"}}, {"Text", "linkin"}}));
     box.ReadProperties({}, {.name = "Ambient"});
     EXPECT_EQ(box.Text(), "Text1");
-    EXPECT_EQ(box.Font().name, "Ambient");
     EXPECT_EQ(box.BackColor(), 0x80000005U);
     EXPECT_EQ(box.ForeColor(), 0x80000008U);
-    PropertyBag written;
-    box.WriteProperties(written, {.name = "Ambient"});
-    EXPECT_EQ(written, PropertyBag{}) << "defaults are not written";
+    EXPECT_EQ(stored(box), (PropertyBag{{"Font", Font{.name = "Ambient"}}})) << "no defaults";
 }
 
-TEST_F(XPTextBoxTest, StoresEachKeyInOrder) {
+TEST_F(XPTextBoxTest, StoresEachKeyInOrderAndRefusesWhatCannotBe) {
     const PropertyBag bag{{"Alignment", 1},        {"BackColor", 0x123456},
                           {"Enabled", false},      {"Font", Font{.name = "Arial"}},
                           {"ForeColor", 0x654321}, {"Locked", true},
@@ -168,27 +134,22 @@ TEST_F(XPTextBoxTest, StoresEachKeyInOrder) {
     EXPECT_EQ(take(), "! ") << "reading notifies nobody";
     EXPECT_TRUE(box.Pic.Enabled());
     EXPECT_EQ(box.MyTxt.DataField(), "");
-    PropertyBag written;
-    box.WriteProperties(written);
-    EXPECT_EQ(written, bag);
+    EXPECT_EQ(stored(box), bag);
 
     box.SelStart(1);
     box.SelLength(3);
-    PropertyBag selected;
-    box.WriteProperties(selected);
-    const std::vector<std::string> order{"MaxLength", "PasswordChar", "SelStart",
-                                         "SelText",   "SelLength",    "Text"};
-    ASSERT_EQ(selected.entries().size(), 14U);
-    for (std::size_t i = 0; i < order.size(); ++i)
-        EXPECT_EQ(selected.entries()[6 + i].key, order[i]);
+    std::string keys;
+    const PropertyBag selected = stored(box);
+    for (const auto& entry : selected.entries()) (keys += entry.key) += ' ';
+    EXPECT_EQ(keys,
+              "Alignment BackColor Enabled Font ForeColor Locked MaxLength PasswordChar SelStart "
+              "SelText SelLength Text ToolTipText DataFields ");
     EXPECT_EQ(selected.readText("SelText", ""), "tor");
-}
 
-TEST_F(XPTextBoxTest, RefusesStoredValuesThatCannotBe) {
     const PropertyBag bags[] = {
         {{"Alignment", 3}}, {{"alignment", 70'000}}, {{"MaxLength", -1}},      {{"SelStart", -1}},
         {{"Text", 5}},      {{"Enabled", "yes"}},    {{"BackColor", "white"}}, {{"Font", "Arial"}}};
-    for (const PropertyBag& bag : bags) EXPECT_THROW(box.ReadProperties(bag), RuntimeFailure);
+    for (const PropertyBag& wrong : bags) EXPECT_THROW(box.ReadProperties(wrong), RuntimeFailure);
 }
 
 }  // namespace
