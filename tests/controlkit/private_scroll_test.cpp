@@ -105,19 +105,19 @@ TEST(PrivateScrollTest, StoresEighteenKeysInOrder) {
                           {"WheelChange", 5},      {"MouseHoverColor", -2147483633},
                           {"DownColor", 6},        {"MouseInterval", 50},
                           {"LargeChangeColor", 7}, {"UnRefreshControl", false}};
-    bar.readProperties(bag);
+    bar.ReadProperties(bag);
     EXPECT_EQ(bar.log, Log{"draw -800"}) << "neither Change nor a notice";
-    EXPECT_EQ(bar.writeProperties(), bag);
+    EXPECT_EQ(bar.WriteProperties(), bag);
     EXPECT_EQ(bar.MouseHoverColor(), 0x8000000FU);
     EXPECT_EQ(bar.DownColor(), 6U);
     Recorder vertical;
-    vertical.readProperties(bag);
+    vertical.ReadProperties(bag);
     EXPECT_EQ(vertical.arrowLength(), 10) << "its arrows have a key of their own";
 
     bar.BlockValue(true);
-    bar.initProperties();
+    bar.InitProperties();
     EXPECT_FALSE(bar.BlockValue());
-    EXPECT_TRUE(bar.writeProperties().entries().empty()) << "a fresh bar is one of defaults";
+    EXPECT_TRUE(bar.WriteProperties().entries().empty()) << "a fresh bar is one of defaults";
     EXPECT_EQ(bar.FrontColor(), 0xF0D0BFU);
     EXPECT_EQ(bar.DownColor(), 0xBE9E8DU);
     EXPECT_EQ(bar.LargeChangeColor(), 0xBE9E8DU);
@@ -125,14 +125,14 @@ TEST(PrivateScrollTest, StoresEighteenKeysInOrder) {
 
 TEST(PrivateScrollTest, ABagThatCannotBeTakenAltersNothing) {
     Recorder bar;
-    EXPECT_THROW(bar.readProperties({{"Max", 300}, {"SmallChange", -1}}), RuntimeFailure);
-    EXPECT_THROW(bar.readProperties({{"Max", 300}, {"DownColor", "blue"}}), RuntimeFailure);
+    EXPECT_THROW(bar.ReadProperties({{"Max", 300}, {"SmallChange", -1}}), RuntimeFailure);
+    EXPECT_THROW(bar.ReadProperties({{"Max", 300}, {"DownColor", "blue"}}), RuntimeFailure);
     EXPECT_EQ(bar.Max(), 100);
-    bar.readProperties({{"Max", 10}, {"Value", 2147483647}});
+    bar.ReadProperties({{"Max", 10}, {"Value", 2147483647}});
     EXPECT_EQ(bar.Value(), FixedPoint(10));
     bar.Value(8.5);
     Recorder copy;
-    copy.readProperties(bar.writeProperties());
+    copy.ReadProperties(bar.WriteProperties());
     EXPECT_EQ(copy.Value(), FixedPoint(8)) << "stored as a whole number, halves to even";
 }
 

@@ -134,8 +134,8 @@ TEST_F(ScrollBarWindowTest, PartsShowTheirColours) {
     const Rgb front = rgb(70, 80, 90);
     const PropertyBag colours{{"ArrowColor", arrow}, {"BackColor", track}, {"BorderColor", 4},
                               {"FrontColor", front}, {"DownColor", 6},     {"LargeChangeColor", 7}};
-    vertical.readProperties(colours);
-    horizontal.readProperties(colours);
+    vertical.ReadProperties(colours);
+    horizontal.ReadProperties(colours);
     vertical.ScrollHeight(MulDiv(20, 96, screenDpi()));
     horizontal.ScrollWidth(vertical.ScrollHeight());
 

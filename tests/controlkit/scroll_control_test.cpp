@@ -125,7 +125,7 @@ TEST_F(ScrollControlTest, AHeldArrowRepeatsWithTheInterval) {
     EXPECT_EQ(host.period[0], 1000);
     EXPECT_EQ(valueAfter("up 5 tick 0"), 47) << "a tick that comes late does nothing";
     host.startTimer(RepeatTimer::Track, 1);
-    bar.initProperties();
+    bar.InitProperties();
     EXPECT_TRUE(host.atRest()) << "a fresh instance stops both timers";
 }
 
