@@ -182,8 +182,8 @@ TEST_F(ScrollControlTest, HoverComesOnceAndLeavesOnceInAnyOrder) {
     EXPECT_EQ(play("move 60 move 61"), "MouseHover;");
     EXPECT_EQ(host.leaveRequests, 2) << "asked for again on every move";
     EXPECT_EQ(bar.touchOf(ScrollPart::Thumb), Touch::Hover);
+    EXPECT_EQ(bar.touchOf(ScrollPart::LessArrow), Touch::None);
     EXPECT_EQ(play("move 20 leave 0 leave 0"), "MouseLeave;");
-    EXPECT_EQ(bar.touchOf(ScrollPart::TrackBefore), Touch::None);
     for (const char* order : {"leave 0 across -30 move 60", "across -30 move 60 leave 0"}) {
         play("across 8 move 60 down 60");
         EXPECT_EQ(play(order), "");
