@@ -168,6 +168,7 @@ TEST(VirtualDcLifeTest, DrawingWithoutASurfaceDoesNothing) {
     EXPECT_EQ(surface.GetPixel(0, 0), red);
     EXPECT_EQ(surface.GetPixel(5, 5), black);
     surface.DestroyDC();
+    EXPECT_EQ(surface.hDC(), nullptr);
     EXPECT_FALSE(surface.Font());
 }
 
@@ -202,8 +203,7 @@ TEST(VirtualDcLifeTest, TenThousandLivesLeaveNoHandle) {
         surface.CreateMyDC(16, 16);
         surface.Font({});
         surface.BrushStyle(BS_SOLID);
-        surface.DrawEllipse(0, 0, 16, 16);
-        surface.DrawGradient(red, blue, 0, 0, 16, 16, round % 2);
+        surface.Cls();
         surface.CreateMyDC(16, 16);
         surface.PenWidth(round % 3);
         ASSERT_TRUE(surface.Picture()->hasImage());
