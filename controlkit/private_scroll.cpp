@@ -150,13 +150,13 @@ void tsPrivateScroll::UnRefreshControl(bool redraws) {
     set("UnRefreshControl", &ScrollSettings::unRefreshControl, redraws);
 }
 
-void tsPrivateScroll::initProperties() {
-    readProperties({});
+void tsPrivateScroll::InitProperties() {
+    ReadProperties({});
     suppressesNextChange_ = false;
     blocksValue_ = false;
 }
 
-void tsPrivateScroll::readProperties(const PropertyBag& bag) {
+void tsPrivateScroll::ReadProperties(const PropertyBag& bag) {
     const ScrollSettings defaults;
     ScrollSettings taken;
     eachStoredSetting(axis_, [&](std::string_view key, auto member) {
@@ -170,7 +170,7 @@ void tsPrivateScroll::readProperties(const PropertyBag& bag) {
     redraw();
 }
 
-PropertyBag tsPrivateScroll::writeProperties() const {
+PropertyBag tsPrivateScroll::WriteProperties() const {
     const ScrollSettings defaults;
     PropertyBag bag;
     eachStoredSetting(axis_, [&](std::string_view key, auto member) {

@@ -84,12 +84,12 @@ class tsPrivateScroll {
     void BlockValue(bool block) noexcept { blocksValue_ = block; }
 
     /// Gives a new instance its defaults. No event is raised.
-    virtual void initProperties();
+    virtual void InitProperties();
 
     /// Takes the stored settings over, defaults for missing keys. No event is raised. Throws
     /// TypeMismatch or InvalidProperty and alters nothing for a setting that cannot be taken.
-    void readProperties(const PropertyBag& bag);
-    PropertyBag writeProperties() const;
+    void ReadProperties(const PropertyBag& bag);
+    PropertyBag WriteProperties() const;
 
     /// `Value` refers to the stored field, which still holds the previous value.
     std::function<void(const FixedPoint& Value)> Change;

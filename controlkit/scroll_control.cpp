@@ -20,10 +20,10 @@ RepeatTimer timerOf(ScrollPart part) {
 
 }  // namespace
 
-void ScrollControl::initProperties() {
+void ScrollControl::InitProperties() {
     host_.stopTimer(RepeatTimer::Arrow);
     host_.stopTimer(RepeatTimer::Track);
-    tsPrivateScroll::initProperties();
+    tsPrivateScroll::InitProperties();
 }
 
 void ScrollControl::resize(int length, int thickness, int dpi) {

@@ -87,7 +87,7 @@ class ScrollControl : public tsPrivateScroll {
     bool LaunchKeyMouseEvents() const noexcept { return launchesKeyMouseEvents_; }
     void LaunchKeyMouseEvents(bool launch) noexcept { launchesKeyMouseEvents_ = launch; }
 
-    void initProperties() override;
+    void InitProperties() override;
 
     // What happens to the window. A disabled bar ignores all input.
     void resize(int length, int thickness, int dpi);

@@ -17,23 +17,14 @@ TEST(ColourTest, TranslatesSystemColoursAndRefusesUnknownOnes) {
     EXPECT_EQ(translate(0x7F000000, table), -1);
 }
 
-TEST(ColourTest, AverageRoundsHalvesToEven) {
-    EXPECT_EQ(average(rgb(0, 1, 255), rgb(1, 2, 254)), rgb(0, 2, 254));
-}
-
-TEST(ColourTest, ShiftClampsEachChannel) {
+TEST(ColourTest, ArithmeticRoundsAndClampsEachChannel) {
+    EXPECT_EQ(average(rgb(0, 1, 255), rgb(1, 2, 254)), rgb(0, 2, 254)) << "halves to even";
     EXPECT_EQ(shift(rgb(0xE0, 250, 5), -21), rgb(0xCB, 229, 0));
-}
-
-TEST(ColourTest, LightenTruncatesTheDivision) {
-    EXPECT_EQ(lighten(rgb(100, 0, 255), 100), rgb(100 * 155 / 255 + 100, 100, 255));
-    EXPECT_EQ(lighten(rgb(1, 2, 3), 255), rgb(255, 255, 255));
-}
-
-TEST(ColourTest, BlendStartsAndEndsExactly) {
-    EXPECT_EQ(blend(rgb(0, 100, 255), rgb(255, 0, 255), 0, 16), rgb(0, 100, 255));
-    EXPECT_EQ(blend(rgb(0, 100, 255), rgb(255, 0, 255), 15, 16), rgb(255, 0, 255));
+    EXPECT_EQ(shift(rgb(0, 250, 5), 21), rgb(21, 255, 26));
+    EXPECT_EQ(lighten(rgb(100, 0, 255), 100), rgb(160, 100, 255)) << "60.8 is truncated";
     EXPECT_EQ(blend(rgb(1, 2, 3), rgb(9, 9, 9), 0, 1), rgb(1, 2, 3));
+    EXPECT_EQ(blend(rgb(0, 100, 255), rgb(255, 0, 255), 15, 16), rgb(255, 0, 255))
+        << "ends exactly";
 }
 
 }  // namespace

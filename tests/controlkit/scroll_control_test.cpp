@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <sstream>
 #include <string>
 
 namespace velvox {
@@ -34,290 +36,223 @@ class FakeHost : public ScrollHost {
 /// from 10 to 108, at 59 for the value 50.
 class ScrollControlTest : public testing::Test {
  protected:
+    /// A handler that writes down its event.
+    auto noting(const char* name) {
+        return [this, name](auto... numbers) {
+            log += name;
+            ((log += " " + std::to_string(static_cast<int>(numbers))), ...);
+            log += ";";
+        };
+    }
+
     ScrollControlTest() {
         bar.resize(130, 16, 96);
         host.onCaptureLost = [this] { bar.captureLost(); };
-        bar.Change = [this](const FixedPoint& old) { log += "Change " + old.text() + ";"; };
         bar.Scroll = [this] { log += "Scroll " + bar.Value().text() + ";"; };
-        bar.MouseHover = [this] { log += "MouseHover;"; };
-        bar.MouseLeave = [this] { log += "MouseLeave;"; };
-        bar.MouseWheel = [this](std::int16_t sens) { note("MouseWheel", sens); };
-        bar.MouseDown = mouse("MouseDown");
-        bar.MouseUp = mouse("MouseUp");
-        bar.MouseDblClick = mouse("MouseDblClick");
-        bar.KeyDown = [this](std::int16_t& code, int shift) { note("KeyDown", code, shift); };
-        bar.KeyUp = [this](std::int16_t& code, int shift) { note("KeyUp", code, shift); };
-        bar.KeyPress = [this](std::int16_t& character) { note("KeyPress", character); };
+        bar.MouseHover = noting("MouseHover");
+        bar.MouseLeave = noting("MouseLeave");
+        bar.MouseWheel = noting("MouseWheel");
+        bar.MouseDown = noting("MouseDown");
+        bar.MouseUp = noting("MouseUp");
+        bar.MouseDblClick = noting("MouseDblClick");
+        bar.KeyDown = noting("KeyDown");
+        bar.KeyUp = noting("KeyUp");
+        bar.KeyPress = noting("KeyPress");
     }
 
-    void note(const char* name, auto... numbers) {
-        log += name;
-        ((log += " " + std::to_string(static_cast<int>(numbers))), ...);
-        log += ";";
+    /// Plays words with a number each, such as "down 5 tick 0"; answers what was written down. The
+    /// number is a place along the bar for the pointer, at the place `across`; else a key's code,
+    /// the wheel's turn, 0 or 1 for the timer of the arrows or the track.
+    std::string play(const std::string& script) {
+        const MouseState left{MouseButton::Left};
+        const MouseState right{MouseButton::Right};
+        const auto point = [&](int along) { return BarPoint{along, across}; };
+        const std::map<std::string, std::function<void(std::int16_t)>> actions{
+            {"across", [&](int at) { across = at; }},
+            {"move", [&](int at) { bar.mouseMove(point(at), MouseState()); }},
+            {"leave", [&](int) { bar.mouseLeave(); }},
+            {"down", [&](int at) { bar.mouseDown(point(at), left); }},
+            {"up", [&](int at) { bar.mouseUp(point(at), left); }},
+            {"double", [&](int at) { bar.mouseDoubleClick(point(at), left); }},
+            {"right-down", [&](int at) { bar.mouseDown(point(at), right); }},
+            {"right-up", [&](int at) { bar.mouseUp(point(at), right); }},
+            {"tick", [&](int timer) { bar.tick(static_cast<RepeatTimer>(timer)); }},
+            {"wheel", [&](int delta) { bar.wheel(delta); }},
+            {"key", [&](std::int16_t code) { bar.keyDown(code, 0); }}};
+        std::istringstream words(script);
+        std::string word;
+        for (std::int16_t number; words >> word >> number;) actions.at(word)(number);
+        return std::exchange(log, {});
     }
-    ScrollControl::MouseHandler mouse(const char* name) {
-        return [this, name](MouseButton button, std::int16_t shift, bool control) {
-            note(name, button, shift, control);
-        };
+    double valueAfter(const std::string& script) {
+        play(script);
+        return bar.Value().toDouble();
     }
-    void down(int along) { bar.mouseDown({along, 8}, {MouseButton::Left}); }
-    void up(int along, int across = 8) { bar.mouseUp({along, across}, {MouseButton::Left}); }
-    void move(int along, int across = 8) { bar.mouseMove({along, across}, {}); }
-
-    /// What has happened since the last call.
-    std::string taken() { return std::exchange(log, {}); }
-    double value() const { return bar.Value().toDouble(); }
+    int thumbAfter(const std::string& script) {
+        play(script);
+        return bar.geometry().thumb().start;
+    }
 
     std::string log;
+    int across = 8;
     FakeHost host;
     ScrollControl bar{Axis::Vertical, host};
 };
 
 TEST_F(ScrollControlTest, AClickOnAnArrowStepsBetweenItsTwoMouseEvents) {
+    bar.Change = [this](const FixedPoint& old) { log += "Change " + old.text() + ";"; };
     bar.mouseDown({125, 8}, {MouseButton::Left, 3});
     bar.mouseUp({125, 8}, {MouseButton::Left, 2});
-    EXPECT_EQ(taken(), "MouseDown 1 3 1;Change 50;Scroll 51;MouseUp 1 2 1;");
-    EXPECT_TRUE(host.atRest());
-    bar.mouseDoubleClick({125, 8}, {MouseButton::Left});
-    EXPECT_EQ(taken(), "MouseDblClick 1 0 0;Change 51;Scroll 52;");
+    EXPECT_EQ(play(""), "MouseDown 1 3 1;Change 50;Scroll 51;MouseUp 1 2 1;");
+    EXPECT_EQ(play("double 125"), "MouseDblClick 1 0 0;Change 51;Scroll 52;");
     EXPECT_TRUE(host.captured) << "a second quick click holds the arrow as the first did";
-    up(125);
-    taken();
-    bar.mouseDown({125, 8}, {MouseButton::Right});
-    down(5);
-    bar.mouseUp({5, 8}, {MouseButton::Right});
+    EXPECT_EQ(play("up 125 right-down 125 down 5 right-up 5"),
+              "MouseUp 1 0 0;MouseDown 2 0 0;MouseDown 1 0 0;Change 52;Scroll 51;MouseUp 2 0 0;");
     EXPECT_EQ(bar.held(), ScrollPart::LessArrow) << "the right button's release ends nothing";
-    EXPECT_EQ(taken(), "MouseDown 2 0 0;MouseDown 1 0 0;Change 52;Scroll 51;MouseUp 2 0 0;");
 }
 
 TEST_F(ScrollControlTest, AHeldArrowRepeatsWithTheInterval) {
-    down(5);
+    EXPECT_EQ(valueAfter("down 5"), 49);
     EXPECT_EQ(host.period[0], 250) << "longer at first, so that a click steps once";
-    bar.tick(RepeatTimer::Arrow);
+    EXPECT_EQ(valueAfter("tick 0"), 48);
     EXPECT_EQ(host.period[0], 100);
-    EXPECT_EQ(value(), 48);
-    move(15);
-    bar.tick(RepeatTimer::Arrow);
-    EXPECT_EQ(value(), 48) << "pauses while the pointer is off the arrow";
-    EXPECT_EQ(bar.touchOf(ScrollPart::LessArrow), Touch::None);
-    move(5);
-    bar.MouseInterval(30);
-    bar.tick(RepeatTimer::Arrow);
-    EXPECT_EQ(value(), 47);
-    EXPECT_EQ(host.period[0], 30);
+    EXPECT_EQ(valueAfter("move 15 tick 0"), 48) << "pauses while the pointer is off the arrow";
     bar.MouseInterval(0);
-    bar.tick(RepeatTimer::Arrow);
-    EXPECT_EQ(value(), 47);
+    EXPECT_EQ(valueAfter("move 5 tick 0"), 48);
     EXPECT_EQ(host.period[0], 0);
-    up(5);
     bar.MouseInterval(1000);
-    down(5);
+    EXPECT_EQ(valueAfter("up 5 down 5"), 47);
     EXPECT_EQ(host.period[0], 1000);
-    up(5);
-    bar.tick(RepeatTimer::Arrow);
-    EXPECT_EQ(value(), 46) << "a tick that comes late does nothing";
+    EXPECT_EQ(valueAfter("up 5 tick 0"), 47) << "a tick that comes late does nothing";
     host.startTimer(RepeatTimer::Track, 1);
-    bar.initProperties();
+    bar.InitProperties();
     EXPECT_TRUE(host.atRest()) << "a fresh instance stops both timers";
 }
 
 TEST_F(ScrollControlTest, AHeldTrackPagesUntilTheThumbIsUnderThePointer) {
-    down(85);
-    EXPECT_EQ(host.period[1], 250);
+    EXPECT_EQ(valueAfter("down 85 tick 0"), 60) << "not by the arrows' timer";
     EXPECT_EQ(bar.touchOf(ScrollPart::TrackAfter), Touch::Down);
-    for (int i = 0; i < 10; ++i) bar.tick(RepeatTimer::Track);
-    EXPECT_EQ(value(), 70);
+    EXPECT_EQ(valueAfter("tick 1 tick 1 tick 1"), 70);
     EXPECT_EQ(bar.touchOf(ScrollPart::TrackAfter), Touch::None);
-    move(115);
-    bar.tick(RepeatTimer::Track);
-    EXPECT_EQ(value(), 80) << "the pointer has moved on";
-    move(20);
-    bar.tick(RepeatTimer::Track);
-    EXPECT_EQ(value(), 80) << "and never back";
+    EXPECT_EQ(valueAfter("move 115 tick 1"), 80) << "the pointer has moved on";
+    EXPECT_EQ(valueAfter("move 20 tick 1"), 80) << "and never back";
+    EXPECT_EQ(valueAfter("wheel 120 key 36"), 80) << "a press comes first";
+    play("up 20");
+    EXPECT_TRUE(host.atRest());
 }
 
-TEST_F(ScrollControlTest, AThumbFollowsThePointerPastBothEnds) {
+TEST_F(ScrollControlTest, AThumbFollowsThePointerPastBothEndsButNotTooFarAside) {
     bar.Value(50.25);
-    taken();
-    down(60);
-    move(500);
-    EXPECT_EQ(taken(), "MouseDown 1 0 0;Change 50.25;Scroll 100;");
-    EXPECT_EQ(bar.geometry().thumb().end(), 120);
-    move(-500);
-    EXPECT_EQ(value(), 0);
-    EXPECT_EQ(bar.geometry().thumb().start, 10);
-    move(70);
-    EXPECT_EQ(value(), 60) << "grabbed where it was: the offset is kept";
-    move(60);
-    EXPECT_EQ(value(), 50.25) << "the fraction where it began";
-    move(70);
-    move(70, 16 + 8 * 16);
-    EXPECT_EQ(value(), 50.25) << "strayed too far: back to the start";
-    EXPECT_EQ(bar.held(), ScrollPart::Thumb);
-    move(70, 15 + 8 * 16);
-    EXPECT_EQ(value(), 60);
-    up(70);
-    EXPECT_TRUE(host.atRest());
+    const std::pair<const char*, double> rows[] = {
+        {"down 60 move 500", 100},
+        {"move -500", 0},
+        {"move 70", 60},     // grabbed where it was: the offset is kept
+        {"move 60", 50.25},  // with the fraction where it began
+        {"across 144 move 70", 50.25},
+        {"across 143 move 70", 60},
+        {"across -129 move 70", 50.25},
+        {"across -128 move 70", 60}};
+    for (const auto& [script, value] : rows) EXPECT_EQ(valueAfter(script), value) << script;
+    EXPECT_EQ(play("move 80"), "Scroll 70;");
 }
 
 TEST_F(ScrollControlTest, TheThumbSitsUnderThePointerWhileTheValueIsWhole) {
     bar.Max(4);
     bar.LargeChange(1);
     bar.Value(0);
-    const int start = bar.geometry().thumb().start;
-    down(start + 3);
-    move(start + 8);
-    EXPECT_EQ(value(), 0);
-    EXPECT_EQ(bar.geometry().thumb().start, start + 5);
-    up(start + 8);
-    EXPECT_EQ(bar.geometry().thumb().start, start) << "and snaps to its value when let go";
+    EXPECT_EQ(thumbAfter("down 13 move 18"), 15);
+    EXPECT_EQ(thumbAfter("up 18"), 10) << "snaps to its value when let go";
     bar.BlockValue(true);
-    down(start + 3);
-    move(start + 60);
-    EXPECT_EQ(bar.geometry().thumb().start, start) << "a blocked thumb does not pretend";
+    EXPECT_EQ(thumbAfter("down 13 move 70"), 10) << "a blocked thumb does not pretend";
 }
 
 TEST_F(ScrollControlTest, CaptureThatIsTakenAwayEndsThePress) {
-    move(60);
-    down(60);
-    move(70);
+    play("move 60 down 60 move 70");
     const int requests = host.leaveRequests;
     host.capture(false);
     EXPECT_EQ(bar.held(), ScrollPart::None);
     EXPECT_GT(host.leaveRequests, requests) << "the leave that came during the press was ignored";
-    move(100);
-    EXPECT_EQ(value(), 60);
-    down(5);
-    move(5, -40);
-    taken();
-    bar.captureLost();
-    EXPECT_EQ(taken(), "MouseLeave;") << "lost outside: the hover must not stick";
-    EXPECT_EQ(host.period[0], 0);
+    play("down 5 across -40 move 5");
+    host.capture(false);
+    EXPECT_EQ(play(""), "MouseLeave;") << "lost outside: the hover must not stick";
+    EXPECT_TRUE(host.atRest());
 }
 
 TEST_F(ScrollControlTest, HoverComesOnceAndLeavesOnceInAnyOrder) {
-    move(60);
-    move(61);
+    EXPECT_EQ(play("move 60 move 61"), "MouseHover;");
     EXPECT_EQ(host.leaveRequests, 2) << "asked for again on every move";
     EXPECT_EQ(bar.touchOf(ScrollPart::Thumb), Touch::Hover);
-    move(20);
-    EXPECT_EQ(bar.touchOf(ScrollPart::Thumb), Touch::None);
-    bar.mouseLeave();
-    bar.mouseLeave();
-    EXPECT_EQ(taken(), "MouseHover;MouseLeave;");
-    for (const bool leaveFirst : {true, false}) {
-        move(60);
-        down(60);
-        if (leaveFirst) bar.mouseLeave();
-        move(60, -30);
-        if (!leaveFirst) bar.mouseLeave();
-        taken();
-        up(60, -30);
-        EXPECT_EQ(taken(), "MouseUp 1 0 0;MouseLeave;") << leaveFirst;
+    EXPECT_EQ(bar.touchOf(ScrollPart::LessArrow), Touch::None);
+    EXPECT_EQ(play("move 20 leave 0 leave 0"), "MouseLeave;");
+    for (const char* order : {"leave 0 across -30 move 60", "across -30 move 60 leave 0"}) {
+        play("across 8 move 60 down 60");
+        EXPECT_EQ(play(order), "");
+        EXPECT_EQ(play("up 60"), "MouseUp 1 0 0;MouseLeave;") << order;
     }
-    move(60);
-    bar.hidden();
-    EXPECT_EQ(taken(), "MouseHover;MouseLeave;");
 }
 
 TEST_F(ScrollControlTest, DisablingWhileHeldLetsGoOfEverything) {
-    move(5);
-    down(5);
-    taken();
+    play("move 5 down 5");
     bar.Enabled(false);
     EXPECT_TRUE(host.atRest());
     EXPECT_FALSE(host.enabled);
-    bar.tick(RepeatTimer::Arrow);
-    move(5);
-    down(5);
-    up(5);
-    bar.keyDown(ScrollKeys::end, 0);
     bar.keyPress('x');
     bar.keyUp(ScrollKeys::end, 0);
+    EXPECT_EQ(play("move 5 down 5 up 5 key 35"), "MouseLeave;");
     EXPECT_FALSE(bar.wheel(120));
-    EXPECT_EQ(taken(), "MouseLeave;");
-    EXPECT_EQ(value(), 49);
     bar.Enabled(true);
     EXPECT_TRUE(host.enabled);
+}
 
-    // By a handler, at any point.
-    bar.MouseDown = [&](auto...) { bar.Enabled(false); };
-    down(5);
-    EXPECT_EQ(value(), 49);
-    EXPECT_TRUE(host.atRest());
+TEST_F(ScrollControlTest, AHandlerMayDisableTheBarAtAnyPoint) {
+    const auto disable = [&](auto&&...) { bar.Enabled(false); };
+    bar.MouseDown = disable;
+    bar.KeyDown = disable;
+    EXPECT_EQ(valueAfter("down 5"), 50);
+    bar.Enabled(true);
+    EXPECT_EQ(valueAfter("key 36"), 50);
     bar.Enabled(true);
     bar.MouseDown = {};
-    bar.Scroll = [&] { bar.Enabled(false); };
-    down(5);
+    bar.Scroll = disable;
+    EXPECT_EQ(valueAfter("down 5"), 49);
     EXPECT_TRUE(host.atRest()) << "the repeat must not start for a press that is over";
-    bar.Enabled(true);
-    bar.KeyDown = [&](auto&&...) { bar.Enabled(false); };
-    bar.keyDown(ScrollKeys::home, 0);
-    EXPECT_EQ(value(), 48);
 }
 
 TEST_F(ScrollControlTest, WheelTurnsAddUpToNotches) {
-    EXPECT_TRUE(bar.wheel(240));
-    EXPECT_EQ(taken(), "MouseWheel 1;Change 50;Scroll 47;MouseWheel 1;Change 47;Scroll 44;");
+    EXPECT_EQ(play("wheel 240"), "MouseWheel 1;Scroll 47;MouseWheel 1;Scroll 44;");
     // Turned back, the rest of the other way is forgotten.
-    const std::pair<int, double> rows[] = {{-80, 44}, {-80, 47}, {100, 47}, {20, 44}};
-    for (const auto& [turn, now] : rows) {
-        bar.wheel(turn);
-        EXPECT_EQ(value(), now) << turn;
-    }
+    const std::pair<const char*, double> rows[] = {
+        {"wheel -80", 44}, {"wheel -80", 47}, {"wheel 100", 47}, {"wheel 20", 44}};
+    for (const auto& [turn, value] : rows) EXPECT_EQ(valueAfter(turn), value) << turn;
     bar.Value(2);
-    taken();
-    bar.wheel(240);
-    EXPECT_EQ(taken(), "MouseWheel 1;Change 2;Scroll 0;MouseWheel 1;");
+    EXPECT_EQ(play("wheel 240"), "MouseWheel 1;Scroll 0;MouseWheel 1;");
     bar.EnableWheel(false);
-    EXPECT_FALSE(bar.wheel(-120));
-    EXPECT_EQ(taken(), "");
+    EXPECT_EQ(play("wheel -120"), "");
 }
 
 TEST_F(ScrollControlTest, KeysMoveAfterTheirEvent) {
     bar.keyDown(ScrollKeys::down, 1);
-    EXPECT_EQ(taken(), "KeyDown 40 1;Change 50;Scroll 51;");
+    bar.keyPress('a');
+    bar.keyUp(ScrollKeys::down, 4);
+    EXPECT_EQ(play(""), "KeyDown 40 1;Scroll 51;KeyPress 97;KeyUp 40 4;");
     const std::pair<std::int16_t, double> rows[] = {
         {ScrollKeys::right, 52},     {ScrollKeys::up, 51},     {ScrollKeys::left, 50},
         {ScrollKeys::pageDown, 60},  {ScrollKeys::pageUp, 50}, {ScrollKeys::end, 100},
         {ScrollKeys::pageDown, 100}, {ScrollKeys::home, 0},    {'A', 0}};
-    for (const auto& [code, now] : rows) {
-        bar.keyDown(code, 0);
-        EXPECT_EQ(value(), now) << code;
-    }
-    taken();
-    bar.keyPress('a');
-    bar.keyUp(ScrollKeys::home, 4);
-    EXPECT_EQ(taken(), "KeyPress 97;KeyUp 36 4;");
+    for (const auto& [code, value] : rows)
+        EXPECT_EQ(valueAfter("key " + std::to_string(code)), value) << code;
     bar.KeyDown = [](std::int16_t& code, int) { code = code == 'J' ? ScrollKeys::end : 0; };
-    bar.keyDown('J', 0);
-    EXPECT_EQ(value(), 100);
-    bar.keyDown(ScrollKeys::home, 0);
-    EXPECT_EQ(value(), 100) << "swallowed by the handler";
+    EXPECT_EQ(valueAfter("key 74 key 36"), 100) << "one is exchanged, the other swallowed";
 }
 
 TEST_F(ScrollControlTest, WithoutKeyAndMouseEventsTheBarStillWorks) {
     bar.LaunchKeyMouseEvents(false);
-    move(5);
-    down(5);
-    up(5);
-    bar.wheel(-120);
-    bar.keyDown(ScrollKeys::home, 0);
-    bar.mouseLeave();
-    EXPECT_EQ(taken(), "Change 50;Scroll 49;Change 49;Scroll 52;Change 52;Scroll 0;");
-    // Nothing to scroll.
+    const char* everything =
+        "move 60 down 60 move 110 up 110 down 5 up 5 wheel -120 key 36 leave 0";
+    EXPECT_EQ(play(everything), "Scroll 100;Scroll 99;Scroll 100;Scroll 0;");
     for (const std::int32_t max : {0, -50}) {
         bar.Max(max);
-        taken();
-        down(60);
-        move(110);
-        up(110);
-        down(125);
-        up(125);
-        bar.wheel(-120);
-        bar.keyDown(ScrollKeys::end, 0);
-        EXPECT_EQ(value(), 0) << max;
-        EXPECT_EQ(taken(), "") << max;
+        EXPECT_EQ(play(everything), "") << "nothing to scroll";
     }
 }
 

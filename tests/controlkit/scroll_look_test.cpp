@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace velvox {
 namespace {
 
@@ -9,42 +11,35 @@ struct FixedColours : SystemColours {
     Rgb colour(int index) const override { return rgb(index, index, index); }
 };
 
-TEST(ScrollLookTest, EachPartTakesTheColourOfItsRoleAndTouch) {
-    const FixedColours table;
-    tsPrivateScroll bar;
-    bar.BackColor(systemColour(ButtonFaceColour));
-    bar.FrontColor(1);
-    bar.MouseHoverColor(2);
-    bar.DownColor(3);
-    bar.LargeChangeColor(4);
-    const auto fill = [&](ScrollPart part, Touch touch) {
-        return scrollPartLook(bar, part, touch, table).fill;
-    };
-    for (const ScrollPart part : {ScrollPart::LessArrow, ScrollPart::Thumb}) {
-        EXPECT_EQ(fill(part, Touch::None), 1);
-        EXPECT_EQ(fill(part, Touch::Hover), 2);
-        EXPECT_EQ(fill(part, Touch::Down), 3);
-    }
-    const Rgb track = rgb(ButtonFaceColour, ButtonFaceColour, ButtonFaceColour);
-    EXPECT_EQ(fill(ScrollPart::TrackAfter, Touch::None), track);
-    EXPECT_EQ(fill(ScrollPart::TrackAfter, Touch::Hover), track);
-    EXPECT_EQ(fill(ScrollPart::TrackAfter, Touch::Down), 4);
+ScrollPartLook lookOf(const tsPrivateScroll& bar, ScrollPart part, Touch touch) {
+    return scrollPartLook(bar, part, touch, FixedColours());
 }
 
-TEST(ScrollLookTest, AWhiteArrowStaysVisibleAndADisabledBarFades) {
-    const FixedColours table;
-    const Rgb white = rgb(255, 255, 255);
+TEST(ScrollLookTest, EachPartTakesTheColourOfItsRoleAndTouch) {
     tsPrivateScroll bar;
-    const auto glyph = [&](Touch touch) {
-        return scrollPartLook(bar, ScrollPart::LessArrow, touch, table).glyph;
+    bar.BackColor(systemColour(20));
+    bar.FrontColor(2);
+    bar.MouseHoverColor(3);
+    bar.DownColor(4);
+    bar.LargeChangeColor(5);
+    const auto fills = [&](ScrollPart part) {
+        const auto fill = [&](Touch touch) { return lookOf(bar, part, touch).fill; };
+        return std::array{fill(Touch::None), fill(Touch::Hover), fill(Touch::Down)};
     };
-    EXPECT_EQ(glyph(Touch::None), white);
-    EXPECT_EQ(glyph(Touch::Hover), rgb(128, 128, 255));
-    bar.FrontColor(rgb(0, 100, 200));
+    const Rgb track = rgb(20, 20, 20);
+    const Rgb faded = rgb(11, 10, 10);
+    EXPECT_EQ(fills(ScrollPart::Thumb), (std::array{2, 3, 4}));
+    EXPECT_EQ(fills(ScrollPart::TrackAfter), (std::array{track, track, 5}));
     bar.Enabled(false);
-    const ScrollPartLook look = scrollPartLook(bar, ScrollPart::Thumb, Touch::Down, table);
-    EXPECT_EQ(look.fill, average(rgb(0, 100, 200), white));
-    EXPECT_EQ(look.border, average(rgb(128, 128, 255), white));
+    EXPECT_EQ(fills(ScrollPart::Thumb), (std::array{faded, faded, faded}));
+}
+
+TEST(ScrollLookTest, AGlyphNeverVanishesInItsFill) {
+    const tsPrivateScroll bar;
+    const Rgb border = rgb(128, 128, 255);
+    EXPECT_EQ(lookOf(bar, ScrollPart::LessArrow, Touch::None).glyph, rgb(255, 255, 255));
+    EXPECT_EQ(lookOf(bar, ScrollPart::LessArrow, Touch::Hover).glyph, border);
+    EXPECT_EQ(lookOf(bar, ScrollPart::Thumb, Touch::None).glyph, border);
 }
 
 }  // namespace
