@@ -24,7 +24,8 @@ TEST(DownloadTest, RefusesWhatMatchesNoPattern) {
     for (const char* address :
          {"", "http://WWW.YOUTUBE.COM/watch?v=abc", "http://www.youtube.com/Watch?v=abc",
           "http://video.google.com/videoplay?docid=-1234567890123456789",
-          "http://comic.vuilen.com/view_book_detail.php?chapterid=354"})
+          "http://comic.vuilen.com/view_book_detail.php?chapterid=354",
+          "http://www.metacafe.com/watch"})
         EXPECT_EQ(download(address), start + refused) << address;
 }
 
