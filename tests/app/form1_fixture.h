@@ -3,8 +3,10 @@
 // used without a test framework, by fuzz targets and benchmarks.
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -29,7 +31,9 @@ class EffectLog {
         const std::string line = text::replaceAll(join(pieces), "\r", "\\r");
         text_ += text::replaceAll(line, "\n", "\\n") + '\n';
     }
-    void addFlag(std::string_view what, bool on) { add({what, on ? " True" : " False"}); }
+    void addState(std::string_view what, bool on) { add({what, on ? " True" : " False"}); }
+    void addState(std::string_view what, int now) { add({what, "=", std::to_string(now)}); }
+    void addState(std::string_view what, std::string_view now) { add({what, "=", now}); }
 
     /// Everything since the last call.
     std::string take() { return std::exchange(text_, {}); }
@@ -96,46 +100,36 @@ struct FakeBrowser : Logging, WebBrowser {
 };
 
 /// What a scripted news request answers. A name in `failing` makes that operation throw.
-struct NewsScript {
+struct NewsScript : Logging {
+    using Logging::Logging;
+
+    const NewsScript& check(std::string_view operation) const {
+        if (std::ranges::find(failing, operation) == failing.end()) return *this;
+        log.add({operation, " fails"});
+        throw RuntimeFailure(Fault::Platform, std::string(operation));
+    }
+    void perform(std::string_view operation, std::string_view on = {}) const {
+        check(operation);
+        log.add({operation, on});
+    }
+
     std::vector<std::string> failing;
     int state = 0;
     std::string text;
-
-    void check(EffectLog& log, std::string_view operation) const {
-        for (const std::string& name : failing) {
-            if (name != operation) continue;
-            log.add({operation, " fails"});
-            throw RuntimeFailure(Fault::Platform, name);
-        }
-    }
 };
 
 struct FakeRequest : XmlHttpRequest {
-    FakeRequest(EffectLog& effects, NewsScript& answers) : log(effects), script(answers) {}
+    explicit FakeRequest(const NewsScript& answers) : script(answers) {}
 
     void open(std::string_view method, std::string_view address) override {
-        script.check(log, "open");
-        log.add({"open ", method, " ", address});
+        script.perform("open", join({" ", method, " ", address}));
     }
-    void send() override {
-        script.check(log, "send");
-        log.add({"send"});
-    }
-    void abort() override {
-        script.check(log, "abort");
-        log.add({"abort"});
-    }
-    int readyState() const override {
-        script.check(log, "readyState");
-        return script.state;
-    }
-    std::string responseText() const override {
-        script.check(log, "responseText");
-        return script.text;
-    }
+    void send() override { script.perform("send"); }
+    void abort() override { script.perform("abort"); }
+    int readyState() const override { return script.check("readyState").state; }
+    std::string responseText() const override { return script.check("responseText").text; }
 
-    EffectLog& log;
-    NewsScript& script;
+    const NewsScript& script;
 };
 
 struct FakeDesktop : Logging, Desktop {
@@ -149,14 +143,13 @@ struct FakeDesktop : Logging, Desktop {
     void showExclamation(std::string_view text) override { log.add({"exclamation ", text}); }
     std::string dateTimeText() const override { return "11/21/2008 9:05:00 AM"; }
     std::unique_ptr<XmlHttpRequest> createXmlHttpRequest() override {
-        news.check(log, "create");
-        log.add({"create"});
-        return std::make_unique<FakeRequest>(log, news);
+        news.perform("create");
+        return std::make_unique<FakeRequest>(news);
     }
     void endProgram() override { log.add({"end"}); }
 
     std::function<void()> onYield;
-    NewsScript news;
+    NewsScript news{log};
 };
 
 struct FakeFrame : Logging, FormFrame {
@@ -180,10 +173,11 @@ struct FakeColours : SystemColours {
 };
 
 struct RecordingView : ControlView {
-    explicit RecordingView(std::function<void(Aspect)> recorder) : record(std::move(recorder)) {}
-    void follow(Aspect aspect) override { record(aspect); }
+    void follow(Aspect aspect) override {
+        if (records.contains(aspect)) records.at(aspect)();
+    }
 
-    std::function<void(Aspect)> record;
+    std::map<Aspect, std::function<void()>> records;
 };
 
 /// The address box's inner box, without a person who selects anything.
@@ -193,8 +187,8 @@ struct AddressView : Logging, TextBoxView {
     Selection selection() const override { return box.wantedSelection(); }
     void focus() override { log.add({"linkin focus"}); }
     void follow(Aspect aspect) override {
-        if (aspect == Aspect::Enabled) log.addFlag("linkin.Enabled", box.Enabled());
-        if (aspect == Aspect::Text) log.add({"linkin.Text=", box.Text()});
+        if (aspect == Aspect::Enabled) log.addState("linkin.Enabled", box.Enabled());
+        if (aspect == Aspect::Text) log.addState("linkin.Text", box.Text());
     }
 
     TextBox& box;
@@ -206,26 +200,15 @@ class Form1Fixture {
         form.linkin.MyTxt.setTextView(&address_);
         form.ketqua.Change = [this] { log.add({"ketqua=", form.ketqua.Text()}); };
         form.link2.Change = [this] { log.add({"link2=", form.link2.Text()}); };
-        record(form.isButton1, [this](Aspect aspect) {
-            if (aspect == Aspect::Enabled)
-                log.addFlag("isButton1.Enabled", form.isButton1.Enabled());
-        });
-        record(form.outer, [this](Aspect aspect) {
-            if (aspect == Aspect::Visible) log.addFlag("outer.Visible", form.outer.Visible());
-            if (aspect == Aspect::Place) log.add({"outer.Top=", std::to_string(form.outer.Top())});
-        });
+        watch(form.isButton1, Aspect::Enabled, "isButton1.Enabled", &isButton::Enabled);
+        watch(form.outer, Aspect::Visible, "outer.Visible", &PictureBox::Visible);
+        watch(form.outer, Aspect::Place, "outer.Top", &PictureBox::Top);
         for (Label* label : {&form.vd, &form.Label4})
-            record(*label, [this, label](Aspect aspect) {
-                if (aspect == Aspect::Text) log.add({label->Name(), "=", label->Caption()});
-            });
-        record(form.ds, [this](Aspect aspect) {
-            if (aspect == Aspect::Items) log.add({"ds+=", form.ds.items().back()});
-            if (aspect == Aspect::Choice) log.add({"ds=", form.ds.Text()});
-        });
+            watch(*label, Aspect::Text, label->Name(), &Label::Caption);
+        watch(form.ds, Aspect::Choice, "ds", &ComboBox::Text);
+        record(form.ds, Aspect::Items, [this] { log.add({"ds+=", form.ds.items().back()}); });
         for (Timer* timer : {&form.Timer1, &form.Timer4, &form.Timer5, &form.Timer6, &form.Timer7})
-            record(*timer, [this, timer](Aspect aspect) {
-                if (aspect == Aspect::Enabled) log.addFlag(timer->Name(), timer->Enabled());
-            });
+            watch(*timer, Aspect::Enabled, timer->Name(), &Timer::Enabled);
     }
 
     /// The form's handler with an address in the box, as one list of effects.
@@ -249,13 +232,18 @@ class Form1Fixture {
 
  private:
     template <class Followed>
-    void record(Followed& control, std::function<void(Aspect)> recorder) {
-        views_.push_back(std::make_unique<RecordingView>(std::move(recorder)));
-        control.setView(views_.back().get());
+    void record(Followed& control, Aspect aspect, std::function<void()> action) {
+        RecordingView& view = views_[&control];
+        control.setView(&view);
+        view.records[aspect] = std::move(action);
+    }
+    template <class Followed, class Value, class Owner>
+    void watch(Followed& control, Aspect aspect, std::string name, Value (Owner::*now)() const) {
+        record(control, aspect, [=, this, &control] { log.addState(name, (control.*now)()); });
     }
 
     AddressView address_{log, form.linkin.MyTxt};
-    std::vector<std::unique_ptr<RecordingView>> views_;
+    std::map<const void*, RecordingView> views_;
 };
 
 }  // namespace velvox::testing

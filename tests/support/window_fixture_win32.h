@@ -42,6 +42,11 @@ inline bool pumpUntil(const std::function<bool()>& done, DWORD milliseconds) {
     return true;
 }
 
+/// Lets messages through for a while.
+inline void pumpFor(DWORD milliseconds) {
+    pumpUntil([] { return false; }, milliseconds);
+}
+
 /// A window's client area as it would be printed.
 class ClientPrint {
  public:
