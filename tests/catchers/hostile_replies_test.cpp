@@ -3,14 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
+#include <ctime>
 
 #include "tests/app/form1_fixture.h"
 
 namespace velvox::testing {
 namespace {
-
-using Milliseconds = std::chrono::duration<double, std::milli>;
 
 std::string repeated(std::string_view piece, std::size_t times) {
     std::string text;
@@ -51,15 +49,15 @@ const Attack attacks[] = {
     {"servers without video", &Form1::GoogleCatcher, "", "http://vp.video.google.com", {"", "*"}},
 };
 
-/// Runs a catcher and tells how long it took.
-Milliseconds timeOf(Form1Fixture& fixture, void (Form1::*catcher)(),
-                    const std::vector<std::string>& replies) {
+/// Runs a catcher and tells how many seconds of the processor it took: other programs do not count.
+double timeOf(Form1Fixture& fixture, void (Form1::*catcher)(),
+              const std::vector<std::string>& replies) {
     fixture.log.recording = false;
     fixture.form.linkin.Text(address);
     fixture.transfer.replies.assign(replies.begin(), replies.end());
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     (fixture.form.*catcher)();
-    return std::chrono::steady_clock::now() - start;
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
 TEST(HostileRepliesTest, EachEndsInTimeThatGrowsWithTheReply) {
@@ -79,8 +77,7 @@ TEST(HostileRepliesTest, EachEndsInTimeThatGrowsWithTheReply) {
     for (const Attack& attack : attacks) {
         SCOPED_TRACE(attack.name);
         // A square would be 1024 times as long.
-        EXPECT_LT(best(attack, growth * small),
-                  6 * growth * best(attack, small) + Milliseconds(50));
+        EXPECT_LT(best(attack, growth * small), 6 * growth * best(attack, small) + 0.05);
     }
 }
 
@@ -93,7 +90,7 @@ TEST(HostileRepliesTest, ComicBookHoldsAtMost32767Pages) {
     };
     EXPECT_TRUE(lastShown(32'767).ends_with("Download Image 32767<a></font><br>"));
     for (const std::size_t pages : {32'768U, 65'537U})
-        EXPECT_EQ(lastShown(pages),
+        EXPECT_EQ(lastShown(pages).substr(0, 100),
                   "<font face='tahoma' size='2' color='red'>Download Failed !</font>");
 }
 
