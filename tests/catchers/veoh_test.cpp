@@ -7,64 +7,56 @@ const std::string address = "http://www.veoh.com/videos/v123abc?source=x";
 const std::string start =
     "linkin.Enabled False\n"
     "pane <font face='tahoma' size='2'>Connecting....</font>\n";
-const std::string red =
-    "linkin.Enabled True\n"
-    "pane <font face='tahoma' size='2' color='red'>Download Failed !</font>\n";
-const std::string detailsCame = "pane <font face='tahoma' size='2'>Requesting URL....</font>\n";
 
 std::string details(const std::string& id) {
-    const std::string at = "http://www.veoh.com/rest/video/" + id + "/details";
-    return "link2=" + id + "\nlink2=" + at + "\nfetch " + at + "\n";
+    return start + "link2=" + id + "\n" +
+           fetchThroughLink2("http://www.veoh.com/rest/video/" + id + "/details");
 }
 
-std::string flvLink(const std::string& url) {
-    return "pane <font face='tahoma' size='2'><a href='" + url + "'>Download FLV</a>";
+const std::string detailsCame = "pane <font face='tahoma' size='2'>Requesting URL....</font>\n";
+
+std::string links(const std::string& flv, const std::string& mp4 = "") {
+    return detailsCame + "pane <font face='tahoma' size='2'><a href='" + flv +
+           "'>Download FLV</a>" + mp4 + "</font>\nlinkin.Enabled True\n";
 }
 
 const std::string flvLine = "  fullPreviewHashPath=\"http://a/b.flv\" \r\n";
-const std::string end = "</font>\nlinkin.Enabled True\n";
 
 TEST(VeOHTest, TakesTheIdentifierUpToAQuestionMark) {
     const auto run = [](const std::string& from, const std::string& id, const std::string& before) {
-        return CatcherRow{
-            from,
-            from,
-            {flvLine},
-            before + start + details(id) + detailsCame + flvLink("http://a/b.flv") + end};
+        return CatcherRow{from, from, {flvLine}, before + details(id) + links("http://a/b.flv")};
     };
     expectEffects(&Form1::veOH, {run(address, "v123abc", ""),
                                  run("http://www.veoh.com/videos/v123abc", "v123abc",
                                      "linkin.Text=http://www.veoh.com/videos/v123abc?\n"),
-                                 run("veoh.com/videos/?", "", ""),
                                  run("veoh.com/videos/a b/<i>'?", "a b/<i>'", ""),
                                  run("/videos/", "", "linkin.Text=/videos/?\n")});
 }
 
 TEST(VeOHTest, CutsAtFixedDistancesFromTheLineEnd) {
-    const auto run = [](const std::string& page, const std::string& links) {
-        return CatcherRow{
-            page, address, {page}, start + details("v123abc") + detailsCame + links + end};
+    const auto run = [](const std::string& page, const std::string& shown) {
+        return CatcherRow{page, address, {page}, details("v123abc") + shown};
     };
-    const std::string mp4 = "<br><a href='http://a/c.mp4'>Download MP4</a>";
-    expectEffects(
-        &Form1::veOH,
-        {run(flvLine, flvLink("http://a/b.flv")),
-         run(flvLine + "ipodLink=\"http://a/c.mp4\" \r\n", flvLink("http://a/b.flv") + mp4),
-         run("ipodLink=\"http://a/c.mp4\" \r\n" + flvLine, flvLink("http://a/b.flv") + mp4),
-         run("fullPreviewHashPath=\"http://a/b.flv\"\r\n", flvLink("http://a/b.fl")),
-         run("fullPreviewHashPath=\"http://a/b.flv\"   \r\n", flvLink("http://a/b.flv\" ")),
-         run("fullPreviewHashPath=abc\r\n", flvLink(""))});
+    const std::string mp4Line = "ipodLink=\"http://a/c.mp4\" \r\n";
+    const std::string both =
+        links("http://a/b.flv", "<br><a href='http://a/c.mp4'>Download MP4</a>");
+    expectEffects(&Form1::veOH,
+                  {run(flvLine + mp4Line, both), run(mp4Line + flvLine, both),
+                   run("fullPreviewHashPath=\"http://a/b.flv\"\r\n", links("http://a/b.fl")),
+                   run("fullPreviewHashPath=\"http://a/b.flv\"   \r\n", links("http://a/b.flv\" ")),
+                   run("fullPreviewHashPath=abc\r\n", links(""))});
 }
 
 TEST(VeOHTest, ReportsEachFailure) {
-    const auto afterDetails = [](const std::string& page) {
-        return CatcherRow{page, address, {page}, start + details("v123abc") + detailsCame + red};
+    const std::string red = redLine("Download Failed !");
+    const auto afterDetails = [&](const std::string& page) {
+        return CatcherRow{page, address, {page}, details("v123abc") + detailsCame + red};
     };
     expectEffects(
         &Form1::veOH,
         {{"not a video", "veoh.com/x?", {}, start + red},
          {"question mark before the video alone", "veoh.com/?/videos/v1", {}, start + red},
-         {"failed fetch", address, {failure}, start + details("v123abc") + red},
+         {"failed fetch", address, {failure}, details("v123abc") + red},
          afterDetails("\r\nfullPreviewHashPath=\"http://a/b.flv\" \n"),
          afterDetails("fullPreviewHashPath=\"\r\n"),
          // ".mp4" anywhere asks for the second line.

@@ -12,21 +12,19 @@ namespace velvox::fuzz {
 namespace {
 
 TEST(CorpusTest, EveryInputPassesItsTarget) {
-    const std::pair<const char*, void (*)(std::string_view)> targets[] = {
-        {"youtube", youtube},
-        {"clip", clip},
-        {"sevenload", sevenload},
-        {"veoh", veoh},
-        {"metacafe", metacafe},
-        {"comic", comic},
-        {"google", google},
-        {"dispatch", dispatch},
-        {"links", links},
-        {"bag", bag},
-        {"text", text},
-        {"html", html},
-        {"http_address", http_address},
-    };
+    const std::pair<const char*, Target*> targets[] = {{"youtube", youtube},
+                                                       {"clip", clip},
+                                                       {"sevenload", sevenload},
+                                                       {"veoh", veoh},
+                                                       {"metacafe", metacafe},
+                                                       {"comic", comic},
+                                                       {"google", google},
+                                                       {"dispatch", dispatch},
+                                                       {"links", links},
+                                                       {"bag", bag},
+                                                       {"text", text},
+                                                       {"html", html},
+                                                       {"http_address", http_address}};
     for (const auto& [name, target] : targets) {
         int inputs = 0;
         for (const auto& entry :

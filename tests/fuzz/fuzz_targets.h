@@ -1,5 +1,5 @@
-// The fuzz targets: each takes any bytes and aborts with a reason where the program does not do
-// what a slow, obvious reading of them says. The same functions replay the corpus in the tests.
+// The fuzz targets: each takes any bytes and aborts with a reason where the program breaks a
+// promise that it makes for all bytes. The same functions replay the corpus in the tests.
 #pragma once
 
 #include <cstdio>
@@ -10,19 +10,10 @@
 
 namespace velvox::fuzz {
 
-void youtube(std::string_view input);
-void clip(std::string_view input);
-void sevenload(std::string_view input);
-void veoh(std::string_view input);
-void metacafe(std::string_view input);
-void comic(std::string_view input);
-void google(std::string_view input);
-void dispatch(std::string_view input);
-void links(std::string_view input);
-void bag(std::string_view input);
-void text(std::string_view input);
-void http_address(std::string_view input);
-void html(std::string_view input);
+using Target = void(std::string_view input);
+
+Target youtube, clip, sevenload, veoh, metacafe, comic, google;
+Target dispatch, links, bag, text, html, http_address;
 
 /// The corpus file that is being replayed, for the report.
 inline std::string replayed;

@@ -30,13 +30,8 @@ void checkParts(const HttpAddress& address) {
 void http_address(std::string_view input) {
     const std::vector<std::string> parts = sections(input);
     const std::string location = parts.size() > 1 ? parts[1] : "";
-    for (const std::string& part : parts) {
-        const std::string scheme = schemeOf(part);
-        require(scheme.size() < part.size() || part.empty(), "a scheme without its colon");
-    }
     int exchanges = 0;
     try {
-        checkParts(parseHttpAddress(parts[0]));
         const std::string body = fetchFollowingRedirects(parts[0], [&](const HttpAddress& at) {
             ++exchanges;
             checkParts(at);

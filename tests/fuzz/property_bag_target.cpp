@@ -1,7 +1,6 @@
 // Stored settings, one a line: a key, a type (b, n, t or f) and a value. Whatever the controls
 // take they must write so that reading it gives the same again.
 #include <algorithm>
-#include <optional>
 
 #include "base/runtime_failure.h"
 #include "controls/is_button.h"
@@ -34,54 +33,39 @@ PropertyBag bagOf(std::string_view input) {
     return bag;
 }
 
-template <class Control>
-std::optional<PropertyBag> readAndWrite(Control& control, const PropertyBag& bag) {
+/// `make` gives a new control. What it writes after it has read a bag it must read again.
+template <class Make>
+void checkRoundTrip(const PropertyBag& stored, Make make) {
+    const auto rewritten = [&make](const PropertyBag& from) {
+        auto control = make();
+        control.ReadProperties(from);
+        PropertyBag written;
+        control.WriteProperties(written);
+        return written;
+    };
+    PropertyBag once;
     try {
-        control.ReadProperties(bag);
+        once = rewritten(stored);
     } catch (const RuntimeFailure&) {
-        return {};
+        return;
     }
-    PropertyBag written;
-    control.WriteProperties(written);
-    return written;
+    // The button's caption and alignment have one default when read and another when written: what
+    // equals the written one appears in the second bag.
+    const PropertyBag twice = rewritten(once);
+    const auto& kept = twice.entries();
+    for (const auto& entry : once.entries())
+        require(std::find(kept.begin(), kept.end(), entry) != kept.end(), "a setting is lost");
+    require(kept.size() <= once.entries().size() + 2, "settings are read that were not written");
+    require(rewritten(twice) == twice, "something else is read back");
 }
 
 }  // namespace
 
 void bag(std::string_view input) {
     const PropertyBag stored = bagOf(input);
-    const auto textBox = [](const PropertyBag& from) {
-        XPTextBox box("box");
-        return readAndWrite(box, from);
-    };
-    if (const auto once = textBox(stored)) {
-        const auto twice = textBox(*once);
-        require(twice && *twice == *once, "the text box reads back something else");
-    }
-
     const testing::FakeColours colours;
-    const auto button = [&](const PropertyBag& from) {
-        isButton model("button", colours);
-        return readAndWrite(model, from);
-    };
-    if (const auto once = button(stored)) {
-        const auto twice = button(*once);
-        require(twice.has_value(), "the button refuses what it wrote");
-        // Two defaults differ in reading and writing: what equals the written one comes back as
-        // the read one.
-        PropertyBag expected;
-        for (const auto& entry : twice->entries()) {
-            const bool missing =
-                std::none_of(once->entries().begin(), once->entries().end(),
-                             [&](const auto& other) { return other.key == entry.key; });
-            if (!missing) expected.write(entry.key, entry.value);
-            if (missing)
-                require(entry == PropertyBag::Entry{"IconAlign", 1} ||
-                            entry == PropertyBag::Entry{"Caption", std::string("isButton")},
-                        "the button reads back something more");
-        }
-        require(expected == *once, "the button reads back something else");
-    }
+    checkRoundTrip(stored, [] { return XPTextBox("box"); });
+    checkRoundTrip(stored, [&] { return isButton("button", colours); });
 }
 
 }  // namespace velvox::fuzz
