@@ -31,7 +31,8 @@ void answer(const Connection& to, const std::string& request) {
     } else if (path == "big") {
         to.write(LocalServer::reply(std::string(5000, 'x')));
     } else if (path.starts_with("30")) {
-        to.write(LocalServer::reply("", path + " Moved", "Location: /unsized\r\n"));
+        const std::string target = path == "302" ? "302" : "unsized";
+        to.write(LocalServer::reply("", path + " Moved", "Location: /" + target + "\r\n"));
     } else if (path != "drop") {
         to.write(LocalServer::reply("good"));
     }
@@ -71,6 +72,7 @@ TEST(TransferControlTest, KeepsEveryByteOfTheBodyBehindRedirects) {
     EXPECT_EQ(transfer.OpenURL(server.address("/300")), "");
     for (const char* path : {"/unsized", "/301", "/303", "/308"})
         EXPECT_TRUE(transfer.OpenURL(server.address(path)) == everyByte()) << path;
+    EXPECT_EQ(failureOf(transfer, server.address("/302")), "The page redirects too often");
 }
 
 // The deadline holds for the whole transfer, whether the server goes silent or slow.
