@@ -97,6 +97,9 @@ void checkStream(const HtmlFragment& fragment) {
         show(streamed, text[i], link ? std::string_view(link->address) : "");
     }
     require(streamed == shownOf(fragment), "another text is streamed, or it leads elsewhere");
+    const auto isHidden = [](char c) { return (c >= 0 && c < ' ' && c != '\n') || c == 0x7F; };
+    if (std::none_of(fragment.text.begin(), fragment.text.end(), isHidden))
+        require(text.find(u"\n ") == text.npos, "a line begins with a blank");
     const auto breaks = std::count(fragment.text.begin(), fragment.text.end(), '\n');
     if (fragment.text.size() <= longText)
         require(rich.lines == 1 + static_cast<std::size_t>(breaks), "a short text is broken");
