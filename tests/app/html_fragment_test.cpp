@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <iomanip>
 #include <sstream>
 #include <string>
@@ -101,10 +101,9 @@ TEST(HtmlFragmentTest, TimeIsLinear) {
                              "<a href=x>y</a>z", " \n"}) {
         std::string html;
         while (html.size() < size) html += unit;
-        const auto begin = std::chrono::steady_clock::now();
+        const std::clock_t begin = std::clock();
         parseHtmlFragment(html);
-        const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
-        EXPECT_LT(taken.count(), 3.0) << unit;
+        EXPECT_LT(std::clock() - begin, 10 * CLOCKS_PER_SEC) << unit;
     }
 }
 

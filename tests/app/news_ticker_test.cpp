@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 
 #include "tests/app/form1_fixture.h"
 
@@ -135,10 +135,10 @@ TEST_F(NewsTickerTest, TickCostsTheSameWhateverTheLengthOfTheNews) {
     fixture.log.recording = false;
     form.NewsText = std::string(20'000'000, 'n');
     form.NewsPos = "1";
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     for (int i = 0; i < 2000; ++i) form.Timer5.Tick();
     // Copying the text at each tick would take several times as long.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    EXPECT_LT(std::clock() - start, 3 * CLOCKS_PER_SEC);
 }
 
 }  // namespace

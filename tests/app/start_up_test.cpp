@@ -2,6 +2,7 @@
 
 #include "app/form1_design.h"
 #include "tests/app/form1_fixture.h"
+#include "tests/support/example_addresses.h"
 
 namespace velvox::testing {
 namespace {
@@ -25,19 +26,12 @@ TEST(StartUpTest, ChoosingASiteChangesTheExampleAlone) {
     Form1& form = fixture.form;
     form.Form_Load();
     form.linkin.Text("mine");
-    const char* examples[] = {
-        "http://www.youtube.com/watch?v=Yp5O8Koe_A4",
-        "http://www.clip.vn/watch/VjW,vn,Clip-an-mung-ban-thang-2-1-cua-UAE-vao-luoi-Quatar.html",
-        "http://en.sevenload.com/videos/s931TZW/HiB-auf-dem-CSD",
-        "http://www.veoh.com/videos/v669398tRxFQc4d",
-        "http://www.metacafe.com/watch/983094/dog_singing_hippo/",
-        "http://comic.vuilen.com/view_book_detail.php?bookid=42&chapterid=354",
-        "http://www.nhacso.net/Music/Album/2007/06/05F62FB2/",
-    };
+    std::vector<std::string> examples(std::begin(exampleAddresses), std::end(exampleAddresses));
+    examples.push_back("http://www.nhacso.net/Music/Album/2007/06/05F62FB2/");
     // The albums' comparison is there, their entry is not.
     form.ds.AddItem("Album Nhacso.net");
-    for (int i = 6; i >= 0; --i) {
-        form.ds.ListIndex(i);
+    for (std::size_t i = examples.size(); i-- > 0;) {
+        form.ds.ListIndex(static_cast<int>(i));
         EXPECT_EQ(form.vd.Caption(), examples[i]);
         EXPECT_EQ(form.linkin.Text(), "mine");
     }

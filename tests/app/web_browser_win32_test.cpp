@@ -19,7 +19,6 @@ using namespace std::string_literals;
 using Kind = PreviewContent::Kind;
 using Addresses = std::vector<std::string>;
 
-constexpr DWORD patience = 5000;
 constexpr const char* playerPath = "/p.swf?video_id=a%20%5B%5D%3A[x]&t=%41";
 constexpr const char* strangePath = "/f/3?mediaURL=x%20%5By%5D.flv&q=[1]";
 
@@ -69,10 +68,10 @@ class WebBrowserTest : public testing::Test {
     }
 
     bool arrives(std::size_t count = 1) {
-        return pumpUntil([&] { return arrivals_.size() >= count; }, patience);
+        return pumpUntil([&] { return arrivals_.size() >= count; });
     }
     static bool fails(const WebBrowserWindow& web) {
-        return pumpUntil([&] { return web.content().kind == Kind::Unreachable; }, patience);
+        return pumpUntil([&] { return web.content().kind == Kind::Unreachable; });
     }
 
     LocalServer server_{answer};
@@ -108,7 +107,7 @@ TEST_F(WebBrowserTest, ArrivesAtTheFinalAddressByteForByteAndTellsTypeAndSize) {
         EXPECT_FALSE(web->Offline());
         if (systemHasHtmlEngine()) continue;  // which shows the pages themselves
         const PreviewContent told{row.kind, row.to == blank ? "" : to, row.facts};
-        EXPECT_TRUE(pumpUntil([&] { return web->content() == told; }, patience));
+        EXPECT_TRUE(pumpUntil([&] { return web->content() == told; }));
     }
 }
 
@@ -131,12 +130,12 @@ TEST_F(WebBrowserTest, WhatCannotBeReachedIsNoArrival) {
 }
 
 TEST_F(WebBrowserTest, AServerThatNeverAnswersIsLeftAfterTheTimeout) {
-    constexpr DWORD timeout = 300;
+    constexpr DWORD timeout = 1000;
     const auto web = makeWeb(timeout);
     const DWORD start = GetTickCount();
     web->Navigate(server_.address("/silent"));
     ASSERT_TRUE(fails(*web));
-    EXPECT_NEAR(GetTickCount() - start, timeout + 240, 260);
+    EXPECT_GE(GetTickCount() - start, timeout - 20);
     web->Navigate(server_.address("/page"));
     ASSERT_TRUE(arrives());
     pumpFor(timeout + 100);
@@ -191,7 +190,7 @@ TEST_F(WebBrowserTest, TheHandlerMayThrowNavigateOrDestroyTheWindow) {
     setFailureReporter([&](std::string_view text) { reported += text; });
     web->DocumentComplete = [] { throw std::runtime_error("the handler failed"); };
     web->Navigate("about:blank");
-    EXPECT_TRUE(pumpUntil([&] { return reported == "the handler failed"; }, patience));
+    EXPECT_TRUE(pumpUntil([&] { return reported == "the handler failed"; }));
     setFailureReporter({});
 
     web->DocumentComplete = [&, captured = std::string(100, 'x')] {

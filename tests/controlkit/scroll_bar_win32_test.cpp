@@ -36,10 +36,10 @@ class ScrollBarWindowTest : public testing::Test {
     }
     void press(int x, int y) { send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y)); }
     static bool reaches(const ScrollBarWindow& bar, int value) {
-        return pumpUntil([&] { return bar.Value() == FixedPoint(value); }, 2000);
+        return pumpUntil([&] { return bar.Value() == FixedPoint(value); });
     }
     static bool reaches(const ScrollBarWindow& bar, ScrollPart held) {
-        return pumpUntil([&] { return bar.held() == held; }, 2000);
+        return pumpUntil([&] { return bar.held() == held; });
     }
     Rgb printed(int x, int y) { return ClientPrint(vertical.hWnd()).at(x, y); }
 
@@ -53,7 +53,7 @@ TEST_F(ScrollBarWindowTest, AHeldArrowRepeatsAtItsInterval) {
     vertical.Scroll = [&] { times.push_back(GetTickCount()); };
     vertical.MouseInterval(50);
     pointer(20, 205, MOUSEEVENTF_LEFTDOWN);
-    ASSERT_TRUE(pumpUntil([&] { return times.size() >= 8; }, 4000));
+    ASSERT_TRUE(pumpUntil([&] { return times.size() >= 8; }));
     pointer(20, 205, MOUSEEVENTF_LEFTUP);
     ASSERT_TRUE(reaches(vertical, ScrollPart::None));
     EXPECT_EQ(GetCapture(), nullptr);
@@ -77,9 +77,9 @@ TEST_F(ScrollBarWindowTest, HoverFollowsTheRealPointer) {
     vertical.MouseHover = [&] { log += "hover "; };
     vertical.MouseLeave = [&] { log += "leave "; };
     pointer(20, 15);
-    EXPECT_TRUE(pumpUntil([&] { return log == "hover "; }, 2000));
+    EXPECT_TRUE(pumpUntil([&] { return log == "hover "; }));
     pointer(150, 50);
-    EXPECT_TRUE(pumpUntil([&] { return log == "hover leave "; }, 3000)) << log;
+    EXPECT_TRUE(pumpUntil([&] { return log == "hover leave "; })) << log;
 }
 
 TEST_F(ScrollBarWindowTest, CaptureTakenAwayDisablingAndHidingEndThePress) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/control_ids.h"
+#include "tests/support/example_addresses.h"
 #include "tools/drive/client/driver.h"
 #include "tools/drive/client/input.h"
 #include "tools/drive/client/process.h"
@@ -21,16 +22,6 @@ struct Network {
     static Network direct() { return {0}; }
 
     int port;
-};
-
-/// An example address of each site, in the order of the list.
-inline constexpr const char* exampleAddresses[] = {
-    "http://www.youtube.com/watch?v=Yp5O8Koe_A4",
-    "http://www.clip.vn/watch/VjW,vn,Clip-an-mung-ban-thang-2-1-cua-UAE-vao-luoi-Quatar.html",
-    "http://en.sevenload.com/videos/s931TZW/HiB-auf-dem-CSD",
-    "http://www.veoh.com/videos/v669398tRxFQc4d",
-    "http://www.metacafe.com/watch/983094/dog_singing_hippo/",
-    "http://comic.vuilen.com/view_book_detail.php?bookid=42&chapterid=354",
 };
 
 class Program {

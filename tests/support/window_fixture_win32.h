@@ -26,8 +26,11 @@ class TestForm : public Window {
     std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
 };
 
+/// For something that comes at once on an idle machine.
+constexpr DWORD patience = 30'000;
+
 /// Lets messages through until `done` or the deadline; answers whether it was done.
-inline bool pumpUntil(const std::function<bool()>& done, DWORD milliseconds) {
+inline bool pumpUntil(const std::function<bool()>& done, DWORD milliseconds = patience) {
     const DWORD start = GetTickCount();
     while (!done()) {
         const DWORD passed = GetTickCount() - start;
