@@ -1,4 +1,4 @@
-// The driver inside Wine: reads and steers Velvox's windows. One serves the whole test program.
+// The driver inside Wine: reads and steers Velvox's windows. One serves the whole program.
 #pragma once
 
 #include <ostream>

@@ -75,7 +75,7 @@ Process::Process(const std::vector<std::string>& command, const Environment& env
     std::optional<Pipe> in;
     std::optional<Pipe> out;
     if (piped) {
-        // A program that has ended must not end the test with a signal when it is written to.
+        // A program that has ended must not end this one with a signal when it is written to.
         signal(SIGPIPE, SIG_IGN);
         in.emplace();
         out.emplace();

@@ -1,4 +1,4 @@
-// A program that a test started, ended by its id at the latest with the object.
+// A program that was started here, ended by its id at the latest with the object.
 #pragma once
 
 #include <sys/types.h>
@@ -14,7 +14,7 @@ namespace velvox::drive {
 using Milliseconds = std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
-using Environment = std::vector<std::string>;  ///< "NAME=VALUE", over the test's own
+using Environment = std::vector<std::string>;  ///< "NAME=VALUE", over our own
 
 class Process {
  public:
