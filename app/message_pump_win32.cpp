@@ -21,6 +21,7 @@ int MessagePump::run() {
 }
 
 void MessagePump::yield() {
+    if (elsewhere && elsewhere()) return;
     ++depth_;
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {

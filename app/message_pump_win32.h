@@ -15,6 +15,10 @@ class MessagePump {
     /// Runs until WM_QUIT and answers its exit code.
     int run();
 
+    /// True while a loop of the system's own handles what is waiting: `yield` then leaves it to
+    /// that.
+    std::function<bool()> elsewhere;
+
     /// Handles what is waiting, then returns. WM_QUIT is left for the loop outside.
     void yield();
 

@@ -17,7 +17,9 @@ void reportInBox(const wchar_t* introduction, std::string_view text) {
     if (reporting) return;
     reporting = true;
     const std::wstring report = std::wstring(introduction) + L"\n\n" + widen(text);
-    MessageBoxW(GetActiveWindow(), report.c_str(), programTitle, MB_OK | MB_ICONWARNING);
+    // Without an active window the box disables the main one all the same.
+    MessageBoxW(GetActiveWindow(), report.c_str(), programTitle,
+                MB_OK | MB_ICONWARNING | MB_TASKMODAL);
     reporting = false;
 }
 

@@ -125,10 +125,14 @@ void Program::startExample(int entry) const {
     driver().waitVisible(control(ControlId::outer));
 }
 
-void Program::chooseFromMenu(const std::string& key) const {
+void Program::waitMenu() const {
     driver().waitVisible(menu);
     // It is visible a little before it takes keys.
     EXPECT_TRUE(eventually([&] { return holdsPointer(); }));
+}
+
+void Program::chooseFromMenu(const std::string& key) const {
+    waitMenu();
     Hands().key(key).act();
 }
 
@@ -164,12 +168,8 @@ void Program::tick(int timer) const {
 
 std::string dismissBox() {
     const std::string titleAndText = driver().waitBox();
-    // Wine loses a key that comes while the keyboard passes to the new window: it is pressed again.
-    for (int tries = 0; tries < 20; ++tries) {
-        Hands().key("Return").act();
-        if (driver().holds({"gone", messageBox, "1000"})) return titleAndText;
-    }
-    ADD_FAILURE() << "the box stays";
+    Hands().key("Return").act();
+    driver().waitGone(messageBox);
     return titleAndText;
 }
 
