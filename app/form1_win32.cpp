@@ -57,17 +57,6 @@ std::wstring spokenOf(const Label& label) {
     return widen(std::string_view(caption).substr(0, caption.find_last_not_of(" :") + 1));
 }
 
-// A menu, a move by keys or a message box has a loop of its own. A timer that ticks inside it must
-// not take the keys and clicks meant for it, which would go to the window below.
-bool systemLoopRuns(HWND window) {
-    GUITHREADINFO thread{};
-    thread.cbSize = sizeof thread;
-    GetGUIThreadInfo(GetCurrentThreadId(), &thread);
-    constexpr DWORD loops =
-        GUI_INMENUMODE | GUI_SYSTEMMENUMODE | GUI_POPUPMENUMODE | GUI_INMOVESIZE;
-    return (thread.flags & loops) != 0 || !IsWindowEnabled(window);
-}
-
 // The Alt key's own message comes before the F4: they have to be taken out one by one.
 bool altF4Pressed() {
     MSG message;
@@ -187,12 +176,10 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     desktop_.setWindow(handle());
     children_ = std::make_unique<Children>(*this);
     pump_.intercept = [this](MSG& message) { return intercept(message); };
-    pump_.elsewhere = [this] { return systemLoopRuns(handle()); };
 }
 
 Form1Window::~Form1Window() {
     pump_.intercept = nullptr;
-    pump_.elsewhere = nullptr;
     children_.reset();
     destroy();
 }
@@ -259,7 +246,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
             return 0;
         case WM_TIMER:
             for (WindowTimer& timer : children_->timers)
-                if (timer.id() == wParam) timer.tick();
+                if (timer.id() == wParam) pump_.tick([&] { timer.tick(); });
             return 0;
         case WM_COMMAND:
             if (reflectCommand(lParam, wParam)) return 0;

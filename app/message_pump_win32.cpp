@@ -1,13 +1,28 @@
 #include "app/message_pump_win32.h"
 
+#include <utility>
+
 #include "base/system_win32.h"
 
 namespace velvox {
 
 void MessagePump::dispatch(MSG& message) {
-    if (intercept && intercept(message)) return;
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
+    ownTimer_ = message.message == WM_TIMER;
+    if (!intercept || !intercept(message)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    ownTimer_ = false;
+}
+
+void MessagePump::tick(const std::function<void()>& handler) {
+    const struct Restored {
+        bool& value;
+        bool before;
+        ~Restored() { value = before; }
+    } restored{inForeignTick_, inForeignTick_};
+    inForeignTick_ = !std::exchange(ownTimer_, false);
+    handler();
 }
 
 int MessagePump::run() {
@@ -21,7 +36,7 @@ int MessagePump::run() {
 }
 
 void MessagePump::yield() {
-    if (elsewhere && elsewhere()) return;
+    if (inForeignTick_) return;
     ++depth_;
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {

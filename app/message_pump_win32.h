@@ -15,12 +15,14 @@ class MessagePump {
     /// Runs until WM_QUIT and answers its exit code.
     int run();
 
-    /// True while a loop of the system's own handles what is waiting: `yield` then leaves it to
-    /// that.
-    std::function<bool()> elsewhere;
-
     /// Handles what is waiting, then returns. WM_QUIT is left for the loop outside.
     void yield();
+
+    /// Runs the handler of a timer's message. A menu, a message box or a scroll bar that is held
+    /// has a loop of its own, which lets timers tick as well: a yield in such a tick does nothing,
+    /// since it would take away the keys and clicks meant for that loop and give them to the window
+    /// below.
+    void tick(const std::function<void()>& handler);
 
     /// True inside `yield`: a handler further out is still at work.
     bool yielding() const noexcept { return depth_ > 0; }
@@ -29,6 +31,8 @@ class MessagePump {
     void dispatch(MSG& message);
 
     int depth_ = 0;
+    bool ownTimer_ = false;  ///< this pump's message to a timer is on its way
+    bool inForeignTick_ = false;
 };
 
 }  // namespace velvox

@@ -125,14 +125,10 @@ void Program::startExample(int entry) const {
     driver().waitVisible(control(ControlId::outer));
 }
 
-void Program::waitMenu() const {
+void Program::chooseFromMenu(const std::string& key) const {
     driver().waitVisible(menu);
     // It is visible a little before it takes keys.
     EXPECT_TRUE(eventually([&] { return holdsPointer(); }));
-}
-
-void Program::chooseFromMenu(const std::string& key) const {
-    waitMenu();
     Hands().key(key).act();
 }
 

@@ -53,8 +53,6 @@ class Program {
     /// Chooses an entry of the site list with the keyboard, its example, and presses Download.
     void startExample(int entry) const;
 
-    /// Until a menu that opens takes keys.
-    void waitMenu() const;
     /// Presses the access key of an entry in the menu that opens.
     void chooseFromMenu(const std::string& key) const;
 

@@ -55,13 +55,7 @@ TEST(StartUpTest, PastesByKeyAndByMenuAndEnterPressesDownload) {
     const Point box = middleOf(driver().rect(program.edit()));
     putIntoClipboard("from the menu");
     Hands().click(box, 3).act();
-    program.waitMenu();
-    // What ticks meanwhile leaves the menu what is typed.
-    for (int i = 0; i < 50; ++i) {
-        driver().ask({"post", program.edit(), "0x102", "0x71", "0"});
-        program.tick(5);
-    }
-    Hands().key("p").act();
+    program.chooseFromMenu("p");
     EXPECT_NO_THROW(driver().waitText(program.edit(), "from the menu"));
 
     putIntoClipboard(veohExample);
