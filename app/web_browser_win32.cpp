@@ -10,7 +10,7 @@ constexpr wchar_t className[] = L"WebBrowser";
 constexpr UINT arrivedMessage = WM_APP + 1;  // wParam: the number of the navigation
 constexpr UINT changedMessage = WM_APP + 2;
 
-enum TimerId : UINT_PTR { StartTimer = 1, AnswerTimer = 2 };
+constexpr UINT_PTR answerTimer = 1;
 
 constexpr int framePixels = 1;  // as the result pane beside it
 
@@ -36,7 +36,6 @@ WebBrowserWindow::~WebBrowserWindow() {
 
 void WebBrowserWindow::Navigate(std::string_view address) {
     if (!handle()) throw RuntimeFailure(Fault::Platform, "The preview's window is gone");
-    const bool first = !control_ && !deferred_ && arrival_.state() == Arrival::State::Idle;
     // A control that is still busy would tell of the old document under the new address (Wine 8
     // does, even after Stop): only closing it ends a navigation.
     if (arrival_.state() != Arrival::State::Arrived) control_.reset();
@@ -44,34 +43,20 @@ void WebBrowserWindow::Navigate(std::string_view address) {
     arrival_.requested();
     headerRequest_.reset();
     changed();
-    if (first) {
-        deferred_ = true;
-        // The lowest of all messages: it comes when the window has been painted.
-        SetTimer(handle(), StartTimer, 0, nullptr);
-        return;
-    }
-    deferred_ = false;
-    start();
+    if (control_ || requested_ != blankAddress) return start();
+    // Nothing heavy is made for the blank page.
+    arrival_.beforeNavigate(true, blankAddress);
+    if (arrival_.documentComplete(true)) arrived();
 }
 
 void WebBrowserWindow::start() {
-    SetTimer(handle(), AnswerTimer, timeoutMs_, nullptr);
+    SetTimer(handle(), answerTimer, timeoutMs_, nullptr);
     try {
         control().navigate(requested_);
     } catch (...) {
         giveUp();
         // The window is blank by itself: the sites that need no preview work without a control.
         if (requested_ != blankAddress) throw;
-    }
-}
-
-void WebBrowserWindow::startDeferred() noexcept {
-    KillTimer(handle(), StartTimer);
-    if (!std::exchange(deferred_, false)) return;
-    try {
-        start();
-    } catch (const RuntimeFailure&) {
-        // Whoever asked has long been answered. The next navigation meets the same failure.
     }
 }
 
@@ -83,7 +68,7 @@ BrowserControl& WebBrowserWindow::control() {
 }
 
 void WebBrowserWindow::giveUp() noexcept {
-    KillTimer(handle(), AnswerTimer);
+    KillTimer(handle(), answerTimer);
     arrival_.abandoned();
     if (arrival_.state() == Arrival::State::Failed)
         control_.reset();
@@ -94,7 +79,8 @@ void WebBrowserWindow::giveUp() noexcept {
 
 std::string WebBrowserWindow::LocationURL() const {
     if (!arrival_.downloadAddress().empty()) return arrival_.downloadAddress();
-    return control_ ? control_->locationUrl() : std::string();
+    if (control_) return control_->locationUrl();
+    return arrival_.state() == Arrival::State::Arrived ? requested_ : std::string();
 }
 
 bool WebBrowserWindow::Offline() const {
@@ -126,7 +112,7 @@ void WebBrowserWindow::raise(unsigned number) {
 void WebBrowserWindow::refresh() {
     const bool unviewable = arrival_.state() == Arrival::State::Unviewable;
     const bool failed = arrival_.state() == Arrival::State::Failed;
-    if (!arrival_.waiting()) KillTimer(handle(), AnswerTimer);
+    if (!arrival_.waiting()) KillTimer(handle(), answerTimer);
     if (control_) control_->show(control_->rendersPages() && !unviewable && !failed);
     StandInListener& listener = *this;
     if (unviewable && !headerRequest_)
@@ -175,8 +161,7 @@ std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, 
         case arrivedMessage: raise(wParam); return 0;
         case changedMessage: refresh(); return 0;
         case WM_TIMER:
-            if (wParam == StartTimer) startDeferred();
-            if (wParam == AnswerTimer) giveUp();
+            if (wParam == answerTimer) giveUp();
             return 0;
         case WM_SIZE: {
             RECT bounds{};

@@ -13,10 +13,9 @@ namespace velvox {
 /// no page, a panel tells the address arrived at, its type and its size instead.
 ///
 /// `DocumentComplete` is raised from the message loop, never from inside `Navigate`. Its handler
-/// may throw, navigate again, or destroy this window. The control is made after the first
-/// `Navigate`, once the program's first messages have been handled, or at the second at the
-/// latest; a first navigation that it cannot start is lost without a word. Without a control the
-/// blank page is still shown, though nothing arrives; every other navigation throws.
+/// may throw, navigate again, or destroy this window. The control is made by the first `Navigate`
+/// to a page: until then the blank page is this window's own, and without a control that can be
+/// made every other navigation throws.
 class WebBrowserWindow : public Window,
                          public WebBrowser,
                          private BrowserHost,
@@ -47,7 +46,6 @@ class WebBrowserWindow : public Window,
 
     BrowserControl& control();
     void start();
-    void startDeferred() noexcept;
     void giveUp() noexcept;
     void raise(unsigned number);
     void refresh();
@@ -57,7 +55,6 @@ class WebBrowserWindow : public Window,
     UINT timeoutMs_;
     Arrival arrival_;
     std::string requested_;
-    bool deferred_ = false;  // until the control is made
     DocumentFacts facts_;
     unsigned factsNumber_ = 0;
     PreviewPanel panel_;
