@@ -55,7 +55,7 @@ void WebBrowserWindow::start() {
         control().navigate(requested_);
     } catch (...) {
         giveUp();
-        // The window is blank by itself: the sites that need no preview work without a control.
+        // Without the control the window is blank, too.
         if (requested_ != blankAddress) throw;
     }
 }
