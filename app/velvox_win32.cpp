@@ -2,8 +2,8 @@
 
 #include <commctrl.h>
 
-#include "app/form1_win32.h"
-#include "app/program.h"
+#include "app/window/form1_win32.h"
+#include "app/window/program.h"
 #include "base/com_win32.h"
 #include "base/system_win32.h"
 #include "base/window_win32.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/transfer_control_win32.h"
+#include "app/net/transfer_control_win32.h"
 
 namespace velvox {
 

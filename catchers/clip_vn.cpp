@@ -1,8 +1,8 @@
 // The clip site: a clip's code stands in its address; the site's feed for the code lists the files.
-#include "app/form1.h"
-#include "app/hosts.h"
+#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
+#include "catchers/hosts.h"
 
 namespace velvox {
 

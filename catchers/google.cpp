@@ -1,9 +1,9 @@
 // Google Video pages: up to three links (FLV, AVI, MP4) from up to three replies. Carried complete,
 // but no handler calls it. It has no trap: a failure reaches its caller.
-#include "app/form1.h"
-#include "app/hosts.h"
+#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
+#include "catchers/hosts.h"
 
 namespace velvox {
 

@@ -1,9 +1,9 @@
 // Metacafe watch pages: loads the player for the video's number into the preview browser, whose
-// arrival gives the link and enables the address box again (app/link_handling.cpp).
-#include "app/form1.h"
-#include "app/hosts.h"
+// arrival gives the link and enables the address box again (app/form1/link_handling.cpp).
+#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
+#include "catchers/hosts.h"
 
 namespace velvox {
 

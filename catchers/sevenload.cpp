@@ -1,10 +1,10 @@
 // Sevenload pages: the page gives a session value, the site's player interface the file.
 #include <utility>
 
-#include "app/form1.h"
-#include "app/hosts.h"
+#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
+#include "catchers/hosts.h"
 
 namespace velvox {
 

@@ -1,8 +1,8 @@
 // Veoh pages: the site's REST interface tells a video's details, one attribute a line.
-#include "app/form1.h"
-#include "app/hosts.h"
+#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
+#include "catchers/hosts.h"
 
 namespace velvox {
 

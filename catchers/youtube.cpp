@@ -1,9 +1,9 @@
 // YouTube watch pages: checks that the page is there, then loads the player into the preview
-// browser, whose arrival gives the link (app/link_handling.cpp).
-#include "app/form1.h"
-#include "app/hosts.h"
+// browser, whose arrival gives the link (app/form1/link_handling.cpp).
+#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
+#include "catchers/hosts.h"
 
 namespace velvox {
 

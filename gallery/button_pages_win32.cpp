@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "controls/is_button_layout.h"
+#include "controls/button/is_button_layout.h"
 #include "gallery/sheet_win32.h"
 
 namespace velvox {

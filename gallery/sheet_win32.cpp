@@ -1,9 +1,9 @@
 #include "gallery/sheet_win32.h"
 
 #include "base/twips.h"
-#include "controls/icon_picture_win32.h"
-#include "controls/is_button_layout.h"
-#include "controls/is_button_paint_win32.h"
+#include "controls/button/icon_picture_win32.h"
+#include "controls/button/is_button_layout.h"
+#include "controls/button/is_button_paint_win32.h"
 
 namespace velvox {
 namespace {

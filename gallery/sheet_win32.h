@@ -9,7 +9,7 @@
 
 #include "base/system_win32.h"
 #include "base/window_win32.h"
-#include "controls/is_button_win32.h"
+#include "controls/button/is_button_win32.h"
 
 namespace velvox {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/app/form1_fixture.h"
+#include "tests/app/form1/form1_fixture.h"
 
 namespace velvox::testing {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <ctime>
 
-#include "tests/app/form1_fixture.h"
+#include "tests/app/form1/form1_fixture.h"
 
 namespace velvox::testing {
 namespace {

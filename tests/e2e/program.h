@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/control_ids.h"
+#include "app/form1/control_ids.h"
 #include "tests/support/example_addresses.h"
 #include "tools/drive/client/driver.h"
 #include "tools/drive/client/input.h"

@@ -1,7 +1,7 @@
 // The window as it opens, and asking: address box, site list, example, keyboard.
 #include <gtest/gtest.h>
 
-#include "app/hosts.h"
+#include "catchers/hosts.h"
 #include "tests/e2e/program.h"
 
 namespace velvox::e2e {

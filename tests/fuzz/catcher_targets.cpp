@@ -2,7 +2,7 @@
 // pages are the tests' business: here are the promises that hold for all bytes.
 #include <algorithm>
 
-#include "tests/app/form1_fixture.h"
+#include "tests/app/form1/form1_fixture.h"
 #include "tests/fuzz/fuzz_targets.h"
 
 namespace velvox::fuzz {

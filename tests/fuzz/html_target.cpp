@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "app/html_fragment.h"
-#include "app/rich_text.h"
+#include "app/pane/html_fragment.h"
+#include "app/pane/rich_text.h"
 #include "base/utf16.h"
 #include "tests/fuzz/fuzz_targets.h"
 

@@ -1,8 +1,8 @@
 // Addresses and redirects. The sections are an address and the Location of its reply.
 #include <optional>
 
-#include "app/http_address.h"
-#include "app/redirects.h"
+#include "app/net/http_address.h"
+#include "app/net/redirects.h"
 #include "base/join.h"
 #include "base/runtime_failure.h"
 #include "tests/fuzz/fuzz_targets.h"

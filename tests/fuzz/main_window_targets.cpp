@@ -1,5 +1,5 @@
 // The Download button and the link handler of the whole main window.
-#include "tests/app/form1_fixture.h"
+#include "tests/app/form1/form1_fixture.h"
 #include "tests/fuzz/fuzz_targets.h"
 
 namespace velvox::fuzz {

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "base/runtime_failure.h"
-#include "controls/is_button.h"
-#include "controls/xp_text_box.h"
-#include "tests/app/form1_fixture.h"
+#include "controls/button/is_button.h"
+#include "controls/text_box/xp_text_box.h"
+#include "tests/app/form1/form1_fixture.h"
 #include "tests/fuzz/fuzz_targets.h"
 
 namespace velvox::fuzz {

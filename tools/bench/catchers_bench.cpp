@@ -6,7 +6,7 @@
 
 #include <cstring>
 
-#include "tests/app/form1_fixture.h"
+#include "tests/app/form1/form1_fixture.h"
 #include "tools/bench/filled.h"
 
 namespace velvox::testing {

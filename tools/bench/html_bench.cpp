@@ -3,8 +3,8 @@
 // a page's words, "page" a whole page's source, "open" tags that never end.
 #include <benchmark/benchmark.h>
 
-#include "app/html_fragment.h"
-#include "app/rich_text.h"
+#include "app/pane/html_fragment.h"
+#include "app/pane/rich_text.h"
 #include "base/colour.h"
 #include "tools/bench/filled.h"
 

@@ -1,0 +1,57 @@
+#include "app/form1/controls.h"
+
+#include <utility>
+
+#include "base/runtime_failure.h"
+
+namespace velvox {
+
+void Label::Caption(std::string_view text) {
+    if (caption_ == text) return;
+    caption_ = text;
+    changed(Aspect::Text);
+}
+
+void Label::ForeColor(OleColour colour) {
+    foreColor_ = colour;
+    changed(Aspect::Face);
+}
+
+void Label::font(const Font& font) {
+    font_ = font;
+    changed(Aspect::Face);
+}
+
+void HiddenText::Text(std::string text) {
+    text_ = std::move(text);
+    if (Change) Change();
+}
+
+void ComboBox::AddItem(std::string_view text) {
+    items_.emplace_back(text);
+    changed(Aspect::Items);
+}
+
+void ComboBox::ListIndex(int index) {
+    if (index < -1 || index >= static_cast<int>(items_.size()))
+        throw RuntimeFailure(Fault::InvalidProperty, Name() + " has no such entry");
+    index_ = index;
+    changed(Aspect::Choice);
+    if (Click) Click();
+}
+
+std::string_view ComboBox::Text() const {
+    return index_ < 0 ? std::string_view() : items_[static_cast<std::size_t>(index_)];
+}
+
+void Timer::Interval(unsigned milliseconds) {
+    interval_ = milliseconds;
+    if (view_) view_->follow(Aspect::Setting);
+}
+
+void Timer::Enabled(bool enabled) {
+    enabled_ = enabled;
+    if (view_) view_->follow(Aspect::Enabled);
+}
+
+}  // namespace velvox

@@ -1,0 +1,149 @@
+// The main window as the program thinks of it: its controls, its handlers and its catchers. A
+// handler is named control_event; each group of handlers has a source of its own in this folder,
+// each catcher one in catchers/.
+//
+// Error handling follows one rule per routine: a catcher has a single trap for its whole body that
+// ends in its red status line, some handlers ignore errors statement by statement, and what is
+// said to have no trap lets the failure through to the window, which reports it.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/form1/controls.h"
+#include "app/form1/desktop.h"
+#include "app/form1/result_pane.h"
+#include "app/form1/transfer_control.h"
+#include "app/form1/web_browser.h"
+#include "app/form1/xml_http_request.h"
+#include "base/control.h"
+#include "controls/button/is_button.h"
+#include "controls/text_box/xp_text_box.h"
+
+namespace velvox {
+
+/// What the main window needs of the system. All of it outlives the form.
+struct Form1Surroundings {
+    TransferControl& transfer;
+    ResultPane& resultPane;
+    WebBrowser& webBrowser;
+    Desktop& desktop;
+    FormFrame& frame;
+    const SystemColours& colours;
+    int twipsPerPixel = designTwipsPerPixel;
+};
+
+class Form1 : public Control {
+ public:
+    explicit Form1(const Form1Surroundings& surroundings);
+
+    // Start-up and the small click handlers (start_up.cpp).
+    void Form_Load();
+    void ds_Click();
+    void vd_Click();
+    void Label12_Click();
+    void isButton1_Click();
+    void Timer1_Timer();
+
+    // The Download button (download.cpp).
+    void UniXPButton1_Click();
+
+    // Fetching and the result pane (download.cpp).
+    std::string FetchPage(std::string_view url);
+    void ShowStatus(std::string_view html);
+
+    // Links from the addresses at which the browser arrives (link_handling.cpp).
+    void web_DocumentComplete();
+
+    // News ticker (news_ticker.cpp).
+    void Timer4_Timer();
+    void Timer5_Timer();
+    void Timer6_Timer();
+    void Timer7_Timer();
+
+    // Skinned frame (skinned_frame.cpp). Coordinates are not used: a drag follows the cursor.
+    void Form_MouseDown(MouseButton button, int shift, float x, float y);
+    void Form_MouseMove(MouseButton button, int shift, float x, float y);
+    void Form_MouseUp(MouseButton button, int shift, float x, float y);
+    void Form_Resize();
+    void isButton2_Click();
+    void isButton2_MouseEnter();
+    void isButton2_MouseLeave();
+
+    // Catchers, one source each in catchers/.
+    void YoutubeCatcher();
+    void GoogleCatcher();
+    void ClipVNCatcher();
+    void SevenLoad();
+    void veOH();
+    void MetaCafe();
+    void ComicVuiLen();
+
+    // Controls, in the order of the tab key where they take the focus.
+    Image skinicon{"skinicon"};
+    Image skinbar{"skinbar"};
+    PictureBox topendskin{"topendskin"};
+    Label Label5{"Label5"};
+    Label Label1{"Label1"};
+    XPTextBox linkin;
+    isButton UniXPButton1;
+    Label Label6{"Label6"};
+    ComboBox ds{"ds"};
+    Label Label7{"Label7"};
+    Label vd{"vd"};
+    Label Label11{"Label11"};
+    Label Label12{"Label12"};
+    Label Label13{"Label13"};
+    PictureBox Picture1{"Picture1"};
+    Label Label4{"Label4"};
+    PictureBox outer{"outer"};
+    Label Label3{"Label3"};
+    Label Label2{"Label2"};
+    isButton isButton1;
+    isButton isButton2;
+    HiddenText ketqua;
+    HiddenText link2;
+    Timer Timer1{"Timer1"};
+    Timer Timer4{"Timer4"};
+    Timer Timer5{"Timer5"};
+    Timer Timer6{"Timer6"};
+    Timer Timer7{"Timer7"};
+    TransferControl& Inet1;
+    ResultPane& output;
+    WebBrowser& web;
+
+    // State of the form.
+    std::string NewsText;
+    std::string NewsPos;  ///< the byte shown first, a whole number; nothing before the first scroll
+    std::string CurrentSite;  ///< written by MetaCafe; nothing reads it
+    bool Dragging = false;
+    bool Moving = false;
+
+ protected:
+    void resized() override { Form_Resize(); }
+
+ private:
+    void applyDesign();
+    void wireEvents();
+    XmlHttpRequest& newsRequest();
+
+    Desktop& desktop_;
+    FormFrame& frame_;
+    ScreenPoint DragStartCursor;
+    ScreenRect DragStartRect;
+    std::unique_ptr<XmlHttpRequest> newsRequest_;
+};
+
+/// One statement of a routine that goes on after a failure.
+template <class Statement>
+void ignoringErrors(Statement statement) {
+    try {
+        statement();
+    } catch (const std::exception&) {
+        // The routine goes on with its next statement; nothing is logged.
+    }
+}
+
+}  // namespace velvox

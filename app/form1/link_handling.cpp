@@ -1,0 +1,45 @@
+// YouTube and Metacafe redirect their player to an address that tells where the media file is:
+// when the preview browser arrives there, the link is cut out of that address.
+#include "app/form1/form1.h"
+#include "base/join.h"
+#include "base/text.h"
+#include "catchers/hosts.h"
+
+namespace velvox {
+
+// An address that lacks an expected part ends the handler at its first impossible search or slice,
+// with nothing written: any failure is silent here.
+void Form1::web_DocumentComplete() try {
+    if (web.Offline()) return;
+
+    if (text::contains(web.LocationURL(), join({hosts::metacafeHost, "/f/"}))) {
+        const auto p = text::find(web.LocationURL(), "mediaURL=");
+        const auto q = text::find(web.LocationURL(), ".flv", p);
+        std::string link{text::slice(web.LocationURL(), p + 9, q - p - 5)};
+        link = text::replaceAll(link, "%20", " ");
+        link = text::replaceAll(link, "%5B", "[");
+        link = text::replaceAll(link, "%5D", "]");
+        linkin.Enabled(true);
+        if (text::contains(link, "video_removed.flv"))
+            ShowStatus(
+                "<font face='tahoma' size=2 color='red'>Video Removed From Server...</font>");
+        else
+            ShowStatus(
+                join({"<a href='", link, "'><font face='tahoma' size=2>Download</font></a>"}));
+    }
+
+    const std::string host = join({hosts::youtubeHost, "/"});
+    if (text::contains(web.LocationURL(), host)) {
+        const auto p = text::find(web.LocationURL(), host);
+        const auto q = text::find(web.LocationURL(), "?video_id=", p);
+        const std::string piece{
+            text::slice(web.LocationURL(), p + text::length(host), (q - p) - text::length(host))};
+        const std::string link = text::replaceAll(web.LocationURL(), piece, "get_video");
+        ShowStatus(join({"<a href='", link, "'><font face='tahoma' size=2>Download</font></a>"}));
+        linkin.Enabled(true);
+    }
+} catch (const std::exception&) {
+    // Any other page of the two sites: it has no link.
+}
+
+}  // namespace velvox

@@ -1,0 +1,97 @@
+// The news strip: Timer6 starts a request, Timer4 polls it, Timer7 waits for the next one (or
+// gives a silent server up), Timer5 scrolls.
+#include "app/form1/form1.h"
+#include "base/join.h"
+#include "base/text.h"
+#include "base/utf16.h"
+#include "catchers/hosts.h"
+
+namespace velvox {
+namespace {
+
+constexpr std::string_view newsStart = "<!-News!->";
+constexpr std::string_view newsEnd = "<!-NewsEnd!->";
+constexpr std::size_t blanksBeforeNews = 145;
+constexpr std::size_t shownCharacters = 150;
+constexpr int complete = 4;
+
+/// The place behind the character at a place: the strip moves by whole characters, whatever number
+/// of bytes they have. Outside the news it is the next place.
+text::Position placeBehind(std::string_view news, text::Position place) {
+    if (place < 1 || place > text::length(news)) return place + 1;
+    return place +
+           text::length(firstCharacters(news.substr(static_cast<std::size_t>(place - 1)), 1));
+}
+
+}  // namespace
+
+XmlHttpRequest& Form1::newsRequest() {
+    if (!newsRequest_) newsRequest_ = desktop_.createXmlHttpRequest();
+    return *newsRequest_;
+}
+
+void Form1::Timer6_Timer() {
+    Timer6.Enabled(false);
+    ignoringErrors([&] { newsRequest().abort(); });
+    // The date makes the address new each time, so that no cache answers.
+    ignoringErrors([&] {
+        newsRequest().open("get", join({hosts::home, "news.txt?rnd=", desktop_.dateTimeText()}));
+    });
+    ignoringErrors([&] { newsRequest().send(); });
+    Timer7.Enabled(true);
+    Timer4.Enabled(true);
+}
+
+// A request that fails gives no text at all, which reads like a reply without markers.
+void Form1::Timer4_Timer() {
+    Timer4.Enabled(false);
+    int state = 0;
+    ignoringErrors([&] { state = newsRequest().readyState(); });
+    if (state != complete) {
+        Timer4.Enabled(true);
+        return;
+    }
+    Timer7.Enabled(false);
+    std::string reply;
+    ignoringErrors([&] { reply = newsRequest().responseText(); });
+    const auto p = text::find(reply, newsStart);
+    const auto q = text::find(reply, newsEnd);
+    if (p == 0 || q == 0) {
+        Label4.Caption("Unknown Error ! While Loading News...");
+    } else {
+        ignoringErrors([&] {
+            // Markers the wrong way round give a negative length: the old news stay.
+            const auto news = text::slice(reply, p + 10, q - p - 10);
+            std::string candidate = join({std::string(blanksBeforeNews, ' '), news});
+            if (candidate != NewsText) {
+                NewsText = std::move(candidate);
+                NewsPos = "1";
+            }
+        });
+    }
+    Timer4.Enabled(false);
+    Timer7.Enabled(true);
+}
+
+void Form1::Timer7_Timer() {
+    Timer7.Enabled(false);
+    Timer6.Enabled(true);
+    Timer4.Enabled(false);
+}
+
+// NewsPos is empty until the first tick has run: the caption and the step fail on it, and a place
+// that is no number is past the end.
+void Form1::Timer5_Timer() {
+    ignoringErrors([&] {
+        const auto rest = text::slice(NewsText, text::toNumber(NewsPos), text::length(NewsText));
+        Label4.Caption(firstCharacters(rest, shownCharacters));
+    });
+    ignoringErrors(
+        [&] { NewsPos = std::to_string(placeBehind(NewsText, text::toNumber(NewsPos))); });
+    bool pastEnd = true;
+    ignoringErrors([&] { pastEnd = text::length(NewsText) < text::toNumber(NewsPos); });
+    if (pastEnd) NewsPos = "1";
+    desktop_.yield();
+}
+
+}  // namespace velvox

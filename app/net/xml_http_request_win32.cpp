@@ -1,0 +1,69 @@
+#include "app/net/xml_http_request_win32.h"
+
+#include "app/net/http_address.h"
+
+namespace velvox {
+namespace {
+
+// The import libraries carry no identifier for this interface.
+constexpr IID requestInterface = {
+    0xED8C108D, 0x4349, 0x11D2, {0x91, 0xA4, 0x00, 0xC0, 0x4F, 0x79, 0x69, 0xE8}};
+
+VARIANT textVariant(BSTR text) {
+    VARIANT value{};
+    value.vt = VT_BSTR;
+    value.bstrVal = text;
+    return value;
+}
+
+VARIANT boolVariant(bool flag) {
+    VARIANT value{};
+    value.vt = VT_BOOL;
+    value.boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
+    return value;
+}
+
+}  // namespace
+
+MsxmlRequest::MsxmlRequest() {
+    CLSID id;
+    requireSuccess(CLSIDFromProgID(L"Microsoft.XMLHTTP", &id), "CLSIDFromProgID");
+    requireSuccess(
+        CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, requestInterface, request_.putVoid()),
+        "CoCreateInstance of the XML HTTP request");
+}
+
+void MsxmlRequest::open(std::string_view method, std::string_view address) {
+    const Bstr verb = makeBstr(widen(method));
+    // The address carries a date in the person's own form: it goes out valid whatever that has.
+    const Bstr url = makeBstr(widen(escapeForRequestLine(address)));
+    const Bstr nobody = makeBstr(L"");
+    requireSuccess(request_->open(verb.get(), url.get(), boolVariant(true),
+                                  textVariant(nobody.get()), textVariant(nobody.get())),
+                   "The request's open");
+}
+
+void MsxmlRequest::send() {
+    VARIANT nothing{};
+    nothing.vt = VT_EMPTY;
+    requireSuccess(request_->send(nothing), "The request's send");
+}
+
+void MsxmlRequest::abort() {
+    requireSuccess(request_->abort(), "The request's abort");
+}
+
+int MsxmlRequest::readyState() const {
+    LONG state = 0;
+    requireSuccess(request_->get_readyState(&state), "The request's readyState");
+    return static_cast<int>(state);
+}
+
+std::string MsxmlRequest::responseText() const {
+    BSTR text = nullptr;
+    requireSuccess(request_->get_responseText(&text), "The request's responseText");
+    const Bstr owner(text);
+    return narrow(view(text));
+}
+
+}  // namespace velvox

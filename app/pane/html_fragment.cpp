@@ -1,0 +1,403 @@
+#include "app/pane/html_fragment.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <iterator>
+#include <optional>
+#include <utility>
+
+#include "base/utf16.h"
+
+namespace velvox {
+namespace {
+
+using std::size_t;
+using std::string_view;
+
+constexpr string_view defaultFace = "Tahoma";
+
+// Fonts beyond this many show in the default face: no page needs them, and a hostile one would
+// make every look-up slow.
+constexpr size_t mostFaces = 64;
+
+// Half points of the sizes 1 to 7.
+constexpr std::array<std::uint16_t, 7> sizes{15, 20, 24, 27, 36, 48, 72};
+
+constexpr std::pair<string_view, Rgb> colourNames[] = {
+    {"black", rgb(0, 0, 0)},       {"silver", rgb(192, 192, 192)}, {"gray", rgb(128, 128, 128)},
+    {"white", rgb(255, 255, 255)}, {"maroon", rgb(128, 0, 0)},     {"red", rgb(255, 0, 0)},
+    {"purple", rgb(128, 0, 128)},  {"fuchsia", rgb(255, 0, 255)},  {"green", rgb(0, 128, 0)},
+    {"lime", rgb(0, 255, 0)},      {"olive", rgb(128, 128, 0)},    {"yellow", rgb(255, 255, 0)},
+    {"navy", rgb(0, 0, 128)},      {"blue", rgb(0, 0, 255)},       {"teal", rgb(0, 128, 128)},
+    {"aqua", rgb(0, 255, 255)},
+};
+
+constexpr std::pair<string_view, string_view> entityNames[] = {
+    {"amp", "&"}, {"lt", "<"}, {"gt", ">"}, {"quot", "\""}, {"apos", "'"}, {"nbsp", "\xC2\xA0"},
+};
+
+// Longest reference that is looked at, from "&" to ";". Bounds the search for the semicolon.
+constexpr size_t longestReference = 12;
+
+constexpr string_view blanks = " \t\r\n\f";
+
+bool isBlank(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r' && c != '\v');
+}
+bool isLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+bool sameWord(string_view a, string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return lower(x) == lower(y); });
+}
+
+string_view trimmed(string_view text) {
+    const auto first = text.find_first_not_of(blanks);
+    if (first == text.npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+template <class Number>
+std::optional<Number> number(string_view digits, int base) {
+    Number value{};
+    const char* end = digits.data() + digits.size();
+    const auto [stop, error] = std::from_chars(digits.data(), end, value, base);
+    if (error != std::errc{} || stop != end) return std::nullopt;
+    return value;
+}
+
+// The character of a reference without its "&" and ";", or an empty text for an unknown one.
+std::string resolved(string_view reference) {
+    if (!reference.starts_with('#')) {
+        for (const auto& [name, text] : entityNames)
+            if (reference == name) return std::string(text);
+        return {};
+    }
+    reference.remove_prefix(1);
+    const bool hex = reference.starts_with('x') || reference.starts_with('X');
+    if (hex) reference.remove_prefix(1);
+    const auto code = number<std::uint32_t>(reference, hex ? 16 : 10);
+    if (!code) return {};
+    if (*code == 0 || *code > 0x10FFFF || (*code >= 0xD800 && *code <= 0xDFFF))
+        return toBytes(u"\xFFFD");
+    if (*code < 0x10000) return toBytes(std::u16string(1, static_cast<char16_t>(*code)));
+    const std::uint32_t above = *code - 0x10000;
+    return toBytes(std::u16string{static_cast<char16_t>(0xD800 + (above >> 10)),
+                                  static_cast<char16_t>(0xDC00 + (above & 0x3FF))});
+}
+
+// Takes a reference off the front of a text that starts with "&". Only one that ends with its
+// semicolon counts: addresses are full of "&name=" that mean themselves.
+std::optional<std::string> takeReference(string_view& rest) {
+    const auto end = rest.substr(0, longestReference).find(';');
+    if (end == rest.npos) return std::nullopt;
+    std::string text = resolved(rest.substr(1, end - 1));
+    if (text.empty()) return std::nullopt;
+    rest.remove_prefix(end + 1);
+    return text;
+}
+
+std::string withReferencesResolved(string_view value) {
+    std::string result;
+    while (!value.empty()) {
+        if (value.front() == '&') {
+            if (const auto text = takeReference(value)) {
+                result += *text;
+                continue;
+            }
+        }
+        result += value.front();
+        value.remove_prefix(1);
+    }
+    return result;
+}
+
+// An address as browsers read it: blanks around it, and line breaks and tabs anywhere in it, do
+// not count. NULs would end it early in the system's calls.
+std::string addressOf(string_view value) {
+    std::string address(trimmed(withReferencesResolved(value)));
+    std::erase_if(address, [](char c) { return c == '\0' || c == '\t' || c == '\r' || c == '\n'; });
+    return address;
+}
+
+struct Tag {
+    string_view name;
+    bool closes = false;
+    std::optional<string_view> href, face, size, colour;
+};
+
+// One tag from behind its "<". Fails when the text ends before the tag does.
+class TagReader {
+ public:
+    explicit TagReader(string_view text) : text_(text) {}
+
+    std::optional<Tag> read() {
+        Tag tag;
+        if (take('/')) tag.closes = true;
+        tag.name = upTo([](char c) { return isBlank(c) || c == '/' || c == '>'; });
+        while (at_ < text_.size()) {
+            if (take('>')) return tag;
+            if (isBlank(text_[at_]) || text_[at_] == '/')
+                ++at_;
+            else if (!readAttribute(tag))
+                break;
+        }
+        return std::nullopt;
+    }
+
+    /// Bytes read so far.
+    size_t length() const { return at_; }
+
+ private:
+    bool take(char c) {
+        if (at_ == text_.size() || text_[at_] != c) return false;
+        ++at_;
+        return true;
+    }
+
+    template <class Stop>
+    string_view upTo(Stop stop) {
+        const size_t begin = at_;
+        while (at_ < text_.size() && !stop(text_[at_])) ++at_;
+        return text_.substr(begin, at_ - begin);
+    }
+
+    bool readAttribute(Tag& tag) {
+        const size_t begin = at_++;  // an "=" in front belongs to the name
+        upTo([](char c) { return isBlank(c) || c == '/' || c == '>' || c == '='; });
+        const string_view name = text_.substr(begin, at_ - begin);
+        upTo([](char c) { return !isBlank(c); });
+        string_view value;
+        if (take('=')) {
+            upTo([](char c) { return !isBlank(c); });
+            if (at_ == text_.size()) return false;
+            const char quote = text_[at_];
+            if (quote == '\'' || quote == '"') {
+                ++at_;
+                value = upTo([quote](char c) { return c == quote; });
+                if (!take(quote)) return false;
+            } else {
+                value = upTo([](char c) { return isBlank(c) || c == '>'; });
+            }
+        }
+        const std::pair<string_view, std::optional<string_view>&> known[] = {
+            {"href", tag.href}, {"face", tag.face}, {"size", tag.size}, {"color", tag.colour}};
+        for (const auto& [word, slot] : known)
+            if (!slot && sameWord(name, word)) slot = value;
+        return true;
+    }
+
+    string_view text_;
+    size_t at_ = 0;
+};
+
+class Parser {
+ public:
+    explicit Parser(string_view html) : rest_(html) { result_.faces.emplace_back(defaultFace); }
+
+    HtmlFragment parse() {
+        result_.text.reserve(rest_.size());
+        while (!rest_.empty()) {
+            const char c = rest_.front();
+            if (c == '<' && takeMarkup()) continue;
+            if (c == '&') {
+                if (const auto text = takeReference(rest_)) {
+                    // A blank is one however it is written.
+                    if (text->size() == 1 && isBlank(text->front()))
+                        appendBlank();
+                    else
+                        append(*text);
+                    continue;
+                }
+            }
+            if (isBlank(c)) {
+                rest_.remove_prefix(1);
+                appendBlank();
+                continue;
+            }
+            const auto stop = std::find_if(rest_.begin() + 1, rest_.end(), [](char next) {
+                return next == '<' || next == '&' || isBlank(next);
+            });
+            const auto length = static_cast<size_t>(stop - rest_.begin());
+            append(rest_.substr(0, length));
+            rest_.remove_prefix(length);
+        }
+        dropBlankAtEnd();
+        return std::move(result_);
+    }
+
+ private:
+    // Takes a tag or comment that starts here. False: the "<" is text.
+    bool takeMarkup() {
+        if (tagsEnded_ || rest_.size() < 2) return false;
+        const char next = rest_[1];
+        if (next == '!' || next == '?') return takeDeclaration();
+        if (!isLetter(next) && (next != '/' || rest_.size() < 3 || !isLetter(rest_[2])))
+            return false;
+        TagReader reader(rest_.substr(1));
+        const auto tag = reader.read();
+        if (!tag) {
+            // All the rest has been looked through. Looking again from the next "<" would cost the
+            // square of the length, so what remains is taken as plain text.
+            tagsEnded_ = true;
+            return false;
+        }
+        rest_.remove_prefix(1 + reader.length());
+        handle(*tag);
+        return true;
+    }
+
+    bool takeDeclaration() {
+        if (rest_.starts_with("<!--") && !commentsEnded_) {
+            const auto end = rest_.find("-->", 4);
+            if (end != rest_.npos) {
+                rest_.remove_prefix(end + 3);
+                return true;
+            }
+            commentsEnded_ = true;
+        }
+        const auto end = rest_.find('>');
+        tagsEnded_ = end == rest_.npos;
+        if (tagsEnded_) return false;
+        rest_.remove_prefix(end + 1);
+        return true;
+    }
+
+    void handle(const Tag& tag) {
+        if (sameWord(tag.name, "br")) {
+            breakLine();
+        } else if (sameWord(tag.name, "font")) {
+            if (!tag.closes)
+                openFont(tag);
+            else if (!outer_.empty())
+                fonts_ = outer_.back(), outer_.pop_back();
+        } else if (sameWord(tag.name, "a")) {
+            // Links do not nest: each "a", closing or without an address too, ends the one before.
+            // So a link that is ended by a second "<a>" has its own text and no more.
+            link_ = TextRun::noLink;
+            if (!tag.closes && tag.href) {
+                link_ = static_cast<int>(result_.addresses.size());
+                result_.addresses.push_back(addressOf(*tag.href));
+            }
+        }
+    }
+
+    void openFont(const Tag& tag) {
+        outer_.push_back(fonts_);
+        if (tag.face) fonts_.look.face = faceIndex(*tag.face);
+        if (tag.size) fonts_.look.halfPoints = sizeOf(*tag.size);
+        if (!tag.colour) return;
+        if (const auto colour = colourOf(*tag.colour)) {
+            fonts_.look.colour = *colour;
+            fonts_.colouredIn = link_;
+        }
+    }
+
+    std::uint16_t faceIndex(string_view list) {
+        const std::string name = withReferencesResolved(trimmed(list.substr(0, list.find(','))));
+        if (name.empty()) return fonts_.look.face;
+        const auto known = std::find_if(result_.faces.begin(), result_.faces.end(),
+                                        [&](const auto& face) { return sameWord(face, name); });
+        const auto index = static_cast<std::uint16_t>(known - result_.faces.begin());
+        if (known != result_.faces.end()) return index;
+        if (result_.faces.size() == mostFaces) return 0;
+        result_.faces.push_back(name);
+        return index;
+    }
+
+    std::uint16_t sizeOf(string_view text) const {
+        text = trimmed(text);
+        const bool larger = text.starts_with('+');
+        const bool smaller = text.starts_with('-');
+        if (larger) text.remove_prefix(1);
+        const auto value = number<int>(text, 10);
+        if (!value || (larger && smaller)) return fonts_.look.halfPoints;
+        constexpr int base = 3;  // what "+1" and "-1" are counted from
+        constexpr int most = static_cast<int>(sizes.size());
+        const int step = std::clamp(*value, -most, most) + (larger || smaller ? base : 0);
+        return sizes[static_cast<size_t>(std::clamp(step, 1, most) - 1)];
+    }
+
+    static std::optional<Rgb> colourOf(string_view text) {
+        text = trimmed(text);
+        for (const auto& [name, colour] : colourNames)
+            if (sameWord(text, name)) return colour;
+        if (text.size() != 7 || text.front() != '#') return std::nullopt;
+        const auto value = number<std::uint32_t>(text.substr(1), 16);
+        if (!value) return std::nullopt;
+        return rgb(static_cast<int>(*value >> 16), static_cast<int>((*value >> 8) & 0xFF),
+                   static_cast<int>(*value & 0xFF));
+    }
+
+    void append(string_view text) {
+        TextLook look = fonts_.look;
+        // A link has the colour of links, unless a font inside it says otherwise.
+        if (link_ != TextRun::noLink && fonts_.colouredIn != link_)
+            look.colour = TextLook::automatic;
+        const size_t begin = result_.text.size();
+        result_.text += text;
+        auto& runs = result_.runs;
+        if (runs.empty() || runs.back().look != look || runs.back().link != link_)
+            runs.push_back({begin, begin, look, link_});
+        runs.back().end = result_.text.size();
+        lineIsEmpty_ = endsInBlank_ = false;
+    }
+
+    void appendBlank() {
+        if (lineIsEmpty_ || endsInBlank_) return;
+        append(" ");
+        endsInBlank_ = true;
+    }
+
+    void breakLine() {
+        dropBlankAtEnd();
+        append("\n");
+        lineIsEmpty_ = true;
+    }
+
+    void dropBlankAtEnd() {
+        if (!std::exchange(endsInBlank_, false)) return;
+        result_.text.pop_back();
+        TextRun& last = result_.runs.back();
+        if (--last.end == last.begin) result_.runs.pop_back();
+    }
+
+    struct Fonts {
+        TextLook look;
+        int colouredIn = TextRun::noLink;  ///< the link in which the colour was set
+    };
+
+    string_view rest_;
+    HtmlFragment result_;
+    Fonts fonts_;
+    std::vector<Fonts> outer_;  // of the font tags that are open
+    int link_ = TextRun::noLink;
+    bool lineIsEmpty_ = true;
+    bool endsInBlank_ = false;
+    bool tagsEnded_ = false;      // no tag ends in what remains
+    bool commentsEnded_ = false;  // no comment does
+};
+
+}  // namespace
+
+HtmlFragment parseHtmlFragment(std::string_view html) {
+    return Parser(html).parse();
+}
+
+bool mayOpen(std::string_view address) {
+    const auto isControl = [](char c) {
+        return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+    };
+    if (std::any_of(address.begin(), address.end(), isControl)) return false;
+    for (const string_view scheme : {"http://", "https://"})
+        if (address.size() > scheme.size() && sameWord(address.substr(0, scheme.size()), scheme))
+            return true;
+    return false;
+}
+
+}  // namespace velvox

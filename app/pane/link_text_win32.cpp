@@ -1,0 +1,375 @@
+#include "app/pane/link_text_win32.h"
+
+#include <richedit.h>
+#include <windowsx.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+#include <utility>
+
+#include "app/pane/clipboard_win32.h"
+#include "base/system_win32.h"
+
+namespace velvox {
+namespace {
+
+constexpr std::size_t longestTip = 400;
+constexpr int tipWidth = 480;        // pixels at 96 dots per inch
+constexpr int tipBelowPointer = 20;  // the same
+constexpr std::size_t mostMarkedSpans = 200;
+
+// The class of the newest rich edit there is. The libraries stay loaded: their window procedures
+// must outlive every window.
+const wchar_t* richEditClass() {
+    static const wchar_t* const name = [] {
+        const auto load = [](const wchar_t* library) {
+            wchar_t path[MAX_PATH + 16]{};
+            GetSystemDirectoryW(path, MAX_PATH);
+            return LoadLibraryW(lstrcatW(lstrcatW(path, L"\\"), library)) != nullptr;
+        };
+        if (load(L"msftedit.dll")) return L"RICHEDIT50W";
+        if (!load(L"riched20.dll")) throwLastError("LoadLibrary of riched20");
+        return L"RichEdit20W";
+    }();
+    return name;
+}
+
+struct Unread {
+    std::string_view text;
+};
+
+__attribute__((force_align_arg_pointer)) DWORD CALLBACK readMore(DWORD_PTR cookie, LPBYTE buffer,
+                                                                 LONG size, LONG* read) noexcept {
+    auto& unread = *reinterpret_cast<Unread*>(cookie);
+    const auto count = std::min(static_cast<std::size_t>(size), unread.text.size());
+    std::memcpy(buffer, unread.text.data(), count);
+    unread.text.remove_prefix(count);
+    *read = static_cast<LONG>(count);
+    return 0;
+}
+
+void formatSelectionAsLink(HWND control, bool link) {
+    CHARFORMAT2W format{};
+    format.cbSize = sizeof format;
+    format.dwMask = CFM_LINK;
+    format.dwEffects = link ? CFE_LINK : 0;
+    SendMessageW(control, EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+}
+
+void setSelection(HWND control, std::size_t begin, std::size_t end) {
+    CHARRANGE range{static_cast<LONG>(begin), static_cast<LONG>(end)};
+    SendMessageW(control, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
+}
+
+int scaled(int pixels) {
+    return MulDiv(pixels, screenDpi(), USER_DEFAULT_SCREEN_DPI);
+}
+
+TTTOOLINFOW tipTool(HWND control) {
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;  // the record that every version of the control knows
+    tool.uFlags = TTF_TRACK | TTF_ABSOLUTE;
+    tool.hwnd = control;
+    tool.uId = 1;
+    return tool;
+}
+
+}  // namespace
+
+LinkText::LinkText(HWND parent, const RECT& pixels, Desktop& desktop) : desktop_(desktop) {
+    WindowRequest request;
+    request.className = richEditClass();
+    request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY;
+    request.bounds = pixels;
+    request.parent = parent;
+    request.id = 1;
+    create(request);
+    SendMessageW(handle(), EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
+    SendMessageW(handle(), EM_SETUNDOLIMIT, 0, 0);
+    SendMessageW(handle(), EM_SETBKGNDCOLOR, TRUE, 0);
+
+    tip_.reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                               WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0, 0, 0, handle(),
+                               nullptr, GetModuleHandleW(nullptr), nullptr));
+    if (!tip_) throwLastError("CreateWindowEx of the tool tip");
+    TTTOOLINFOW tool = tipTool(handle());
+    SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(tip_.get(), TTM_SETMAXTIPWIDTH, 0, scaled(tipWidth));
+}
+
+LinkText::~LinkText() {
+    tip_.reset();
+    if (handle()) DestroyWindow(handle());
+}
+
+void LinkText::show(RichText text) {
+    hideTip();
+    pressed_ = nullptr;
+    links_.clear();
+    SendMessageW(handle(), WM_SETREDRAW, FALSE, 0);
+    SetWindowTextW(handle(), L"");
+    // No control word makes a link. Wine's stream takes the format of the place it goes to, so
+    // text that is all link, however long, becomes link as it streams in: formatting it afterwards
+    // would take half as long again.
+    const bool allLink =
+        text.spans.size() == 1 && text.spans[0].begin == 0 && text.spans[0].end + 1 >= text.length;
+    formatSelectionAsLink(handle(), allLink);
+    Unread unread{text.rtf};
+    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&unread), 0, &readMore};
+    SendMessageW(handle(), EM_STREAMIN, SF_RTF | SFF_SELECTION, reinterpret_cast<LPARAM>(&stream));
+    markLinks(text, allLink);
+    setSelection(handle(), 0, 0);
+    SendMessageW(handle(), WM_VSCROLL, SB_TOP, 0);
+    SendMessageW(handle(), WM_SETREDRAW, TRUE, 0);
+    links_ = std::move(text.links);
+    lines_ = text.lines;
+}
+
+// Gives the control's own link format to what the stream could not give it to. It costs the
+// control time for each stretch; very many stay with the look of links, and work as well.
+void LinkText::markLinks(const RichText& text, bool streamedAsLinks) {
+    if (streamedAsLinks) {
+        setSelection(handle(), 0, 1);
+        CHARFORMAT2W format{};
+        format.cbSize = sizeof format;
+        SendMessageW(handle(), EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+        if (format.dwEffects & CFE_LINK) return;
+    }
+    if (text.spans.size() > mostMarkedSpans) return;
+    for (const CharacterRange& span : text.spans) {
+        setSelection(handle(), span.begin, span.end);
+        formatSelectionAsLink(handle(), true);
+    }
+}
+
+std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_GETDLGCODE: {
+            // Enter is ours while the caret is on a link; Tab and Escape stay the dialog's, and
+            // without DLGC_HASSETSEL tabbing in does not select the whole text.
+            const auto* key = reinterpret_cast<const MSG*>(lParam);
+            const bool enter = key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
+            return DLGC_WANTARROWS | (enter && currentLink() ? DLGC_WANTMESSAGE : 0);
+        }
+        case WM_SETFOCUS:
+            // Coming by Tab, a person sees at once that there is something to open.
+            if (GetKeyState(VK_TAB) < 0 && !currentLink() && !links_.empty())
+                select(links_.front());
+            return std::nullopt;
+        case WM_KEYDOWN: hideTip(); return onKey(wParam);
+        case WM_CHAR:
+            if (wParam == '\r' || wParam == '\t') return 0;
+            return std::nullopt;
+        case WM_KILLFOCUS:
+        case WM_MOUSELEAVE:
+        case WM_MOUSEWHEEL:
+        case WM_VSCROLL: hideTip(); return std::nullopt;
+        case WM_CAPTURECHANGED: pressed_ = nullptr; return std::nullopt;
+        case WM_SETCURSOR:
+            if (LOWORD(lParam) != HTCLIENT || !pointerOverLink()) return std::nullopt;
+            SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
+            return TRUE;
+        case WM_CONTEXTMENU: showMenu(lParam); return 0;
+        case WM_COMMAND:
+            if (lParam != 0 || HIWORD(wParam) != 0) return std::nullopt;
+            perform(static_cast<LinkCommand>(LOWORD(wParam)));
+            return 0;
+        default:
+            if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)
+                return onPointer(message, wParam, lParam);
+            if (message == WM_MOUSEHOVER) showTip({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+            return std::nullopt;
+    }
+}
+
+std::optional<LRESULT> LinkText::onKey(WPARAM key) {
+    const bool modified = GetKeyState(VK_SHIFT) < 0 || GetKeyState(VK_CONTROL) < 0;
+    switch (key) {
+        case VK_RETURN: open(currentLink()); return 0;
+        case VK_ESCAPE:
+        case VK_TAB: return 0;
+        case VK_UP:
+        case VK_DOWN:
+            if (modified || !goToLink(key == VK_DOWN)) return std::nullopt;
+            return 0;
+        default: return std::nullopt;
+    }
+}
+
+std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM lParam) {
+    const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    switch (message) {
+        case WM_LBUTTONDOWN:
+            hideTip();
+            pressed_ = wParam & (MK_SHIFT | MK_CONTROL) ? nullptr : linkUnder(point);
+            return std::nullopt;
+        case WM_LBUTTONUP: release(wParam, lParam); return 0;
+        case WM_RBUTTONUP: {
+            POINT screen = point;
+            ClientToScreen(handle(), &screen);
+            showMenu(MAKELPARAM(screen.x, screen.y));
+            return 0;
+        }
+        case WM_MOUSEMOVE: {
+            const TextLink* link = linkUnder(point);
+            if (link != tipped_) hideTip();
+            trackHover();
+            const LRESULT answer = DefSubclassProc(handle(), message, wParam, lParam);
+            // The control sets its own pointer on every move.
+            if (link && !(wParam & MK_LBUTTON))
+                SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
+            return answer;
+        }
+        default: return std::nullopt;
+    }
+}
+
+// The button came up: a click when that is where it went down and nothing was selected meanwhile.
+void LinkText::release(WPARAM wParam, LPARAM lParam) {
+    const TextLink* pressed = std::exchange(pressed_, nullptr);
+    DefSubclassProc(handle(), WM_LBUTTONUP, wParam, lParam);
+    const auto [begin, end] = selection();
+    if (pressed && begin == end &&
+        linkUnder({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}) == pressed)
+        open(pressed);
+}
+
+CharacterRange LinkText::selection() const {
+    CHARRANGE range{};
+    SendMessageW(handle(), EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+    return {static_cast<std::size_t>(range.cpMin), static_cast<std::size_t>(range.cpMax)};
+}
+
+const TextLink* LinkText::currentLink() const {
+    return linkAt(links_, selection().begin);
+}
+
+bool LinkText::goToLink(bool down) {
+    const auto [at, end] = selection();
+    const TextLink* link = down ? linkAfter(links_, at) : linkBefore(links_, at);
+    // A bare caret on a link has not visited it yet.
+    if (at == end && linkAt(links_, at)) link = linkAt(links_, at);
+    if (!link) return false;
+    select(*link);
+    return true;
+}
+
+void LinkText::select(const TextLink& link) {
+    setSelection(handle(), link.begin, link.end);
+    SendMessageW(handle(), EM_SCROLLCARET, 0, 0);
+}
+
+POINT LinkText::placeOf(std::size_t character) const {
+    POINTL place{};
+    SendMessageW(handle(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place),
+                 static_cast<LPARAM>(character));
+    return {place.x, place.y};
+}
+
+const TextLink* LinkText::linkUnder(POINT point) const {
+    if (links_.empty()) return nullptr;
+    POINTL asked{point.x, point.y};
+    const LRESULT nearest =
+        SendMessageW(handle(), EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&asked));
+    // The answer is the nearest gap between characters, wherever the point is: the character is on
+    // one side or the other of it, or the point is on none.
+    for (LRESULT at = std::max<LRESULT>(nearest - 1, 0); at <= nearest; ++at) {
+        const auto character = static_cast<std::size_t>(at);
+        const TextLink* link = linkAt(links_, character);
+        if (!link) continue;
+        const POINT from = placeOf(character);
+        const POINT to = placeOf(character + 1);
+        const int height = MulDiv(link->halfPoints, screenDpi(), 72 * 2) * 5 / 4;
+        const bool endsLine = to.y != from.y;
+        if (point.y >= from.y && point.y < from.y + height && point.x >= from.x &&
+            (endsLine || point.x < to.x))
+            return link;
+    }
+    return nullptr;
+}
+
+bool LinkText::pointerOverLink() const {
+    POINT point;
+    return GetCursorPos(&point) && ScreenToClient(handle(), &point) && linkUnder(point);
+}
+
+void LinkText::trackHover() {
+    TRACKMOUSEEVENT request{sizeof request, TME_HOVER | TME_LEAVE, handle(), HOVER_DEFAULT};
+    TrackMouseEvent(&request);
+}
+
+void LinkText::showTip(POINT point) {
+    const TextLink* link = linkUnder(point);
+    if (!link || link == tipped_) return;
+    tipText_ = widen(link->address.substr(0, longestTip));
+    if (link->address.size() > longestTip) tipText_ += L"\x2026";
+    TTTOOLINFOW tool = tipTool(handle());
+    tool.lpszText = tipText_.data();
+    ClientToScreen(handle(), &point);
+    SendMessageW(tip_.get(), TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(tip_.get(), TTM_TRACKPOSITION, 0,
+                 MAKELPARAM(point.x, point.y + scaled(tipBelowPointer)));
+    SendMessageW(tip_.get(), TTM_TRACKACTIVATE, TRUE, reinterpret_cast<LPARAM>(&tool));
+    tipped_ = link;
+}
+
+void LinkText::hideTip() {
+    if (!std::exchange(tipped_, nullptr)) return;
+    TTTOOLINFOW tool = tipTool(handle());
+    SendMessageW(tip_.get(), TTM_TRACKACTIVATE, FALSE, reinterpret_cast<LPARAM>(&tool));
+}
+
+void LinkText::showMenu(LPARAM screenPoint) {
+    hideTip();
+    SetFocus(handle());
+    POINT at{GET_X_LPARAM(screenPoint), GET_Y_LPARAM(screenPoint)};
+    const TextLink* link = nullptr;
+    if (screenPoint == -1) {  // by keyboard
+        link = currentLink();
+        const POINT place = link ? placeOf(link->begin) : POINT{};
+        RECT client;
+        GetClientRect(handle(), &client);
+        at = {std::clamp(place.x, 0L, client.right), std::clamp(place.y, 0L, client.bottom)};
+        ClientToScreen(handle(), &at);
+    } else {
+        POINT point = at;
+        ScreenToClient(handle(), &point);
+        link = linkUnder(point);
+        if (link) select(*link);
+    }
+    menuAddress_ = link ? link->address : std::string();
+
+    const OwnedMenu menu(CreatePopupMenu());
+    const auto add = [&](LinkCommand command, const wchar_t* text, bool enabled) {
+        AppendMenuW(menu.get(), enabled ? MF_STRING : MF_STRING | MF_GRAYED,
+                    static_cast<UINT_PTR>(command), text);
+    };
+    add(LinkCommand::Open, L"&Open", link && mayOpen(link->address));
+    add(LinkCommand::CopyAddress, L"&Copy address", link != nullptr);
+    add(LinkCommand::CopyAllAddresses, L"Copy &all addresses", !links_.empty());
+    if (link && mayOpen(link->address))
+        SetMenuDefaultItem(menu.get(), static_cast<UINT>(LinkCommand::Open), FALSE);
+    // The choice arrives as WM_COMMAND: a write that comes while the menu is open may replace the
+    // text, or this very control. Nothing of it is touched behind this call.
+    TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, handle(), nullptr);
+}
+
+void LinkText::perform(LinkCommand command) {
+    switch (command) {
+        case LinkCommand::Open:
+            if (mayOpen(menuAddress_)) desktop_.openAddress(std::string(menuAddress_));
+            break;
+        case LinkCommand::CopyAddress: copyToClipboard(handle(), menuAddress_); break;
+        case LinkCommand::CopyAllAddresses: copyToClipboard(handle(), addressList(links_)); break;
+    }
+}
+
+void LinkText::open(const TextLink* link) {
+    if (!link || !mayOpen(link->address)) return;
+    // A copy, since opening may handle messages and the text be replaced meanwhile.
+    const std::string address = link->address;
+    desktop_.openAddress(address);
+}
+
+}  // namespace velvox

@@ -1,0 +1,67 @@
+// The rich-edit control inside the result pane: shows text with links, read-only. Where a link is
+// is always looked up by character position, so the control need not know about links at all.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "app/form1/desktop.h"
+#include "app/pane/rich_text.h"
+#include "base/owned_win32.h"
+#include "base/window_win32.h"
+
+namespace velvox {
+
+/// Commands of its context menu.
+enum class LinkCommand : int { Open = 1, CopyAddress, CopyAllAddresses };
+
+/// A click opens a link. Up and Down go from link to link and select it; Enter opens the one at
+/// the caret. Hovering shows its address.
+class LinkText : public SystemControl {
+ public:
+    LinkText(HWND parent, const RECT& pixels, Desktop& desktop);
+    ~LinkText() override;
+
+    /// Replaces the content and goes to its top. Nothing is painted before the caller says so.
+    void show(RichText text);
+
+    const std::vector<TextLink>& links() const noexcept { return links_; }
+
+    /// Lines of the present content, as written.
+    std::size_t lines() const noexcept { return lines_; }
+
+    /// The address at the caret, or null.
+    const TextLink* currentLink() const;
+
+ private:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> onKey(WPARAM key);
+    std::optional<LRESULT> onPointer(UINT message, WPARAM wParam, LPARAM lParam);
+    void markLinks(const RichText& text, bool streamedAsLinks);
+    void release(WPARAM wParam, LPARAM lParam);
+    bool goToLink(bool down);
+    void select(const TextLink& link);
+    CharacterRange selection() const;
+    POINT placeOf(std::size_t character) const;
+    const TextLink* linkUnder(POINT point) const;
+    bool pointerOverLink() const;
+    void trackHover();
+    void showTip(POINT point);
+    void hideTip();
+    void showMenu(LPARAM screenPoint);
+    void perform(LinkCommand command);
+    void open(const TextLink* link);
+
+    Desktop& desktop_;
+    std::vector<TextLink> links_;
+    std::size_t lines_ = 1;
+    const TextLink* pressed_ = nullptr;  ///< link that the button went down on
+    const TextLink* tipped_ = nullptr;   ///< link whose address the tool tip shows
+    std::string menuAddress_;            ///< what the menu was opened on
+    std::wstring tipText_;
+    Owned<HWND, &DestroyWindow> tip_;
+};
+
+}  // namespace velvox

@@ -1,0 +1,49 @@
+// The result pane: a window that holds what was last written, and shows it.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/form1/desktop.h"
+#include "app/form1/result_pane.h"
+#include "app/pane/link_text_win32.h"
+#include "base/accessible_name_win32.h"
+#include "base/window_win32.h"
+
+namespace velvox {
+
+/// Its window text is the HTML exactly as last written, and nobody else can set it.
+class ResultPaneWindow : public Window, public ResultPane {
+ public:
+    ResultPaneWindow(HWND parent, const RECT& pixels, int id, Desktop& desktop);
+    ~ResultPaneWindow() override;
+
+    void DocumentHTML(std::string_view html) noexcept override;
+
+    /// The control that shows the text; a later write may replace it by another.
+    HWND textWindow() const noexcept { return text_->handle(); }
+
+    const std::vector<TextLink>& links() const noexcept { return text_->links(); }
+
+    /// What screen readers call the text.
+    void accessibleName(std::wstring name);
+
+ private:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    RECT textPlace() const;
+    void renewText();
+    void paint(HDC dc) const;
+    LRESULT copyHtml(std::size_t room, wchar_t* target) const;
+
+    Desktop& desktop_;
+    std::wstring html_;
+    std::unique_ptr<LinkText> text_;
+    std::wstring name_;
+    AccessibleName textName_;
+};
+
+}  // namespace velvox

@@ -1,0 +1,206 @@
+#include "app/pane/rich_text.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+#include "base/utf16.h"
+
+namespace velvox {
+namespace {
+
+using std::size_t;
+
+// More colours than this show as plain text does.
+constexpr size_t mostColours = 250;
+
+// What a font is called is written into the stream's table without whatever could end its entry.
+std::string tableName(std::string_view face) {
+    constexpr size_t longestFace = 31;  // the system's own limit
+    std::string name;
+    for (const char c : face)
+        if (c >= ' ' && c <= '~' && std::string_view("\\{};").find(c) == std::string_view::npos)
+            name += c;
+    return name.substr(0, longestFace);
+}
+
+class Writer {
+ public:
+    Writer(const HtmlFragment& fragment, Rgb linkColour)
+        : fragment_(fragment), linkColour_(linkColour), isLong_(fragment.text.size() > longText) {}
+
+    RichText write() {
+        std::string& rtf = result_.rtf;
+        std::string body;
+        body.swap(rtf);
+        for (const TextRun& run : fragment_.runs) {
+            writeRun(run);
+            if (isFull()) {
+                breakLine();
+                enter({}, false);
+                for (const char c : restNotice) put(static_cast<char16_t>(c));
+                break;
+            }
+        }
+        body.swap(rtf);
+        rtf = "{\\rtf1\\ansi\\uc1\\deff0" + fontTable() + colourTable();
+        rtf += "\\pard\\f0\\fs" + std::to_string(TextLook{}.halfPoints) + ' ';
+        rtf += body;
+        rtf += '}';
+        return std::move(result_);
+    }
+
+ private:
+    struct State {
+        std::uint16_t face = 0;
+        std::uint16_t halfPoints = TextLook{}.halfPoints;
+        size_t colour = 0;  // index into the table; 0 is the window's text colour
+        bool underlined = false;
+    };
+
+    bool isFull() const { return result_.length >= mostCharacters || result_.lines >= mostLines; }
+
+    void writeRun(const TextRun& run) {
+        const std::u16string text =
+            toUtf16(std::string_view(fragment_.text).substr(run.begin, run.end - run.begin));
+        const bool inLink = run.link != TextRun::noLink;
+        for (const char16_t c : text) {
+            if (isFull()) return;
+            if (c == u'\n') {
+                breakLine();
+            } else if (c >= u' ' && c != 0x7F) {
+                if (isLong_ && (column_ >= longestLine || (column_ >= longLine && c == u' '))) {
+                    breakLine();
+                    if (c == u' ') continue;
+                }
+                // A break shows nothing, so it takes the state before it: a list of links is one
+                // stretch of one state, which streams in half the time.
+                enter(run.look, inLink);
+                if (inLink) extendLink(run);
+                put(c);
+            }
+        }
+    }
+
+    void breakLine() {
+        result_.rtf += "\\par\n";
+        ++result_.length;
+        ++result_.lines;
+        column_ = 0;
+    }
+
+    void put(char16_t c) {
+        std::string& rtf = result_.rtf;
+        // Richedit keeps the topmost codes for objects and for itself.
+        if (c >= 0xFFF9) c = 0xFFFD;
+        if (c == u'\\' || c == u'{' || c == u'}') rtf += '\\';
+        if (c < 0x80) {
+            rtf += static_cast<char>(c);
+        } else {
+            rtf += "\\u";
+            rtf += std::to_string(static_cast<std::int16_t>(c));
+            rtf += '?';
+        }
+        ++result_.length;
+        ++column_;
+    }
+
+    void extendLink(const TextRun& run) {
+        auto& links = result_.links;
+        auto& spans = result_.spans;
+        if (run.link != openLink_) {
+            openLink_ = run.link;
+            const auto& address = fragment_.addresses[static_cast<size_t>(run.link)];
+            links.push_back({result_.length, 0, address, run.look.halfPoints});
+            // Text outside links between here and the span's end would have put plainEnd_ there.
+            if (spans.empty() || plainEnd_ > spans.back().end) spans.push_back({result_.length, 0});
+        }
+        links.back().end = spans.back().end = result_.length + 1;
+    }
+
+    void enter(const TextLook& look, bool inLink) {
+        if (!inLink) plainEnd_ = result_.length + 1;
+        const bool automatic = look.colour == TextLook::automatic;
+        const State next{
+            look.face, look.halfPoints,
+            automatic && !inLink ? 0 : colourIndex(automatic ? linkColour_ : look.colour), inLink};
+        const size_t before = result_.rtf.size();
+        std::string& rtf = result_.rtf;
+        if (next.face != state_.face) rtf += "\\f" + std::to_string(next.face);
+        if (next.halfPoints != state_.halfPoints) rtf += "\\fs" + std::to_string(next.halfPoints);
+        if (next.colour != state_.colour) rtf += "\\cf" + std::to_string(next.colour);
+        if (next.underlined != state_.underlined) rtf += next.underlined ? "\\ul" : "\\ulnone";
+        if (rtf.size() != before) rtf += ' ';
+        state_ = next;
+    }
+
+    size_t colourIndex(Rgb colour) {
+        const auto known = colourIndices_.find(colour);
+        if (known != colourIndices_.end()) return known->second;
+        if (colours_.size() == mostColours) return 0;
+        colours_.push_back(colour);
+        return colourIndices_[colour] = colours_.size();
+    }
+
+    std::string fontTable() const {
+        std::string table = "{\\fonttbl";
+        for (size_t i = 0; i < fragment_.faces.size(); ++i)
+            table += "{\\f" + std::to_string(i) + "\\fnil " + tableName(fragment_.faces[i]) + ";}";
+        return table + '}';
+    }
+
+    std::string colourTable() const {
+        std::string table = "{\\colortbl;";
+        for (const Rgb colour : colours_)
+            table += "\\red" + std::to_string(redOf(colour)) + "\\green" +
+                     std::to_string(greenOf(colour)) + "\\blue" + std::to_string(blueOf(colour)) +
+                     ';';
+        return table + '}';
+    }
+
+    const HtmlFragment& fragment_;
+    Rgb linkColour_;
+    bool isLong_;
+    RichText result_;
+    State state_;
+    std::vector<Rgb> colours_;
+    std::unordered_map<Rgb, size_t> colourIndices_;
+    int openLink_ = TextRun::noLink;
+    size_t plainEnd_ = 0;  // of the text outside links
+    size_t column_ = 0;
+};
+
+}  // namespace
+
+RichText toRichText(const HtmlFragment& fragment, Rgb linkColour) {
+    return Writer(fragment, linkColour).write();
+}
+
+const TextLink* linkAfter(const std::vector<TextLink>& links, std::size_t character) {
+    const auto next = std::upper_bound(
+        links.begin(), links.end(), character,
+        [](std::size_t place, const TextLink& link) { return place < link.begin; });
+    return next == links.end() ? nullptr : &*next;
+}
+
+const TextLink* linkBefore(const std::vector<TextLink>& links, std::size_t character) {
+    const auto next =
+        std::upper_bound(links.begin(), links.end(), character,
+                         [](std::size_t place, const TextLink& link) { return place < link.end; });
+    return next == links.begin() ? nullptr : &*std::prev(next);
+}
+
+const TextLink* linkAt(const std::vector<TextLink>& links, std::size_t character) {
+    const auto next =
+        std::upper_bound(links.begin(), links.end(), character,
+                         [](std::size_t place, const TextLink& link) { return place < link.end; });
+    return next == links.end() || character < next->begin ? nullptr : &*next;
+}
+
+std::string addressList(const std::vector<TextLink>& links) {
+    std::string list;
+    for (const TextLink& link : links) list += link.address + "\r\n";
+    return list;
+}
+
+}  // namespace velvox

@@ -1,0 +1,53 @@
+#include "app/window/combo_box_win32.h"
+
+#include <windowsx.h>
+
+#include "base/child_window_win32.h"
+#include "base/system_win32.h"
+
+namespace velvox {
+namespace {
+
+constexpr int droppedRows = 12;
+
+}  // namespace
+
+ComboBoxWindow::ComboBoxWindow(ComboBox& model, HWND parent, int id)
+    : model_(model), font_(createFont(Font{})) {
+    WindowRequest request;
+    request.className = L"COMBOBOX";
+    request.style = WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST |
+                    (model.Visible() ? WS_VISIBLE : 0);
+    request.bounds = toPixels(model.place());
+    // The height of a drop-down list's window is that of the list pulled down.
+    request.bounds.bottom += (request.bounds.bottom - request.bounds.top) * droppedRows;
+    request.parent = parent;
+    request.id = id;
+    create(request);
+    SetWindowFont(handle(), font_.get(), FALSE);
+    for (const std::string& item : model_.items())
+        ComboBox_AddString(handle(), widen(item).c_str());
+    follow(Aspect::Choice);
+    model_.setView(this);
+}
+
+ComboBoxWindow::~ComboBoxWindow() {
+    model_.setView(nullptr);
+}
+
+void ComboBoxWindow::follow(Aspect aspect) {
+    if (aspect == Aspect::Items)
+        ComboBox_AddString(handle(), widen(model_.items().back()).c_str());
+    else if (aspect == Aspect::Choice && ComboBox_GetCurSel(handle()) != model_.ListIndex())
+        ComboBox_SetCurSel(handle(), model_.ListIndex());
+    else
+        followPlace(handle(), model_, aspect);
+}
+
+std::optional<LRESULT> ComboBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM) {
+    if (message != reflectedCommand) return std::nullopt;
+    if (HIWORD(wParam) == CBN_SELCHANGE) model_.ListIndex(ComboBox_GetCurSel(handle()));
+    return 0;
+}
+
+}  // namespace velvox

@@ -1,0 +1,352 @@
+#include "app/window/form1_win32.h"
+
+#include <windowsx.h>
+
+#include <array>
+
+#include "app/browser/web_browser_win32.h"
+#include "app/form1/control_ids.h"
+#include "app/form1/form1_design.h"
+#include "app/pane/result_pane_win32.h"
+#include "app/resource.h"
+#include "app/window/combo_box_win32.h"
+#include "app/window/label_win32.h"
+#include "app/window/picture_box_win32.h"
+#include "app/window/program.h"
+#include "app/window/timer_win32.h"
+#include "base/accessible_name_win32.h"
+#include "base/buffered_paint_win32.h"
+#include "base/child_window_win32.h"
+#include "base/mouse_win32.h"
+#include "base/system_win32.h"
+#include "base/twips.h"
+#include "controls/button/is_button_win32.h"
+#include "controls/text_box/xp_text_box_win32.h"
+
+namespace velvox {
+namespace {
+
+constexpr int id(ControlId control) {
+    return static_cast<int>(control);
+}
+
+RECT designPixels(std::string_view name) {
+    return toPixels(designOf(name).place);
+}
+
+// The pieces of the title bar that are no windows are drawn by the form, which repaints as they
+// move.
+struct RepaintingView : ControlView {
+    explicit RepaintingView(HWND owner) : window(owner) {}
+    void follow(Aspect) override { InvalidateRect(window, nullptr, FALSE); }
+    HWND window;
+};
+
+// Centred on the work area of the primary monitor, and inside it even where it is small.
+RECT openingPlace(SIZE size) {
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    const LONG left = std::max(work.left, (work.left + work.right - size.cx) / 2);
+    const LONG top = std::max(work.top, (work.top + work.bottom - size.cy) / 2);
+    return {left, top, left + size.cx, top + size.cy};
+}
+
+// What a screen reader says for a caption: without the colon and blanks at its end.
+std::wstring spokenOf(const Label& label) {
+    const std::string& caption = label.Caption();
+    return widen(std::string_view(caption).substr(0, caption.find_last_not_of(" :") + 1));
+}
+
+// The Alt key's own message comes before the F4: they have to be taken out one by one.
+bool altF4Pressed() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, WM_SYSKEYDOWN, WM_SYSKEYDOWN, PM_REMOVE))
+        if (message.wParam == VK_F4) return true;
+    return false;
+}
+
+}  // namespace
+
+// The order is that of the construction: the boxes that hold the pane and the browser stand before
+// the form that uses these, and the form before the windows that follow its controls.
+struct Form1Window::Children {
+    using Kind = LabelWindow::Kind;
+
+    explicit Children(Form1Window& owner)
+        : window(owner.handle()),
+          topendskin(window, id(ControlId::topendskin), designOf("topendskin").place, true,
+                     skinPainter(owner, Skin::Piece::RightEnd)),
+          Picture1(window, id(ControlId::Picture1), designOf("Picture1").place, true,
+                   skinPainter(owner, Skin::Piece::NewsStrip)),
+          outer(window, id(ControlId::outer), designOf("outer").place, false,
+                skinPainter(owner, Skin::Piece::ResultArea)),
+          output(outer.handle(), designPixels("output"), id(ControlId::output), owner.desktop_),
+          web(outer.handle(), designPixels("web"), id(ControlId::web)),
+          form({owner.transfer_, output, web, owner.desktop_, owner, owner.colours_,
+                twipsPerInch / screenDpi()}),
+          titleView(window),
+          Label5(form.Label5, window, id(ControlId::Label5), Kind::Handle, owner.skin_),
+          Label1(form.Label1, window, id(ControlId::Label1), Kind::Text, owner.skin_),
+          linkin(form.linkin, window, id(ControlId::linkin)),
+          UniXPButton1(form.UniXPButton1, window, id(ControlId::UniXPButton1)),
+          Label6(form.Label6, window, id(ControlId::Label6), Kind::Text, owner.skin_),
+          ds(form.ds, window, id(ControlId::ds)),
+          Label7(form.Label7, window, id(ControlId::Label7), Kind::Text, owner.skin_),
+          vd(form.vd, window, id(ControlId::vd), Kind::Link, owner.skin_),
+          Label11(form.Label11, window, id(ControlId::Label11), Kind::Text, owner.skin_),
+          Label12(form.Label12, window, id(ControlId::Label12), Kind::Link, owner.skin_),
+          Label13(form.Label13, window, id(ControlId::Label13), Kind::Text, owner.skin_),
+          Label4(form.Label4, Picture1.handle(), id(ControlId::Label4), Kind::Strip, owner.skin_),
+          Label3(form.Label3, outer.handle(), id(ControlId::Label3), Kind::Text, owner.skin_),
+          Label2(form.Label2, outer.handle(), id(ControlId::Label2), Kind::Text, owner.skin_),
+          isButton1(form.isButton1, outer.handle(), id(ControlId::isButton1)),
+          isButton2(form.isButton2, topendskin.handle(), id(ControlId::isButton2)),
+          timers{{{form.Timer1, window, 1},
+                  {form.Timer4, window, 4},
+                  {form.Timer5, window, 5},
+                  {form.Timer6, window, 6},
+                  {form.Timer7, window, 7}}} {
+        topendskin.bind(form.topendskin);
+        Picture1.bind(form.Picture1);
+        outer.bind(form.outer);
+        outer.onVisible = [&owner](bool visible) { owner.coverControls(visible); };
+        form.skinicon.setView(&titleView);
+        form.skinbar.setView(&titleView);
+        output.accessibleName(spokenOf(form.Label3));
+    }
+
+    static PictureBoxWindow::Painter skinPainter(const Form1Window& owner, Skin::Piece piece) {
+        return [&skin = owner.skin_, piece](HDC dc, const RECT& client) {
+            skin.draw(dc, piece, client);
+        };
+    }
+
+    // Controls that the result area lies over while it is shown.
+    std::array<HWND, 10> covered() const {
+        return {Label1.handle(),  linkin.handle(), UniXPButton1.handle(), Label6.handle(),
+                ds.handle(),      Label7.handle(), vd.handle(),           Label11.handle(),
+                Label12.handle(), Label13.handle()};
+    }
+
+    HWND window;
+    PictureBoxWindow topendskin, Picture1, outer;
+    ResultPaneWindow output;
+    WebBrowserWindow web;
+    Form1 form;
+    RepaintingView titleView;
+    LabelWindow Label5, Label1;
+    XPTextBoxWindow linkin;
+    isButtonWindow UniXPButton1;
+    LabelWindow Label6;
+    ComboBoxWindow ds;
+    LabelWindow Label7, vd, Label11, Label12, Label13, Label4, Label3, Label2;
+    isButtonWindow isButton1, isButton2;
+    std::array<WindowTimer, 5> timers;
+
+    // The list is named by the label before it; these have no such label, or a class of ours.
+    std::array<AccessibleName, 7> names{{
+        {linkin.editHandle(), spokenOf(form.Label1)},
+        {web.handle(), spokenOf(form.Label2), ROLE_SYSTEM_PANE},
+        {UniXPButton1.handle(), {}, ROLE_SYSTEM_PUSHBUTTON},
+        {isButton1.handle(), {}, ROLE_SYSTEM_PUSHBUTTON},
+        {isButton2.handle(), L"Quit", ROLE_SYSTEM_PUSHBUTTON},
+        {vd.handle(), {}, ROLE_SYSTEM_LINK},
+        {Label12.handle(), {}, ROLE_SYSTEM_LINK},
+    }};
+};
+
+Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
+    : pump_(pump), desktop_(pump), transfer_(limits, [this] { whileFetching(); }) {
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    const auto icon = [&](int width, int height) {
+        return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(IDI_VELVOX), IMAGE_ICON,
+                                             GetSystemMetrics(width), GetSystemMetrics(height),
+                                             LR_SHARED));
+    };
+    registerWindowClass(L"Form1", 0, nullptr, icon(SM_CXICON, SM_CYICON),
+                        icon(SM_CXSMICON, SM_CYSMICON));
+    const RECT design = designPixels("Form1");
+    WindowRequest request;
+    request.className = L"Form1";
+    request.text = windowTitle;
+    request.style = WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+    request.extendedStyle = WS_EX_APPWINDOW | WS_EX_CONTROLPARENT;
+    request.bounds = openingPlace({design.right, design.bottom});
+    create(request);
+    desktop_.setWindow(handle());
+    children_ = std::make_unique<Children>(*this);
+    pump_.intercept = [this](MSG& message) { return intercept(message); };
+}
+
+Form1Window::~Form1Window() {
+    pump_.intercept = nullptr;
+    children_.reset();
+    destroy();
+}
+
+Form1& Form1Window::form() {
+    return children_->form;
+}
+
+void Form1Window::show() {
+    form().Form_Load();
+    ShowWindow(handle(), SW_SHOWDEFAULT);
+    UpdateWindow(handle());
+    SetFocus(children_->linkin.editHandle());
+}
+
+ScreenPoint Form1Window::cursorPosition() const {
+    POINT at{};
+    GetCursorPos(&at);
+    return {at.x, at.y};
+}
+
+ScreenRect Form1Window::windowRect() const {
+    RECT at{};
+    GetWindowRect(handle(), &at);
+    return {at.left, at.top, at.right, at.bottom};
+}
+
+void Form1Window::moveTo(ScreenPoint topLeft) {
+    SetWindowPos(handle(), nullptr, topLeft.x, topLeft.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+}
+
+void Form1Window::setCapture() {
+    SetCapture(handle());
+}
+
+void Form1Window::releaseCapture() {
+    ReleaseCapture();
+}
+
+std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (!children_) return std::nullopt;
+    switch (message) {
+        case WM_PAINT: {
+            const Painting painting(handle());
+            RECT client;
+            GetClientRect(handle(), &client);
+            const BufferedPaint buffer(painting.dc(), client);
+            paint(buffer.dc());
+            return 0;
+        }
+        case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
+        case WM_ERASEBKGND: return 1;
+        case WM_SIZE:
+            if (wParam != SIZE_MINIMIZED)
+                form().Move({0, 0, toTwips(GET_X_LPARAM(lParam), screenDpi()),
+                             toTwips(GET_Y_LPARAM(lParam), screenDpi())});
+            return 0;
+        case WM_LBUTTONDOWN: form().Form_MouseDown(MouseButton::Left, 0, 0, 0); return 0;
+        case WM_LBUTTONUP: form().Form_MouseUp(MouseButton::Left, 0, 0, 0); return 0;
+        case WM_MOUSEMOVE: form().Form_MouseMove(heldButtons(wParam), 0, 0, 0); return 0;
+        case WM_CAPTURECHANGED:
+            // Whatever took the pointer, the drag is over.
+            form().Dragging = false;
+            return 0;
+        case WM_TIMER:
+            for (WindowTimer& timer : children_->timers)
+                if (timer.id() == wParam) pump_.tick([&] { timer.tick(); });
+            return 0;
+        case WM_COMMAND:
+            if (reflectCommand(lParam, wParam)) return 0;
+            break;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) == WA_INACTIVE) lastFocus_ = GetFocus();
+            skin_.setActive(LOWORD(wParam) != WA_INACTIVE);
+            repaintAll();
+            break;
+        case WM_SETTINGCHANGE:
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED: followContrast(); break;
+        case WM_SETFOCUS: restoreFocus(); return 0;
+        case WM_CLOSE: close(); return 0;
+        case WM_DESTROY: PostQuitMessage(0); return 0;
+        default: break;
+    }
+    return std::nullopt;
+}
+
+void Form1Window::paint(HDC dc) const {
+    RECT client;
+    GetClientRect(handle(), &client);
+    skin_.draw(dc, Skin::Piece::Form, client);
+    const Form1& form = children_->form;
+    skin_.draw(dc, Skin::Piece::Icon, toPixels(form.skinicon.place()));
+    skin_.draw(dc, Skin::Piece::Bar, toPixels(form.skinbar.place()));
+    int number = 0;
+    for (const Line& line : lineDesigns) {
+        const RECT at = toPixels({line.x1, line.y1, line.x2 - line.x1, line.y2 - line.y1});
+        skin_.drawLine(dc, ++number, {at.left, at.top}, {at.right, at.bottom});
+    }
+}
+
+// The result area lies over the controls that ask. While it does they are hidden, so that the tab
+// key never leads to something that cannot be seen.
+void Form1Window::coverControls(bool covered) {
+    const HWND area = children_->outer.handle();
+    const HWND focus = GetFocus();
+    if (covered && focus != area && !IsChild(area, focus)) SetFocus(children_->output.handle());
+    for (const HWND window : children_->covered())
+        ShowWindow(window, covered ? SW_HIDE : SW_SHOWNA);
+    if (covered) return;
+    const Form1& shown = children_->form;
+    SetFocus(shown.linkin.Enabled() ? children_->linkin.editHandle()
+                                    : children_->UniXPButton1.handle());
+}
+
+// Before the dialog keys: Enter in the address box presses Download, Escape closes the result area.
+bool Form1Window::intercept(MSG& message) {
+    if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
+        message.hwnd == children_->linkin.editHandle()) {
+        form().UniXPButton1.activate();
+        return true;
+    }
+    isButton& closeButton = form().isButton1;
+    if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE && form().outer.Visible() &&
+        closeButton.Enabled() && GetCapture() == nullptr) {
+        closeButton.activate();
+        return true;
+    }
+    return IsDialogMessageW(handle(), &message) != FALSE;
+}
+
+// A fetch blocks the thread for up to a minute. Meanwhile the window repaints itself and can be
+// closed; everything else waits for the end of the run.
+void Form1Window::whileFetching() {
+    MSG message;
+    const HWND quit = children_->isButton2.handle();
+    while (PeekMessageW(&message, quit, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    while (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE | PM_QS_PAINT))
+        DispatchMessageW(&message);
+    const bool closeAsked =
+        PeekMessageW(&message, handle(), WM_CLOSE, WM_CLOSE, PM_REMOVE) || altF4Pressed() ||
+        (PeekMessageW(&message, handle(), WM_SYSCOMMAND, WM_SYSCOMMAND, PM_NOREMOVE) &&
+         (message.wParam & 0xFFF0) == SC_CLOSE);
+    if (closeAsked) desktop_.endProgram();
+}
+
+void Form1Window::followContrast() {
+    skin_.setContrast(Skin::systemContrast());
+    repaintAll();
+}
+
+void Form1Window::repaintAll() {
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void Form1Window::restoreFocus() {
+    const bool usable =
+        IsChild(handle(), lastFocus_) && IsWindowVisible(lastFocus_) && IsWindowEnabled(lastFocus_);
+    SetFocus(usable ? lastFocus_ : GetNextDlgTabItem(handle(), nullptr, FALSE));
+}
+
+void Form1Window::close() {
+    // Inside a run's yield the catcher is still at work with the controls: there is no way back
+    // through it.
+    if (pump_.yielding()) desktop_.endProgram();
+    ShowWindow(handle(), SW_HIDE);
+    PostQuitMessage(0);
+}
+
+}  // namespace velvox

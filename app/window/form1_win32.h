@@ -1,0 +1,56 @@
+// The main window on the screen: one window of class Form1 with a child for every control that a
+// person can read or use. It decides nothing; Form1 does.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "app/form1/form1.h"
+#include "app/net/transfer_control_win32.h"
+#include "app/window/desktop_win32.h"
+#include "app/window/message_pump_win32.h"
+#include "app/window/skin_win32.h"
+#include "base/system_win32.h"
+#include "base/window_win32.h"
+
+namespace velvox {
+
+class Form1Window : public Window, public FormFrame {
+ public:
+    Form1Window(MessagePump& pump, const TransferLimits& limits);
+    ~Form1Window() override;
+
+    /// Loads the form and shows the window.
+    void show();
+
+    Form1& form();
+
+    ScreenPoint cursorPosition() const override;
+    ScreenRect windowRect() const override;
+    void moveTo(ScreenPoint topLeft) override;
+    void setCapture() override;
+    void releaseCapture() override;
+
+ private:
+    struct Children;
+
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void paint(HDC dc) const;
+    void coverControls(bool covered);
+    bool intercept(MSG& message);
+    void whileFetching();
+    void restoreFocus();
+    void followContrast();
+    void repaintAll();
+    void close();
+
+    MessagePump& pump_;
+    WindowsDesktop desktop_;
+    CurrentSystemColours colours_;
+    WinHttpTransfer transfer_;
+    Skin skin_;
+    std::unique_ptr<Children> children_;
+    HWND lastFocus_ = nullptr;  ///< where the focus returns when the window is active again
+};
+
+}  // namespace velvox

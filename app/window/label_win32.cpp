@@ -1,0 +1,131 @@
+#include "app/window/label_win32.h"
+
+#include <windowsx.h>
+
+#include "base/buffered_paint_win32.h"
+#include "base/child_window_win32.h"
+#include "base/system_win32.h"
+#include "base/twips.h"
+
+namespace velvox {
+namespace {
+
+DWORD styleOf(LabelWindow::Kind kind) {
+    const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | SS_NOTIFY | SS_NOPREFIX;
+    return kind == LabelWindow::Kind::Link ? style | WS_TABSTOP : style;
+}
+
+UINT drawFlagsOf(LabelWindow::Kind kind) {
+    const UINT flags = DT_NOPREFIX | DT_LEFT;
+    switch (kind) {
+        case LabelWindow::Kind::Link: return flags | DT_WORDBREAK | DT_EDITCONTROL;
+        case LabelWindow::Kind::Strip: return flags | DT_SINGLELINE;
+        default: return flags | DT_SINGLELINE | DT_END_ELLIPSIS;
+    }
+}
+
+Skin::TextRole roleOf(LabelWindow::Kind kind) {
+    switch (kind) {
+        case LabelWindow::Kind::Link: return Skin::TextRole::Link;
+        case LabelWindow::Kind::Handle: return Skin::TextRole::Title;
+        default: return Skin::TextRole::Plain;
+    }
+}
+
+}  // namespace
+
+LabelWindow::LabelWindow(Label& model, HWND parent, int id, Kind kind, const Skin& skin)
+    : model_(model), kind_(kind), skin_(skin), font_(createFont(model.font())) {
+    WindowRequest request;
+    request.className = L"STATIC";
+    request.text = widen(model.Caption());
+    request.style = styleOf(kind) | (model.Visible() ? WS_VISIBLE : 0);
+    request.bounds = toPixels(model.place());
+    request.parent = parent;
+    request.id = id;
+    create(request);
+    SetWindowFont(handle(), font_.get(), FALSE);
+    model_.setView(this);
+}
+
+LabelWindow::~LabelWindow() {
+    model_.setView(nullptr);
+}
+
+void LabelWindow::follow(Aspect aspect) {
+    followPlace(handle(), model_, aspect);
+    if (aspect == Aspect::Text) SetWindowTextW(handle(), widen(model_.Caption()).c_str());
+    if (aspect == Aspect::Text || aspect == Aspect::Face)
+        RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_NOERASE);
+}
+
+std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_PAINT: {
+            const Painting painting(handle());
+            paint(painting.dc());
+            return 0;
+        }
+        case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
+        case WM_ERASEBKGND: return 1;
+        case WM_SETTEXT:
+            // The class itself would draw at once, over what is painted here.
+            return DefWindowProcW(handle(), message, wParam, lParam);
+        case WM_ENABLE:
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS: InvalidateRect(handle(), nullptr, FALSE); return 0;
+        case WM_NCHITTEST:
+            return kind_ == Kind::Text || kind_ == Kind::Strip ? HTTRANSPARENT : HTCLIENT;
+        case WM_SETCURSOR:
+            if (kind_ != Kind::Link) return std::nullopt;
+            SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
+            return TRUE;
+        case WM_GETDLGCODE:
+            if (kind_ == Kind::Link && lParam) {
+                const WPARAM key = reinterpret_cast<const MSG*>(lParam)->wParam;
+                if (key == VK_RETURN || key == VK_SPACE) return DLGC_WANTMESSAGE;
+            }
+            return DLGC_STATIC;
+        case WM_KEYDOWN:
+            if (kind_ != Kind::Link || (wParam != VK_RETURN && wParam != VK_SPACE)) break;
+            if (model_.Click) model_.Click();
+            return 0;
+        case WM_LBUTTONDOWN:
+            if (kind_ == Kind::Handle) passMouse(model_.MouseDown, wParam, lParam);
+            return 0;
+        case WM_LBUTTONUP:
+            if (kind_ == Kind::Link && model_.Click) model_.Click();
+            return 0;
+        default: break;
+    }
+    return std::nullopt;
+}
+
+void LabelWindow::passMouse(const MouseEvents::Handler& handler, WPARAM keys, LPARAM at) const {
+    if (!handler) return;
+    const int shift = (keys & MK_SHIFT ? 1 : 0) | (keys & MK_CONTROL ? 2 : 0);
+    handler(MouseButton::Left, shift, static_cast<float>(toTwips(GET_X_LPARAM(at), screenDpi())),
+            static_cast<float>(toTwips(GET_Y_LPARAM(at), screenDpi())));
+}
+
+void LabelWindow::paint(HDC target) {
+    RECT area;
+    GetClientRect(handle(), &area);
+    const BufferedPaint buffer(target, area);
+    const HDC dc = buffer.dc();
+    paintParentBackground(handle(), dc);
+    const Selected font(dc, font_.get());
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, static_cast<COLORREF>(skin_.textColour(roleOf(kind_), model_.ForeColor())));
+    const std::wstring text = widen(model_.Caption());
+    const UINT flags = drawFlagsOf(kind_);
+    DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, flags);
+    if (GetFocus() == handle()) {
+        RECT ring = area;
+        DrawTextW(dc, text.data(), static_cast<int>(text.size()), &ring, flags | DT_CALCRECT);
+        SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+        DrawFocusRect(dc, &ring);
+    }
+}
+
+}  // namespace velvox

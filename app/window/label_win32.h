@@ -1,0 +1,38 @@
+#pragma once
+
+#include "app/form1/controls.h"
+#include "app/window/skin_win32.h"
+#include "base/owned_win32.h"
+#include "base/window_win32.h"
+
+namespace velvox {
+
+/// The window of a label: a STATIC that draws its caption over its parent's background. A label
+/// that can be clicked takes the focus and is pressed with Enter or Space too.
+class LabelWindow : public SystemControl, public ControlView {
+ public:
+    enum class Kind {
+        Text,    ///< only read
+        Link,    ///< clicked, wraps at its right edge
+        Handle,  ///< dragged by; passes its mouse events on
+        Strip,   ///< one line of a longer text, drawn without a flicker at every change
+    };
+
+    /// `skin` says in which colour the caption is legible.
+    LabelWindow(Label& model, HWND parent, int id, Kind kind, const Skin& skin);
+    ~LabelWindow() override;
+
+    void follow(Aspect aspect) override;
+
+ private:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void paint(HDC target);
+    void passMouse(const MouseEvents::Handler& handler, WPARAM keys, LPARAM at) const;
+
+    Label& model_;
+    Kind kind_;
+    const Skin& skin_;
+    OwnedFont font_;
+};
+
+}  // namespace velvox

@@ -1,0 +1,81 @@
+#include "app/window/picture_box_win32.h"
+
+#include <utility>
+
+#include "base/buffered_paint_win32.h"
+#include "base/child_window_win32.h"
+#include "base/system_win32.h"
+
+namespace velvox {
+
+PictureBoxWindow::PictureBoxWindow(HWND parent, int id, const Place& place, bool visible,
+                                   Painter painter)
+    : painter_(std::move(painter)) {
+    registerWindowClass(L"PictureBox");
+    WindowRequest request;
+    request.className = L"PictureBox";
+    request.style = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | (visible ? WS_VISIBLE : 0);
+    request.extendedStyle = WS_EX_CONTROLPARENT;
+    request.bounds = toPixels(place);
+    request.parent = parent;
+    request.id = id;
+    create(request);
+}
+
+PictureBoxWindow::~PictureBoxWindow() {
+    if (model_) model_->setView(nullptr);
+}
+
+void PictureBoxWindow::bind(PictureBox& model) {
+    model_ = &model;
+    model.setView(this);
+    follow(Aspect::Place);
+}
+
+void PictureBoxWindow::follow(Aspect aspect) {
+    if (aspect == Aspect::Visible) {
+        const bool visible = model_->Visible();
+        if (!visible && onVisible) onVisible(false);
+        // A box comes to the front as it is shown.
+        if (visible) SetWindowPos(handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        followPlace(handle(), *model_, aspect);
+        if (visible && onVisible) onVisible(true);
+        return;
+    }
+    followPlace(handle(), *model_, aspect);
+    if (aspect == Aspect::Face) InvalidateRect(handle(), nullptr, FALSE);
+}
+
+std::optional<LRESULT> PictureBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_PAINT: {
+            const Painting painting(handle());
+            paint(painting.dc());
+            return 0;
+        }
+        case WM_PRINTCLIENT: {
+            RECT client;
+            GetClientRect(handle(), &client);
+            painter_(reinterpret_cast<HDC>(wParam), client);
+            return 0;
+        }
+        case WM_ERASEBKGND: return 1;
+        case WM_COMMAND:
+            if (reflectCommand(lParam, wParam)) return 0;
+            break;
+        case WM_LBUTTONDOWN:
+            if (model_ && model_->MouseDown) model_->MouseDown(MouseButton::Left, 0, 0, 0);
+            return 0;
+        default: break;
+    }
+    return std::nullopt;
+}
+
+void PictureBoxWindow::paint(HDC target) const {
+    RECT client;
+    GetClientRect(handle(), &client);
+    const BufferedPaint buffer(target, client);
+    painter_(buffer.dc(), client);
+}
+
+}  // namespace velvox

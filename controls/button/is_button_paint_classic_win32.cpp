@@ -1,0 +1,120 @@
+// Styles 0 to 4: plain faces with edges and frames.
+#include "controls/button/is_button_paint_win32.h"
+
+namespace velvox {
+namespace {
+
+// Edges of DrawEdge.
+constexpr UINT raisedEdge = 5;
+constexpr UINT sunkenEdge = 10;
+constexpr UINT innerRaisedEdge = 4;
+constexpr UINT outerSunkenEdge = 2;
+constexpr UINT allSides = 15;
+
+// Amounts of white in the flat style's faces and outlines.
+constexpr int flatFaceWhite = 96;
+constexpr int flatDisabledWhite = 64;
+constexpr int flatHotWhite = 190;
+constexpr int flatPressedWhite = 128;
+constexpr int flatOutlineWhite = 40;
+constexpr int flatDisabledOutlineWhite = 110;
+// The flat outline of custom colours is this much darker than their face.
+constexpr int flatOutlineShade = -72;
+
+void edge(ButtonFace& face, UINT kind) {
+    RECT area = face.rect();
+    DrawEdge(face.dc(), &area, kind, allSides);
+}
+
+void outline(ButtonFace& face, Rgb colour) {
+    face.frame(0, 0, face.width() - 1, face.height() - 1, colour);
+}
+
+// The face of styles 1 and 2.
+Rgb calmFace(const FacePlan& plan) {
+    const bool calm = plan.state == FaceState::Normal || plan.state == FaceState::Focused ||
+                      plan.state == FaceState::Disabled;
+    return calm ? plan.back() : plan.highlight(ButtonFaceColour);
+}
+
+}  // namespace
+
+void paintEdged(ButtonFace& face, const FacePlan& plan) {
+    const bool calm = plan.state == FaceState::Normal || plan.state == FaceState::Focused;
+    face.fill(face.rect(), calm ? plan.back() : plan.highlight(ButtonFaceColour));
+    edge(face, plan.state == FaceState::Pressed ? sunkenEdge : raisedEdge);
+}
+
+void paintThin(ButtonFace& face, const FacePlan& plan) {
+    face.fill(face.rect(), calmFace(plan));
+    switch (plan.state) {
+        case FaceState::Pressed: edge(face, outerSunkenEdge); break;
+        case FaceState::Disabled: outline(face, plan.sys(ButtonShadowColour)); break;
+        default: edge(face, innerRaisedEdge); break;
+    }
+}
+
+void paintTool(ButtonFace& face, const FacePlan& plan) {
+    face.fill(face.rect(), calmFace(plan));
+    switch (plan.state) {
+        case FaceState::Hot: edge(face, innerRaisedEdge); break;
+        case FaceState::Pressed: edge(face, outerSunkenEdge); break;
+        default: outline(face, plan.sys(ButtonFaceColour)); break;
+    }
+}
+
+// A solid face in a shadow-coloured frame with softened corners. A line of the window's colour
+// lights the upper left inside, or the lower right while pressed.
+void paintSolid(ButtonFace& face, const FacePlan& plan) {
+    const int right = face.width() - 1;
+    const int bottom = face.height() - 1;
+    Rgb fill = plan.back();
+    if (plan.state == FaceState::Hot)
+        fill = average(plan.highlight(ButtonShadowColour), plan.back());
+    if (plan.state == FaceState::Pressed) fill = plan.highlight(ButtonShadowColour);
+    face.fill(face.rect(), fill);
+
+    const Rgb dark = plan.sys(ButtonShadowColour);
+    const Rgb light = plan.sys(WindowColour);
+    if (plan.state == FaceState::Pressed) {
+        face.line(1, bottom - 1, right, bottom - 1, light);
+        face.line(right - 1, 1, right - 1, bottom, light);
+    } else if (plan.state != FaceState::Disabled) {
+        face.line(1, 1, right, 1, light);
+        face.line(1, 1, 1, bottom, light);
+    }
+    face.frame(0, 0, right, bottom, dark);
+    const Rgb soft = average(dark, plan.surroundings);
+    for (const int x : {0, right})
+        for (const int y : {0, bottom}) face.pixel(x, y, soft);
+}
+
+void paintFlat(ButtonFace& face, const FacePlan& plan) {
+    const Rgb back = plan.back();
+    const Rgb accent = plan.highlight(HighlightColour);
+    const Rgb edgeBase =
+        plan.customColours ? shift(back, flatOutlineShade) : plan.sys(ButtonShadowColour);
+    // Custom colours may highlight in the face's own colour: the outline still has to be seen.
+    const Rgb accentEdge = plan.customColours ? shift(accent, flatOutlineShade) : accent;
+    Rgb fill = lighten(back, flatFaceWhite);
+    Rgb frame = lighten(edgeBase, flatOutlineWhite);
+    switch (plan.state) {
+        case FaceState::Hot:
+            fill = lighten(accent, flatHotWhite);
+            frame = accentEdge;
+            break;
+        case FaceState::Pressed:
+            fill = lighten(accent, flatPressedWhite);
+            frame = accentEdge;
+            break;
+        case FaceState::Disabled:
+            fill = lighten(back, flatDisabledWhite);
+            frame = lighten(edgeBase, flatDisabledOutlineWhite);
+            break;
+        default: break;
+    }
+    face.fill(face.rect(), fill);
+    outline(face, frame);
+}
+
+}  // namespace velvox

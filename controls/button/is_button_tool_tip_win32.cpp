@@ -1,0 +1,107 @@
+#include "controls/button/is_button_tool_tip_win32.h"
+
+#include <commctrl.h>
+
+#include <string>
+
+#include "base/owned_win32.h"
+#include "base/system_win32.h"
+
+namespace velvox {
+namespace {
+
+constexpr DWORD plainTip = 3;     // always shown, no prefix characters
+constexpr DWORD balloonTip = 67;  // and in a balloon
+constexpr int balloonType = 1;
+constexpr UINT subclassed = 16;  // the tip watches the owner's messages itself
+constexpr UINT centredTool = 18;
+
+static_assert(plainTip == (TTS_ALWAYSTIP | TTS_NOPREFIX));
+static_assert(balloonTip == (plainTip | TTS_BALLOON));
+static_assert(subclassed == TTF_SUBCLASS && centredTool == (TTF_SUBCLASS | TTF_CENTERTIP));
+
+// The tip's messages are the ones with text in the system's own code page.
+std::string ansi(std::string_view bytes) {
+    const std::wstring wide = widen(bytes);
+    const int from = static_cast<int>(wide.size());
+    std::string text(static_cast<std::size_t>(WideCharToMultiByte(CP_ACP, 0, wide.data(), from,
+                                                                  nullptr, 0, nullptr, nullptr)),
+                     '\0');
+    WideCharToMultiByte(CP_ACP, 0, wide.data(), from, text.data(), static_cast<int>(text.size()),
+                        nullptr, nullptr);
+    return text;
+}
+
+LPARAM pointerTo(const void* data) {
+    return reinterpret_cast<LPARAM>(data);
+}
+
+void destroyWindow(HWND window) noexcept {
+    DestroyWindow(window);
+}
+
+class SystemToolTips : public ToolTipSystem {
+ public:
+    HWND create(DWORD style, HWND owner) override {
+        const HWND tip = CreateWindowExW(0, L"tooltips_class32", nullptr, style, CW_USEDEFAULT,
+                                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, owner,
+                                         nullptr, GetModuleHandleW(nullptr), nullptr);
+        if (!tip) return nullptr;
+        ++liveHandles();
+        SetWindowPos(tip, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
+        return tip;
+    }
+    void send(HWND tip, UINT message, WPARAM wParam, LPARAM lParam) override {
+        SendMessageW(tip, message, wParam, lParam);
+    }
+    void destroy(HWND tip) override {
+        --liveHandles();
+        // The system has destroyed it already where the owner's top-level window went first.
+        if (IsWindow(tip)) destroyWindow(tip);
+    }
+};
+
+}  // namespace
+
+static_assert((SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE) == 19);
+static_assert(TTM_ADDTOOLA == 1028 && TTM_SETTITLEA == 1056);
+static_assert(TTM_SETTIPTEXTCOLOR == 1044 && TTM_SETTIPBKCOLOR == 1043);
+
+ToolTipSystem& systemToolTips() {
+    static SystemToolTips tips;
+    return tips;
+}
+
+void ToolTip::show(const ButtonToolTip& record, HWND owner) {
+    std::string text = ansi(record.text);
+    destroy();
+    window_ = system_.create(record.type == balloonType ? balloonTip : plainTip, owner);
+    if (!window_) return;
+
+    TTTOOLINFOA tool{};
+    // The oldest size: every version of the library takes it.
+    tool.cbSize = TTTOOLINFOA_V1_SIZE;
+    tool.uFlags = record.centred ? centredTool : subclassed;
+    tool.hwnd = owner;
+    tool.uId = 0;
+    GetClientRect(owner, &tool.rect);
+    tool.hinst = GetModuleHandleW(nullptr);
+    tool.lpszText = text.data();
+    system_.send(window_, TTM_ADDTOOLA, 0, pointerTo(&tool));
+
+    if (!record.title.empty() || record.icon != 0)
+        system_.send(window_, TTM_SETTITLEA, static_cast<WPARAM>(record.icon),
+                     pointerTo(ansi(record.title).c_str()));
+    if (record.foreColour)
+        system_.send(window_, TTM_SETTIPTEXTCOLOR, static_cast<WPARAM>(*record.foreColour), 0);
+    if (record.backColour)
+        system_.send(window_, TTM_SETTIPBKCOLOR, static_cast<WPARAM>(*record.backColour), 0);
+}
+
+void ToolTip::destroy() {
+    if (!window_) return;
+    system_.destroy(window_);
+    window_ = nullptr;
+}
+
+}  // namespace velvox

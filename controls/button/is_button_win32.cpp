@@ -1,0 +1,373 @@
+#include "controls/button/is_button_win32.h"
+
+#include <shellapi.h>
+#include <windowsx.h>
+
+#include "base/system_win32.h"
+#include "controls/button/is_button_about_win32.h"
+#include "controls/button/is_button_paint_win32.h"
+
+namespace velvox {
+namespace {
+
+constexpr const wchar_t* className = L"isButton";
+constexpr UINT_PTR hoverSubclass = 2;
+constexpr int classicStyle = 0;
+
+static_assert(WM_MOUSEMOVE == 512 && WM_MOUSELEAVE == 675);
+static_assert(WM_THEMECHANGED == 794 && WM_SYSCOLORCHANGE == 21);
+
+bool isRepeat(LPARAM keyFlags) {
+    return (keyFlags & (1 << 30)) != 0;
+}
+
+// Someone who has asked for high contrast gets the system's own colours and plain edges: stored
+// colours and gradients cannot know what is legible then.
+void followContrast(ButtonLook& look) {
+    if (!highContrast()) return;
+    look.customColours = false;
+    look.style = classicStyle;
+}
+
+// What the container shows behind its buttons.
+Rgb surroundingsOf(HWND window, HDC dc) {
+    const HWND parent = GetParent(window);
+    const auto brush = reinterpret_cast<HBRUSH>(SendMessageW(
+        parent, WM_CTLCOLORBTN, reinterpret_cast<WPARAM>(dc), reinterpret_cast<LPARAM>(window)));
+    LOGBRUSH style{};
+    if (brush && GetObjectW(brush, sizeof style, &style) && style.lbStyle == BS_SOLID)
+        return static_cast<Rgb>(style.lbColor);
+    return static_cast<Rgb>(GetSysColor(COLOR_BTNFACE));
+}
+
+SIZE clientSize(HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    return {client.right, client.bottom};
+}
+
+}  // namespace
+
+isButtonWindow::isButtonWindow(isButton& model, HWND parent, int id, const ButtonServices& services)
+    : model_(model),
+      modelAlive_(model.lifetime()),
+      services_(services),
+      toolTip_(services.toolTips) {
+    registerWindowClass(className, CS_DBLCLKS);
+    WindowRequest request;
+    request.className = className;
+    request.text = widen(model.Caption());
+    request.style = WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS;
+    if (model.Visible()) request.style |= WS_VISIBLE;
+    if (!model.Enabled()) request.style |= WS_DISABLED;
+    request.bounds = toPixels(model.place());
+    request.parent = parent;
+    request.id = id;
+    create(request);
+    model_.setView(this);
+    model_.setHost(this);
+    detectTracking();
+    cutOutline();
+}
+
+isButtonWindow::~isButtonWindow() {
+    if (!modelAlive_.expired()) {
+        model_.setView(nullptr);
+        model_.setHost(nullptr);
+    }
+    // From here on a message finds no model to go to.
+    modelAlive_.reset();
+    removeSubclass();
+    onDestroy();
+    destroy();
+}
+
+void isButtonWindow::follow(Aspect aspect) {
+    if (!handle()) return;
+    switch (aspect) {
+        case Aspect::Place: {
+            const RECT at = toPixels(model_.place());
+            SetWindowPos(handle(), nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                         SWP_NOZORDER | SWP_NOACTIVATE);
+            break;
+        }
+        case Aspect::Visible: ShowWindow(handle(), model_.Visible() ? SW_SHOWNA : SW_HIDE); break;
+        case Aspect::Enabled: {
+            const std::weak_ptr<const void> alive = alive_;
+            enableWindow(handle(), model_.Enabled());
+            if (!alive.expired()) repaint();
+            break;
+        }
+        case Aspect::Text:
+            SetWindowTextW(handle(), widen(model_.Caption()).c_str());
+            repaint();
+            break;
+        case Aspect::Setting: detectTracking(); break;
+        default: repaint(); break;
+    }
+}
+
+// --- pointer tracking -----------------------------------------------------------------------
+
+// At run time alone; a form that is being designed shows no hover.
+void isButtonWindow::detectTracking() {
+    if (!model_.userMode()) return removeSubclass();
+    if (subclassed_) return;
+    tracker_ = LeaveTracker(services_.procedures);
+    model_.tracking(tracker_.available());
+    if (tracker_.available() == Tracking::None) return;
+    subclassed_ = SetWindowSubclass(handle(), &isButtonWindow::hoverThunk, hoverSubclass,
+                                    reinterpret_cast<DWORD_PTR>(this)) != FALSE;
+}
+
+void isButtonWindow::removeSubclass() noexcept {
+    if (subclassed_ && handle())
+        RemoveWindowSubclass(handle(), &isButtonWindow::hoverThunk, hoverSubclass);
+    subclassed_ = false;
+}
+
+// Runs before the window's own procedure. `self` may be gone after the model has been told.
+LRESULT CALLBACK isButtonWindow::hoverThunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                            UINT_PTR, DWORD_PTR self) noexcept {
+    auto* button = reinterpret_cast<isButtonWindow*>(self);
+    try {
+        if (message == WM_NCDESTROY)
+            button->removeSubclass();
+        else if (!button->modelAlive_.expired())
+            button->beforeDefault(message, lParam);
+    } catch (...) {
+        reportCurrentFailure();
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+void isButtonWindow::beforeDefault(UINT message, LPARAM lParam) {
+    if (pressing_) {
+        // The capture also reports moves far away, and not every system holds the notice of
+        // leaving back until the capture ends: the end of the press decides.
+        if (message == WM_MOUSELEAVE) return;
+        if (message == WM_MOUSEMOVE && !over({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) return;
+    }
+    // A hover that disabling or hiding has ended already is not left a second time.
+    if (message == WM_MOUSELEAVE && !model_.mouseInside()) return;
+    model_.zSubclass_Proc(message);
+}
+
+void isButtonWindow::requestLeaveNotice() {
+    tracker_.request(handle());
+}
+
+void isButtonWindow::showToolTip() {
+    if (handle()) toolTip_.show(model_.toolTipRecord(), handle());
+}
+
+bool isButtonWindow::over(POINT at) const {
+    const SIZE size = clientSize(handle());
+    return at.x >= 0 && at.y >= 0 && at.x < size.cx && at.y < size.cy;
+}
+
+bool isButtonWindow::pointerIsOver() const {
+    POINT at{};
+    GetCursorPos(&at);
+    return WindowFromPoint(at) == handle();
+}
+
+void isButtonWindow::endHover() {
+    if (subclassed_ && model_.mouseInside()) model_.pointerLeft();
+}
+
+// --- mouse and keyboard ---------------------------------------------------------------------
+
+void isButtonWindow::press(bool again) {
+    const std::weak_ptr<const void> alive = alive_;
+    if (GetFocus() != handle()) SetFocus(handle());
+    if (alive.expired() || !handle()) return;
+    focusCue_ = false;
+    pressing_ = true;
+    SetCapture(handle());
+    again ? model_.doubleClick() : model_.mouseDown(MouseButton::Left);
+}
+
+void isButtonWindow::release(POINT at) {
+    if (!pressing_) return;
+    const bool inside = over(at);
+    pressing_ = false;
+    ReleaseCapture();
+    model_.mouseUp(MouseButton::Left);
+    // Where no hover ends, a toggle button would stay down that nobody has toggled.
+    if (!inside) return model_.mouseInside() ? endHover() : model_.pressCancelled();
+    // The request made on entering may have been used up during the press.
+    if (model_.mouseInside()) requestLeaveNotice();
+    model_.click();
+}
+
+// Another window took the mouse: nothing is clicked.
+void isButtonWindow::pressLost() {
+    if (!pressing_) return;
+    pressing_ = false;
+    model_.pressCancelled();
+    if (!pointerIsOver()) return endHover();
+    if (model_.mouseInside()) requestLeaveNotice();
+}
+
+std::optional<LRESULT> isButtonWindow::onMouse(UINT message, LPARAM lParam) {
+    const POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    switch (message) {
+        case WM_LBUTTONDOWN: press(false); return 0;
+        case WM_LBUTTONDBLCLK: press(true); return 0;
+        case WM_LBUTTONUP: release(at); return 0;
+        case WM_MOUSEMOVE:
+            if (pressing_) model_.pointerDragged(over(at));
+            return 0;
+        // Their default goes on to the container's context menu.
+        case WM_RBUTTONUP: model_.mouseUp(MouseButton::Right); return std::nullopt;
+        case WM_MBUTTONUP: model_.mouseUp(MouseButton::Middle); return std::nullopt;
+        default: return std::nullopt;
+    }
+}
+
+// A held key acts once: a run that Space or Enter starts must not start again by itself.
+std::optional<LRESULT> isButtonWindow::onKey(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_KEYDOWN:
+            if (wParam != VK_SPACE && wParam != VK_RETURN) return std::nullopt;
+            if (isRepeat(lParam)) return 0;
+            focusCue_ = true;
+            if (wParam == VK_RETURN) {
+                model_.activate();
+            } else {
+                spaceHeld_ = true;
+                model_.keyDown(VK_SPACE);
+            }
+            return 0;
+        case WM_KEYUP:
+            if (wParam != VK_SPACE) return std::nullopt;
+            if (std::exchange(spaceHeld_, false)) model_.keyUp(VK_SPACE);
+            return 0;
+        default:  // WM_CHAR
+            if (!isRepeat(lParam) && wParam < 0x80) model_.keyPress(static_cast<char>(wParam));
+            return 0;
+    }
+}
+
+void isButtonWindow::onFocus(bool got) {
+    if (got) {
+        focusCue_ = GetKeyState(VK_LBUTTON) >= 0;
+        return model_.gotFocus();
+    }
+    spaceHeld_ = false;
+    const std::weak_ptr<const void> alive = alive_;
+    if (pressing_) ReleaseCapture();
+    if (!alive.expired() && !modelAlive_.expired()) model_.lostFocus();
+}
+
+void isButtonWindow::onDestroy() {
+    pressing_ = false;
+    toolTip_.destroy();
+    if (std::exchange(announced_, false)) services_.roles.withdraw(handle());
+}
+
+std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (modelAlive_.expired()) return std::nullopt;
+    switch (message) {
+        case WM_ERASEBKGND: return 1;
+        case WM_PAINT: paintOnScreen(); return 0;
+        case WM_PRINTCLIENT: paintInto(reinterpret_cast<HDC>(wParam)); return 0;
+        case WM_SIZE: cutOutline(); return 0;
+        case WM_SETFOCUS: onFocus(true); return 0;
+        case WM_KILLFOCUS: onFocus(false); return 0;
+        case WM_CAPTURECHANGED: pressLost(); return 0;
+        case WM_ENABLE:
+        case WM_SHOWWINDOW:
+            if (!wParam) endHover();
+            return std::nullopt;
+        case WM_DESTROY: onDestroy(); return std::nullopt;
+        case WM_GETOBJECT:
+            // The first assistive program that asks; most sessions never have one.
+            if (static_cast<LONG>(lParam) == OBJID_CLIENT && !std::exchange(announced_, true))
+                services_.roles.announcePushButton(handle());
+            return std::nullopt;
+        case WM_GETDLGCODE: {
+            const auto* asked = reinterpret_cast<const MSG*>(lParam);
+            const bool enter = asked && asked->message == WM_KEYDOWN && asked->wParam == VK_RETURN;
+            return DLGC_BUTTON | (enter ? DLGC_WANTMESSAGE : 0);
+        }
+        case BM_CLICK: model_.activate(); return 0;
+        case BM_GETCHECK: return model_.Value() ? BST_CHECKED : BST_UNCHECKED;
+        case BM_GETSTATE:
+            return (model_.Value() ? BST_CHECKED : 0) | (model_.hasFocus() ? BST_FOCUS : 0) |
+                   (model_.visualState() == ButtonState::Pressed ? BST_PUSHED : 0);
+        case WM_KEYDOWN:
+        case WM_KEYUP:
+        case WM_CHAR: return onKey(message, wParam, lParam);
+        default: break;
+    }
+    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) return onMouse(message, lParam);
+    return std::nullopt;
+}
+
+// --- painting -------------------------------------------------------------------------------
+
+void isButtonWindow::repaint() {
+    cutOutline();
+    // At once: a click's handler may keep the message loop waiting for a long time.
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_NOERASE | RDW_UPDATENOW);
+}
+
+void isButtonWindow::paintOnScreen() {
+    ++paints_;
+    {
+        const Painting painting(handle());
+        paintInto(painting.dc());
+    }
+    // The fallback of refused visual styles may have another outline.
+    cutOutline();
+}
+
+void isButtonWindow::paintInto(HDC dc) {
+    const SIZE size = clientSize(handle());
+    if (size.cx <= 0 || size.cy <= 0) return;
+    ButtonLook look = model_.look();
+    followContrast(look);
+    ButtonScene scene;
+    scene.window = handle();
+    scene.themes = &services_.themes;
+    scene.colours = &model_.systemColours();
+    scene.surroundings = surroundingsOf(handle(), dc);
+    scene.focusCue = model_.hasFocus() && focusCue_;
+    ButtonFace face(size.cx, size.cy);
+    if (!paintButton(face, look, scene) && model_.userMode()) {
+        model_.themeRefused();
+        look = model_.look();
+        paintButton(face, look, scene);
+    }
+    face.copyTo(dc, 0, 0, buttonRegion(look.style, size.cx, size.cy).get());
+}
+
+// Sets the window's region where style or size have changed it.
+void isButtonWindow::cutOutline() {
+    const SIZE size = clientSize(handle());
+    const int style = highContrast() ? classicStyle : model_.Style();
+    if (outlined_ && style == outlineStyle_ && size.cx == outlineSize_.cx &&
+        size.cy == outlineSize_.cy)
+        return;
+    outlined_ = true;
+    outlineStyle_ = style;
+    outlineSize_ = size;
+    OwnedRegion region = buttonRegion(style, size.cx, size.cy);
+    // The system owns the region once it has taken it.
+    if (SetWindowRgn(handle(), region.get(), TRUE)) static_cast<void>(region.release());
+}
+
+// --- requests of the model ------------------------------------------------------------------
+
+void isButtonWindow::showAbout() {
+    showButtonAbout(GetAncestor(handle(), GA_ROOT), model_.Version());
+}
+
+void isButtonWindow::openAddress(std::string_view address) {
+    if (!address.starts_with("http://") && !address.starts_with("https://")) return;
+    ShellExecuteW(handle(), L"open", widen(address).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+}
+
+}  // namespace velvox

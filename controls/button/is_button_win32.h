@@ -1,0 +1,85 @@
+// The window of a push button: unpacks messages for the model, paints its look and shows its
+// tool tip.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "base/window_win32.h"
+#include "controls/button/is_button.h"
+#include "controls/button/is_button_role_win32.h"
+#include "controls/button/is_button_theme_win32.h"
+#include "controls/button/is_button_tool_tip_win32.h"
+#include "controls/button/is_button_tracking_win32.h"
+
+namespace velvox {
+
+/// What a button's window uses of the system.
+struct ButtonServices {
+    ProcedureFinder& procedures = systemProcedures();
+    ThemeLibrary& themes = systemThemes();
+    ToolTipSystem& toolTips = systemToolTips();
+    AccessibleRoles& roles = systemRoles();
+};
+
+class isButtonWindow : public Window, public ControlView, private ButtonHost {
+ public:
+    /// A child window of class "isButton" whose text is the caption; it follows `model`. A
+    /// handler may destroy both, in any order.
+    isButtonWindow(isButton& model, HWND parent, int id, const ButtonServices& services = {});
+    ~isButtonWindow() override;
+
+    void follow(Aspect aspect) override;
+
+    HWND toolTip() const noexcept { return toolTip_.handle(); }
+    /// How often the button has been painted on the screen.
+    unsigned paints() const noexcept { return paints_; }
+
+ private:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> onMouse(UINT message, LPARAM lParam);
+    std::optional<LRESULT> onKey(UINT message, WPARAM wParam, LPARAM lParam);
+    void onFocus(bool got);
+    void onDestroy();
+
+    static LRESULT CALLBACK hoverThunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                       UINT_PTR id, DWORD_PTR self) noexcept;
+    void beforeDefault(UINT message, LPARAM lParam);
+    void detectTracking();
+    void removeSubclass() noexcept;
+
+    void press(bool again);
+    void release(POINT at);
+    void pressLost();
+    void endHover();
+    bool over(POINT at) const;
+    bool pointerIsOver() const;
+
+    void paintOnScreen();
+    void paintInto(HDC dc);
+    void cutOutline();
+    void repaint();
+
+    void requestLeaveNotice() override;
+    void showToolTip() override;
+    void showAbout() override;
+    void openAddress(std::string_view address) override;
+
+    isButton& model_;
+    std::weak_ptr<const void> modelAlive_;
+    std::shared_ptr<const void> alive_ = std::make_shared<char>();
+    ButtonServices services_;
+    LeaveTracker tracker_;
+    ToolTip toolTip_;
+    bool subclassed_ = false;
+    bool pressing_ = false;  ///< holds the capture for the left button
+    bool spaceHeld_ = false;
+    bool focusCue_ = false;   ///< the focus came by keyboard
+    bool announced_ = false;  ///< assistive programs know its role
+    bool outlined_ = false;   ///< a region cuts the window
+    int outlineStyle_ = 0;
+    SIZE outlineSize_{};
+    unsigned paints_ = 0;
+};
+
+}  // namespace velvox

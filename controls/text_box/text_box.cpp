@@ -1,0 +1,121 @@
+#include "controls/text_box/text_box.h"
+
+#include <algorithm>
+
+#include "base/runtime_failure.h"
+
+namespace velvox {
+
+void TextBox::Text(std::string_view text) {
+    if (maxLength_ > 0) text = text.substr(0, static_cast<std::size_t>(maxLength_));
+    selection_ = {};
+    if (text_ == text) {
+        changed(Aspect::Choice);
+        return;
+    }
+    text_ = text;
+    changed(Aspect::Text);
+    if (Change) Change();
+}
+
+void TextBox::typed(std::string_view text) {
+    if (text_ == text) return;
+    text_ = text;
+    if (Change) Change();
+}
+
+void TextBox::Alignment(std::int16_t alignment) {
+    if (alignment < 0 || alignment > 2)
+        throw RuntimeFailure(Fault::InvalidProperty, "The alignment is not left, right or centred");
+    alignment_ = alignment;
+    changed(Aspect::Face);
+}
+
+void TextBox::Enabled(bool enabled) {
+    enabled_ = enabled;
+    changed(Aspect::Enabled);
+}
+
+void TextBox::Locked(bool locked) {
+    locked_ = locked;
+    changed(Aspect::Setting);
+}
+
+void TextBox::font(const Font& font) {
+    font_ = font;
+    changed(Aspect::Face);
+}
+
+void TextBox::BackColor(OleColour colour) {
+    backColor_ = colour;
+    changed(Aspect::Face);
+}
+
+void TextBox::ForeColor(OleColour colour) {
+    foreColor_ = colour;
+    changed(Aspect::Face);
+}
+
+void TextBox::MaxLength(std::int32_t length) {
+    if (length < 0) throw RuntimeFailure(Fault::InvalidProperty, "The length limit is negative");
+    maxLength_ = length;
+    changed(Aspect::Setting);
+}
+
+void TextBox::PasswordChar(std::string_view character) {
+    passwordChar_ = character;
+    changed(Aspect::Setting);
+}
+
+void TextBox::ToolTipText(std::string_view text) {
+    toolTipText_ = text;
+    changed(Aspect::Setting);
+}
+
+void TextBox::SelStart(std::int32_t start) {
+    select({start, 0});
+}
+
+void TextBox::SelLength(std::int32_t length) {
+    select({selection().start, length});
+}
+
+std::string TextBox::SelText() const {
+    const Selection at = selection();
+    return text_.substr(static_cast<std::size_t>(at.start), static_cast<std::size_t>(at.length));
+}
+
+void TextBox::SelText(std::string_view text) {
+    const Selection at = selection();
+    std::string whole = text_;
+    whole.replace(static_cast<std::size_t>(at.start), static_cast<std::size_t>(at.length), text);
+    Text(whole);
+    select({at.start + static_cast<std::int32_t>(text.size()), 0});
+}
+
+void TextBox::SetFocus() {
+    if (textView_) textView_->focus();
+}
+
+void TextBox::setTextView(TextBoxView* view) noexcept {
+    textView_ = view;
+    setView(view);
+}
+
+Selection TextBox::selection() const {
+    const Selection wanted = textView_ ? textView_->selection() : selection_;
+    const auto size = static_cast<std::int32_t>(text_.size());
+    const std::int32_t start = std::min(wanted.start, size);
+    return {start, std::min(wanted.length, size - start)};
+}
+
+void TextBox::select(Selection wanted) {
+    if (wanted.start < 0 || wanted.length < 0)
+        throw RuntimeFailure(Fault::InvalidProperty, "The selection is negative");
+    const auto size = static_cast<std::int32_t>(text_.size());
+    selection_.start = std::min(wanted.start, size);
+    selection_.length = std::min(wanted.length, size - selection_.start);
+    changed(Aspect::Choice);
+}
+
+}  // namespace velvox

@@ -1,0 +1,231 @@
+#include "controls/text_box/xp_text_box.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+#include "base/runtime_failure.h"
+#include "base/text.h"
+
+namespace velvox {
+namespace {
+
+constexpr Rgb frameColour = rgb(127, 157, 185);
+constexpr Rgb marginColour = rgb(240, 232, 224);
+constexpr Rgb normalBack = 0xFFFFFF;
+constexpr Rgb disabledBack = rgb(235, 235, 228);
+constexpr Rgb disabledText = rgb(161, 161, 146);
+constexpr int insetPixels = 3;
+constexpr int newInstanceHeight = 330;  // twips
+constexpr auto windowBack = static_cast<std::int32_t>(systemColour(WindowColour));
+constexpr auto windowText = static_cast<std::int32_t>(systemColour(WindowTextColour));
+
+}  // namespace
+
+XPTextBox::XPTextBox(std::string_view name, int twipsPerPixel)
+    : Control(name), twipsPerPixel_(twipsPerPixel) {
+    MyTxt.Change = [this] {
+        if (Change) Change();
+    };
+    MyTxt.Click = [this] {
+        if (Click) Click();
+    };
+    MyTxt.DblClick = [this] {
+        if (DblClick) DblClick();
+    };
+    MyTxt.KeyPress = [this](std::int16_t& keyAscii) {
+        if (KeyPress) KeyPress(keyAscii);
+    };
+    MyTxt.MouseMove = [this](std::int16_t button, std::int16_t shift, float x, float y) {
+        if (MouseMove) MouseMove(button, shift, x, y);
+    };
+}
+
+void XPTextBox::InitProperties() {
+    dataFields_.clear();
+    MyTxt.Text(Name());
+    Height(newInstanceHeight);
+    velvox::Font font = MyTxt.font();
+    font.name = "Verdana";
+    MyTxt.font(font);
+    resized();
+}
+
+void XPTextBox::ReadProperties(const PropertyBag& bag, const velvox::Font& ambient) {
+    MyTxt.Alignment(text::toInt16(bag.readNumber("Alignment", 0)));
+    MyTxt.BackColor(static_cast<OleColour>(bag.readNumber("BackColor", windowBack)));
+    MyTxt.Enabled(bag.readBool("Enabled", true));
+    MyTxt.font(bag.readFont("Font", ambient));
+    MyTxt.ForeColor(static_cast<OleColour>(bag.readNumber("ForeColor", windowText)));
+    MyTxt.Locked(bag.readBool("Locked", false));
+    MyTxt.MaxLength(bag.readNumber("MaxLength", 0));
+    MyTxt.PasswordChar(bag.readText("PasswordChar", ""));
+    MyTxt.SelStart(bag.readNumber("SelStart", 0));
+    MyTxt.SelText(bag.readText("SelText", ""));
+    MyTxt.SelLength(bag.readNumber("SelLength", 0));
+    MyTxt.Text(bag.readText("Text", "Text1"));
+    MyTxt.ToolTipText(bag.readText("ToolTipText", ""));
+    dataFields_ = bag.readText("DataFields", "");
+}
+
+void XPTextBox::WriteProperties(PropertyBag& bag, const velvox::Font& ambient) const {
+    bag.write("Alignment", std::int32_t{Alignment()}, 0);
+    bag.write("BackColor", static_cast<std::int32_t>(BackColor()), windowBack);
+    bag.write("Enabled", Enabled(), true);
+    bag.write("Font", Font(), ambient);
+    bag.write("ForeColor", static_cast<std::int32_t>(ForeColor()), windowText);
+    bag.write("Locked", Locked(), false);
+    bag.write("MaxLength", MaxLength(), 0);
+    bag.write("PasswordChar", PasswordChar(), std::string());
+    bag.write("SelStart", SelStart(), 0);
+    bag.write("SelText", SelText(), std::string());
+    bag.write("SelLength", SelLength(), 0);
+    bag.write("Text", Text(), std::string("Text1"));
+    bag.write("ToolTipText", ToolTipText(), std::string());
+    bag.write("DataFields", dataFields_, std::string());
+}
+
+void XPTextBox::RePos() {
+    const int inset = insetPixels * twipsPerPixel_;
+    Pic.Move({0, 0, Width(), Height()});
+    // A control too small for the inner box is not guarded against: the box refuses the size.
+    MyTxt.Move({inset, inset, Pic.Width() - 2 * inset, Pic.Height() - 2 * inset});
+}
+
+void XPTextBox::PaintFrame(OleColour margin, Look look) {
+    const int w = Pic.Width();
+    const int h = Pic.Height();
+    const int pixel = twipsPerPixel_;
+    Pic.BackColor(margin);
+    frame_ = {{{0, 0, w, 0, frameColour},
+               {0, 0, 0, h, frameColour},
+               {w - pixel, 0, w - pixel, h, frameColour},
+               {0, h - pixel, w, h - pixel, frameColour}}};
+    switch (look) {
+        case Look::Normal:
+            MyTxt.BackColor(normalBack);
+            MyTxt.Enabled(true);
+            MyTxt.Locked(false);
+            break;
+        case Look::Disabled:
+            MyTxt.Enabled(false);
+            MyTxt.BackColor(disabledBack);
+            MyTxt.ForeColor(disabledText);
+            break;
+        case Look::ReadOnly:
+            MyTxt.Enabled(true);
+            MyTxt.Locked(true);
+            break;
+    }
+    changed(Aspect::Face);
+}
+
+// The normal look at every resize, the one after loading included, makes the box white, enabled
+// and unlocked whatever was stored: the control's own, deliberate behaviour.
+void XPTextBox::resized() {
+    RePos();
+    PaintFrame(marginColour, Look::Normal);
+}
+
+void XPTextBox::Alignment(std::int16_t alignment) {
+    MyTxt.Alignment(alignment > 2 ? std::int16_t{0} : alignment);
+    notify("Alignment");
+}
+
+void XPTextBox::Enabled(bool enabled) {
+    MyTxt.Enabled(enabled);
+    notify("Enabled");
+}
+
+void XPTextBox::Font(const velvox::Font& font) {
+    MyTxt.font(font);
+    notify("Font");
+}
+
+void XPTextBox::BackColor(OleColour colour) {
+    MyTxt.BackColor(colour);
+    notify("BackColor");
+}
+
+void XPTextBox::ForeColor(OleColour colour) {
+    MyTxt.ForeColor(colour);
+    notify("ForeColor");
+}
+
+void XPTextBox::Locked(bool locked) {
+    MyTxt.Locked(locked);
+    Pic.Enabled(!locked);
+    notify("Locked");
+}
+
+void XPTextBox::MaxLength(std::int32_t length) {
+    MyTxt.MaxLength(length);
+    notify("MaxLength");
+}
+
+void XPTextBox::PasswordChar(std::string_view character) {
+    MyTxt.PasswordChar(character);
+    notify("PasswordChar");
+}
+
+void XPTextBox::SelStart(std::int32_t start) {
+    MyTxt.SelStart(start);
+    notify("SelStart");
+}
+
+void XPTextBox::SelText(std::string_view text) {
+    MyTxt.SelText(text);
+    notify("SelText");
+}
+
+void XPTextBox::SelLength(std::int32_t length) {
+    MyTxt.SelLength(length);
+    notify("SelLength");
+}
+
+void XPTextBox::Text(std::string_view text) {
+    MyTxt.Text(text);
+    notify("Text");
+}
+
+void XPTextBox::ToolTipText(std::string_view text) {
+    MyTxt.ToolTipText(text);
+    notify("ToolTipText");
+}
+
+void XPTextBox::DataFields(std::string_view name) {
+    dataFields_ = name;
+    MyTxt.DataField(name);
+    notify("DataFields");
+}
+
+void XPTextBox::Focus() {
+    MyTxt.SelStart(0);
+    MyTxt.SelLength(static_cast<std::int32_t>(MyTxt.Text().size()));
+    MyTxt.SetFocus();
+}
+
+double XPTextBox::GetValue() const {
+    std::string_view text = MyTxt.Text();
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+    // Words such as "inf" are no numbers here: a sign may only be followed by a digit or a point.
+    const std::size_t first = text.starts_with('-') ? 1 : 0;
+    if (text.size() <= first || std::string_view("0123456789.").find(text[first]) == text.npos)
+        return 0;
+    double value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        // Too large and too small look alike there.
+        value = std::strtod(std::string(text.data(), result.ptr).c_str(), nullptr);
+        if (std::isinf(value)) throw RuntimeFailure(Fault::Overflow, "The number does not fit");
+    }
+    return value;
+}
+
+void XPTextBox::notify(std::string_view property) {
+    if (PropertyChanged) PropertyChanged(property);
+}
+
+}  // namespace velvox

@@ -1,0 +1,109 @@
+// XPTextBox: a text box with a flat one-pixel frame and a narrow light margin.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "base/property_bag.h"
+#include "base/twips.h"
+#include "controls/picture_box.h"
+#include "controls/text_box/text_box.h"
+
+namespace velvox {
+
+/// One straight line of a drawing, in twips.
+struct DrawnLine {
+    int x1 = 0;
+    int y1 = 0;
+    int x2 = 0;
+    int y2 = 0;
+    Rgb colour = 0;
+
+    bool operator==(const DrawnLine&) const = default;
+};
+
+class XPTextBox : public Control {
+ public:
+    /// The frame is one screen pixel wide and the text lies three pixels inside it, whatever a
+    /// pixel is in twips.
+    explicit XPTextBox(std::string_view name, int twipsPerPixel = designTwipsPerPixel);
+
+    /// First placement on a form: shows its own name, 330 twips high, in Verdana.
+    void InitProperties();
+    void ReadProperties(const PropertyBag& bag, const velvox::Font& ambient = {});
+    void WriteProperties(PropertyBag& bag, const velvox::Font& ambient = {}) const;
+
+    /// Lays out the two children.
+    void RePos();
+
+    /// 0 left, 1 right, 2 centred; above 2 becomes 0. A negative value reaches the inner box,
+    /// which refuses it (InvalidProperty).
+    std::int16_t Alignment() const { return MyTxt.Alignment(); }
+    void Alignment(std::int16_t alignment);
+    bool Enabled() const { return MyTxt.Enabled(); }
+    void Enabled(bool enabled);
+    const velvox::Font& Font() const { return MyTxt.font(); }
+    void Font(const velvox::Font& font);
+    OleColour BackColor() const { return MyTxt.BackColor(); }
+    void BackColor(OleColour colour);
+    OleColour ForeColor() const { return MyTxt.ForeColor(); }
+    void ForeColor(OleColour colour);
+    bool Locked() const { return MyTxt.Locked(); }
+    void Locked(bool locked);
+    std::int32_t MaxLength() const { return MyTxt.MaxLength(); }
+    void MaxLength(std::int32_t length);
+    const std::string& PasswordChar() const { return MyTxt.PasswordChar(); }
+    void PasswordChar(std::string_view character);
+    std::int32_t SelStart() const { return MyTxt.SelStart(); }
+    void SelStart(std::int32_t start);
+    std::string SelText() const { return MyTxt.SelText(); }
+    void SelText(std::string_view text);
+    std::int32_t SelLength() const { return MyTxt.SelLength(); }
+    void SelLength(std::int32_t length);
+    const std::string& Text() const { return MyTxt.Text(); }
+    void Text(std::string_view text);
+    const std::string& ToolTipText() const { return MyTxt.ToolTipText(); }
+    void ToolTipText(std::string_view text);
+    const std::string& DataFields() const noexcept { return dataFields_; }
+    void DataFields(std::string_view name);
+
+    /// Selects the whole text and moves the keyboard focus into the box.
+    void Focus();
+
+    /// The number at the start of the text, 0 when there is none. Throws Overflow beyond a double.
+    double GetValue() const;
+
+    std::function<void()> Change, Click, DblClick;
+    std::function<void(std::int16_t& keyAscii)> KeyPress;
+    std::function<void(std::int16_t button, std::int16_t shift, float x, float y)> MouseMove;
+
+    /// The host's notification, by property name.
+    std::function<void(std::string_view)> PropertyChanged;
+
+    /// The frame as it was drawn last.
+    const std::array<DrawnLine, 4>& frame() const noexcept { return frame_; }
+
+    PictureBox Pic{"Pic"};
+    TextBox MyTxt{"MyTxt"};
+
+    enum class Look : std::int16_t { Normal = 0, Disabled = 1, ReadOnly = 2 };
+
+    /// Draws the frame and sets the look of the inner box. The program itself only ever asks for
+    /// Normal.
+    void PaintFrame(OleColour margin, Look look);
+
+ protected:
+    void resized() override;
+
+ private:
+    void notify(std::string_view property);
+
+    int twipsPerPixel_;
+    std::string dataFields_;
+    std::array<DrawnLine, 4> frame_{};
+};
+
+}  // namespace velvox

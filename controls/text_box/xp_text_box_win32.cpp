@@ -1,0 +1,277 @@
+#include "controls/text_box/xp_text_box_win32.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+#include "base/buffered_paint_win32.h"
+#include "base/child_window_win32.h"
+#include "base/mouse_win32.h"
+#include "base/system_win32.h"
+#include "base/twips.h"
+#include "base/utf16.h"
+
+namespace velvox {
+namespace {
+
+DWORD alignmentStyle(std::int16_t alignment) {
+    constexpr DWORD styles[] = {ES_LEFT, ES_RIGHT, ES_CENTER};
+    return styles[alignment];
+}
+
+// A place in bytes as a place in UTF-16, and back.
+int unitsOf(std::string_view text, std::int32_t bytes) {
+    return static_cast<int>(toUtf16(text.substr(0, static_cast<std::size_t>(bytes))).size());
+}
+
+std::int32_t bytesOf(std::string_view text, DWORD units) {
+    return static_cast<std::int32_t>(narrow(widen(text).substr(0, units)).size());
+}
+
+}  // namespace
+
+TextBoxWindow::TextBoxWindow(TextBox& model, const PictureBox& container, HWND parent)
+    : model_(model), container_(container) {
+    WindowRequest request;
+    request.className = L"EDIT";
+    request.text = widen(model.Text());
+    request.style =
+        WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | alignmentStyle(model.Alignment());
+    request.bounds = toPixels(model.place());
+    request.parent = parent;
+    request.id = 1;
+    create(request);
+    follow(Aspect::Setting);
+    follow(Aspect::Face);
+    followEnabled();
+    model_.setTextView(this);
+}
+
+TextBoxWindow::~TextBoxWindow() {
+    model_.setTextView(nullptr);
+}
+
+void TextBoxWindow::follow(Aspect aspect) {
+    switch (aspect) {
+        case Aspect::Text:
+            setting_ = true;
+            SetWindowTextW(handle(), widen(model_.Text()).c_str());
+            setting_ = false;
+            break;
+        case Aspect::Choice: {
+            // The model keeps what was asked for until the window is told.
+            const TextBox& model = model_;
+            const Selection wanted = model.wantedSelection();
+            Edit_SetSel(handle(), unitsOf(model.Text(), wanted.start),
+                        unitsOf(model.Text(), wanted.start + wanted.length));
+            break;
+        }
+        case Aspect::Enabled: followEnabled(); break;
+        case Aspect::Setting:
+            Edit_SetReadOnly(handle(), model_.Locked());
+            Edit_LimitText(handle(), static_cast<WPARAM>(model_.MaxLength()));
+            Edit_SetPasswordChar(handle(),
+                                 model_.PasswordChar().empty()
+                                     ? 0U
+                                     : static_cast<UINT>(widen(model_.PasswordChar())[0]));
+            applyToolTip();
+            break;
+        case Aspect::Face: applyFace(); break;
+        case Aspect::Place: fit(); break;
+        default: followPlace(handle(), model_, aspect); break;
+    }
+}
+
+void TextBoxWindow::applyToolTip() {
+    if (tipText_ == model_.ToolTipText()) return;
+    tipText_ = model_.ToolTipText();
+    tip_.reset();
+    if (tipText_.empty()) return;
+    tip_.reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0,
+                               0, 0, 0, handle(), nullptr, GetModuleHandleW(nullptr), nullptr));
+    if (!tip_) throwLastError("CreateWindowEx of the tool tip");
+    std::wstring text = widen(tipText_);
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;  // the record that every version of the control knows
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = GetParent(handle());
+    tool.uId = reinterpret_cast<UINT_PTR>(handle());
+    tool.lpszText = text.data();
+    SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void TextBoxWindow::followEnabled() {
+    EnableWindow(handle(), model_.Enabled() && container_.Enabled());
+}
+
+Selection TextBoxWindow::selection() const {
+    DWORD start = 0;
+    DWORD end = 0;
+    SendMessageW(handle(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+                 reinterpret_cast<LPARAM>(&end));
+    const std::int32_t from = bytesOf(model_.Text(), start);
+    return {from, bytesOf(model_.Text(), end) - from};
+}
+
+void TextBoxWindow::focus() {
+    SetFocus(handle());
+}
+
+void TextBoxWindow::applyFace() {
+    font_ = createFont(model_.font());
+    SetWindowFont(handle(), font_.get(), TRUE);
+    background_.reset(CreateSolidBrush(static_cast<COLORREF>(translateColour(model_.BackColor()))));
+    const auto style = static_cast<DWORD>(GetWindowLongW(handle(), GWL_STYLE));
+    const DWORD wanted =
+        (style & ~static_cast<DWORD>(ES_RIGHT | ES_CENTER)) | alignmentStyle(model_.Alignment());
+    if (wanted != style) SetWindowLongW(handle(), GWL_STYLE, static_cast<LONG>(wanted));
+    fit();
+    InvalidateRect(handle(), nullptr, TRUE);
+}
+
+// The EDIT writes at its top. It is as tall as its text and stands in the middle of its place, so
+// that the text has as much room above as below.
+void TextBoxWindow::fit() {
+    RECT at = toPixels(model_.place());
+    const WindowDc dc(handle());
+    const Selected font(dc.get(), font_.get());
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc.get(), &metrics);
+    const LONG spare = std::max<LONG>(0, at.bottom - at.top - metrics.tmHeight);
+    at.top += spare / 2;
+    at.bottom -= spare - spare / 2;
+    SetWindowPos(handle(), nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// In high contrast the person's own colours hold: white on the box's white could not be read.
+HBRUSH TextBoxWindow::colour(HDC dc) {
+    const bool own = !highContrast();
+    const OleColour back = own ? model_.BackColor() : systemColour(WindowColour);
+    OleColour fore = own ? model_.ForeColor() : systemColour(WindowTextColour);
+    if (!IsWindowEnabled(handle())) fore = systemColour(GrayTextColour);
+    SetBkColor(dc, static_cast<COLORREF>(translateColour(back)));
+    SetTextColor(dc, static_cast<COLORREF>(translateColour(fore)));
+    return background();
+}
+
+HBRUSH TextBoxWindow::background() const {
+    return highContrast() ? GetSysColorBrush(COLOR_WINDOW) : background_.get();
+}
+
+std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case reflectedCommand:
+            if (HIWORD(wParam) == EN_CHANGE && !setting_) model_.typed(windowText(handle()));
+            return 0;
+        case WM_CHAR: {
+            // A handler is told of what its 16-bit number can hold.
+            if (!model_.KeyPress || wParam > 0x7FFF) break;
+            auto key = static_cast<std::int16_t>(wParam);
+            model_.KeyPress(key);
+            if (key == 0) return 0;
+            if (static_cast<WPARAM>(key) == wParam) break;
+            return DefSubclassProc(handle(), message, static_cast<WPARAM>(key), lParam);
+        }
+        case WM_LBUTTONUP:
+            if (model_.Click) model_.Click();
+            break;
+        case WM_LBUTTONDBLCLK:
+            if (model_.DblClick) model_.DblClick();
+            break;
+        case WM_MOUSEMOVE: {
+            if (!model_.MouseMove) break;
+            const int shift = (wParam & MK_SHIFT ? 1 : 0) | (wParam & MK_CONTROL ? 2 : 0) |
+                              (GetKeyState(VK_MENU) < 0 ? 4 : 0);
+            model_.MouseMove(static_cast<std::int16_t>(heldButtons(wParam)),
+                             static_cast<std::int16_t>(shift),
+                             static_cast<float>(toTwips(GET_X_LPARAM(lParam), screenDpi())),
+                             static_cast<float>(toTwips(GET_Y_LPARAM(lParam), screenDpi())));
+            break;
+        }
+        default: break;
+    }
+    return std::nullopt;
+}
+
+XPTextBoxWindow::XPTextBoxWindow(XPTextBox& model, HWND parent, int id) : model_(model) {
+    registerWindowClass(L"XPTextBox");
+    WindowRequest request;
+    request.className = L"XPTextBox";
+    request.style =
+        WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | (model.Visible() ? WS_VISIBLE : 0);
+    request.extendedStyle = WS_EX_CONTROLPARENT;
+    request.bounds = toPixels(model.place());
+    request.parent = parent;
+    request.id = id;
+    create(request);
+    edit_.emplace(model.MyTxt, model.Pic, handle());
+    model_.setView(this);
+    model_.Pic.setView(&picView_);
+}
+
+XPTextBoxWindow::~XPTextBoxWindow() {
+    model_.Pic.setView(nullptr);
+    model_.setView(nullptr);
+}
+
+void XPTextBoxWindow::PicView::follow(Aspect aspect) {
+    if (aspect == Aspect::Enabled) window.edit_->followEnabled();
+    if (aspect == Aspect::Face) InvalidateRect(window.handle(), nullptr, FALSE);
+}
+
+void XPTextBoxWindow::follow(Aspect aspect) {
+    followPlace(handle(), model_, aspect);
+    if (aspect == Aspect::Face) InvalidateRect(handle(), nullptr, FALSE);
+}
+
+std::optional<LRESULT> XPTextBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_PAINT: {
+            const Painting painting(handle());
+            paint(painting.dc());
+            return 0;
+        }
+        case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
+        case WM_ERASEBKGND: return 1;
+        case WM_SETFOCUS:
+            if (edit_) SetFocus(edit_->handle());
+            return 0;
+        case WM_CTLCOLOREDIT:
+        case WM_CTLCOLORSTATIC:
+            if (!edit_) break;
+            return reinterpret_cast<LRESULT>(edit_->colour(reinterpret_cast<HDC>(wParam)));
+        case WM_COMMAND:
+            if (reflectCommand(lParam, wParam)) return 0;
+            break;
+        default: break;
+    }
+    return std::nullopt;
+}
+
+void XPTextBoxWindow::paint(HDC target) const {
+    RECT client;
+    GetClientRect(handle(), &client);
+    const BufferedPaint buffer(target, client);
+    const HDC dc = buffer.dc();
+    const auto rgbOf = [own = !highContrast()](OleColour colour, int inContrast) {
+        return static_cast<COLORREF>(translateColour(own ? colour : systemColour(inContrast)));
+    };
+    const OwnedBrush margin(CreateSolidBrush(rgbOf(model_.Pic.BackColor(), WindowColour)));
+    FillRect(dc, &client, margin.get());
+    // The EDIT is as tall as its text only; the rest of its place looks like it.
+    const RECT inner = toPixels(model_.MyTxt.place());
+    FillRect(dc, &inner, edit_->background());
+    for (const DrawnLine& line : model_.frame()) {
+        const OwnedPen pen(CreatePen(PS_SOLID, 1, rgbOf(line.colour, WindowTextColour)));
+        const Selected selected(dc, pen.get());
+        // Scaled by the window as it came out in pixels, so that the far edges lie on its last
+        // ones.
+        const auto x = [&](int twips) { return MulDiv(twips, client.right, model_.Pic.Width()); };
+        const auto y = [&](int twips) { return MulDiv(twips, client.bottom, model_.Pic.Height()); };
+        MoveToEx(dc, x(line.x1), y(line.y1), nullptr);
+        LineTo(dc, x(line.x2), y(line.y2));
+    }
+}
+
+}  // namespace velvox

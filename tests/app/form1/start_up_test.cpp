@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include "app/form1/form1_design.h"
+#include "tests/app/form1/form1_fixture.h"
+#include "tests/support/example_addresses.h"
+
+namespace velvox::testing {
+namespace {
+
+TEST(StartUpTest, LoadsTheListTheExampleAndTheNews) {
+    Form1Fixture fixture;
+    fixture.form.Form_Load();
+    EXPECT_EQ(fixture.log.take(),
+              "ds+=Youtube\nds+=Clip.vn\nds+=Sevenload.com\nds+=Veoh.com\nds+=Metacafe.com\n"
+              "ds+=Comic Books - Vuilen.com\nds=Youtube\n"
+              "vd=http://www.youtube.com/watch?v=Yp5O8Koe_A4\nnavigate about:blank\n");
+    EXPECT_EQ(fixture.form.NewsText, std::string(128, ' ') + "| Loading News....  |");
+    EXPECT_EQ(fixture.form.linkin.Text(), "");
+    EXPECT_FALSE(fixture.form.outer.Visible());
+    EXPECT_FALSE(fixture.form.isButton1.Enabled());
+    EXPECT_THROW(designOf("Label99"), RuntimeFailure);
+}
+
+TEST(StartUpTest, ChoosingASiteChangesTheExampleAlone) {
+    Form1Fixture fixture;
+    Form1& form = fixture.form;
+    form.Form_Load();
+    form.linkin.Text("mine");
+    std::vector<std::string> examples(std::begin(exampleAddresses), std::end(exampleAddresses));
+    examples.push_back("http://www.nhacso.net/Music/Album/2007/06/05F62FB2/");
+    // The albums' comparison is there, their entry is not.
+    form.ds.AddItem("Album Nhacso.net");
+    for (std::size_t i = examples.size(); i-- > 0;) {
+        form.ds.ListIndex(static_cast<int>(i));
+        EXPECT_EQ(form.vd.Caption(), examples[i]);
+        EXPECT_EQ(form.linkin.Text(), "mine");
+    }
+    form.ds.AddItem("clip.vn");
+    form.ds.ListIndex(7);
+    EXPECT_EQ(form.vd.Caption(), examples[0]) << "another letter case is no entry";
+    EXPECT_THROW(form.ds.ListIndex(8), RuntimeFailure);
+    form.vd.Click();
+    EXPECT_EQ(form.linkin.Text(), examples[0]);
+}
+
+TEST(StartUpTest, HomeOpensAndBlinksAndCloseStopsTheBrowser) {
+    Form1Fixture fixture;
+    Form1& form = fixture.form;
+    form.Label12.Click();
+    form.isButton1_Click();
+    EXPECT_EQ(fixture.log.take(),
+              "shell open http://www.velvox.example/\nnavigate about:blank\nouter.Visible False\n");
+    for (const OleColour expected : {0xFFU, 0xFF0000U, 0xFFU}) {
+        form.Timer1.Tick();
+        EXPECT_EQ(form.Label12.ForeColor(), expected);
+    }
+}
+
+}  // namespace
+}  // namespace velvox::testing

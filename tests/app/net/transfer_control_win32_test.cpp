@@ -1,0 +1,117 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/local_server_win32.h"
+// winsock2.h has to come before windows.h.
+#include "app/net/transfer_control_win32.h"
+#include "base/runtime_failure.h"
+
+namespace velvox {
+namespace {
+
+using std::chrono::milliseconds;
+
+std::string everyByte() {
+    std::string bytes;
+    for (int i = 0; i < 256 * 256; ++i) bytes.push_back(static_cast<char>(i));
+    return bytes;
+}
+
+void answer(const Connection& to, const std::string& request) {
+    const std::string path = request.substr(5, request.find(' ', 5) - 5);
+    const std::string header = "HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n";
+    if (path == "silent") {
+        to.wait(3000);
+    } else if (path == "drip") {
+        to.write(header);
+        while (to.write("x") && to.wait(100)) continue;
+    } else if (path == "cut") {
+        to.write(header + "half");
+    } else if (path == "unsized") {
+        to.write("HTTP/1.0 200 OK\r\n\r\n" + everyByte());
+    } else if (path == "big") {
+        to.write(LocalServer::reply(std::string(5000, 'x')));
+    } else if (path.starts_with("30")) {
+        const std::string target = path == "302" ? "302" : "unsized";
+        to.write(LocalServer::reply("", path + " Moved", "Location: /" + target + "\r\n"));
+    } else if (path != "drop") {
+        to.write(LocalServer::reply("good"));
+    }
+}
+
+std::string failureOf(TransferControl& transfer, const std::string& address) {
+    try {
+        transfer.OpenURL(address);
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.fault(), Fault::Transfer) << failure.what();
+        return failure.what();
+    }
+    ADD_FAILURE() << address << " came";
+    return {};
+}
+
+TEST(TransferControlTest, RequestsExactlyWhatIsAskedAndNothingMore) {
+    std::vector<std::string> requests;
+    const LocalServer server([&](const Connection& to, const std::string& request) {
+        requests.push_back(request);
+        to.write(LocalServer::reply("body", "404 Not Found", "Set-Cookie: a=b\r\n"));
+    });
+    WinHttpTransfer transfer;
+    const std::string target = "/a%20b//c\\d?x=[1]&y={\"z\"}|^`%5b";
+    EXPECT_EQ(transfer.OpenURL(server.address(target)), "body");
+    transfer.OpenURL(server.address("/ \xC3\xA9#fragment"));
+    ASSERT_EQ(requests.size(), 2U);
+    EXPECT_TRUE(requests[0].starts_with("GET " + target + " HTTP/1.1\r\n")) << requests[0];
+    EXPECT_TRUE(requests[1].starts_with("GET /%20%C3%A9 HTTP/1.1\r\n")) << requests[1];
+    for (const char* unneeded : {"Cookie:", "User-Agent:", "Referer:", "Cache-Control:"})
+        EXPECT_EQ(requests[1].find(unneeded), std::string::npos) << requests[1];
+}
+
+TEST(TransferControlTest, KeepsEveryByteOfTheBodyBehindRedirects) {
+    const LocalServer server(answer);
+    WinHttpTransfer transfer;
+    EXPECT_EQ(transfer.OpenURL(server.address("/300")), "");
+    for (const char* path : {"/unsized", "/301", "/303", "/308"})
+        EXPECT_TRUE(transfer.OpenURL(server.address(path)) == everyByte()) << path;
+    EXPECT_EQ(failureOf(transfer, server.address("/302")), "The page redirects too often");
+}
+
+// The deadline holds for the whole transfer, whether the server goes silent or slow.
+TEST(TransferControlTest, SeesMessagesUntilItsDeadlineAndLeavesNoHandleBehind) {
+    const LocalServer server(answer);
+    int seen = 0;
+    WinHttpTransfer transfer({.time = milliseconds(1500)}, [&] {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE)) ++seen;
+    });
+    transfer.OpenURL(server.address());
+    const int before = liveHandles();
+    for (const char* path : {"/silent", "/drip"}) {
+        SCOPED_TRACE(path);
+        PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0);
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_EQ(failureOf(transfer, server.address(path)), "The server did not answer in time");
+        const auto took = std::chrono::steady_clock::now() - start;
+        EXPECT_GE(took, milliseconds(1490));
+        EXPECT_LT(took, milliseconds(10'000));
+        EXPECT_EQ(transfer.OpenURL(server.address()), "good");
+    }
+    EXPECT_EQ(seen, 2);
+    // The closing notices of what was given up come later, on other threads; Wine sends them only
+    // when the server has closed too.
+    for (int i = 0; i < 1000 && liveHandles() > before; ++i) Sleep(20);
+    EXPECT_EQ(liveHandles(), before);
+}
+
+TEST(TransferControlTest, FailsPlainlyAndGoesOnAfterwards) {
+    const LocalServer server(answer);
+    WinHttpTransfer transfer({.time = milliseconds(30'000), .bytes = 4000});
+    for (const std::string& address :
+         {server.address("/cut"), server.address("/drop"), std::string("http://127.0.0.1:1/"),
+          std::string("http://no.such.host.invalid/"), std::string("file:///c:/x")})
+        failureOf(transfer, address);
+    EXPECT_EQ(failureOf(transfer, server.address("/big")), "The page is too large");
+    EXPECT_EQ(transfer.OpenURL(server.address("/" + std::string(100'000, 'a'))), "good");
+}
+
+}  // namespace
+}  // namespace velvox

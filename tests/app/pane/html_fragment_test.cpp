@@ -1,0 +1,127 @@
+#include "app/pane/html_fragment.h"
+
+#include <gtest/gtest.h>
+
+#include <ctime>
+#include <iomanip>
+#include <sstream>
+#include <string>
+
+#include "base/text.h"
+
+namespace velvox {
+namespace {
+
+using namespace std::string_literals;
+
+// Runs as "[face size colour link|text]", so that a table can hold them. What every run has by
+// default is left out.
+std::string describe(const HtmlFragment& html) {
+    std::ostringstream out;
+    for (const auto& [begin, end, look, link] : html.runs) {
+        out << '[';
+        if (look.face != 0) out << html.faces[look.face] << ' ';
+        if (look.halfPoints != 20) out << look.halfPoints << ' ';
+        if (look.colour != TextLook::automatic)
+            out << std::hex << std::uppercase << std::setw(6) << std::setfill('0') << look.colour
+                << std::dec << ' ';
+        if (link != TextRun::noLink) out << html.addresses[static_cast<std::size_t>(link)] << ' ';
+        out << '|' << html.text.substr(begin, end - begin) << ']';
+    }
+    return text::replaceAll(out.str(), " |", "|");
+}
+
+void expectRuns(std::initializer_list<std::pair<std::string, std::string>> rows) {
+    for (const auto& [html, runs] : rows)
+        EXPECT_EQ(describe(parseHtmlFragment(html)), runs) << html;
+}
+
+TEST(HtmlFragmentTest, FormsThatTheProgramWrites) {
+    expectRuns({
+        {"<font face='tahoma' size='2' color='red'>Video Unavilable..</font>",
+         "[0000FF|Video Unavilable..]"},
+        {"<a href='http://h/a b&t=1'><font face='tahoma' size=2>Download</font></a>",
+         "[http://h/a b&t=1|Download]"},
+        {"\r\n<br><font face='tahoma' size='2'><a href='http://h/1'>Download FLV</a>"
+         "\r\n<br><font face='tahoma' size='2'><a href='http://h/2'>Download AVI</a>",
+         "[|\n][http://h/1|Download FLV][|\n][http://h/2|Download AVI]"},
+        // The link is ended by a second opening tag: still each has its own text only.
+        {"<font face='tahoma' size='2'><a href='http://h/1.jpg'>Download Image 1<a></font><br>"
+         "<font face='tahoma' size='2'><a href='http://h/2.jpg'>Download Image 2<a></font><br>",
+         "[http://h/1.jpg|Download Image 1][|\n][http://h/2.jpg|Download Image 2][|\n]"},
+    });
+}
+
+TEST(HtmlFragmentTest, TagsAttributesAndText) {
+    expectRuns({
+        {"<FONT FACE=Verdana COLOR=#12abEF SIZE=\"7\">x</FONT>y", "[Verdana 72 EFAB12|x][|y]"},
+        {"<font face='Courier New, serif' size='+1'>x<font size=-2>y</font>z</font>",
+         "[Courier New 27|x][Courier New 15|y][Courier New 27|z]"},
+        {"<font size=99>a</font><font size=x color=mauve>b", "[72|a][|b]"},
+        {"<p>one <b>two</b><img src='x'> three", "[|one two three]"},
+        {"a < b <3 </ > c<>", "[|a < b <3 </ > c<>]"},
+        {"x<!-- <b> -->y<!doctype html>z<?xml?>!", "[|xyz!]"},
+        {"a<!-- never ended <b>c", "[|ac]"},
+        // White space as in HTML: runs are one blank, none beside a line break or at an end.
+        {" \t a \r\n b<br> \n c <br>", "[|a b\nc\n]"},
+        {"a <a href='u'> b </a> c", "[|a ][u|b ][|c]"},
+        {"a&nbsp; &nbsp;b", "[|a\xC2\xA0 \xC2\xA0"s + "b]"},
+        {"&amp;lt;&lt;&gt;&quot;&#39;&#x41;&#65;", "[|&lt;<>\"'AA]"},
+        {"&unknown;&;&#;&#x;&#99999999999;&amp", "[|&unknown;&;&#;&#x;&#99999999999;&amp]"},
+        {"&#0;&#xD800;&#1114112;&#128512;",
+         "[|\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xF0\x9F\x98\x80]"},
+        {"a\0b"s, "[|a\0b]"s},
+    });
+}
+
+TEST(HtmlFragmentTest, BrokenNestingAndHostileAddresses) {
+    expectRuns({
+        {"</font></a><a href='u'>x", "[u|x]"},
+        {"<a href=''>x</a>", "[|x]"},  // leads nowhere, but the text shows
+        {"<font color=red><a href='u'>x</a>y<a href='v'><font color=lime>z</font></a></font>",
+         "[u|x][0000FF|y][00FF00 v|z]"},
+        // A quote in an address ends it, as in any browser.
+        {"<a href='http://h/it's'>y</a>", "[http://h/it|y]"},
+        {"<a href=\"it's\" href='second'>y</a>", "[it's|y]"},
+        {"<a href=\" java\nscript:x\t \">y</a>", "[javascript:x|y]"},
+        {"<a href='h\0i'>y</a>"s, "[hi|y]"},
+        {"<a href='?a=1&amp;b=2&copy=3&lt=4'>y</a>", "[?a=1&b=2&copy=3&lt=4|y]"},
+        {"<a href=http://h/a/b>y</a>", "[http://h/a/b|y]"},
+        // What never ends is shown rather than lost.
+        {"x<a href='u>y</a>", "[|x<a href='u>y</a>]"},
+        {"x<", "[|x<]"},
+    });
+}
+
+// Each of these once cost, or would cost a parser that looks again from every "<", the square of
+// its length: hours.
+TEST(HtmlFragmentTest, TimeIsLinear) {
+    constexpr std::size_t size = 400'000;
+    for (const char* unit : {"<", "&", "<a ", "<a href='", "</a", "<!--", "<font size=1>a",
+                             "<a href=x>y</a>z", " \n"}) {
+        std::string html;
+        while (html.size() < size) html += unit;
+        const std::clock_t begin = std::clock();
+        parseHtmlFragment(html);
+        EXPECT_LT(std::clock() - begin, 10 * CLOCKS_PER_SEC) << unit;
+    }
+}
+
+TEST(HtmlFragmentTest, FacesAreBounded) {
+    std::string html;
+    for (int i = 0; i < 1000; ++i) html += "<font face=f" + std::to_string(i) + ">x</font>";
+    const HtmlFragment parsed = parseHtmlFragment(html);
+    EXPECT_LE(parsed.faces.size(), 64U);
+    EXPECT_EQ(parsed.text.size(), 1000U);
+}
+
+TEST(HtmlFragmentTest, OnlyWebAddressesMayBeOpened) {
+    for (const char* good : {"http://h", "HTTPS://h/a b[1].flv", "http://h/\xC3\xA9"})
+        EXPECT_TRUE(mayOpen(good)) << good;
+    for (const auto& bad : {""s, "http://"s, "http:h"s, "ftp://h"s, "file:///c:/x.exe"s,
+                            " http://h"s, "http://h\0.exe"s, "http://h\r\n"s})
+        EXPECT_FALSE(mayOpen(bad)) << bad;
+}
+
+}  // namespace
+}  // namespace velvox

@@ -1,0 +1,345 @@
+#include "app/pane/result_pane_win32.h"
+
+#include <gtest/gtest.h>
+#include <richedit.h>
+
+#include <chrono>
+
+#include "base/text.h"
+#include "tests/app/form1/form1_fixture.h"
+#include "tests/support/window_fixture_win32.h"
+
+namespace velvox::testing {
+namespace {
+
+using namespace std::string_literals;
+
+std::string numbered(const std::string& line, int count) {
+    std::string lines;
+    for (int i = 1; i <= count; ++i) lines += text::replaceAll(line, "#", std::to_string(i));
+    return lines;
+}
+
+std::string imageLines(int count) {
+    return numbered(
+        "<font face='tahoma' size='2'><a href='http://host/books/abc/p#.jpg'>Download Image #<a>"
+        "</font><br>",
+        count);
+}
+
+template <class Pointed>
+LPARAM at(Pointed& pointed) {
+    return reinterpret_cast<LPARAM>(&pointed);
+}
+
+class ResultPaneTest : public ::testing::Test {
+ protected:
+    HWND text() const { return pane.textWindow(); }
+    LRESULT send(UINT message, WPARAM wParam, LPARAM lParam) const {
+        return SendMessageW(text(), message, wParam, lParam);
+    }
+
+    std::string shown() const { return text::replaceAll(windowText(text()), "\r\n", "\n"); }
+    std::string shownAt(std::size_t begin, std::size_t end) const {
+        return narrow(widen(shown()).substr(begin, end - begin));
+    }
+    void select(std::size_t begin, std::size_t end) const {
+        CHARRANGE place{static_cast<LONG>(begin), static_cast<LONG>(end)};
+        send(EM_EXSETSEL, 0, at(place));
+    }
+    void setCaret(std::size_t character) const { select(character, character); }
+    bool isLink(std::size_t character) const {
+        select(character, character + 1);
+        CHARFORMAT2W format{};
+        format.cbSize = sizeof format;
+        send(EM_GETCHARFORMAT, SCF_SELECTION, at(format));
+        setCaret(0);
+        return (format.dwEffects & CFE_LINK) != 0;
+    }
+    // A point inside a character.
+    LPARAM pointAt(std::size_t character) const {
+        POINTL place{};
+        send(EM_POSFROMCHAR, static_cast<WPARAM>(at(place)), static_cast<LPARAM>(character));
+        return MAKELPARAM(place.x + 2, place.y + 6);
+    }
+    void press(LPARAM point) const { send(WM_LBUTTONDOWN, MK_LBUTTON, point); }
+    void release(LPARAM point) const { send(WM_LBUTTONUP, 0, point); }
+    void click(LPARAM point) const {
+        press(point);
+        release(point);
+    }
+    void key(WPARAM code) const { send(WM_KEYDOWN, code, 0); }
+    HWND child(const wchar_t* className, DWORD style) const {
+        return CreateWindowExW(0, className, L"", WS_CHILD | style, 0, 0, 280, 180, top.handle(),
+                               nullptr, nullptr, nullptr);
+    }
+    // What a paste brings into another program's box.
+    std::string clipboard() const {
+        const HWND box = child(L"EDIT", ES_MULTILINE);
+        SendMessageW(box, WM_PASTE, 0, 0);
+        std::string pasted = windowText(box);
+        DestroyWindow(box);
+        return pasted;
+    }
+    template <class Action>
+    static double secondsOf(Action action) {
+        const auto begin = std::chrono::steady_clock::now();
+        action();
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    }
+
+    TestForm top{{0, 0, 320, 220}};
+    EffectLog log;
+    FakeDesktop desktop{log};
+    ResultPaneWindow pane{top.handle(), {10, 10, 300, 200}, 7, desktop};
+};
+
+TEST_F(ResultPaneTest, ShowsTextAndLinksAndKeepsTheHtmlAsWritten) {
+    const struct {
+        std::string html, text, links;
+    } rows[] = {
+        {"\r\n<br><font face='tahoma' size='2'><a href='http://h/1'>Download FLV</a>"
+         "\r\n<br><font face='tahoma' size='2'><a href='http://h/2'>Download AVI</a>",
+         "\nDownload FLV\nDownload AVI", "Download FLV>http://h/1\nDownload AVI>http://h/2\n"},
+        {"plain \\b {text} \xC3\xA9 &#128512; <a href='http://h/\xC3\xA9'>l\xE9nk</a> end",
+         "plain \\b {text} \xC3\xA9 \xF0\x9F\x98\x80 l\xC3\xA9nk end",
+         "l\xC3\xA9nk>http://h/\xC3\xA9\n"},
+        {imageLines(1), "Download Image 1\n", "Download Image 1>http://host/books/abc/p1.jpg\n"},
+        {"\xC3\xA9\xE9\r\n<\0x>"s, "\xC3\xA9\xC3\xA9 <x>", ""},
+        {"", "", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.html);
+        pane.DocumentHTML(row.html);
+        EXPECT_EQ(shown(), row.text);
+        std::string links;
+        for (const TextLink& link : pane.links()) {
+            links += shownAt(link.begin, link.end) + '>' + link.address + '\n';
+            EXPECT_TRUE(isLink(link.begin) && isLink(link.end - 1));
+        }
+        EXPECT_EQ(links, row.links);
+        EXPECT_EQ(windowText(pane.handle()), narrow(widen(row.html)));
+        EXPECT_EQ(isLink(0), row.text.starts_with("Download"));
+    }
+    EXPECT_FALSE(SetWindowTextW(pane.handle(), L"other"));
+    EXPECT_EQ(windowText(pane.handle()), "");
+}
+
+TEST_F(ResultPaneTest, IsPaintedOnReturn) {
+    pumpFor(20);
+    const auto darkPixels = [&] {
+        const WindowDc dc(text());
+        int count = 0;
+        for (int y = 5; y < 20; ++y)
+            for (int x = 5; x < 120; ++x) count += GetRValue(GetPixel(dc.get(), x, y)) < 0x60;
+        return count;
+    };
+    pane.DocumentHTML("");
+    EXPECT_EQ(darkPixels(), 0);
+    pane.DocumentHTML("<font face='tahoma' size='2'>Please wait...</font>");
+    EXPECT_GT(darkPixels(), 30);
+    EXPECT_FALSE(GetUpdateRect(pane.handle(), nullptr, FALSE));
+}
+
+TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
+    pane.DocumentHTML(
+        "text <a href='http://h/1'>Download FLV</a> and "
+        "<a href='https://h/2'>Download MP4</a><br><a href='http://h/3'>Third</a>");
+    const auto& links = pane.links();
+    ASSERT_EQ(links.size(), 3U);
+    std::string opened;
+    for (const TextLink& link : links) {
+        click(pointAt(link.begin));
+        click(pointAt(link.end - 1));
+        opened += "shell open " + link.address + "\nshell open " + link.address + '\n';
+    }
+    EXPECT_EQ(log.take(), opened);
+    // Beside and below links, although the nearest character is one of them.
+    const LPARAM third = pointAt(links[2].begin);
+    for (const LPARAM point : {pointAt(1), pointAt(links[0].end + 1), third + MAKELPARAM(150, 0),
+                               third + MAKELPARAM(0, 60)})
+        click(point);
+    // Pressed on one, released on another, and a selection that ends where it began a word.
+    press(pointAt(links[0].begin));
+    release(third);
+    press(pointAt(links[0].begin));
+    send(WM_MOUSEMOVE, MK_LBUTTON, pointAt(links[0].begin + 5));
+    release(pointAt(links[0].begin + 5));
+    // One that went down on text that is gone.
+    press(pointAt(links[0].begin));
+    pane.DocumentHTML("<a href='http://h/other'>Another link</a>");
+    release(pointAt(2));
+    EXPECT_EQ(log.take(), "");
+}
+
+TEST_F(ResultPaneTest, KeysGoFromLinkToLinkAndEnterOpens) {
+    pane.DocumentHTML(
+        "<font size=2>Three links: <a href='http://h/1'>One</a> "
+        "<a href='http://h/2'>Two</a><br>and <a href='http://h/3'>Three</a></font>");
+    // Enter is the pane's own only while it opens something; Tab and Escape never are.
+    const auto wants = [&](WPARAM code) {
+        MSG message{};
+        message.message = WM_KEYDOWN;
+        message.wParam = code;
+        return (send(WM_GETDLGCODE, code, at(message)) &
+                (DLGC_WANTMESSAGE | DLGC_WANTTAB | DLGC_WANTALLKEYS)) != 0;
+    };
+    SetFocus(pane.handle());
+    EXPECT_EQ(GetFocus(), text());
+    EXPECT_FALSE(wants(VK_RETURN));
+    key(VK_RETURN);
+    for (const WPARAM code : {VK_DOWN, VK_DOWN, VK_DOWN, VK_UP, VK_UP}) {
+        key(code);
+        key(VK_RETURN);
+        CHARRANGE place{};
+        send(EM_EXGETSEL, 0, at(place));
+        log.add({shownAt(static_cast<std::size_t>(place.cpMin),
+                         static_cast<std::size_t>(place.cpMax))});
+    }
+    const std::string one = "shell open http://h/1\nOne\n";
+    const std::string two = "shell open http://h/2\nTwo\n";
+    EXPECT_EQ(log.take(), one + two + "shell open http://h/3\nThree\n" + two + one);
+    EXPECT_TRUE(wants(VK_RETURN));
+    EXPECT_FALSE(wants(VK_TAB) || wants(VK_ESCAPE));
+}
+
+TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
+    pane.DocumentHTML("text <a href='http://h/address?a&b'>Download</a>");
+    const auto tip = [&]() -> std::string {
+        HWND window = nullptr;
+        while ((window = FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr)) != nullptr)
+            if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId() &&
+                IsWindowVisible(window))
+                return windowText(window);
+        return "hidden";
+    };
+    const HCURSOR hand = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND));
+    // Where the pointer goes, and what is shown of it at once and after a rest.
+    for (const bool onLink : {false, true}) {
+        const LPARAM point = pointAt(onLink ? 7 : 1);
+        send(WM_MOUSEMOVE, 0, point);
+        EXPECT_EQ(GetCursor() == hand, onLink);
+        EXPECT_EQ(tip(), "hidden");
+        send(WM_MOUSEHOVER, 0, point);
+        EXPECT_EQ(tip(), onLink ? "http://h/address?a&b" : "hidden");
+    }
+    send(WM_MOUSEMOVE, 0, pointAt(1));
+    EXPECT_EQ(tip(), "hidden");
+    send(WM_MOUSEHOVER, 0, pointAt(7));
+    pane.DocumentHTML("something else");
+    EXPECT_EQ(tip(), "hidden");
+}
+
+TEST_F(ResultPaneTest, ContextMenuOpensAndCopies) {
+    pane.DocumentHTML(
+        "none here <a href='http://h/1'>One</a><br><a href='ftp://h/\xC3\xA9'>Two</a>");
+    // The keys wait in the queue until the menu reads them.
+    const auto choose = [&](std::size_t character, WPARAM letter, bool byKeyboard = false) {
+        setCaret(byKeyboard ? character : 0);
+        const LPARAM place = pointAt(character);
+        POINT screen{LOWORD(place), HIWORD(place)};
+        ClientToScreen(text(), &screen);
+        PostMessageW(text(), WM_CHAR, letter, 0);
+        PostMessageW(text(), WM_KEYDOWN, VK_ESCAPE, 0);  // closes it if the item was greyed
+        send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(text()),
+             byKeyboard ? -1 : MAKELPARAM(screen.x, screen.y));
+        pumpFor(20);
+    };
+    choose(11, 'O');
+    choose(15, 'O');  // nothing to open by
+    EXPECT_EQ(log.take(), "shell open http://h/1\n");
+    choose(11, 'C');
+    EXPECT_EQ(clipboard(), "http://h/1");
+    choose(15, 'C', true);
+    EXPECT_EQ(clipboard(), "ftp://h/\xC3\xA9");
+    // Only web addresses are opened, whoever asks.
+    click(pointAt(15));
+    key(VK_RETURN);
+    send(WM_COMMAND, static_cast<WPARAM>(LinkCommand::Open), 0);
+    EXPECT_EQ(log.take(), "");
+    choose(1, 'C');  // greyed: no link there
+    EXPECT_EQ(clipboard(), "ftp://h/\xC3\xA9");
+    choose(1, 'A');
+    EXPECT_EQ(clipboard(), "http://h/1\r\nftp://h/\xC3\xA9\r\n");
+}
+
+TEST_F(ResultPaneTest, GarbageIsShownAndEndsSoon) {
+    constexpr std::size_t size = 256 * 1024;
+    std::string noise;
+    for (unsigned seed = 1; noise.size() < size; seed = seed * 1103515245U + 12345U)
+        noise += static_cast<char>(seed >> 16);
+    for (const std::string& html : {noise, std::string(size, '<'), std::string(size, '\0')})
+        EXPECT_LT(secondsOf([&] { pane.DocumentHTML(html); }), 15.0) << static_cast<int>(html[0]);
+    pane.DocumentHTML("fine again");
+    EXPECT_EQ(shown(), "fine again");
+}
+
+DWORD CALLBACK readMore(DWORD_PTR rest, LPBYTE buffer, LONG size, LONG* got) {
+    auto& text = *reinterpret_cast<std::string_view*>(rest);
+    const auto count = text.copy(reinterpret_cast<char*>(buffer), static_cast<std::size_t>(size));
+    text.remove_prefix(count);
+    *got = static_cast<LONG>(count);
+    return 0;
+}
+
+// The bare control's own time for the same text is the measure: what a person waits for beyond it
+// is ours.
+TEST_F(ResultPaneTest, ManyLinksTakeLittleLongerThanTheBareControl) {
+    constexpr int lines = 32767;
+    const std::string rtf = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Tahoma;}}\\f0\\fs20 " +
+                            numbered("Download Image #\\par\n", lines) + '}';
+    const auto bare = [&] {
+        wchar_t name[32];
+        GetClassNameW(text(), name, 32);
+        const HWND control = child(name, WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY);
+        SendMessageW(control, EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
+        SendMessageW(control, WM_SETREDRAW, FALSE, 0);
+        std::string_view rest = rtf;
+        EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rest), 0, &readMore};
+        const double taken =
+            secondsOf([&] { SendMessageW(control, EM_STREAMIN, SF_RTF, at(stream)); });
+        DestroyWindow(control);
+        return taken;
+    };
+    const std::string html = imageLines(lines);
+    // The fastest of several, taken in turn: other programs on the machine disturb both alike.
+    double bareTime = 1e9, ownTime = 1e9;
+    for (int i = 0; i < 3; ++i) {
+        bareTime = std::min(bareTime, bare());
+        ownTime = std::min(ownTime, secondsOf([&] { pane.DocumentHTML(html); }));
+    }
+    EXPECT_LT(ownTime, 1.5 * bareTime);
+
+    const TextLink last = pane.links().at(lines - 1);
+    EXPECT_EQ(shownAt(last.begin, last.end), "Download Image 32767");
+    EXPECT_TRUE(isLink(last.begin));
+    setCaret(last.begin);
+    send(EM_SCROLLCARET, 0, 0);
+    click(pointAt(last.begin + 3));
+    EXPECT_EQ(log.take(), "shell open http://host/books/abc/p32767.jpg\n");
+    EXPECT_LT(secondsOf([&] { pane.DocumentHTML("gone"); }), 10.0);
+}
+
+TEST_F(ResultPaneTest, ManyWritesLeaveNothingBehind) {
+    // Blocks in use on the heap that the program shares with the system's controls.
+    const auto heapBlocks = [heap = GetProcessHeap()] {
+        int count = 0;
+        for (PROCESS_HEAP_ENTRY entry{}; HeapWalk(heap, &entry);)
+            count += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
+        return count;
+    };
+    const std::string list = imageLines(210);  // enough for the control itself to be replaced
+    pane.DocumentHTML(list);
+    pane.DocumentHTML("x");
+    const int blocksBefore = heapBlocks();
+    const int before = liveHandles();
+    for (int i = 0; i < 1000; ++i)
+        pane.DocumentHTML(i % 50 == 0 ? list : "<a href='http://h/x'>Download</a><br>two");
+    EXPECT_EQ(liveHandles(), before);
+    EXPECT_LT(heapBlocks(), blocksBefore + 100);
+    EXPECT_EQ(GetWindow(pane.handle(), GW_CHILD), text());
+    EXPECT_EQ(GetWindow(text(), GW_HWNDNEXT), nullptr) << "a replaced control is still there";
+}
+
+}  // namespace
+}  // namespace velvox::testing

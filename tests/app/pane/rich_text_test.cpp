@@ -1,0 +1,109 @@
+#include "app/pane/rich_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace velvox {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr Rgb blue = rgb(0, 0, 255);
+
+RichText written(std::string_view html) {
+    return toRichText(parseHtmlFragment(html), blue);
+}
+
+// The stream behind its tables and first settings.
+std::string body(const RichText& text) {
+    constexpr std::string_view start = "\\pard\\f0\\fs20 ";
+    const auto at = text.rtf.find(start);
+    EXPECT_NE(at, std::string::npos);
+    EXPECT_EQ(text.rtf.back(), '}');
+    return text.rtf.substr(at + start.size(), text.rtf.size() - at - start.size() - 1);
+}
+
+TEST(RichTextTest, TextIsEscapedAndCountedAsTheControlCounts) {
+    const struct {
+        std::string html, body;
+        std::size_t length;
+    } rows[] = {
+        {"a\\b{c}", "a\\\\b\\{c\\}", 6},
+        {"x<br>y", "x\\par\ny", 3},
+        {"\xC3\xA9\xEF\xBC\xA1", "\\u233?\\u-223?", 2},
+        {"&#128512;", "\\u-10179?\\u-8704?", 2},
+        {"a\0b\x7F"s, "ab", 2},
+    };
+    for (const auto& row : rows) {
+        const RichText text = written(row.html);
+        EXPECT_EQ(body(text), row.body);
+        EXPECT_EQ(text.length, row.length) << row.body;
+    }
+}
+
+TEST(RichTextTest, ColoursAndFontsComeFromTables) {
+    const RichText text =
+        written("<font face='Courier New' size=4 color='#010203'>a</font>b<a href='u'>c</a>");
+    EXPECT_NE(text.rtf.find("{\\f0\\fnil Tahoma;}{\\f1\\fnil Courier New;}"), std::string::npos);
+    EXPECT_NE(text.rtf.find("{\\colortbl;\\red1\\green2\\blue3;\\red0\\green0\\blue255;}"),
+              std::string::npos);
+    EXPECT_EQ(body(text), "\\f1\\fs27\\cf1 a\\f0\\fs20\\cf0 b\\cf2\\ul c");
+
+    // A name cannot reach the stream around it.
+    const RichText hostile = written("<font face='}{\\object;'>a</font>");
+    EXPECT_NE(hostile.rtf.find("{\\f1\\fnil object;}"), std::string::npos);
+}
+
+TEST(RichTextTest, LinksHaveTheirOwnRangesAndNeighboursShareASpan) {
+    const RichText list = written(
+        "<font face='tahoma' size='2'><a href='u1'>One<a></font><br>"
+        "<font face='tahoma' size='2'><a href='u2'>Two<a></font><br>"
+        "and <a href='u3'>&#128512;</a><a href='nothing'></a> end");
+    ASSERT_EQ(list.links.size(), 3U);
+    EXPECT_EQ(list.links[1].begin, 4U);
+    EXPECT_EQ(list.links[1].end, 7U);
+    EXPECT_EQ(list.lines, 3U);
+    EXPECT_EQ(list.spans, (std::vector<CharacterRange>{{0, 7}, {12, 14}}));
+    EXPECT_EQ(addressList(list.links), "u1\r\nu2\r\nu3\r\n");
+    // No change of state from one link of the list to the next.
+    EXPECT_EQ(body(list).substr(0, 26), "\\cf1\\ul One\\par\nTwo\\par\n\\c");
+}
+
+TEST(RichTextTest, LinksAreFoundByCharacter) {
+    const auto links = written("a<a href='1'>bc</a><a href='2'>d</a> <a href='3'>e</a>").links;
+    const struct {
+        std::size_t character;
+        const char *at, *after, *before;
+    } rows[] = {{0, "", "1", ""},  {1, "1", "2", ""}, {2, "1", "2", ""}, {3, "2", "3", "1"},
+                {4, "", "3", "2"}, {5, "3", "", "2"}, {6, "", "", "3"},  {99, "", "", "3"}};
+    const auto name = [](const TextLink* link) { return link ? link->address : std::string(); };
+    for (const auto& row : rows) {
+        EXPECT_EQ(name(linkAt(links, row.character)), row.at) << row.character;
+        EXPECT_EQ(name(linkAfter(links, row.character)), row.after) << row.character;
+        EXPECT_EQ(name(linkBefore(links, row.character)), row.before) << row.character;
+    }
+    EXPECT_EQ(linkAt({}, 0), nullptr);
+}
+
+TEST(RichTextTest, EndlessLinesAreBrokenAndLinksStayInPlace) {
+    const RichText text = written("<a href='u'>" + std::string(longText + 1, 'x') + "</a> tail");
+    const std::size_t breaks = longText / longestLine;
+    EXPECT_EQ(text.lines, 1 + breaks);
+    EXPECT_EQ(text.links.at(0).end, longText + 1 + breaks);
+    EXPECT_EQ(written(std::string(longText, 'x')).lines, 1U);
+}
+
+TEST(RichTextTest, WhatIsTooMuchForTheControlEndsInANotice) {
+    std::string breaks;
+    for (std::size_t i = 0; i < mostLines + 10; ++i) breaks += "<br>";
+    for (const std::string& html : {std::string(mostCharacters + 10, 'x'), breaks}) {
+        const RichText text = written("<a href='u'>" + html);
+        EXPECT_TRUE(text.rtf.ends_with(std::string(restNotice) + '}'));
+        EXPECT_LE(text.length, mostCharacters + 100);
+        EXPECT_LE(text.lines, mostLines + 1);
+    }
+}
+
+}  // namespace
+}  // namespace velvox

@@ -1,0 +1,151 @@
+#include "base/accessible_name_win32.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "app/form1/control_ids.h"
+#include "app/pane/result_pane_win32.h"
+#include "app/window/form1_win32.h"
+
+namespace velvox {
+namespace {
+
+struct Spoken {
+    std::string name;
+    LONG role = 0;
+};
+
+using Record = std::map<HWND, Spoken>;
+
+/// Writes down what is set and what is taken back. There is one, made by itself.
+class FakeService final : public ComObject<IAccPropServices, IClassFactory> {
+ public:
+    Record record;
+
+    STDMETHODIMP CreateInstance(IUnknown*, REFIID id, void** result) override {
+        return QueryInterface(id, result);
+    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+    STDMETHODIMP SetHwndPropStr(HWND window, DWORD object, DWORD child, MSAAPROPID property,
+                                LPCWSTR text) override {
+        EXPECT_TRUE(property == accessibleNameProperty);
+        whole(window, object, child).name = narrow(text);
+        return S_OK;
+    }
+    STDMETHODIMP SetHwndProp(HWND window, DWORD object, DWORD child, MSAAPROPID property,
+                             VARIANT value) override {
+        EXPECT_TRUE(property == accessibleRoleProperty && V_VT(&value) == VT_I4);
+        whole(window, object, child).role = V_I4(&value);
+        return S_OK;
+    }
+    STDMETHODIMP ClearHwndProps(HWND window, DWORD object, DWORD child, const MSAAPROPID*,
+                                int count) override {
+        whole(window, object, child) = {};
+        if (count == 2) record.erase(window);
+        return S_OK;
+    }
+
+    // Of no use here, but asked for by the interface.
+    using Ids = const MSAAPROPID*;
+    using Bytes = const BYTE*;
+#define VELVOX_UNUSED(name, ...)              \
+    STDMETHODIMP name(__VA_ARGS__) override { \
+        return E_NOTIMPL;                     \
+    }
+    VELVOX_UNUSED(SetPropValue, Bytes, DWORD, MSAAPROPID, VARIANT)
+    VELVOX_UNUSED(SetPropServer, Bytes, DWORD, Ids, int, IAccPropServer*, AnnoScope)
+    VELVOX_UNUSED(ClearProps, Bytes, DWORD, Ids, int)
+    VELVOX_UNUSED(SetHwndPropServer, HWND, DWORD, DWORD, Ids, int, IAccPropServer*, AnnoScope)
+    VELVOX_UNUSED(ComposeHwndIdentityString, HWND, DWORD, DWORD, BYTE**, DWORD*)
+    VELVOX_UNUSED(DecomposeHwndIdentityString, Bytes, DWORD, HWND*, DWORD*, DWORD*)
+    VELVOX_UNUSED(SetHmenuProp, HMENU, DWORD, MSAAPROPID, VARIANT)
+    VELVOX_UNUSED(SetHmenuPropStr, HMENU, DWORD, MSAAPROPID, LPCWSTR)
+    VELVOX_UNUSED(SetHmenuPropServer, HMENU, DWORD, Ids, int, IAccPropServer*, AnnoScope)
+    VELVOX_UNUSED(ClearHmenuProps, HMENU, DWORD, Ids, int)
+    VELVOX_UNUSED(ComposeHmenuIdentityString, HMENU, DWORD, BYTE**, DWORD*)
+    VELVOX_UNUSED(DecomposeHmenuIdentityString, Bytes, DWORD, HMENU*, DWORD*)
+#undef VELVOX_UNUSED
+
+ private:
+    Spoken& whole(HWND window, DWORD object, DWORD child) {
+        EXPECT_TRUE(object == static_cast<DWORD>(OBJID_CLIENT) && child == CHILDID_SELF);
+        return record[window];
+    }
+};
+
+/// In place of the system's service, for this thread.
+class AccessibleNameTest : public testing::Test {
+ protected:
+    AccessibleNameTest() {
+        IClassFactory* const factory = service_.get();
+        requireSuccess(CoRegisterClassObject(accessibleNameService, factory, CLSCTX_INPROC_SERVER,
+                                             REGCLS_MULTIPLEUSE, &cookie_),
+                       "CoRegisterClassObject");
+    }
+    ~AccessibleNameTest() override {
+        EXPECT_TRUE(record_.empty()) << "a name outlived its window";
+        CoRevokeClassObject(cookie_);
+    }
+
+    /// What a screen reader says at the stops of the tab key below a window.
+    std::map<std::string, LONG> stopsBelow(HWND parent) {
+        std::map<std::string, LONG> roles;
+        for (HWND window = GetWindow(parent, GW_CHILD); window;
+             window = GetWindow(window, GW_HWNDNEXT)) {
+            roles.merge(stopsBelow(window));
+            if ((GetWindowLongW(window, GWL_STYLE) & WS_TABSTOP) == 0) continue;
+            const Spoken spoken = record_.contains(window) ? record_[window] : Spoken{};
+            // The system names a list after the label before it.
+            const bool isList = GetDlgCtrlID(window) == static_cast<int>(ControlId::ds);
+            const HWND namesake = isList ? GetWindow(window, GW_HWNDPREV) : window;
+            roles[spoken.name.empty() ? windowText(namesake) : spoken.name] = spoken.role;
+        }
+        return roles;
+    }
+
+    OleScope ole_;
+    ComPtr<FakeService> service_{new FakeService};
+    Record& record_ = service_->record;
+    DWORD cookie_ = 0;
+    MessagePump pump_;
+};
+
+TEST_F(AccessibleNameTest, EveryStopOfTheTabKeyHasANameAndOurClassesARole) {
+    const Form1Window form(pump_, {});
+    constexpr LONG button = ROLE_SYSTEM_PUSHBUTTON;
+    const std::map<std::string, LONG> stops = {
+        {"", ROLE_SYSTEM_LINK},  // the example, filled as the form loads
+        {"Close", button},
+        {"Download", button},
+        {"Quit", button},
+        {"Status", 0},
+        {"Download From : ", 0},
+        {"Paste Your URL Below", 0},
+        {"http://www.velvox.example/", ROLE_SYSTEM_LINK}};
+    EXPECT_EQ(stopsBelow(form.handle()), stops);
+}
+
+TEST_F(AccessibleNameTest, TheResultPaneKeepsItsNameWithANewControl) {
+    WindowsDesktop desktop(pump_);
+    const Form1Window form(pump_, {});
+    ResultPaneWindow pane(form.handle(), {0, 0, 200, 200}, 1, desktop);
+    pane.accessibleName(L"Status");
+    const HWND first = pane.textWindow();
+    EXPECT_EQ(record_[first].name, "Status");
+    pane.DocumentHTML("two<br>lines");
+    pane.DocumentHTML("");
+    ASSERT_NE(pane.textWindow(), first);
+    EXPECT_EQ(record_[pane.textWindow()].name, "Status");
+    EXPECT_FALSE(record_.contains(first));
+}
+
+// Wine has the service's class at most; a thread without COM has nothing.
+TEST(AccessibleNameMissingTest, IsNoFailure) {
+    const AccessibleName none(GetDesktopWindow(), L"a name", ROLE_SYSTEM_LINK);
+    const OleScope ole;
+    const AccessibleName name(GetDesktopWindow(), L"a name", ROLE_SYSTEM_LINK);
+}
+
+}  // namespace
+}  // namespace velvox

@@ -1,0 +1,64 @@
+// The message loop and what runs inside it.
+#include "app/window/message_pump_win32.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/window_fixture_win32.h"
+
+namespace velvox {
+namespace {
+
+constexpr UINT typed = WM_APP;
+
+// A tick yields once; the loop of a message box runs inside one.
+class TickingWindow : public TestForm {
+ public:
+    explicit TickingWindow(MessagePump& pump) : TestForm({0, 0, 100, 100}), pump_(pump) {}
+    std::string log;
+
+ private:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM id, LPARAM) override {
+        if (message == typed) log += "typed ";
+        if (message == WM_TIMER && id == 1) {
+            pump_.tick([this] {
+                log += "tick ";
+                pump_.yield();
+                log += "end ";
+            });
+        }
+        if (message == WM_TIMER && id == 2) {
+            pump_.tick([] { pumpFor(50); });
+        }
+        return std::nullopt;
+    }
+    MessagePump& pump_;
+};
+
+// A tick out of another loop takes nothing away from that loop.
+TEST(MessagePumpTest, OnlyATickOfItsOwnYields) {
+    MessagePump pump;
+    TickingWindow window(pump);
+    const auto post = [&](WPARAM timer) { PostMessageW(window.handle(), WM_TIMER, timer, 0); };
+    const auto taken = [&] { return std::exchange(window.log, {}); };
+
+    post(1);
+    PostMessageW(window.handle(), typed, 0, 0);
+    pump.yield();
+    EXPECT_EQ(taken(), "tick typed end ");
+
+    post(1);
+    PostMessageW(window.handle(), typed, 0, 0);
+    pumpFor(50);
+    EXPECT_EQ(taken(), "tick end typed ");
+
+    post(2);
+    post(1);
+    PostMessageW(window.handle(), typed, 0, 0);
+    pump.yield();
+    EXPECT_EQ(taken(), "tick end typed ");
+}
+
+}  // namespace
+}  // namespace velvox

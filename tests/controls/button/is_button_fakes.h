@@ -1,0 +1,39 @@
+// Stand-ins for the system around a push button.
+#pragma once
+
+#include <string>
+
+#include "controls/button/is_button.h"
+
+namespace velvox {
+
+/// Each system colour has a value of its own, so that a mix-up of numbers shows.
+struct NumberedColours : SystemColours {
+    static constexpr Rgb of(int index) { return rgb(0x10 + index, 0x40 + index, 0x80 + index); }
+    Rgb colour(int index) const override { return of(index); }
+};
+
+/// Writes down what the button asks for and tells, one letter each.
+struct ButtonLog : ButtonHost, ControlView {
+    explicit ButtonLog(isButton& button) {
+        button.setHost(this);
+        button.setView(this);
+        button.Click = [this] { text += 'C'; };
+        button.MouseEnter = [this] { text += 'E'; };
+        button.MouseLeave = [this] { text += 'L'; };
+    }
+
+    void requestLeaveNotice() override { text += 't'; }
+    void showToolTip() override { text += 'T'; }
+    void showAbout() override { text += 'A'; }
+    void openAddress(std::string_view address) override { text += address; }
+    void follow(Aspect) override {
+        ++repaints;
+        text += '.';
+    }
+
+    std::string text;
+    int repaints = 0;
+};
+
+}  // namespace velvox

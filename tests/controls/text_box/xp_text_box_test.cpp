@@ -1,0 +1,156 @@
+#include "controls/text_box/xp_text_box.h"
+
+#include <gtest/gtest.h>
+
+#include "base/runtime_failure.h"
+
+namespace velvox {
+namespace {
+
+class XPTextBoxTest : public ::testing::Test {
+ protected:
+    XPTextBoxTest() {
+        box.MyTxt.Text("Text1");
+        box.PropertyChanged = [this](std::string_view name) { notices.append(name) += ' '; };
+        box.Change = [this] { notices += "! "; };
+        box.Move({0, 0, 3000, 330});
+    }
+    std::string take() { return std::exchange(notices, {}); }
+    static PropertyBag stored(const XPTextBox& box) {
+        PropertyBag bag;
+        box.WriteProperties(bag);
+        return bag;
+    }
+
+    XPTextBox box{"linkin"};
+    std::string notices;
+};
+
+TEST_F(XPTextBoxTest, LaysOutTheInnerBoxAndTheFrame) {
+    const Rgb line = rgb(127, 157, 185);
+    EXPECT_EQ(box.MyTxt.place(), (Place{45, 45, 2910, 240}));
+    EXPECT_EQ(box.Pic.BackColor(), static_cast<OleColour>(rgb(240, 232, 224)));
+    const std::array<DrawnLine, 4> frame{{{0, 0, 3000, 0, line},
+                                          {0, 0, 0, 330, line},
+                                          {2985, 0, 2985, 330, line},
+                                          {0, 315, 3000, 315, line}}};
+    EXPECT_EQ(box.frame(), frame);
+    XPTextBox dense("dense", 10);
+    dense.Move({0, 0, 600, 300});
+    EXPECT_EQ(dense.MyTxt.place(), (Place{30, 30, 540, 240}));
+    EXPECT_EQ(dense.frame()[2].x1, 590);
+
+    // Too small for the inner box.
+    box.Height(90);
+    EXPECT_THROW(box.Height(75), RuntimeFailure);
+    EXPECT_EQ(box.MyTxt.Height(), 0);
+    box.Height(330);
+    EXPECT_EQ(box.MyTxt.Height(), 240);
+}
+
+TEST_F(XPTextBoxTest, ResizeMakesTheBoxWhiteEnabledAndUnlocked) {
+    box.Enabled(false), box.Locked(true), box.BackColor(1), box.ForeColor(2);
+    box.Width(3015);
+    EXPECT_EQ(stored(box), (PropertyBag{{"BackColor", 0xFFFFFF}, {"ForeColor", 2}}));
+    EXPECT_FALSE(box.Pic.Enabled()) << "only Locked touches the frame";
+    box.PaintFrame(9, XPTextBox::Look::Disabled);
+    EXPECT_EQ(stored(box), (PropertyBag{{"BackColor", rgb(235, 235, 228)},
+                                        {"Enabled", false},
+                                        {"ForeColor", rgb(161, 161, 146)}}));
+    EXPECT_EQ(box.Pic.BackColor(), 9U);
+    box.PaintFrame(9, XPTextBox::Look::ReadOnly);
+    EXPECT_TRUE(box.Enabled() && box.Locked());
+}
+
+TEST_F(XPTextBoxTest, EverySetterNotifiesUnderItsName) {
+    box.Alignment(2), box.Enabled(true), box.Font({.name = "Verdana"}), box.BackColor(1);
+    box.ForeColor(2), box.Locked(false), box.MaxLength(10), box.PasswordChar("*");
+    box.Text("0123456789ABC"), box.SelStart(2), box.SelLength(3);
+    EXPECT_EQ(box.SelText(), "234");
+    box.SelText("x"), box.ToolTipText("tip"), box.DataFields("field");
+    EXPECT_EQ(take(),
+              "Alignment Enabled Font BackColor ForeColor Locked MaxLength PasswordChar ! Text "
+              "SelStart SelLength ! SelText ToolTipText DataFields ");
+    EXPECT_EQ(box.Text(), "01x56789");
+    EXPECT_EQ(box.SelStart(), 3);
+    EXPECT_EQ(box.MyTxt.DataField(), "field");
+    box.Text("01x56789");
+    EXPECT_EQ(take(), "Text ") << "the same text is no change";
+    EXPECT_EQ(box.SelStart(), 0) << "but the caret returns to its start";
+
+    // What cannot be is clipped, or refused without a notice.
+    box.SelStart(6);
+    box.SelLength(99);
+    EXPECT_EQ(box.SelText(), "89");
+    EXPECT_EQ(box.SelLength(), 2);
+    box.SelStart(99);
+    EXPECT_EQ(box.SelStart(), 8);
+    box.Alignment(3);
+    EXPECT_EQ(box.Alignment(), 0);
+    take();
+    EXPECT_THROW(box.Alignment(-1), RuntimeFailure);
+    EXPECT_THROW(box.SelStart(-1), RuntimeFailure);
+    EXPECT_THROW(box.SelLength(-1), RuntimeFailure);
+    EXPECT_THROW(box.MaxLength(-1), RuntimeFailure);
+    EXPECT_EQ(take(), "");
+}
+
+TEST_F(XPTextBoxTest, ValueIsTheNumberAtTheStart) {
+    const std::pair<const char*, double> rows[] = {
+        {"", 0},     {"12abc", 12},  {"abc12", 0}, {"  7", 7},     {"-3.5x", -3.5}, {"+4", 4},
+        {".5", 0.5}, {"1E-2", 0.01}, {"1e", 1},    {"1.2.3", 1.2}, {"-", 0},        {"-.", 0},
+        {"--1", 0},  {"+-1", 0},     {"inf", 0},   {"-nan", 0},    {"0x10", 0},     {"1e-9999", 0}};
+    for (const auto& [text, value] : rows) {
+        box.Text(text);
+        EXPECT_EQ(box.GetValue(), value) << text;
+    }
+    box.Text("1e9999");
+    EXPECT_THROW(box.GetValue(), RuntimeFailure);
+}
+
+TEST_F(XPTextBoxTest, NewInstanceShowsItsNameAndALoadedOneItsDefault) {
+    box.Enabled(false);
+    box.Height(500);
+    box.InitProperties();
+    EXPECT_EQ(box.Height(), 330);
+    EXPECT_EQ(stored(box),
+              (PropertyBag{
+                  {"BackColor", 0xFFFFFF}, {"Font", Font{.name = "Verdana"}}, {"Text", "linkin"}}));
+    box.ReadProperties({}, {.name = "Ambient"});
+    EXPECT_EQ(box.Text(), "Text1");
+    EXPECT_EQ(box.BackColor(), 0x80000005U);
+    EXPECT_EQ(box.ForeColor(), 0x80000008U);
+    EXPECT_EQ(stored(box), (PropertyBag{{"Font", Font{.name = "Ambient"}}})) << "no defaults";
+}
+
+TEST_F(XPTextBoxTest, StoresEachKeyInOrderAndRefusesWhatCannotBe) {
+    const PropertyBag bag{{"Alignment", 1},        {"BackColor", 0x123456},
+                          {"Enabled", false},      {"Font", Font{.name = "Arial"}},
+                          {"ForeColor", 0x654321}, {"Locked", true},
+                          {"MaxLength", 9},        {"PasswordChar", "*"},
+                          {"Text", "stored"},      {"ToolTipText", "tip"},
+                          {"DataFields", "field"}};
+    box.ReadProperties(bag);
+    EXPECT_EQ(take(), "! ") << "reading notifies nobody";
+    EXPECT_TRUE(box.Pic.Enabled());
+    EXPECT_EQ(box.MyTxt.DataField(), "");
+    EXPECT_EQ(stored(box), bag);
+
+    box.SelStart(1);
+    box.SelLength(3);
+    std::string keys;
+    const PropertyBag selected = stored(box);
+    for (const auto& entry : selected.entries()) (keys += entry.key) += ' ';
+    EXPECT_EQ(keys,
+              "Alignment BackColor Enabled Font ForeColor Locked MaxLength PasswordChar SelStart "
+              "SelText SelLength Text ToolTipText DataFields ");
+    EXPECT_EQ(selected.readText("SelText", ""), "tor");
+
+    const PropertyBag bags[] = {
+        {{"Alignment", 3}}, {{"alignment", 70'000}}, {{"MaxLength", -1}},      {{"SelStart", -1}},
+        {{"Text", 5}},      {{"Enabled", "yes"}},    {{"BackColor", "white"}}, {{"Font", "Arial"}}};
+    for (const PropertyBag& wrong : bags) EXPECT_THROW(box.ReadProperties(wrong), RuntimeFailure);
+}
+
+}  // namespace
+}  // namespace velvox
