@@ -1,20 +1,19 @@
 // The clip site: a clip's code stands in its address; the site's feed for the code lists the files.
-#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
-#include "catchers/hosts.h"
+#include "catchers/sites.h"
 
 namespace velvox {
 
 void Form1::ClipVNCatcher() try {
     linkin.Enabled(false);
-    const std::string prefix = join({hosts::clip, "/watch/"});
+    const std::string prefix = join({servers::clip, "/watch/"});
     auto p1 = text::find(linkin.Text(), prefix);
     auto p2 = text::find(linkin.Text(), ",", p1);
     const std::string code{
         text::slice(linkin.Text(), p1 + text::length(prefix), (p2 - p1) - text::length(prefix))};
     ShowStatus("<font face='tahoma' size='2' >Scanning For Video...</font>");
-    link2.Text(join({hosts::clip, "/movies/nfo/", code}));
+    link2.Text(join({servers::clip, "/movies/nfo/", code}));
     const std::string page = FetchPage(link2.Text());
     ShowStatus("<font face='tahoma' size='2' >Getting Links...</font>");
     // Every link carries the number of all links, not its own.

@@ -1,9 +1,8 @@
 // Metacafe watch pages: loads the player for the video's number into the preview browser, whose
 // arrival gives the link and enables the address box again (app/form1/link_handling.cpp).
-#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
-#include "catchers/hosts.h"
+#include "catchers/sites.h"
 
 namespace velvox {
 
@@ -16,7 +15,7 @@ void Form1::MetaCafe() try {
     const auto p1 = text::find(linkin.Text(), "/watch/");
     const auto p2 = text::find(linkin.Text(), "/", p1);
     const auto id = text::slice(linkin.Text(), p1 + 7, ((p2 - p1) + 7) - 1);
-    web.Navigate(join({hosts::metacafe, "/fplayer/", id, "/lifted.swf?playerVars=autoPlay=yes"}));
+    web.Navigate(join({servers::metacafe, "/fplayer/", id, "/lifted.swf?playerVars=autoPlay=yes"}));
     ShowStatus("<font face='tahoma' size='2'>Sending URL Request...</font>");
 } catch (const std::exception&) {
     linkin.Enabled(true);

@@ -1,8 +1,7 @@
 // Veoh pages: the site's REST interface tells a video's details, one attribute a line.
-#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
-#include "catchers/hosts.h"
+#include "catchers/sites.h"
 
 namespace velvox {
 
@@ -14,7 +13,7 @@ void Form1::veOH() try {
     const auto a = text::find(linkin.Text(), "/videos/");
     const auto q = text::find(linkin.Text(), "?", a);
     link2.Text(std::string(text::slice(linkin.Text(), a + 8, q - 8 - a)));
-    link2.Text(join({hosts::veoh, "/rest/video/", link2.Text(), "/details"}));
+    link2.Text(join({servers::veoh, "/rest/video/", link2.Text(), "/details"}));
     const std::string page = FetchPage(link2.Text());
     ShowStatus("<font face='tahoma' size='2'>Requesting URL....</font>");
     auto p1 = text::find(page, "fullPreviewHashPath=");

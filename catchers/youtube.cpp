@@ -1,9 +1,8 @@
 // YouTube watch pages: checks that the page is there, then loads the player into the preview
 // browser, whose arrival gives the link (app/form1/link_handling.cpp).
-#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
-#include "catchers/hosts.h"
+#include "catchers/sites.h"
 
 namespace velvox {
 
@@ -23,7 +22,7 @@ void Form1::YoutubeCatcher() try {
         // Everything behind the first "=", further parameters included.
         const auto p = text::find(linkin.Text(), "=");
         const auto identifier = text::slice(linkin.Text(), p + 1, text::length(linkin.Text()));
-        web.Navigate(join({hosts::youtube, "/v/", identifier}));
+        web.Navigate(join({servers::youtube, "/v/", identifier}));
     }
     linkin.Enabled(true);
 } catch (const std::exception&) {

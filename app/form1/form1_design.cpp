@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "app/form1/home_page.h"
 #include "app/form1/skin_palette.h"
 #include "base/runtime_failure.h"
-#include "catchers/hosts.h"
 
 namespace velvox {
 namespace {
@@ -44,7 +44,7 @@ const ControlDesign controls[] = {
 
     // Home page and news.
     {"Label11", {240, 3600, 1500, 240}, "Please Visit ", true, quietColour, normalFont},
-    {"Label12", {1800, 3600, 2250, 240}, hosts::home, true, linkColour, linkFont},
+    {"Label12", {1800, 3600, 2250, 240}, homePage, true, linkColour, linkFont},
     {"Label13", {4080, 3600, 3135, 240}, "for forum and updates", true, quietColour, normalFont},
     {"Picture1", {15, 4155, 7425, 285}},
     {"Label4", {225, 30, 6975, 225}, "", true, quietColour, normalFont},

@@ -1,9 +1,8 @@
 // YouTube and Metacafe redirect their player to an address that tells where the media file is:
 // when the preview browser arrives there, the link is cut out of that address.
-#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
-#include "catchers/hosts.h"
+#include "catchers/sites.h"
 
 namespace velvox {
 
@@ -12,7 +11,7 @@ namespace velvox {
 void Form1::web_DocumentComplete() try {
     if (web.Offline()) return;
 
-    if (text::contains(web.LocationURL(), join({hosts::metacafeHost, "/f/"}))) {
+    if (text::contains(web.LocationURL(), join({hosts::metacafe, "/f/"}))) {
         const auto p = text::find(web.LocationURL(), "mediaURL=");
         const auto q = text::find(web.LocationURL(), ".flv", p);
         std::string link{text::slice(web.LocationURL(), p + 9, q - p - 5)};
@@ -28,7 +27,7 @@ void Form1::web_DocumentComplete() try {
                 join({"<a href='", link, "'><font face='tahoma' size=2>Download</font></a>"}));
     }
 
-    const std::string host = join({hosts::youtubeHost, "/"});
+    const std::string host = join({hosts::youtube, "/"});
     if (text::contains(web.LocationURL(), host)) {
         const auto p = text::find(web.LocationURL(), host);
         const auto q = text::find(web.LocationURL(), "?video_id=", p);

@@ -1,10 +1,10 @@
 // The news strip: Timer6 starts a request, Timer4 polls it, Timer7 waits for the next one (or
 // gives a silent server up), Timer5 scrolls.
 #include "app/form1/form1.h"
+#include "app/form1/home_page.h"
 #include "base/join.h"
 #include "base/text.h"
 #include "base/utf16.h"
-#include "catchers/hosts.h"
 
 namespace velvox {
 namespace {
@@ -35,7 +35,7 @@ void Form1::Timer6_Timer() {
     ignoringErrors([&] { newsRequest().abort(); });
     // The date makes the address new each time, so that no cache answers.
     ignoringErrors([&] {
-        newsRequest().open("get", join({hosts::home, "news.txt?rnd=", desktop_.dateTimeText()}));
+        newsRequest().open("get", join({homePage, "news.txt?rnd=", desktop_.dateTimeText()}));
     });
     ignoringErrors([&] { newsRequest().send(); });
     Timer7.Enabled(true);

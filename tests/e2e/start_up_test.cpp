@@ -1,7 +1,7 @@
 // The window as it opens, and asking: address box, site list, example, keyboard.
 #include <gtest/gtest.h>
 
-#include "catchers/hosts.h"
+#include "app/form1/home_page.h"
 #include "tests/e2e/program.h"
 
 namespace velvox::e2e {
@@ -24,7 +24,7 @@ TEST(StartUpTest, OpensWithTheFirstSiteAndTheAddressBoxFocused) {
                                         "Metacafe.com", "Comic Books - Vuilen.com"}));
     EXPECT_EQ(driver().text(program.control(ControlId::ds)), "Youtube");
     EXPECT_EQ(driver().text(program.control(ControlId::vd)), exampleAddresses[0]);
-    EXPECT_EQ(driver().text(program.control(ControlId::Label12)), hosts::home);
+    EXPECT_EQ(driver().text(program.control(ControlId::Label12)), homePage);
     EXPECT_EQ(program.address(), "");
     EXPECT_EQ(driver().focus(program.window()), driver().ask({"find", program.edit()}));
     EXPECT_FALSE(program.areaShown());
