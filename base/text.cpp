@@ -2,64 +2,35 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 #include <functional>
 #include <limits>
+#include <ranges>
 
+#include "base/ascii.h"
 #include "base/runtime_failure.h"
 
 namespace velvox::text {
 namespace {
 
 void requireStart(Position start) {
-    if (start < 1) throw RuntimeFailure(Fault::InvalidCall, "A text search starts before place 1");
+    if (start < 1)
+        throw RuntimeFailure(Fault::InvalidCall, "A text search starts before position 1");
 }
 
-constexpr char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-}
+// Boyer-Moore skips most bytes and stays fast on pages made against it, but it first makes a table
+// of 256 entries: a match close by is looked for without one, since loops that step from match to
+// match would make the table each time.
+constexpr std::size_t closeBy = 512;
 
-constexpr bool isLetter(char c) {
-    return lower(c) >= 'a' && lower(c) <= 'z';
-}
-
-bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lower(x) == lower(y); });
-}
-
-/// The first place of a mark at or behind `from`, counted from 0, or npos. The text is passed over
-/// at memory speed to one of the mark's bytes, and only there the whole mark is compared. Where
-/// that byte turns out to be frequent another one that may serve takes its place, so that no page
-/// can be made slow by filling it with some letter of the mark.
-template <class MayServe, class Equal>
-std::size_t search(std::string_view text, std::string_view mark, std::size_t from,
-                   MayServe mayServe, Equal equal) {
-    constexpr std::size_t frequent = 16;
-    if (mark.size() > text.size()) return std::string_view::npos;
-    const std::size_t lastPlace = text.size() - mark.size();
-    const auto nextAnchor = [&](std::size_t anchor) {
-        do anchor = (anchor + 1) % mark.size();
-        while (!mayServe(mark[anchor]));
-        return anchor;
-    };
-    std::size_t anchor = nextAnchor(mark.size() - 1);
-    while (from <= lastPlace) {
-        const char* start = text.data() + from + anchor;
-        const void* hit = std::memchr(start, mark[anchor], lastPlace - from + 1);
-        if (!hit) break;
-        const auto passed = static_cast<std::size_t>(static_cast<const char*>(hit) - start);
-        from += passed;
-        if (equal(text.substr(from, mark.size()), mark)) return from;
-        ++from;
-        if (passed < frequent) anchor = nextAnchor(anchor);
-    }
-    return std::string_view::npos;
-}
-
-std::size_t search(std::string_view text, std::string_view mark, std::size_t from = 0) {
-    return search(
-        text, mark, from, [](char) { return true; }, std::equal_to<std::string_view>());
+std::size_t search(std::string_view text, std::string_view needle, std::size_t from = 0) {
+    if (needle.size() == 1) return text.find(needle[0], from);
+    const std::size_t found =
+        text.substr(0, std::min(text.size(), from + closeBy)).find(needle, from);
+    if (found != text.npos || text.size() <= from + closeBy) return found;
+    from += closeBy - std::min(closeBy, needle.size() - 1);
+    const auto at = std::search(text.begin() + static_cast<Position>(from), text.end(),
+                                std::boyer_moore_searcher(needle.begin(), needle.end()));
+    return at == text.end() ? text.npos : static_cast<std::size_t>(at - text.begin());
 }
 
 /// Without a branch: in a page the bytes to drop come every few others, which no processor
@@ -76,7 +47,7 @@ void removeAll(std::string& text, char unwanted) {
     text.resize(kept);
 }
 
-Position placeOf(std::size_t index) {
+Position toPosition(std::size_t index) {
     return index == std::string_view::npos ? 0 : static_cast<Position>(index) + 1;
 }
 
@@ -86,50 +57,48 @@ Position length(std::string_view text) {
     return static_cast<Position>(text.size());
 }
 
-Position find(std::string_view text, std::string_view mark, Position start) {
+Position find(std::string_view text, std::string_view needle, Position start) {
     requireStart(start);
     if (start > length(text)) return 0;
-    if (mark.empty()) return start;
-    return placeOf(search(text, mark, static_cast<std::size_t>(start - 1)));
+    if (needle.empty()) return start;
+    return toPosition(search(text, needle, static_cast<std::size_t>(start - 1)));
 }
 
-Position findIgnoringCase(std::string_view text, std::string_view mark, Position start) {
+Position findIgnoringCase(std::string_view text, std::string_view needle, Position start) {
     requireStart(start);
     if (start > length(text)) return 0;
-    if (mark.empty()) return start;
-    const auto from = static_cast<std::size_t>(start - 1);
-    const auto hasNoCase = [](char c) { return !isLetter(c); };
-    if (std::any_of(mark.begin(), mark.end(), hasNoCase))
-        return placeOf(search(text, mark, from, hasNoCase, equalIgnoringCase));
+    if (needle.empty()) return start;
+    const auto folded = text | std::views::drop(start - 1) | std::views::transform(ascii::lower);
+    const auto foldedNeedle = needle | std::views::transform(ascii::lower);
     const auto at =
-        std::search(text.begin() + static_cast<Position>(from), text.end(), mark.begin(),
-                    mark.end(), [](char a, char b) { return lower(a) == lower(b); });
-    return at == text.end() ? 0 : at - text.begin() + 1;
+        std::search(folded.begin(), folded.end(),
+                    std::boyer_moore_searcher(foldedNeedle.begin(), foldedNeedle.end()));
+    return at == folded.end() ? 0 : at - folded.begin() + start;
 }
 
-bool contains(std::string_view text, std::string_view mark) {
-    return find(text, mark) != 0;
+bool contains(std::string_view text, std::string_view needle) {
+    return find(text, needle) != 0;
 }
 
 std::string_view slice(std::string_view text, Position start, Position count) {
     if (start < 1)
-        throw RuntimeFailure(Fault::InvalidCall, "A slice of text starts before place 1");
+        throw RuntimeFailure(Fault::InvalidCall, "A slice of text starts before position 1");
     if (count < 0) throw RuntimeFailure(Fault::InvalidCall, "A slice of text has a length below 0");
     if (start > length(text)) return {};
     return text.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(count));
 }
 
-std::string replaceAll(std::string text, std::string_view mark, std::string_view with) {
-    if (mark.empty()) return text;
-    if (mark.size() == 1 && with.empty()) {
-        removeAll(text, mark[0]);
+std::string replaceAll(std::string text, std::string_view needle, std::string_view with) {
+    if (needle.empty()) return text;
+    if (needle.size() == 1 && with.empty()) {
+        removeAll(text, needle[0]);
         return text;
     }
     std::string result;
     result.reserve(text.size());
     std::size_t from = 0;
-    for (std::size_t at; (at = search(text, mark, from)) != std::string_view::npos;
-         from = at + mark.size()) {
+    for (std::size_t at; (at = search(text, needle, from)) != std::string_view::npos;
+         from = at + needle.size()) {
         result.append(text, from, at - from);
         result.append(with);
     }

@@ -9,27 +9,27 @@
 
 namespace velvox::text {
 
-/// A 1-based place in a text, or a length. Signed, since cutters subtract places.
+/// A 1-based position in a text, or a length. Signed, since cutters subtract positions.
 using Position = std::ptrdiff_t;
 
 Position length(std::string_view text);
 
-/// First place of `mark` at or behind `start`; 0 when there is none. An empty mark is found at
-/// `start` itself while that lies in the text. Throws InvalidCall for a start below 1.
-Position find(std::string_view text, std::string_view mark, Position start = 1);
+/// First position of `needle` at or after `start`; 0 when there is none. An empty needle is found
+/// at `start` itself while that lies in the text. Throws InvalidCall for a start below 1.
+Position find(std::string_view text, std::string_view needle, Position start = 1);
 
 /// As `find`, but ASCII letters match in either case.
-Position findIgnoringCase(std::string_view text, std::string_view mark, Position start = 1);
+Position findIgnoringCase(std::string_view text, std::string_view needle, Position start = 1);
 
-bool contains(std::string_view text, std::string_view mark);
+bool contains(std::string_view text, std::string_view needle);
 
-/// `count` bytes from place `start`, clipped to what is there. The view lives as long as `text`.
+/// `count` bytes from position `start`, clipped to what is there. The view lives as long as `text`.
 /// Throws InvalidCall for a start below 1 or a count below 0.
 std::string_view slice(std::string_view text, Position start, Position count);
 
-/// `text` with every occurrence of `mark` replaced, left to right; an empty mark changes nothing.
-/// A text that is moved in is not copied where a single byte is taken out.
-std::string replaceAll(std::string text, std::string_view mark, std::string_view with);
+/// `text` with every occurrence of `needle` replaced, left to right; an empty needle changes
+/// nothing. A text that is moved in is not copied where a single byte is taken out.
+std::string replaceAll(std::string text, std::string_view needle, std::string_view with);
 
 /// Highest index of the pieces that splitting `text` at `separator` gives, numbered from 0: the
 /// number of separators. -1 for an empty text, which splits into no piece at all.
