@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+#include "base/web_address.h"
+
 namespace velvox {
 namespace {
 
@@ -12,19 +15,12 @@ constexpr std::uint32_t noViewer[] = {0x80040154, 0x800C0010, 0x800C0100};
 constexpr std::uint32_t firstHttpStatus = 100;
 constexpr std::uint32_t lastHttpStatus = 599;
 
-bool startsWithNoCase(std::string_view text, std::string_view lowerCase) {
-    return text.size() >= lowerCase.size() &&
-           std::equal(lowerCase.begin(), lowerCase.end(), text.begin(), [](char a, char b) {
-               return a == (b >= 'A' && b <= 'Z' ? static_cast<char>(b - 'A' + 'a') : b);
-           });
-}
-
 }  // namespace
 
 bool isBrowsable(std::string_view address) {
     constexpr std::string_view blank = "about:blank";
-    return startsWithNoCase(address, "http://") || startsWithNoCase(address, "https://") ||
-           (address.size() == blank.size() && startsWithNoCase(address, blank));
+    return isWebAddress(address) ||
+           (address.size() == blank.size() && text::findIgnoringCase(address, blank) == 1);
 }
 
 bool Arrival::waiting() const noexcept {

@@ -76,7 +76,7 @@ class Arrival {
     std::string downloadAddress_;
 };
 
-/// Whether the preview follows an address: http, https, and the blank page.
+/// Whether the preview follows an address: a web address or the blank page.
 bool isBrowsable(std::string_view address);
 
 }  // namespace velvox

@@ -29,7 +29,7 @@ class Desktop {
     /// Handles the window messages that are waiting, then returns.
     virtual void yield() = 0;
 
-    /// The shell's open verb on an address. Nothing happens for a scheme other than http, https.
+    /// Opens a web address in the user's browser. Does nothing for any other address.
     virtual void openAddress(std::string_view address) = 0;
 
     /// A modal box with the exclamation icon, the program's title and an OK button.

@@ -5,6 +5,7 @@
 
 #include "base/join.h"
 #include "base/runtime_failure.h"
+#include "base/web_address.h"
 
 namespace velvox {
 namespace {
@@ -131,20 +132,7 @@ HttpAddress resolveLocation(const HttpAddress& from, std::string_view location) 
 }
 
 std::string escapeForRequestLine(std::string_view target) {
-    constexpr std::string_view hex = "0123456789ABCDEF";
-    std::string result;
-    result.reserve(target.size());
-    for (const char c : target) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte > 0x20 && byte < 0x7F) {
-            result.push_back(c);
-        } else {
-            result.push_back('%');
-            result.push_back(hex[byte >> 4]);
-            result.push_back(hex[byte & 0xF]);
-        }
-    }
-    return result;
+    return percentEncode(target, " ");
 }
 
 }  // namespace velvox

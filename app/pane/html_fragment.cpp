@@ -389,15 +389,4 @@ HtmlFragment parseHtmlFragment(std::string_view html) {
     return Parser(html).parse();
 }
 
-bool mayOpen(std::string_view address) {
-    const auto isControl = [](char c) {
-        return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
-    };
-    if (std::any_of(address.begin(), address.end(), isControl)) return false;
-    for (const string_view scheme : {"http://", "https://"})
-        if (address.size() > scheme.size() && sameWord(address.substr(0, scheme.size()), scheme))
-            return true;
-    return false;
-}
-
 }  // namespace velvox

@@ -50,7 +50,4 @@ struct HtmlFragment {
 /// Takes any bytes, in time linear in their number.
 HtmlFragment parseHtmlFragment(std::string_view html);
 
-/// Whether an address may be handed to the shell: http or https, and no control character.
-bool mayOpen(std::string_view address);
-
 }  // namespace velvox

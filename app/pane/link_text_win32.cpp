@@ -10,6 +10,7 @@
 
 #include "app/pane/clipboard_win32.h"
 #include "base/system_win32.h"
+#include "base/web_address.h"
 
 namespace velvox {
 namespace {
@@ -345,10 +346,10 @@ void LinkText::showMenu(LPARAM screenPoint) {
         AppendMenuW(menu.get(), enabled ? MF_STRING : MF_STRING | MF_GRAYED,
                     static_cast<UINT_PTR>(command), text);
     };
-    add(LinkCommand::Open, L"&Open", link && mayOpen(link->address));
+    add(LinkCommand::Open, L"&Open", link && isWebAddress(link->address));
     add(LinkCommand::CopyAddress, L"&Copy address", link != nullptr);
     add(LinkCommand::CopyAllAddresses, L"Copy &all addresses", !links_.empty());
-    if (link && mayOpen(link->address))
+    if (link && isWebAddress(link->address))
         SetMenuDefaultItem(menu.get(), static_cast<UINT>(LinkCommand::Open), FALSE);
     // The choice arrives as WM_COMMAND: a write that comes while the menu is open may replace the
     // text, or this very control. Nothing of it is touched behind this call.
@@ -358,7 +359,7 @@ void LinkText::showMenu(LPARAM screenPoint) {
 void LinkText::perform(LinkCommand command) {
     switch (command) {
         case LinkCommand::Open:
-            if (mayOpen(menuAddress_)) desktop_.openAddress(std::string(menuAddress_));
+            if (isWebAddress(menuAddress_)) desktop_.openAddress(std::string(menuAddress_));
             break;
         case LinkCommand::CopyAddress: copyToClipboard(handle(), menuAddress_); break;
         case LinkCommand::CopyAllAddresses: copyToClipboard(handle(), addressList(links_)); break;
@@ -366,7 +367,7 @@ void LinkText::perform(LinkCommand command) {
 }
 
 void LinkText::open(const TextLink* link) {
-    if (!link || !mayOpen(link->address)) return;
+    if (!link || !isWebAddress(link->address)) return;
     // A copy, since opening may handle messages and the text be replaced meanwhile.
     const std::string address = link->address;
     desktop_.openAddress(address);

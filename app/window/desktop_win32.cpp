@@ -1,18 +1,14 @@
 #include "app/window/desktop_win32.h"
 
-#include <shellapi.h>
-
-#include "app/net/http_address.h"
 #include "app/net/xml_http_request_win32.h"
 #include "app/window/program.h"
+#include "base/open_address_win32.h"
 #include "base/system_win32.h"
 
 namespace velvox {
 
 void WindowsDesktop::openAddress(std::string_view address) {
-    const std::string scheme = schemeOf(address);
-    if (scheme != "http" && scheme != "https") return;
-    ShellExecuteW(window_, L"open", widen(address).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    velvox::openAddress(window_, address);
 }
 
 void WindowsDesktop::showExclamation(std::string_view text) {

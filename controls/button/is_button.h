@@ -80,7 +80,7 @@ class ButtonHost {
     /// The modal About box.
     virtual void showAbout() = 0;
 
-    /// The shell's open verb. Nothing happens for a scheme other than http or https.
+    /// Opens a web address in the user's browser. Does nothing for any other address.
     virtual void openAddress(std::string_view address) = 0;
 };
 

@@ -1,8 +1,8 @@
 #include "controls/button/is_button_win32.h"
 
-#include <shellapi.h>
 #include <windowsx.h>
 
+#include "base/open_address_win32.h"
 #include "base/system_win32.h"
 #include "controls/button/is_button_about_win32.h"
 #include "controls/button/is_button_paint_win32.h"
@@ -366,8 +366,7 @@ void isButtonWindow::showAbout() {
 }
 
 void isButtonWindow::openAddress(std::string_view address) {
-    if (!address.starts_with("http://") && !address.starts_with("https://")) return;
-    ShellExecuteW(handle(), L"open", widen(address).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    velvox::openAddress(handle(), address);
 }
 
 }  // namespace velvox

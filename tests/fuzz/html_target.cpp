@@ -6,6 +6,7 @@
 #include "app/pane/html_fragment.h"
 #include "app/pane/rich_text.h"
 #include "base/utf16.h"
+#include "base/web_address.h"
 #include "tests/fuzz/fuzz_targets.h"
 
 namespace velvox::fuzz {
@@ -125,7 +126,7 @@ void html(std::string_view input) {
         require(words == expected, "plain text does not stay");
     }
     for (const std::string& address : fragment.addresses)
-        require(!mayOpen(address) || address[0] == 'h' || address[0] == 'H',
+        require(!isWebAddress(address) || address[0] == 'h' || address[0] == 'H',
                 "another scheme is opened");
 }
 

@@ -1,0 +1,46 @@
+#include "base/web_address.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace velvox {
+namespace {
+
+bool isControl(char c) {
+    return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+}
+
+}  // namespace
+
+bool isWebAddress(std::string_view address) {
+    if (std::any_of(address.begin(), address.end(), isControl)) return false;
+    for (const std::string_view scheme : {"http://", "https://"})
+        if (address.size() > scheme.size() &&
+            text::findIgnoringCase(address.substr(0, scheme.size()), scheme) == 1)
+            return true;
+    return false;
+}
+
+std::string percentEncode(std::string_view text, std::string_view unsafe) {
+    constexpr std::string_view hex = "0123456789ABCDEF";
+    std::string result;
+    result.reserve(text.size());
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte > 126 || isControl(c) || unsafe.find(c) != unsafe.npos) {
+            result.push_back('%');
+            result.push_back(hex[byte >> 4]);
+            result.push_back(hex[byte & 0xF]);
+        } else {
+            result.push_back(c);
+        }
+    }
+    return result;
+}
+
+std::string escapeForShell(std::string_view address) {
+    return percentEncode(address, " \"<>\\^`{|}");
+}
+
+}  // namespace velvox
