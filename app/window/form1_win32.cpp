@@ -65,6 +65,15 @@ bool altF4Pressed() {
     return false;
 }
 
+// Whether a window and all its parents up to `form` are visible and enabled. Windows outside the
+// form, such as a drop-down list, look after themselves.
+bool canTakeKeys(HWND window, HWND form) {
+    if (!IsChild(form, window)) return true;
+    for (; window != form; window = GetParent(window))
+        if (!IsWindowVisible(window) || !IsWindowEnabled(window)) return false;
+    return true;
+}
+
 }  // namespace
 
 // The order is that of the construction: the boxes that hold the pane and the browser stand before
@@ -295,17 +304,24 @@ void Form1Window::coverControls(bool covered) {
                                     : children_->UniXPButton1.handle());
 }
 
-// Before the dialog keys: Enter in the address box presses Download, Escape closes the result area.
+// Before the dialog keys: Escape closes the result area, Enter in the address box presses Download.
 bool Form1Window::intercept(MSG& message) {
-    if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
-        message.hwnd == children_->linkin.editHandle()) {
-        form().UniXPButton1.activate();
-        return true;
-    }
     isButton& closeButton = form().isButton1;
     if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE && form().outer.Visible() &&
         closeButton.Enabled() && GetCapture() == nullptr) {
         closeButton.activate();
+        return true;
+    }
+    const bool key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+    if (key && !canTakeKeys(message.hwnd, handle())) {
+        // Queued for a control that has been hidden or disabled since. The dialog keys' search for
+        // an access key would never leave a hidden container. Keys with Alt are for the window.
+        if (message.message < WM_SYSKEYDOWN) return true;
+        message.hwnd = handle();
+    }
+    if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
+        message.hwnd == children_->linkin.editHandle()) {
+        form().UniXPButton1.activate();
         return true;
     }
     return IsDialogMessageW(handle(), &message) != FALSE;
