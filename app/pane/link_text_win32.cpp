@@ -15,9 +15,6 @@
 namespace velvox {
 namespace {
 
-constexpr std::size_t longestTip = 400;
-constexpr int tipWidth = 480;        // pixels at 96 dots per inch
-constexpr int tipBelowPointer = 20;  // the same
 constexpr std::size_t mostMarkedSpans = 200;
 
 // The class of the newest rich edit there is. The libraries stay loaded: their window procedures
@@ -58,22 +55,18 @@ void formatSelectionAsLink(HWND control, bool link) {
     SendMessageW(control, EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
 }
 
+// A read-only text needs no caret: over the first letter it looks like damage. The control makes
+// one in answer to many messages, so it is taken away after each.
+void destroyCaret(HWND control) {
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    if (GetGUIThreadInfo(GetCurrentThreadId(), &thread) && thread.hwndCaret == control)
+        DestroyCaret();
+}
+
 void setSelection(HWND control, std::size_t begin, std::size_t end) {
     CHARRANGE range{static_cast<LONG>(begin), static_cast<LONG>(end)};
     SendMessageW(control, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
-}
-
-int scaled(int pixels) {
-    return MulDiv(pixels, screenDpi(), USER_DEFAULT_SCREEN_DPI);
-}
-
-TTTOOLINFOW tipTool(HWND control) {
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V1_SIZE;  // the record that every version of the control knows
-    tool.uFlags = TTF_TRACK | TTF_ABSOLUTE;
-    tool.hwnd = control;
-    tool.uId = 1;
-    return tool;
 }
 
 }  // namespace
@@ -90,13 +83,7 @@ LinkText::LinkText(HWND parent, const RECT& pixels, Desktop& desktop) : desktop_
     SendMessageW(handle(), EM_SETUNDOLIMIT, 0, 0);
     SendMessageW(handle(), EM_SETBKGNDCOLOR, TRUE, 0);
 
-    tip_.reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                               WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0, 0, 0, handle(),
-                               nullptr, GetModuleHandleW(nullptr), nullptr));
-    if (!tip_) throwLastError("CreateWindowEx of the tool tip");
-    TTTOOLINFOW tool = tipTool(handle());
-    SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    SendMessageW(tip_.get(), TTM_SETMAXTIPWIDTH, 0, scaled(tipWidth));
+    tip_.emplace(handle());
 }
 
 LinkText::~LinkText() {
@@ -108,6 +95,7 @@ void LinkText::show(RichText text) {
     hideTip();
     pressed_ = nullptr;
     links_.clear();
+    painted_ = false;
     SendMessageW(handle(), WM_SETREDRAW, FALSE, 0);
     SetWindowTextW(handle(), L"");
     // No control word makes a link. Wine's stream takes the format of the place it goes to, so
@@ -145,6 +133,16 @@ void LinkText::markLinks(const RichText& text, bool streamedAsLinks) {
 }
 
 std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    // Handling a message may destroy this object, but not what these two lines use.
+    const HWND control = handle();
+    std::optional<LRESULT> result = onEvent(message, wParam, lParam);
+    if (message == WM_NCDESTROY) return result;
+    if (!result) result = DefSubclassProc(control, message, wParam, lParam);
+    destroyCaret(control);
+    return result;
+}
+
+std::optional<LRESULT> LinkText::onEvent(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE: {
             // Enter is ours while the caret is on a link; Tab and Escape stay the dialog's, and
@@ -158,7 +156,7 @@ std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM l
             if (GetKeyState(VK_TAB) < 0 && !currentLink() && !links_.empty())
                 select(links_.front());
             return std::nullopt;
-        case WM_KEYDOWN: hideTip(); return onKey(wParam);
+        case WM_KEYDOWN: hideTip(); return onKey(wParam, (HIWORD(lParam) & KF_REPEAT) != 0);
         case WM_CHAR:
             if (wParam == '\r' || wParam == '\t') return 0;
             return std::nullopt;
@@ -166,6 +164,9 @@ std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM l
         case WM_MOUSELEAVE:
         case WM_MOUSEWHEEL:
         case WM_VSCROLL: hideTip(); return std::nullopt;
+        case WM_PAINT:
+            if (!std::exchange(painted_, true)) paintedAt_ = GetTickCount();
+            return std::nullopt;
         case WM_CAPTURECHANGED: pressed_ = nullptr; return std::nullopt;
         case WM_SETCURSOR:
             if (LOWORD(lParam) != HTCLIENT || !pointerOverLink()) return std::nullopt;
@@ -184,10 +185,12 @@ std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM l
     }
 }
 
-std::optional<LRESULT> LinkText::onKey(WPARAM key) {
+std::optional<LRESULT> LinkText::onKey(WPARAM key, bool repeated) {
     const bool modified = GetKeyState(VK_SHIFT) < 0 || GetKeyState(VK_CONTROL) < 0;
     switch (key) {
-        case VK_RETURN: open(currentLink()); return 0;
+        case VK_RETURN:
+            if (!repeated && beganAfterPaint()) open(currentLink());
+            return 0;
         case VK_ESCAPE:
         case VK_TAB: return 0;
         case VK_UP:
@@ -203,7 +206,9 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
     switch (message) {
         case WM_LBUTTONDOWN:
             hideTip();
-            pressed_ = wParam & (MK_SHIFT | MK_CONTROL) ? nullptr : linkUnder(point);
+            pressed_ = nullptr;
+            if (!(wParam & (MK_SHIFT | MK_CONTROL)) && beganAfterPaint())
+                pressed_ = linkUnder(point);
             return std::nullopt;
         case WM_LBUTTONUP: release(wParam, lParam); return 0;
         case WM_RBUTTONUP: {
@@ -224,6 +229,12 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
         }
         default: return std::nullopt;
     }
+}
+
+// Whether the input being handled arrived after the links were visible. What was queued before was
+// not meant for them.
+bool LinkText::beganAfterPaint() const {
+    return painted_ && static_cast<LONG>(static_cast<DWORD>(GetMessageTime()) - paintedAt_) >= 0;
 }
 
 // The button came up: a click when that is where it went down and nothing was selected meanwhile.
@@ -303,22 +314,13 @@ void LinkText::trackHover() {
 void LinkText::showTip(POINT point) {
     const TextLink* link = linkUnder(point);
     if (!link || link == tipped_) return;
-    tipText_ = widen(link->address.substr(0, longestTip));
-    if (link->address.size() > longestTip) tipText_ += L"\x2026";
-    TTTOOLINFOW tool = tipTool(handle());
-    tool.lpszText = tipText_.data();
     ClientToScreen(handle(), &point);
-    SendMessageW(tip_.get(), TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
-    SendMessageW(tip_.get(), TTM_TRACKPOSITION, 0,
-                 MAKELPARAM(point.x, point.y + scaled(tipBelowPointer)));
-    SendMessageW(tip_.get(), TTM_TRACKACTIVATE, TRUE, reinterpret_cast<LPARAM>(&tool));
+    tip_->show(link->address, point);
     tipped_ = link;
 }
 
 void LinkText::hideTip() {
-    if (!std::exchange(tipped_, nullptr)) return;
-    TTTOOLINFOW tool = tipTool(handle());
-    SendMessageW(tip_.get(), TTM_TRACKACTIVATE, FALSE, reinterpret_cast<LPARAM>(&tool));
+    if (std::exchange(tipped_, nullptr)) tip_->hide();
 }
 
 void LinkText::showMenu(LPARAM screenPoint) {
@@ -346,11 +348,13 @@ void LinkText::showMenu(LPARAM screenPoint) {
         AppendMenuW(menu.get(), enabled ? MF_STRING : MF_STRING | MF_GRAYED,
                     static_cast<UINT_PTR>(command), text);
     };
-    add(LinkCommand::Open, L"&Open", link && isWebAddress(link->address));
-    add(LinkCommand::CopyAddress, L"&Copy address", link != nullptr);
-    add(LinkCommand::CopyAllAddresses, L"Copy &all addresses", !links_.empty());
-    if (link && isWebAddress(link->address))
-        SetMenuDefaultItem(menu.get(), static_cast<UINT>(LinkCommand::Open), FALSE);
+    const bool openable = isWebAddress(menuAddress_);
+    add(LinkCommand::Open, L"&Open", openable);
+    add(LinkCommand::CopyAddress, L"&Copy address", openable);
+    add(LinkCommand::CopyAllAddresses, L"Copy &all addresses",
+        std::any_of(links_.begin(), links_.end(),
+                    [](const TextLink& each) { return isWebAddress(each.address); }));
+    if (openable) SetMenuDefaultItem(menu.get(), static_cast<UINT>(LinkCommand::Open), FALSE);
     // The choice arrives as WM_COMMAND: a write that comes while the menu is open may replace the
     // text, or this very control. Nothing of it is touched behind this call.
     TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, handle(), nullptr);
@@ -361,8 +365,13 @@ void LinkText::perform(LinkCommand command) {
         case LinkCommand::Open:
             if (isWebAddress(menuAddress_)) desktop_.openAddress(std::string(menuAddress_));
             break;
-        case LinkCommand::CopyAddress: copyToClipboard(handle(), menuAddress_); break;
-        case LinkCommand::CopyAllAddresses: copyToClipboard(handle(), addressList(links_)); break;
+        case LinkCommand::CopyAddress:
+            if (isWebAddress(menuAddress_)) copyToClipboard(handle(), menuAddress_);
+            break;
+        case LinkCommand::CopyAllAddresses:
+            if (const std::string list = addressList(links_); !list.empty())
+                copyToClipboard(handle(), list);
+            break;
     }
 }
 

@@ -4,12 +4,13 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/form1/desktop.h"
+#include "app/pane/address_tip_win32.h"
 #include "app/pane/rich_text.h"
-#include "base/owned_win32.h"
 #include "base/window_win32.h"
 
 namespace velvox {
@@ -17,8 +18,9 @@ namespace velvox {
 /// Commands of its context menu.
 enum class LinkCommand : int { Open = 1, CopyAddress, CopyAllAddresses };
 
-/// A click opens a link. Up and Down go from link to link and select it; Enter opens the one at
-/// the caret. Hovering shows its address.
+/// A click opens a link. Up and Down move from link to link and select it; Enter opens the one at
+/// the selection. Both must begin after the link was painted, and a held key opens nothing.
+/// Hovering shows the address. No caret is visible.
 class LinkText : public SystemControl {
  public:
     LinkText(HWND parent, const RECT& pixels, Desktop& desktop);
@@ -32,13 +34,15 @@ class LinkText : public SystemControl {
     /// Lines of the present content, as written.
     std::size_t lines() const noexcept { return lines_; }
 
-    /// The address at the caret, or null.
+    /// The link at the start of the selection, or null.
     const TextLink* currentLink() const;
 
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-    std::optional<LRESULT> onKey(WPARAM key);
+    std::optional<LRESULT> onEvent(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> onKey(WPARAM key, bool repeated);
     std::optional<LRESULT> onPointer(UINT message, WPARAM wParam, LPARAM lParam);
+    bool beganAfterPaint() const;
     void markLinks(const RichText& text, bool streamedAsLinks);
     void release(WPARAM wParam, LPARAM lParam);
     bool goToLink(bool down);
@@ -60,8 +64,9 @@ class LinkText : public SystemControl {
     const TextLink* pressed_ = nullptr;  ///< link that the button went down on
     const TextLink* tipped_ = nullptr;   ///< link whose address the tool tip shows
     std::string menuAddress_;            ///< what the menu was opened on
-    std::wstring tipText_;
-    Owned<HWND, &DestroyWindow> tip_;
+    std::optional<AddressTip> tip_;
+    bool painted_ = false;  ///< the present content has been
+    DWORD paintedAt_ = 0;   ///< when, in the system's milliseconds
 };
 
 }  // namespace velvox

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/utf16.h"
+#include "base/web_address.h"
 
 namespace velvox {
 namespace {
@@ -199,7 +200,8 @@ const TextLink* linkAt(const std::vector<TextLink>& links, std::size_t character
 
 std::string addressList(const std::vector<TextLink>& links) {
     std::string list;
-    for (const TextLink& link : links) list += link.address + "\r\n";
+    for (const TextLink& link : links)
+        if (isWebAddress(link.address)) list += link.address + "\r\n";
     return list;
 }
 

@@ -58,7 +58,7 @@ const TextLink* linkAt(const std::vector<TextLink>& links, std::size_t character
 const TextLink* linkAfter(const std::vector<TextLink>& links, std::size_t character);
 const TextLink* linkBefore(const std::vector<TextLink>& links, std::size_t character);
 
-/// All addresses, each on a line of its own.
+/// All addresses that may be opened, each on a line of its own.
 std::string addressList(const std::vector<TextLink>& links);
 
 }  // namespace velvox

@@ -62,13 +62,35 @@ class ResultPaneTest : public ::testing::Test {
         send(EM_POSFROMCHAR, static_cast<WPARAM>(at(place)), static_cast<LPARAM>(character));
         return MAKELPARAM(place.x + 2, place.y + 6);
     }
-    void press(LPARAM point) const { send(WM_LBUTTONDOWN, MK_LBUTTON, point); }
-    void release(LPARAM point) const { send(WM_LBUTTONUP, 0, point); }
+    // Input comes through the queue, where it gets its time.
+    void post(UINT message, WPARAM wParam, LPARAM lParam = 0) const {
+        PostMessageW(text(), message, wParam, lParam);
+    }
+    static void pumpPosted() {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    }
+    void press(LPARAM point) const {
+        post(WM_LBUTTONDOWN, MK_LBUTTON, point);
+        pumpPosted();
+    }
+    void release(LPARAM point) const {
+        post(WM_LBUTTONUP, 0, point);
+        pumpPosted();
+    }
     void click(LPARAM point) const {
         press(point);
         release(point);
     }
-    void key(WPARAM code) const { send(WM_KEYDOWN, code, 0); }
+    void key(WPARAM code, LPARAM facts = 0) const {
+        post(WM_KEYDOWN, code, facts);
+        pumpPosted();
+    }
+    bool hasCaret() const {
+        GUITHREADINFO thread{};
+        thread.cbSize = sizeof thread;
+        return GetGUIThreadInfo(GetCurrentThreadId(), &thread) && thread.hwndCaret == text();
+    }
     HWND child(const wchar_t* className, DWORD style) const {
         return CreateWindowExW(0, className, L"", WS_CHILD | style, 0, 0, 280, 180, top.handle(),
                                nullptr, nullptr, nullptr);
@@ -169,7 +191,17 @@ TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
     press(pointAt(links[0].begin));
     pane.DocumentHTML("<a href='http://h/other'>Another link</a>");
     release(pointAt(2));
+    // A click and a key press that were already waiting when the link appeared.
+    post(WM_LBUTTONDOWN, MK_LBUTTON, pointAt(2));
+    post(WM_LBUTTONUP, 0, pointAt(2));
+    post(WM_KEYDOWN, VK_RETURN);
+    Sleep(50);
+    pane.DocumentHTML("<a href='http://h/late'>Late link</a>");
+    pumpPosted();
     EXPECT_EQ(log.take(), "");
+    click(pointAt(2));
+    EXPECT_EQ(log.take(), "shell open http://h/late\n");
+    EXPECT_FALSE(hasCaret());
 }
 
 TEST_F(ResultPaneTest, KeysGoFromLinkToLinkAndEnterOpens) {
@@ -186,11 +218,14 @@ TEST_F(ResultPaneTest, KeysGoFromLinkToLinkAndEnterOpens) {
     };
     SetFocus(pane.handle());
     EXPECT_EQ(GetFocus(), text());
+    EXPECT_FALSE(hasCaret());
     EXPECT_FALSE(wants(VK_RETURN));
     key(VK_RETURN);
     for (const WPARAM code : {VK_DOWN, VK_DOWN, VK_DOWN, VK_UP, VK_UP}) {
         key(code);
         key(VK_RETURN);
+        key(VK_RETURN, KF_REPEAT << 16);  // held: opens once
+        EXPECT_FALSE(hasCaret());
         CHARRANGE place{};
         send(EM_EXGETSEL, 0, at(place));
         log.add({shownAt(static_cast<std::size_t>(place.cpMin),
@@ -232,7 +267,8 @@ TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
 
 TEST_F(ResultPaneTest, ContextMenuOpensAndCopies) {
     pane.DocumentHTML(
-        "none here <a href='http://h/1'>One</a><br><a href='ftp://h/\xC3\xA9'>Two</a>");
+        "none here <a href='http://h/1'>One</a><br><a href='ftp://h'>Two</a> "
+        "<a href='http://h/\xC3\xA9'>Three</a>");
     // The keys wait in the queue until the menu reads them.
     const auto choose = [&](std::size_t character, WPARAM letter, bool byKeyboard = false) {
         setCaret(byKeyboard ? character : 0);
@@ -250,17 +286,21 @@ TEST_F(ResultPaneTest, ContextMenuOpensAndCopies) {
     EXPECT_EQ(log.take(), "shell open http://h/1\n");
     choose(11, 'C');
     EXPECT_EQ(clipboard(), "http://h/1");
-    choose(15, 'C', true);
-    EXPECT_EQ(clipboard(), "ftp://h/\xC3\xA9");
-    // Only web addresses are opened, whoever asks.
+    choose(1, 'A');
+    EXPECT_EQ(clipboard(), "http://h/1\r\nhttp://h/\xC3\xA9\r\n");
+    choose(19, 'C', true);
+    EXPECT_EQ(clipboard(), "http://h/\xC3\xA9");
+    // Only web addresses are opened or copied, even if the command comes without the menu.
     click(pointAt(15));
     key(VK_RETURN);
-    send(WM_COMMAND, static_cast<WPARAM>(LinkCommand::Open), 0);
-    EXPECT_EQ(log.take(), "");
-    choose(1, 'C');  // greyed: no link there
-    EXPECT_EQ(clipboard(), "ftp://h/\xC3\xA9");
+    choose(15, 'C', true);
+    choose(1, 'C');  // no link there
+    for (const LinkCommand command : {LinkCommand::Open, LinkCommand::CopyAddress})
+        send(WM_COMMAND, static_cast<WPARAM>(command), 0);
+    pane.DocumentHTML("<a href='ftp://h'>None</a>");
     choose(1, 'A');
-    EXPECT_EQ(clipboard(), "http://h/1\r\nftp://h/\xC3\xA9\r\n");
+    EXPECT_EQ(log.take(), "");
+    EXPECT_EQ(clipboard(), "http://h/\xC3\xA9");
 }
 
 TEST_F(ResultPaneTest, GarbageIsShownAndEndsSoon) {
