@@ -1,13 +1,28 @@
-// Letter case and blanks of ASCII text, whatever the locale.
+// Letters, digits and blanks of ASCII text, whatever the locale.
 #pragma once
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace velvox::ascii {
 
 constexpr char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+constexpr bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+constexpr bool isLetter(char c) {
+    return lower(c) >= 'a' && lower(c) <= 'z';
+}
+
+inline std::string lowerCase(std::string_view text) {
+    std::string result(text);
+    std::ranges::transform(result, result.begin(), lower);
+    return result;
 }
 
 constexpr bool equalIgnoringCase(std::string_view a, std::string_view b) {

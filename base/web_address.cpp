@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/text.h"
+#include "base/ascii.h"
 
 namespace velvox {
 namespace {
@@ -16,8 +16,7 @@ bool isControl(char c) {
 bool isWebAddress(std::string_view address) {
     if (std::any_of(address.begin(), address.end(), isControl)) return false;
     for (const std::string_view scheme : {"http://", "https://"})
-        if (address.size() > scheme.size() &&
-            text::findIgnoringCase(address.substr(0, scheme.size()), scheme) == 1)
+        if (address.size() > scheme.size() && ascii::startsWithIgnoringCase(address, scheme))
             return true;
     return false;
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/text.h"
+#include "base/ascii.h"
 #include "base/web_address.h"
 
 namespace velvox {
@@ -18,9 +18,7 @@ constexpr std::uint32_t lastHttpStatus = 599;
 }  // namespace
 
 bool isBrowsable(std::string_view address) {
-    constexpr std::string_view blank = "about:blank";
-    return isWebAddress(address) ||
-           (address.size() == blank.size() && text::findIgnoringCase(address, blank) == 1);
+    return isWebAddress(address) || ascii::equalIgnoringCase(address, "about:blank");
 }
 
 bool Arrival::waiting() const noexcept {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/net/resolve_location.h"
 #include "base/runtime_failure.h"
 
 namespace velvox {
@@ -9,13 +10,13 @@ namespace {
 
 constexpr int mostRedirects = 10;
 
-bool isRedirect(const HttpReply& reply) {
-    switch (reply.status) {
+bool isRedirect(int status) {
+    switch (status) {
         case 301:
         case 302:
         case 303:
         case 307:
-        case 308: return !reply.location.empty();
+        case 308: return true;
         default: return false;
     }
 }
@@ -27,8 +28,9 @@ std::string fetchFollowingRedirects(std::string_view address,
     HttpAddress at = parseHttpAddress(address);
     for (int redirects = 0; redirects <= mostRedirects; ++redirects) {
         HttpReply reply = exchange(at);
-        if (!isRedirect(reply)) return std::move(reply.body);
+        if (!isRedirect(reply.status)) return std::move(reply.body);
         at = resolveLocation(at, reply.location);
+        if (at.port == 0) throw RuntimeFailure(Fault::Transfer, "The page redirects to port 0");
     }
     throw RuntimeFailure(Fault::Transfer, "The page redirects too often");
 }

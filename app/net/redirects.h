@@ -14,9 +14,10 @@ struct HttpReply {
     std::string body;
 };
 
-/// Fetches an address and follows its redirects (301, 302, 303, 307 and 308 with a Location), ten
-/// at most; answers the last reply's body, whatever its status. `exchange` makes one request.
-/// Throws RuntimeFailure (Transfer) for an address that cannot be fetched or one redirect too many.
+/// Fetches an address, following its redirects (301, 302, 303, 307 and 308), ten at most. Returns
+/// the last reply's body, whatever its status. `exchange` makes one request. Throws RuntimeFailure
+/// (Transfer) for an address that cannot be fetched, a redirect that leads to none or says nothing,
+/// and one redirect too many.
 std::string fetchFollowingRedirects(std::string_view address,
                                     const std::function<HttpReply(const HttpAddress&)>& exchange);
 

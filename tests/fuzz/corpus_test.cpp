@@ -24,7 +24,8 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
                                                        {"bag", bag},
                                                        {"text", text},
                                                        {"html", html},
-                                                       {"http_address", http_address}};
+                                                       {"http_address", http_address},
+                                                       {"location", location}};
     for (const auto& [name, target] : targets) {
         int inputs = 0;
         for (const auto& entry :

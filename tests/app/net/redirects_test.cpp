@@ -36,7 +36,7 @@ TEST(RedirectsTest, FollowsEachKindWithALocationAndNothingElse) {
         EXPECT_EQ(sites.asked, "http://a/x/1 http://a/x/2?q https://b/ ") << status;
     }
     for (const HttpReply& last :
-         {HttpReply{300, "b", "body"}, {304, "b", "body"}, {302, "", "body"}}) {
+         {HttpReply{300, "b", "body"}, {304, "b", "body"}, {201, "b", "body"}}) {
         Sites sites{{{"http://a/", last}}};
         EXPECT_EQ(sites.fetch("a"), "body") << last.status;
     }
@@ -50,10 +50,12 @@ TEST(RedirectsTest, EndsAfterTen) {
     EXPECT_THROW(chain.fetch("a/0"), RuntimeFailure);
 }
 
-TEST(RedirectsTest, RefusesToLeaveTheWeb) {
-    Sites sites{{{"http://a/", {302, "file:///c:/secret", "body"}}}};
-    EXPECT_THROW(sites.fetch("a"), RuntimeFailure);
-    EXPECT_EQ(sites.asked, "http://a/ ");
+TEST(RedirectsTest, FailsWhereARedirectLeadsNowhere) {
+    for (const char* location : {"file:///c:/secret", "", " ", "http://", "http://b:0/"}) {
+        Sites sites{{{"http://a/", {302, location, "body"}}}};
+        EXPECT_THROW(sites.fetch("a"), RuntimeFailure) << location;
+        EXPECT_EQ(sites.asked, "http://a/ ");
+    }
 }
 
 }  // namespace
