@@ -1,6 +1,7 @@
 # Fails the build where a source includes a folder that its own may not use: each row of the table
 # names a folder and what its sources may include besides the folder itself.
 #   cmake -DROOT=... -DSTAMP=... -P CheckIncludes.cmake
+cmake_minimum_required(VERSION 3.25)
 set(layers
     "base"
     "controlkit : base"
@@ -12,8 +13,8 @@ set(layers
     "app/browser : base app/form1 app/net"
     "app/window : base controls app/form1 app/net app/pane app/browser"
     "gallery : base controls controlkit app/form1")
-# What every program's resources are named by.
-set(everywhere "app/resource.h")
+# Names of resources, and the version.
+set(everywhere "app/resource.h" "app/version.h")
 
 set(wrong "")
 foreach(row IN LISTS layers)
@@ -25,7 +26,7 @@ foreach(row IN LISTS layers)
         file(STRINGS ${ROOT}/${source} includes REGEX "^#include \"")
         foreach(include IN LISTS includes)
             string(REGEX REPLACE "^#include \"(.*)\".*" "\\1" path "${include}")
-            if(NOT path MATCHES "^(${allowed})/" AND NOT path STREQUAL everywhere)
+            if(NOT path MATCHES "^(${allowed})/" AND NOT path IN_LIST everywhere)
                 string(APPEND wrong "\n  ${source} includes ${path}")
             endif()
         endforeach()

@@ -9,7 +9,14 @@
 add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
                         _WIN32_WINNT=0x0601 WINVER=0x0601 _WIN32_IE=0x0700)
 add_compile_options(-mstackrealign -flto -ffunction-sections -fdata-sections)
-add_link_options(-flto -flto-partition=none -static -s -Wl,--gc-sections
+add_link_options(-flto -flto-partition=none -static -Wl,--gc-sections
                  -Wl,--dynamicbase -Wl,--nxcompat -Wl,--no-insert-timestamp
                  -Wl,--major-subsystem-version,6 -Wl,--minor-subsystem-version,1)
 set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os -DNDEBUG")
+# Debug builds keep their symbols; a release keeps them in a file beside each program.
+option(VELVOX_SYMBOLS "Keep the symbols of optimised programs in files beside them" OFF)
+if(VELVOX_SYMBOLS)
+    add_compile_options(-g "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=." "-ffile-prefix-map=${CMAKE_BINARY_DIR}=build")
+else()
+    add_link_options($<$<CONFIG:MinSizeRel>:-s>)
+endif()

@@ -5,6 +5,7 @@
 
 #include "app/form1/home_page.h"
 #include "app/form1/skin_palette.h"
+#include "app/version.h"
 #include "base/runtime_failure.h"
 
 namespace velvox {
@@ -31,7 +32,7 @@ const ControlDesign controls[] = {
     {"skinbar", {480, 0, 6435, 510}},
     {"topendskin", {6915, 0, 540, 510}},
     {"isButton2", {120, 100, 300, 300}},
-    {"Label5", {540, 135, 3000, 270}, "Velvox 1.00", true, titleColour, titleFont},
+    {"Label5", {540, 135, 3000, 270}, "Velvox " VELVOX_VERSION, true, titleColour, titleFont},
 
     // Asking: address, site and example.
     {"Label1", {240, 735, 4500, 240}, "Paste Your URL Below : ", true, textColour, boldFont},
