@@ -52,6 +52,7 @@ Section "Uninstall"
     Delete "$INSTDIR\readme.txt"
     Delete "$INSTDIR\uninstall.exe"
     RMDir "$INSTDIR"
+    RMDir "$LOCALAPPDATA\Programs" ; where it is empty now
     Delete "$SMPROGRAMS\Velvox.lnk"
     DeleteRegKey HKCU "${UNINSTALL}"
 SectionEnd
