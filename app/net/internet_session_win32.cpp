@@ -10,7 +10,7 @@ using GlobalText = Owned<wchar_t*, &freeGlobal>;
 
 OwnedInternet open(DWORD access, const wchar_t* proxy = WINHTTP_NO_PROXY_NAME,
                    const wchar_t* bypass = WINHTTP_NO_PROXY_BYPASS) {
-    // No user agent: a server needs none to answer.
+    // No user agent: servers do not require one.
     return OwnedInternet(WinHttpOpen(nullptr, access, proxy, bypass, WINHTTP_FLAG_ASYNC));
 }
 
@@ -22,11 +22,9 @@ bool machineHasProxy() {
     return info.dwAccessType == WINHTTP_ACCESS_TYPE_NAMED_PROXY;
 }
 
-}  // namespace
-
-// The person's own fixed proxy comes first; then one set for the whole machine (which is where
-// Wine keeps http_proxy); then the automatic choice, which exists from Windows 8.1 on.
-OwnedInternet openInternetSession() {
+// The user's static proxy comes first; then one set for the whole machine (which is where Wine
+// keeps http_proxy); then the automatic choice, which exists from Windows 8.1 on.
+OwnedInternet openWithUsersProxy() {
     WINHTTP_CURRENT_USER_IE_PROXY_CONFIG user{};
     if (WinHttpGetIEProxyConfigForCurrentUser(&user)) {
         const GlobalText script(user.lpszAutoConfigUrl);
@@ -38,6 +36,13 @@ OwnedInternet openInternetSession() {
     if (!machineHasProxy())
         if (OwnedInternet session = open(automaticProxy)) return session;
     return open(WINHTTP_ACCESS_TYPE_DEFAULT_PROXY);
+}
+
+}  // namespace
+
+HINTERNET InternetSession::handle() {
+    if (!session_) session_ = openWithUsersProxy();
+    return session_.get();
 }
 
 }  // namespace velvox

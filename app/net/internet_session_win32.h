@@ -13,8 +13,15 @@ inline void closeInternet(HINTERNET handle) noexcept {
 }
 using OwnedInternet = Owned<HINTERNET, &closeInternet>;
 
-/// An asynchronous session that goes through the proxy the system is set to; empty on failure,
-/// with the thread's last error set.
-OwnedInternet openInternetSession();
+/// The WinHTTP session of all transfers, asynchronous and with the user's proxy settings.
+class InternetSession {
+ public:
+    /// Opens the session at the first call, which keeps WinHTTP out of the program's start. Null
+    /// on failure, with the thread's last error set.
+    HINTERNET handle();
+
+ private:
+    OwnedInternet session_;
+};
 
 }  // namespace velvox

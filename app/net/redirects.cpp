@@ -1,14 +1,10 @@
 #include "app/net/redirects.h"
 
-#include <utility>
-
 #include "app/net/resolve_location.h"
 #include "base/runtime_failure.h"
 
 namespace velvox {
 namespace {
-
-constexpr int mostRedirects = 10;
 
 bool isRedirect(int status) {
     switch (status) {
@@ -23,16 +19,16 @@ bool isRedirect(int status) {
 
 }  // namespace
 
-std::string fetchFollowingRedirects(std::string_view address,
-                                    const std::function<HttpReply(const HttpAddress&)>& exchange) {
-    HttpAddress at = parseHttpAddress(address);
-    for (int redirects = 0; redirects <= mostRedirects; ++redirects) {
-        HttpReply reply = exchange(at);
-        if (!isRedirect(reply.status)) return std::move(reply.body);
-        at = resolveLocation(at, reply.location);
-        if (at.port == 0) throw RuntimeFailure(Fault::Transfer, "The page redirects to port 0");
-    }
-    throw RuntimeFailure(Fault::Transfer, "The page redirects too often");
+RedirectChain::RedirectChain(std::string_view address) : current_(parseHttpAddress(address)) {}
+
+bool RedirectChain::follow(const ReplyHeader& reply) {
+    if (!isRedirect(reply.status)) return false;
+    if (redirects_ == maxRedirects)
+        throw RuntimeFailure(Fault::Transfer, "The page redirects too often");
+    ++redirects_;
+    current_ = resolveLocation(current_, reply.location);
+    if (current_.port == 0) throw RuntimeFailure(Fault::Transfer, "The page redirects to port 0");
+    return true;
 }
 
 }  // namespace velvox

@@ -1,24 +1,32 @@
 #pragma once
 
-#include <functional>
-#include <string>
 #include <string_view>
 
 #include "app/net/http_address.h"
+#include "app/net/reply_header.h"
 
 namespace velvox {
 
-struct HttpReply {
-    int status = 0;
-    std::string location;  ///< of a redirect, as the header had it
-    std::string body;
-};
+/// The requests of one transfer: one for the address it is given, then one for each redirect (301,
+/// 302, 303, 307 and 308), ten at most.
+class RedirectChain {
+ public:
+    static constexpr int maxRedirects = 10;
 
-/// Fetches an address, following its redirects (301, 302, 303, 307 and 308), ten at most. Returns
-/// the last reply's body, whatever its status. `exchange` makes one request. Throws RuntimeFailure
-/// (Transfer) for an address that cannot be fetched, a redirect that leads to none or says nothing,
-/// and one redirect too many.
-std::string fetchFollowingRedirects(std::string_view address,
-                                    const std::function<HttpReply(const HttpAddress&)>& exchange);
+    /// Throws RuntimeFailure (Transfer) for an address that cannot be fetched.
+    explicit RedirectChain(std::string_view address);
+
+    /// What is to be requested; after the last reply, what that one came from.
+    const HttpAddress& current() const noexcept { return current_; }
+
+    /// Takes the reply to `current`. True: it is a redirect, and `current` is the next request.
+    /// Throws RuntimeFailure (Transfer) for one redirect too many and for one that leads to no
+    /// address or says nothing.
+    [[nodiscard]] bool follow(const ReplyHeader& reply);
+
+ private:
+    HttpAddress current_;
+    int redirects_ = 0;
+};
 
 }  // namespace velvox

@@ -165,7 +165,7 @@ struct Form1Window::Children {
 };
 
 Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
-    : pump_(pump), desktop_(pump), transfer_(limits, [this] { whileFetching(); }) {
+    : pump_(pump), desktop_(pump), transfer_(session_, limits, [this] { whileFetching(); }) {
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     const auto icon = [&](int width, int height) {
         return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(IDI_VELVOX), IMAGE_ICON,

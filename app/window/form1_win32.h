@@ -47,6 +47,7 @@ class Form1Window : public Window, public FormFrame {
     MessagePump& pump_;
     WindowsDesktop desktop_;
     CurrentSystemColours colours_;
+    InternetSession session_;
     WinHttpTransfer transfer_;
     Skin skin_;
     std::unique_ptr<Children> children_;

@@ -3,6 +3,9 @@
 #include "tests/support/local_server_win32.h"
 // winsock2.h has to come before windows.h.
 #include "app/net/transfer_control_win32.h"
+
+#include <psapi.h>
+
 #include "base/runtime_failure.h"
 
 namespace velvox {
@@ -14,6 +17,12 @@ std::string everyByte() {
     std::string bytes;
     for (int i = 0; i < 256 * 256; ++i) bytes.push_back(static_cast<char>(i));
     return bytes;
+}
+
+const std::string chunk(16 << 10, 'x');
+
+void writeEndlessly(const Connection& to) {
+    while (to.write(chunk) && to.wait(0)) continue;
 }
 
 void answer(const Connection& to, const std::string& request) {
@@ -30,6 +39,18 @@ void answer(const Connection& to, const std::string& request) {
         to.write("HTTP/1.0 200 OK\r\n\r\n" + everyByte());
     } else if (path == "big") {
         to.write(LocalServer::reply(std::string(5000, 'x')));
+    } else if (path == "endless") {
+        to.write("HTTP/1.0 200 OK\r\n\r\n");
+        writeEndlessly(to);
+    } else if (path == "chunked") {
+        to.write(
+            "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\nContent-Length: 1000\r\n\r\n"
+            "4\r\ngood\r\n0\r\n\r\n");
+    } else if (path == "301") {
+        to.write("HTTP/1.1 301 Moved\r\nLocation: /unsized\r\n\r\n");
+        writeEndlessly(to);
+    } else if (path == "307") {
+        to.write(LocalServer::reply("body", "307 Moved"));
     } else if (path.starts_with("30")) {
         const std::string target = path == "302" ? "302" : "unsized";
         to.write(LocalServer::reply("", path + " Moved", "Location: /" + target + "\r\n"));
@@ -55,7 +76,8 @@ TEST(TransferControlTest, RequestsExactlyWhatIsAskedAndNothingMore) {
         requests.push_back(request);
         to.write(LocalServer::reply("body", "404 Not Found", "Set-Cookie: a=b\r\n"));
     });
-    WinHttpTransfer transfer;
+    InternetSession session;
+    WinHttpTransfer transfer(session);
     const std::string target = "/a%20b//c\\d?x=[1]&y={\"z\"}|^`%5b";
     EXPECT_EQ(transfer.OpenURL(server.address(target)), "body");
     transfer.OpenURL(server.address("/ \xC3\xA9#fragment"));
@@ -68,18 +90,23 @@ TEST(TransferControlTest, RequestsExactlyWhatIsAskedAndNothingMore) {
 
 TEST(TransferControlTest, KeepsEveryByteOfTheBodyBehindRedirects) {
     const LocalServer server(answer);
-    WinHttpTransfer transfer;
+    InternetSession session;
+    WinHttpTransfer transfer(session);
     EXPECT_EQ(transfer.OpenURL(server.address("/300")), "");
     for (const char* path : {"/unsized", "/301", "/303", "/308"})
         EXPECT_TRUE(transfer.OpenURL(server.address(path)) == everyByte()) << path;
+    EXPECT_EQ(transfer.OpenURL(server.address("/chunked")), "good");
     EXPECT_EQ(failureOf(transfer, server.address("/302")), "The page redirects too often");
+    EXPECT_EQ(failureOf(transfer, server.address("/307")),
+              "The redirect does not say where it leads");
 }
 
 // The deadline holds for the whole transfer, whether the server goes silent or slow.
 TEST(TransferControlTest, SeesMessagesUntilItsDeadlineAndLeavesNoHandleBehind) {
     const LocalServer server(answer);
     int seen = 0;
-    WinHttpTransfer transfer({.time = milliseconds(1500)}, [&] {
+    InternetSession session;
+    WinHttpTransfer transfer(session, {.time = milliseconds(1500)}, [&] {
         MSG message;
         while (PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE)) ++seen;
     });
@@ -102,9 +129,27 @@ TEST(TransferControlTest, SeesMessagesUntilItsDeadlineAndLeavesNoHandleBehind) {
     EXPECT_EQ(liveHandles(), before);
 }
 
+// A body that streams in without a pause must neither fill the memory nor shut out the messages.
+TEST(TransferControlTest, AnEndlessBodyIsGivenUpInTime) {
+    const LocalServer server(answer);
+    const auto privateBytes = [] {
+        PROCESS_MEMORY_COUNTERS counters{};
+        K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+        return counters.PagefileUsage;
+    };
+    SIZE_T most = 0;
+    InternetSession session;
+    WinHttpTransfer transfer(session, {}, [&] { most = std::max(most, privateBytes()); });
+    const SIZE_T before = privateBytes();
+    EXPECT_EQ(failureOf(transfer, server.address("/endless")), "The page is too large");
+    EXPECT_GT(most, before) << "no message could be handled meanwhile";
+    EXPECT_LT(most - before, 110U << 20);
+}
+
 TEST(TransferControlTest, FailsPlainlyAndGoesOnAfterwards) {
     const LocalServer server(answer);
-    WinHttpTransfer transfer({.time = milliseconds(30'000), .bytes = 4000});
+    InternetSession session;
+    WinHttpTransfer transfer(session, {.time = milliseconds(30'000), .bytes = 4000});
     for (const std::string& address :
          {server.address("/cut"), server.address("/drop"), std::string("http://127.0.0.1:1/"),
           std::string("http://no.such.host.invalid/"), std::string("file:///c:/x")})

@@ -1,0 +1,228 @@
+#include "app/net/http_transfer_win32.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <utility>
+
+#include "base/join.h"
+#include "base/runtime_failure.h"
+#include "base/system_win32.h"
+
+namespace velvox {
+namespace {
+
+constexpr std::size_t chunkBytes = 64U << 10;
+
+[[noreturn]] void fail(std::string_view reason) {
+    throw RuntimeFailure(Fault::Transfer, std::string(reason));
+}
+
+[[noreturn]] void failWithError(DWORD error) {
+    switch (error) {
+        case ERROR_WINHTTP_NAME_NOT_RESOLVED: fail("The host is not known");
+        case ERROR_WINHTTP_CANNOT_CONNECT: fail("The host cannot be reached");
+        case ERROR_WINHTTP_TIMEOUT: fail("The server did not answer in time");
+        case ERROR_WINHTTP_CONNECTION_ERROR: fail("The connection was cut");
+        default: fail(join({"The transfer failed with error ", std::to_string(error)}));
+    }
+}
+
+void check(BOOL accepted) {
+    if (!accepted) failWithError(GetLastError());
+}
+
+}  // namespace
+
+// Where WinHTTP's threads leave the result of a step. One step is under way at a time, since the
+// next one is only asked for after this one's completion has been taken: there is never more than
+// one to leave, and the status, written last and read first, hands its value over without a lock.
+struct HttpTransfer::Completion {
+    explicit Completion(const StepRecipient& to) : recipient(to) {
+        if (!recipient.window) event = OwnedHandle(CreateEventW(nullptr, FALSE, FALSE, nullptr));
+    }
+
+    void leave(DWORD newStatus, DWORD newValue) noexcept {
+        value = newValue;
+        status.store(newStatus, std::memory_order_release);
+        if (recipient.window)
+            PostMessageW(recipient.window, recipient.message, recipient.number, 0);
+        else
+            SetEvent(event.get());
+    }
+
+    const StepRecipient recipient;
+    OwnedHandle event;
+    std::atomic<DWORD> status{0};
+    DWORD value = 0;
+    // Kept here, since a read that was given up may still be written to.
+    std::array<char, chunkBytes> chunk{};
+
+    static void CALLBACK onStatus(HINTERNET, DWORD_PTR context, DWORD status, void* information,
+                                  DWORD length) noexcept;
+};
+
+// The context is a reference of the request handle's own, held until the handle's closing notice:
+// that may come long after the transfer has been given up.
+void CALLBACK HttpTransfer::Completion::onStatus(HINTERNET, DWORD_PTR context, DWORD status,
+                                                 void* information, DWORD length) noexcept {
+    auto* const held = reinterpret_cast<std::shared_ptr<Completion>*>(context);
+    if (!held) return;
+    Completion& completion = **held;
+    switch (status) {
+        case WINHTTP_CALLBACK_STATUS_SENDREQUEST_COMPLETE:
+        case WINHTTP_CALLBACK_STATUS_HEADERS_AVAILABLE: completion.leave(status, 0); break;
+        case WINHTTP_CALLBACK_STATUS_DATA_AVAILABLE:
+            completion.leave(status, *static_cast<const DWORD*>(information));
+            break;
+        case WINHTTP_CALLBACK_STATUS_READ_COMPLETE: completion.leave(status, length); break;
+        case WINHTTP_CALLBACK_STATUS_REQUEST_ERROR:
+            completion.leave(status,
+                             static_cast<const WINHTTP_ASYNC_RESULT*>(information)->dwError);
+            break;
+        case WINHTTP_CALLBACK_STATUS_HANDLE_CLOSING: delete held; break;
+        default: break;
+    }
+}
+
+HttpTransfer::HttpTransfer(InternetSession& session, std::string_view address, Wants wants,
+                           const TransferLimits& limits, const StepRecipient& recipient)
+    : session_(session),
+      chain_(address),
+      wants_(wants),
+      limits_(limits),
+      recipient_(recipient),
+      deadline_(Clock::now() + limits.time) {
+    sendRequest();
+}
+
+HttpTransfer::~HttpTransfer() = default;
+
+HANDLE HttpTransfer::completed() const noexcept {
+    return completion_->event.get();
+}
+
+void HttpTransfer::failWithTimeout() {
+    failWithError(ERROR_WINHTTP_TIMEOUT);
+}
+
+void HttpTransfer::close() noexcept {
+    request_.reset();
+    connection_.reset();
+}
+
+void HttpTransfer::sendRequest() {
+    close();
+    const HINTERNET session = session_.handle();
+    if (!session) failWithError(GetLastError());
+    const HttpAddress& to = chain_.current();
+    connection_ = OwnedInternet(WinHttpConnect(session, widen(to.host).c_str(), to.port, 0));
+    if (!connection_) failWithError(GetLastError());
+    constexpr DWORD asWritten = WINHTTP_FLAG_ESCAPE_DISABLE | WINHTTP_FLAG_ESCAPE_DISABLE_QUERY |
+                                WINHTTP_FLAG_NULL_CODEPAGE;
+    request_ = OwnedInternet(WinHttpOpenRequest(
+        connection_.get(), L"GET", widen(escapeForRequestLine(to.target)).c_str(), nullptr,
+        WINHTTP_NO_REFERER, WINHTTP_DEFAULT_ACCEPT_TYPES,
+        asWritten | (to.secure ? WINHTTP_FLAG_SECURE : 0)));
+    const HINTERNET request = request_.get();
+    if (!request) failWithError(GetLastError());
+
+    // Redirects are followed here: not every system follows a 303.
+    DWORD features =
+        WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_REDIRECTS | WINHTTP_DISABLE_AUTHENTICATION;
+    check(WinHttpSetOption(request, WINHTTP_OPTION_DISABLE_FEATURE, &features, sizeof features));
+    // WinHTTP's own time-outs, 30 seconds and less by default, must not end a transfer before its
+    // deadline does. The look-up of a name has none; with one it would take a thread of its own.
+    auto beyond = static_cast<DWORD>(2 * limits_.time.count());
+    check(WinHttpSetTimeouts(request, 0, static_cast<int>(beyond), static_cast<int>(beyond),
+                             static_cast<int>(beyond)));
+    check(
+        WinHttpSetOption(request, WINHTTP_OPTION_RECEIVE_RESPONSE_TIMEOUT, &beyond, sizeof beyond));
+
+    completion_ = std::make_shared<Completion>(recipient_);
+    auto held = std::make_unique<std::shared_ptr<Completion>>(completion_);
+    auto context = reinterpret_cast<DWORD_PTR>(held.get());
+    check(WinHttpSetOption(request, WINHTTP_OPTION_CONTEXT_VALUE, &context, sizeof context));
+    if (WinHttpSetStatusCallback(
+            request, &Completion::onStatus,
+            WINHTTP_CALLBACK_FLAG_ALL_COMPLETIONS | WINHTTP_CALLBACK_FLAG_HANDLES,
+            0) == WINHTTP_INVALID_STATUS_CALLBACK)
+        failWithError(GetLastError());
+    [[maybe_unused]] const auto* handedOver = held.release();
+    check(WinHttpSendRequest(request, WINHTTP_NO_ADDITIONAL_HEADERS, 0, WINHTTP_NO_REQUEST_DATA, 0,
+                             0, context));
+}
+
+bool HttpTransfer::advance() {
+    for (;;) {
+        Completion& completion = *completion_;
+        const DWORD status = completion.status.exchange(0, std::memory_order_acquire);
+        if (status == 0) return false;
+        if (takeStep(status, completion.value)) return true;
+    }
+}
+
+bool HttpTransfer::takeStep(DWORD completed, DWORD value) {
+    const HINTERNET request = request_.get();
+    switch (completed) {
+        case WINHTTP_CALLBACK_STATUS_SENDREQUEST_COMPLETE:
+            check(WinHttpReceiveResponse(request, nullptr));
+            return false;
+        case WINHTTP_CALLBACK_STATUS_HEADERS_AVAILABLE: return takeHeader();
+        case WINHTTP_CALLBACK_STATUS_DATA_AVAILABLE:
+            if (value == 0) {
+                checkWhole();
+                close();
+                return true;
+            }
+            check(WinHttpReadData(request, completion_->chunk.data(),
+                                  static_cast<DWORD>(std::min<std::size_t>(value, chunkBytes)),
+                                  nullptr));
+            return false;
+        case WINHTTP_CALLBACK_STATUS_READ_COMPLETE:
+            append(value);
+            check(WinHttpQueryDataAvailable(request, nullptr));
+            return false;
+        default: failWithError(value);
+    }
+}
+
+bool HttpTransfer::takeHeader() {
+    DWORD bytes = 0;
+    WinHttpQueryHeaders(request_.get(), WINHTTP_QUERY_RAW_HEADERS_CRLF,
+                        WINHTTP_HEADER_NAME_BY_INDEX, WINHTTP_NO_OUTPUT_BUFFER, &bytes,
+                        WINHTTP_NO_HEADER_INDEX);
+    std::wstring text(bytes / sizeof(wchar_t), L'\0');
+    check(WinHttpQueryHeaders(request_.get(), WINHTTP_QUERY_RAW_HEADERS_CRLF,
+                              WINHTTP_HEADER_NAME_BY_INDEX, text.data(), &bytes,
+                              WINHTTP_NO_HEADER_INDEX));
+    text.resize(bytes / sizeof(wchar_t));
+    header_ = parseReplyHeader(narrow(text));
+    if (chain_.follow(header_)) {
+        if (Clock::now() >= deadline_) failWithTimeout();
+        sendRequest();
+        return false;
+    }
+    if (wants_ == Wants::HeaderOnly) {
+        close();
+        return true;
+    }
+    if (header_.document.size > limits_.bytes) fail("The page is too large");
+    check(WinHttpQueryDataAvailable(request_.get(), nullptr));
+    return false;
+}
+
+void HttpTransfer::append(std::size_t count) {
+    if (count > limits_.bytes - body_.size()) fail("The page is too large");
+    // From here the capacity doubles up to the limit and not beyond.
+    if (body_.empty()) body_.reserve(chunkBytes);
+    body_.append(completion_->chunk.data(), count);
+}
+
+// Not every system reports a body that ends before its announced length.
+void HttpTransfer::checkWhole() const {
+    if (header_.document.size.value_or(0) > body_.size())
+        failWithError(ERROR_WINHTTP_CONNECTION_ERROR);
+}
+
+}  // namespace velvox
