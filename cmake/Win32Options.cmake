@@ -8,10 +8,15 @@
 #   change of the defaults does not pass unnoticed.
 add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
                         _WIN32_WINNT=0x0601 WINVER=0x0601 _WIN32_IE=0x0700)
-add_compile_options(-mstackrealign -flto -ffunction-sections -fdata-sections)
-add_link_options(-flto -flto-partition=none -static -Wl,--gc-sections
+add_compile_options(-mstackrealign -ffunction-sections -fdata-sections)
+add_link_options(-static -Wl,--gc-sections
                  -Wl,--dynamicbase -Wl,--nxcompat -Wl,--no-insert-timestamp
                  -Wl,--major-subsystem-version,6 -Wl,--minor-subsystem-version,1)
+option(VELVOX_LTO "Optimise at link time; without it a build takes half as long" ON)
+if(VELVOX_LTO)
+    add_compile_options(-flto)
+    add_link_options(-flto -flto-partition=none)
+endif()
 set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os -DNDEBUG")
 # Debug builds keep their symbols; a release keeps them in a file beside each program.
 option(VELVOX_SYMBOLS "Keep the symbols of optimised programs in files beside them" OFF)
