@@ -81,6 +81,12 @@ std::string_view firstCharacters(std::string_view bytes, std::size_t count) {
     return bytes.substr(0, end);
 }
 
+std::size_t characterCount(std::string_view bytes) {
+    std::size_t count = 0;
+    for (; !bytes.empty(); ++count) bytes.remove_prefix(decode(bytes).bytes);
+    return count;
+}
+
 std::string toBytes(std::u16string_view text) {
     std::string result;
     result.reserve(text.size());

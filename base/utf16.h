@@ -14,6 +14,9 @@ std::u16string toUtf16(std::string_view bytes);
 /// The first `count` characters of a text, or all of it. A character is what toUtf16 reads as one.
 std::string_view firstCharacters(std::string_view bytes, std::size_t count);
 
+/// How many of those characters a text has.
+std::size_t characterCount(std::string_view bytes);
+
 /// UTF-16 as UTF-8; an unpaired surrogate becomes U+FFFD.
 std::string toBytes(std::u16string_view text);
 

@@ -3,11 +3,16 @@
 #include <algorithm>
 
 #include "base/runtime_failure.h"
+#include "base/utf16.h"
 
 namespace velvox {
 
 void TextBox::Text(std::string_view text) {
-    if (maxLength_ > 0) text = text.substr(0, static_cast<std::size_t>(maxLength_));
+    if (maxLength_ > 0) text = firstCharacters(text, static_cast<std::size_t>(maxLength_));
+    store(text);
+}
+
+void TextBox::store(std::string_view text) {
     selection_ = {};
     if (text_ == text) {
         changed(Aspect::Choice);
@@ -86,11 +91,25 @@ std::string TextBox::SelText() const {
 }
 
 void TextBox::SelText(std::string_view text) {
+    const std::int32_t start = selection().start;
+    std::string whole = unselected();
+    if (maxLength_ > 0) text = firstCharacters(text, roomAtSelection());
+    whole.insert(static_cast<std::size_t>(start), text);
+    const auto caret = start + static_cast<std::int32_t>(text.size());
+    store(whole);
+    select({caret, 0});
+}
+
+std::string TextBox::unselected() const {
     const Selection at = selection();
-    std::string whole = text_;
-    whole.replace(static_cast<std::size_t>(at.start), static_cast<std::size_t>(at.length), text);
-    Text(whole);
-    select({at.start + static_cast<std::int32_t>(text.size()), 0});
+    std::string rest = text_;
+    return rest.erase(static_cast<std::size_t>(at.start), static_cast<std::size_t>(at.length));
+}
+
+std::size_t TextBox::roomAtSelection() const {
+    const auto limit = static_cast<std::size_t>(maxLength_);
+    const std::size_t kept = characterCount(unselected());
+    return limit > kept ? limit - kept : 0;
 }
 
 void TextBox::SetFocus() {

@@ -1,4 +1,4 @@
-// The standard text box inside an XPTextBox: its values, which an EDIT window follows.
+// The standard text box inside an XPTextBox: its values, which an EDIT window displays.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ struct Selection {
     bool operator==(const Selection&) const = default;
 };
 
-/// The window of a text box knows the selection that the person has made.
+/// The window of a text box reports the selection that the user has made.
 class TextBoxView : public ControlView {
  public:
     virtual Selection selection() const = 0;
@@ -32,7 +32,8 @@ class TextBox : public Control {
     using Control::Control;
 
     const std::string& Text() const noexcept { return text_; }
-    /// Cut to MaxLength; the selection goes to the start. Raises Change when the text differs.
+    /// Keeps the first MaxLength characters; the selection moves to the start. Raises Change when
+    /// the text differs.
     void Text(std::string_view text);
 
     /// 0 left, 1 right, 2 centred. Throws InvalidProperty for anything else.
@@ -51,7 +52,8 @@ class TextBox : public Control {
     OleColour ForeColor() const noexcept { return foreColor_; }
     void ForeColor(OleColour colour);
 
-    /// 0 is no limit. Throws InvalidProperty for a negative one.
+    /// How many characters can be assigned or entered; 0 is no limit. A text that is longer
+    /// already stays. Throws InvalidProperty for a negative limit.
     std::int32_t MaxLength() const noexcept { return maxLength_; }
     void MaxLength(std::int32_t length);
 
@@ -68,17 +70,21 @@ class TextBox : public Control {
     std::int32_t SelLength() const { return selection().length; }
     void SelLength(std::int32_t length);
     std::string SelText() const;
-    /// Replaces the selection and puts the caret behind the new text.
+    /// Replaces the selection by as much of the text as MaxLength leaves room for, and puts the
+    /// caret after it.
     void SelText(std::string_view text);
+
+    /// How many characters can replace the selection while there is a limit.
+    std::size_t roomAtSelection() const;
 
     void SetFocus();
 
-    /// What the person typed into the window; raises Change.
+    /// The user has changed the text in the window; raises Change when it differs.
     void typed(std::string_view text);
 
     void setTextView(TextBoxView* view) noexcept;
 
-    /// The selection that was set last, for the view that carries it out.
+    /// The selection that was set last, for the view to apply.
     Selection wantedSelection() const noexcept { return selection_; }
 
     std::function<void()> Change, Click, DblClick;
@@ -87,7 +93,9 @@ class TextBox : public Control {
 
  private:
     Selection selection() const;
+    std::string unselected() const;
     void select(Selection wanted);
+    void store(std::string_view text);
 
     std::string text_;
     std::string passwordChar_;

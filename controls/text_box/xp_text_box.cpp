@@ -6,7 +6,6 @@
 #include <cstdlib>
 
 #include "base/runtime_failure.h"
-#include "base/text.h"
 
 namespace velvox {
 namespace {
@@ -45,15 +44,21 @@ XPTextBox::XPTextBox(std::string_view name, int twipsPerPixel)
 void XPTextBox::InitProperties() {
     dataFields_.clear();
     MyTxt.Text(Name());
-    Height(newInstanceHeight);
     velvox::Font font = MyTxt.font();
     font.name = "Verdana";
     MyTxt.font(font);
-    resized();
+    // A new height lays out by itself.
+    if (Height() == newInstanceHeight)
+        resized();
+    else
+        Height(newInstanceHeight);
 }
 
 void XPTextBox::ReadProperties(const PropertyBag& bag, const velvox::Font& ambient) {
-    MyTxt.Alignment(text::toInt16(bag.readNumber("Alignment", 0)));
+    // What the inner box would refuse is left alignment: the rest of the record still counts.
+    const std::int32_t alignment = bag.readNumber("Alignment", 0);
+    const bool isKnown = alignment >= 0 && alignment <= 2;
+    MyTxt.Alignment(isKnown ? static_cast<std::int16_t>(alignment) : std::int16_t{0});
     MyTxt.BackColor(static_cast<OleColour>(bag.readNumber("BackColor", windowBack)));
     MyTxt.Enabled(bag.readBool("Enabled", true));
     MyTxt.font(bag.readFont("Font", ambient));
@@ -89,8 +94,18 @@ void XPTextBox::WriteProperties(PropertyBag& bag, const velvox::Font& ambient) c
 void XPTextBox::RePos() {
     const int inset = insetPixels * twipsPerPixel_;
     Pic.Move({0, 0, Width(), Height()});
-    // A control too small for the inner box is not guarded against: the box refuses the size.
-    MyTxt.Move({inset, inset, Pic.Width() - 2 * inset, Pic.Height() - 2 * inset});
+    // A control that leaves no room has an inner box without width or height.
+    MyTxt.Move({inset, inset, std::max(0, Pic.Width() - 2 * inset),
+                std::max(0, Pic.Height() - 2 * inset)});
+}
+
+// The four distances are rounded, not the edges: a window can be a pixel smaller than its size in
+// twips says, and the margin must not pay for that.
+PixelBounds XPTextBox::textBounds(int width, int height, int dpi) const {
+    const Place text = MyTxt.place();
+    return {toPixels(text.left, dpi), toPixels(text.top, dpi),
+            width - toPixels(Pic.Width() - text.left - text.width, dpi),
+            height - toPixels(Pic.Height() - text.top - text.height, dpi)};
 }
 
 void XPTextBox::PaintFrame(OleColour margin, Look look) {

@@ -25,14 +25,26 @@ struct DrawnLine {
     bool operator==(const DrawnLine&) const = default;
 };
 
+/// A rectangle in pixels of a window; right and bottom lie outside it.
+struct PixelBounds {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    bool operator==(const PixelBounds&) const = default;
+};
+
 class XPTextBox : public Control {
  public:
     /// The frame is one screen pixel wide and the text lies three pixels inside it, whatever a
     /// pixel is in twips.
     explicit XPTextBox(std::string_view name, int twipsPerPixel = designTwipsPerPixel);
 
-    /// First placement on a form: shows its own name, 330 twips high, in Verdana.
+    /// First placement on a form: shows its own name in Verdana, 330 twips high.
     void InitProperties();
+    /// A stored alignment that is not 0, 1 or 2 counts as 0. Throws TypeMismatch or InvalidProperty
+    /// for another setting that cannot be taken.
     void ReadProperties(const PropertyBag& bag, const velvox::Font& ambient = {});
     void WriteProperties(PropertyBag& bag, const velvox::Font& ambient = {}) const;
 
@@ -90,6 +102,10 @@ class XPTextBox : public Control {
     TextBox MyTxt{"MyTxt"};
 
     enum class Look : std::int16_t { Normal = 0, Disabled = 1, ReadOnly = 2 };
+
+    /// Where MyTxt lies in a window whose client area came out as `width` by `height` pixels. Empty
+    /// or inside out where there is no room.
+    PixelBounds textBounds(int width, int height, int dpi) const;
 
     /// Draws the frame and sets the look of the inner box. The program itself only ever asks for
     /// Normal.

@@ -3,6 +3,8 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <cwchar>
+#include <utility>
 
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
@@ -19,31 +21,52 @@ DWORD alignmentStyle(std::int16_t alignment) {
     return styles[alignment];
 }
 
-// A place in bytes as a place in UTF-16, and back.
+// A position in bytes as a position in UTF-16 units, and back. One within a character becomes the
+// one after it.
 int unitsOf(std::string_view text, std::int32_t bytes) {
     return static_cast<int>(toUtf16(text.substr(0, static_cast<std::size_t>(bytes))).size());
 }
 
 std::int32_t bytesOf(std::string_view text, DWORD units) {
-    return static_cast<std::int32_t>(narrow(widen(text).substr(0, units)).size());
+    std::size_t bytes = 0;
+    for (DWORD passed = 0; passed < units && bytes < text.size();) {
+        const std::string_view next = firstCharacters(text.substr(bytes), 1);
+        passed += static_cast<DWORD>(toUtf16(next).size());
+        bytes += next.size();
+    }
+    return static_cast<std::int32_t>(bytes);
+}
+
+/// The first line of the clipboard's text, which is what an EDIT of one line pastes. Empty where
+/// there is none or another program holds the clipboard.
+std::string clipboardLine(HWND owner) {
+    if (!OpenClipboard(owner)) return {};
+    std::wstring line;
+    const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
+    if (const void* text = memory ? GlobalLock(memory) : nullptr) {
+        line.assign(
+            static_cast<const wchar_t*>(text),
+            wcsnlen(static_cast<const wchar_t*>(text), GlobalSize(memory) / sizeof(wchar_t)));
+        GlobalUnlock(memory);
+    }
+    CloseClipboard();
+    return narrow(line.substr(0, line.find_first_of(L"\r\n")));
 }
 
 }  // namespace
 
-TextBoxWindow::TextBoxWindow(TextBox& model, const PictureBox& container, HWND parent)
-    : model_(model), container_(container) {
+TextBoxWindow::TextBoxWindow(XPTextBox& box, HWND parent) : box_(box), model_(box.MyTxt) {
     WindowRequest request;
     request.className = L"EDIT";
-    request.text = widen(model.Text());
+    request.text = widen(model_.Text());
     request.style =
-        WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | alignmentStyle(model.Alignment());
-    request.bounds = toPixels(model.place());
+        WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | alignmentStyle(model_.Alignment());
     request.parent = parent;
     request.id = 1;
     create(request);
     follow(Aspect::Setting);
     follow(Aspect::Face);
-    followEnabled();
+    follow(Aspect::Enabled);
     model_.setTextView(this);
 }
 
@@ -57,19 +80,19 @@ void TextBoxWindow::follow(Aspect aspect) {
             setting_ = true;
             SetWindowTextW(handle(), widen(model_.Text()).c_str());
             setting_ = false;
+            limitText();
             break;
         case Aspect::Choice: {
-            // The model keeps what was asked for until the window is told.
-            const TextBox& model = model_;
-            const Selection wanted = model.wantedSelection();
-            Edit_SetSel(handle(), unitsOf(model.Text(), wanted.start),
-                        unitsOf(model.Text(), wanted.start + wanted.length));
+            const std::string_view text = std::as_const(model_).Text();
+            const Selection wanted = model_.wantedSelection();
+            Edit_SetSel(handle(), unitsOf(text, wanted.start),
+                        unitsOf(text, wanted.start + wanted.length));
             break;
         }
-        case Aspect::Enabled: followEnabled(); break;
+        case Aspect::Enabled: EnableWindow(handle(), model_.Enabled()); break;
         case Aspect::Setting:
             Edit_SetReadOnly(handle(), model_.Locked());
-            Edit_LimitText(handle(), static_cast<WPARAM>(model_.MaxLength()));
+            limitText();
             Edit_SetPasswordChar(handle(),
                                  model_.PasswordChar().empty()
                                      ? 0U
@@ -100,8 +123,21 @@ void TextBoxWindow::applyToolTip() {
     SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void TextBoxWindow::followEnabled() {
-    EnableWindow(handle(), model_.Enabled() && container_.Enabled());
+// The EDIT counts UTF-16 units: each pair in its text makes room for one unit more.
+void TextBoxWindow::limitText() {
+    const std::u16string text = toUtf16(windowText(handle()));
+    const auto pairs = std::count_if(text.begin(), text.end(),
+                                     [](char16_t unit) { return IS_HIGH_SURROGATE(unit); });
+    const auto limit = static_cast<WPARAM>(model_.MaxLength());
+    Edit_LimitText(handle(), limit ? limit + static_cast<WPARAM>(pairs) : 0);
+}
+
+// The EDIT itself would cut a pair that is half too long.
+void TextBoxWindow::insert(std::string_view text) {
+    if (model_.MaxLength() > 0) text = firstCharacters(text, model_.roomAtSelection());
+    Edit_LimitText(handle(), 0);
+    SendMessageW(handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(widen(text).c_str()));
+    limitText();
 }
 
 Selection TextBoxWindow::selection() const {
@@ -129,10 +165,17 @@ void TextBoxWindow::applyFace() {
     InvalidateRect(handle(), nullptr, TRUE);
 }
 
-// The EDIT writes at its top. It is as tall as its text and stands in the middle of its place, so
-// that the text has as much room above as below.
+RECT TextBoxWindow::place() const {
+    RECT client{};
+    GetClientRect(GetParent(handle()), &client);
+    const PixelBounds at = box_.textBounds(client.right, client.bottom, screenDpi());
+    return {at.left, at.top, std::max(at.left, at.right), std::max(at.top, at.bottom)};
+}
+
+// The EDIT writes at its top: as tall as its text and centred in its place it leaves as much room
+// above the text as below.
 void TextBoxWindow::fit() {
-    RECT at = toPixels(model_.place());
+    RECT at = place();
     const WindowDc dc(handle());
     const Selected font(dc.get(), font_.get());
     TEXTMETRICW metrics{};
@@ -144,7 +187,7 @@ void TextBoxWindow::fit() {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// In high contrast the person's own colours hold: white on the box's white could not be read.
+// In high contrast the user's own colours hold: white on the box's white could not be read.
 HBRUSH TextBoxWindow::colour(HDC dc) {
     const bool own = !highContrast();
     const OleColour back = own ? model_.BackColor() : systemColour(WindowColour);
@@ -162,36 +205,74 @@ HBRUSH TextBoxWindow::background() const {
 std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case reflectedCommand:
-            if (HIWORD(wParam) == EN_CHANGE && !setting_) model_.typed(windowText(handle()));
+            if (HIWORD(wParam) == EN_CHANGE && !setting_) {
+                model_.typed(windowText(handle()));
+                limitText();
+            }
             return 0;
-        case WM_CHAR: {
-            // A handler is told of what its 16-bit number can hold.
-            if (!model_.KeyPress || wParam > 0x7FFF) break;
-            auto key = static_cast<std::int16_t>(wParam);
-            model_.KeyPress(key);
-            if (key == 0) return 0;
-            if (static_cast<WPARAM>(key) == wParam) break;
-            return DefSubclassProc(handle(), message, static_cast<WPARAM>(key), lParam);
+        case WM_PASTE:
+            if (model_.Locked() || model_.MaxLength() == 0) break;
+            insert(clipboardLine(handle()));
+            return 0;
+        case WM_UNDO:
+        case EM_UNDO: {
+            // What there was before has fitted; it can have more pairs.
+            Edit_LimitText(handle(), 0);
+            const LRESULT result = DefSubclassProc(handle(), message, wParam, lParam);
+            limitText();
+            return result;
         }
-        case WM_LBUTTONUP:
-            if (model_.Click) model_.Click();
-            break;
+        case WM_CHAR: return character(wParam, lParam);
+        case WM_MOUSEMOVE: mouseMoved(wParam, lParam); break;
+        case WM_LBUTTONDOWN: pressed_ = true; break;
+        case WM_CAPTURECHANGED: pressed_ = false; break;
         case WM_LBUTTONDBLCLK:
-            if (model_.DblClick) model_.DblClick();
-            break;
-        case WM_MOUSEMOVE: {
-            if (!model_.MouseMove) break;
-            const int shift = (wParam & MK_SHIFT ? 1 : 0) | (wParam & MK_CONTROL ? 2 : 0) |
-                              (GetKeyState(VK_MENU) < 0 ? 4 : 0);
-            model_.MouseMove(static_cast<std::int16_t>(heldButtons(wParam)),
-                             static_cast<std::int16_t>(shift),
-                             static_cast<float>(toTwips(GET_X_LPARAM(lParam), screenDpi())),
-                             static_cast<float>(toTwips(GET_Y_LPARAM(lParam), screenDpi())));
-            break;
+        case WM_LBUTTONUP: {
+            RECT client{};
+            GetClientRect(handle(), &client);
+            const POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+            // The system's order: the click of the first release, then the double click of the
+            // second press, whose release is no click.
+            const bool clicked = std::exchange(pressed_, false) && PtInRect(&client, at);
+            const LRESULT result = DefSubclassProc(handle(), message, wParam, lParam);
+            const auto& handler = message == WM_LBUTTONUP ? model_.Click : model_.DblClick;
+            if (handler && (clicked || message == WM_LBUTTONDBLCLK)) handler();
+            return result;
         }
         default: break;
     }
     return std::nullopt;
+}
+
+std::optional<LRESULT> TextBoxWindow::character(WPARAM unit, LPARAM lParam) {
+    // A character of two units arrives as two messages; half of it is no text.
+    const wchar_t first = std::exchange(firstOfPair_, L'\0');
+    if (IS_HIGH_SURROGATE(unit)) {
+        firstOfPair_ = static_cast<wchar_t>(unit);
+        return 0;
+    }
+    if (IS_LOW_SURROGATE(unit)) {
+        const wchar_t pair[] = {first, static_cast<wchar_t>(unit)};
+        if (first && !model_.Locked()) insert(narrow({pair, 2}));
+        return 0;
+    }
+    // Only characters that fit the handler's 16-bit number reach it.
+    if (!model_.KeyPress || unit > 0x7FFF) return std::nullopt;
+    auto key = static_cast<std::int16_t>(unit);
+    model_.KeyPress(key);
+    if (key == 0) return 0;
+    if (static_cast<WPARAM>(key) == unit) return std::nullopt;
+    return DefSubclassProc(handle(), WM_CHAR, static_cast<WPARAM>(key), lParam);
+}
+
+void TextBoxWindow::mouseMoved(WPARAM wParam, LPARAM lParam) {
+    if (!model_.MouseMove) return;
+    const int shift = (wParam & MK_SHIFT ? 1 : 0) | (wParam & MK_CONTROL ? 2 : 0) |
+                      (GetKeyState(VK_MENU) < 0 ? 4 : 0);
+    model_.MouseMove(static_cast<std::int16_t>(heldButtons(wParam)),
+                     static_cast<std::int16_t>(shift),
+                     static_cast<float>(toTwips(GET_X_LPARAM(lParam), screenDpi())),
+                     static_cast<float>(toTwips(GET_Y_LPARAM(lParam), screenDpi())));
 }
 
 XPTextBoxWindow::XPTextBoxWindow(XPTextBox& model, HWND parent, int id) : model_(model) {
@@ -205,7 +286,7 @@ XPTextBoxWindow::XPTextBoxWindow(XPTextBox& model, HWND parent, int id) : model_
     request.parent = parent;
     request.id = id;
     create(request);
-    edit_.emplace(model.MyTxt, model.Pic, handle());
+    edit_.emplace(model, handle());
     model_.setView(this);
     model_.Pic.setView(&picView_);
 }
@@ -216,7 +297,6 @@ XPTextBoxWindow::~XPTextBoxWindow() {
 }
 
 void XPTextBoxWindow::PicView::follow(Aspect aspect) {
-    if (aspect == Aspect::Enabled) window.edit_->followEnabled();
     if (aspect == Aspect::Face) InvalidateRect(window.handle(), nullptr, FALSE);
 }
 
@@ -234,6 +314,9 @@ std::optional<LRESULT> XPTextBoxWindow::onMessage(UINT message, WPARAM wParam, L
         }
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_ERASEBKGND: return 1;
+        case WM_SIZE:
+            if (edit_) edit_->fit();
+            return 0;
         case WM_SETFOCUS:
             if (edit_) SetFocus(edit_->handle());
             return 0;
@@ -260,7 +343,7 @@ void XPTextBoxWindow::paint(HDC target) const {
     const OwnedBrush margin(CreateSolidBrush(rgbOf(model_.Pic.BackColor(), WindowColour)));
     FillRect(dc, &client, margin.get());
     // The EDIT is as tall as its text only; the rest of its place looks like it.
-    const RECT inner = toPixels(model_.MyTxt.place());
+    const RECT inner = edit_->place();
     FillRect(dc, &inner, edit_->background());
     for (const DrawnLine& line : model_.frame()) {
         const OwnedPen pen(CreatePen(PS_SOLID, 1, rgbOf(line.colour, WindowTextColour)));

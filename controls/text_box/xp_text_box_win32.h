@@ -9,15 +9,18 @@ namespace velvox {
 /// The EDIT inside an XPTextBox.
 class TextBoxWindow : public SystemControl, public TextBoxView {
  public:
-    TextBoxWindow(TextBox& model, const PictureBox& container, HWND parent);
+    TextBoxWindow(XPTextBox& box, HWND parent);
     ~TextBoxWindow() override;
 
     void follow(Aspect aspect) override;
     Selection selection() const override;
     void focus() override;
 
-    /// Enabled as the box is, and never inside a disabled container.
-    void followEnabled();
+    /// The place of the text in the parent's client area, of which the EDIT takes the middle.
+    RECT place() const;
+
+    /// Places the EDIT; after a new size of the parent.
+    void fit();
 
     /// Null while there is none.
     HWND toolTip() const noexcept { return tip_.get(); }
@@ -25,22 +28,27 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     /// What the box stands on.
     HBRUSH background() const;
 
-    /// The background and text colours that the parent answers WM_CTLCOLOREDIT with.
+    /// The background and text colours that the parent returns for WM_CTLCOLOREDIT.
     HBRUSH colour(HDC dc);
 
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> character(WPARAM unit, LPARAM lParam);
+    void mouseMoved(WPARAM wParam, LPARAM lParam);
     void applyFace();
     void applyToolTip();
-    void fit();
+    void limitText();
+    void insert(std::string_view text);
 
+    const XPTextBox& box_;
     TextBox& model_;
-    const PictureBox& container_;
     OwnedFont font_;
     OwnedBrush background_;
     std::string tipText_;
     Owned<HWND, &DestroyWindow> tip_;
     bool setting_ = false;
+    wchar_t firstOfPair_ = 0;  // typed, waiting for the second
+    bool pressed_ = false;     // a release inside makes a click
 };
 
 /// The window of an XPTextBox: frame and margin around the EDIT.
@@ -58,7 +66,7 @@ class XPTextBoxWindow : public Window, public ControlView {
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void paint(HDC target) const;
 
-    // Pic has no window of its own; what happens to it shows in this window.
+    // Pic has no window of its own: its colour shows in this one, and disabling it alters nothing.
     struct PicView : ControlView {
         explicit PicView(XPTextBoxWindow& owner) : window(owner) {}
         void follow(Aspect aspect) override;

@@ -41,11 +41,25 @@ TEST_F(XPTextBoxTest, LaysOutTheInnerBoxAndTheFrame) {
     EXPECT_EQ(dense.frame()[2].x1, 590);
 
     // Too small for the inner box.
-    box.Height(90);
-    EXPECT_THROW(box.Height(75), RuntimeFailure);
-    EXPECT_EQ(box.MyTxt.Height(), 0);
-    box.Height(330);
+    box.Move({0, 0, 75, 75});
+    EXPECT_EQ(box.MyTxt.place(), (Place{45, 45, 0, 0}));
+    box.Move({0, 0, 3000, 330});
     EXPECT_EQ(box.MyTxt.Height(), 240);
+}
+
+// A window is up to a pixel smaller or larger than its size in twips says.
+TEST(XPTextBoxMarginTest, TextKeepsThreePixelsFromEveryEdgeAtEveryResolution) {
+    for (int dpi = 96; dpi <= 240; ++dpi) {
+        XPTextBox box("box", twipsPerInch / dpi);
+        for (int at = 100; at < 130; ++at) {
+            box.Move({at, at, 2900 + 7 * at, 250 + 3 * at});
+            const int width = toPixels(at + box.Width(), dpi) - toPixels(at, dpi);
+            const int height = toPixels(at + box.Height(), dpi) - toPixels(at, dpi);
+            ASSERT_EQ(box.textBounds(width, height, dpi),
+                      (PixelBounds{3, 3, width - 3, height - 3}))
+                << dpi << ' ' << at;
+        }
+    }
 }
 
 TEST_F(XPTextBoxTest, ResizeMakesTheBoxWhiteEnabledAndUnlocked) {
@@ -78,6 +92,19 @@ TEST_F(XPTextBoxTest, EverySetterNotifiesUnderItsName) {
     EXPECT_EQ(take(), "Text ") << "the same text is no change";
     EXPECT_EQ(box.SelStart(), 0) << "but the caret returns to its start";
 
+    // The limit counts characters, and what is there already is not cut for what is added.
+    const std::string wide = "\xE1\xBA\xBF";
+    const std::string pair = "\xF0\x9F\x98\x80";
+    box.MaxLength(3), box.Text(wide + pair + wide + wide);
+    EXPECT_EQ(box.Text(), wide + pair + wide);
+    box.SelStart(3), box.SelText("xy");
+    EXPECT_EQ(box.Text(), wide + pair + wide);
+    box.SelLength(4), box.SelText("xy");
+    EXPECT_EQ(box.Text(), wide + 'x' + wide);
+    box.MaxLength(1), box.SelText("y");
+    EXPECT_EQ(box.Text(), wide + 'x' + wide) << "only what is entered from now on";
+    box.MaxLength(0), box.Text("01x56789");
+
     // What cannot be is clipped, or refused without a notice.
     box.SelStart(6);
     box.SelLength(99);
@@ -109,10 +136,21 @@ TEST_F(XPTextBoxTest, ValueIsTheNumberAtTheStart) {
 }
 
 TEST_F(XPTextBoxTest, NewInstanceShowsItsNameAndALoadedOneItsDefault) {
+    struct : ControlView {
+        void follow(Aspect aspect) override { layouts += aspect == Aspect::Face; }
+        int layouts = 0;
+    } view;
+    box.setView(&view);
     box.Enabled(false);
-    box.Height(500);
-    box.InitProperties();
-    EXPECT_EQ(box.Height(), 330);
+    // Without a size, with a height of its own, with the height of a new instance.
+    for (const Place& place : {Place{}, {0, 0, 3000, 500}, {0, 0, 3000, 330}}) {
+        box.Move(place);
+        view.layouts = 0;
+        box.InitProperties();
+        EXPECT_EQ(box.Height(), 330);
+        EXPECT_EQ(view.layouts, 1) << place.height;
+    }
+    box.setView(nullptr);
     EXPECT_EQ(stored(box),
               (PropertyBag{
                   {"BackColor", 0xFFFFFF}, {"Font", Font{.name = "Verdana"}}, {"Text", "linkin"}}));
@@ -131,7 +169,7 @@ TEST_F(XPTextBoxTest, StoresEachKeyInOrderAndRefusesWhatCannotBe) {
                           {"Text", "stored"},      {"ToolTipText", "tip"},
                           {"DataFields", "field"}};
     box.ReadProperties(bag);
-    EXPECT_EQ(take(), "! ") << "reading notifies nobody";
+    EXPECT_EQ(take(), "! ") << "no notice while reading";
     EXPECT_TRUE(box.Pic.Enabled());
     EXPECT_EQ(box.MyTxt.DataField(), "");
     EXPECT_EQ(stored(box), bag);
@@ -146,9 +184,15 @@ TEST_F(XPTextBoxTest, StoresEachKeyInOrderAndRefusesWhatCannotBe) {
               "SelText SelLength Text ToolTipText DataFields ");
     EXPECT_EQ(selected.readText("SelText", ""), "tor");
 
+    for (const std::int32_t alignment : {3, 70'000, -1, -65'535}) {
+        box.ReadProperties({{"Alignment", alignment}, {"DataFields", "behind"}});
+        EXPECT_EQ(box.Alignment(), 0) << alignment;
+        EXPECT_EQ(box.DataFields(), "behind");
+        box.DataFields("");
+    }
     const PropertyBag bags[] = {
-        {{"Alignment", 3}}, {{"alignment", 70'000}}, {{"MaxLength", -1}},      {{"SelStart", -1}},
-        {{"Text", 5}},      {{"Enabled", "yes"}},    {{"BackColor", "white"}}, {{"Font", "Arial"}}};
+        {{"MaxLength", -1}},  {{"SelStart", -1}},       {{"Text", 5}},
+        {{"Enabled", "yes"}}, {{"BackColor", "white"}}, {{"Font", "Arial"}}};
     for (const PropertyBag& wrong : bags) EXPECT_THROW(box.ReadProperties(wrong), RuntimeFailure);
 }
 

@@ -23,6 +23,12 @@ class XPTextBoxWindowTest : public testing::Test {
     void type(std::wstring_view characters) const {
         for (const wchar_t c : characters) send(WM_CHAR, c);
     }
+    COLORREF textColour() const {
+        const WindowDc dc(edit);
+        SendMessageW(window.handle(), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc.get()),
+                     reinterpret_cast<LPARAM>(edit));
+        return GetTextColor(dc.get());
+    }
     bool has(int style) const { return (GetWindowLongW(edit, GWL_STYLE) & style) != 0; }
 
     TestForm form{{40, 40, 440, 240}};
@@ -32,6 +38,7 @@ class XPTextBoxWindowTest : public testing::Test {
 };
 
 constexpr const char* threeBytes = "\xE1\xBA\xBF";
+constexpr const char* fourBytes = "\xF0\x9F\x98\x80";
 
 TEST_F(XPTextBoxWindowTest, EditFollowsTheBox) {
     box.Alignment(2);
@@ -45,8 +52,13 @@ TEST_F(XPTextBoxWindowTest, EditFollowsTheBox) {
     for (const bool on : {true, false}) {
         box.Locked(on);
         EXPECT_EQ(has(ES_READONLY), on);
-        EXPECT_EQ(has(WS_DISABLED), on) << "a locked box disables what it stands in";
+        EXPECT_FALSE(has(WS_DISABLED));
     }
+    box.Locked(true);
+    EXPECT_EQ(textColour(), GetSysColor(COLOR_WINDOWTEXT)) << "not grey";
+    box.Height(400);
+    EXPECT_FALSE(has(ES_READONLY) || has(WS_DISABLED)) << "as the box is after a resize";
+
     for (const bool on : {false, true}) {
         box.Enabled(on);
         EXPECT_EQ(has(WS_DISABLED), !on);
@@ -65,7 +77,7 @@ TEST_F(XPTextBoxWindowTest, TypingAndSelectingReachTheBox) {
     EXPECT_EQ(box.SelText(), threeBytes);
     box.Text(threeBytes + std::string("xy"));
     EXPECT_EQ(windowText(edit), box.Text());
-    EXPECT_EQ(changes, 3) << "once, whoever sets the text";
+    EXPECT_EQ(changes, 3) << "once, by either side";
     send(EM_SETSEL, 1, 2);
     EXPECT_EQ(box.SelStart(), 3);
     box.SelLength(1);
@@ -77,6 +89,36 @@ TEST_F(XPTextBoxWindowTest, TypingAndSelectingReachTheBox) {
     box.Focus();
     EXPECT_EQ(GetFocus(), edit);
     EXPECT_EQ(send(EM_GETSEL), MAKELRESULT(0, 3));
+}
+
+TEST_F(XPTextBoxWindowTest, LimitCountsCharactersHoweverTheyAreEntered) {
+    const std::string two = threeBytes + std::string(fourBytes);
+    box.MaxLength(2);
+    int changes = 0;
+    box.Change = [&] { ++changes; };
+    type(L"\x1EBF\xD83D\xDE00\xD83D\xDE00x");
+    EXPECT_EQ(box.Text(), two);
+    EXPECT_EQ(changes, 2) << "half a character is no text";
+    box.Text("xyz");
+    send(EM_SETSEL, 1, 2);
+    type(L"\xD83D\xDE00");
+    EXPECT_EQ(box.Text(), std::string("x") + fourBytes);
+
+    ASSERT_TRUE(OpenClipboard(form.handle()));
+    EmptyClipboard();
+    const std::wstring text = L"\xD83D\xDE00\x1EBFz\r\nline";
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, 2 * text.size() + 2);
+    text.copy(static_cast<wchar_t*>(GlobalLock(memory)), text.size());
+    GlobalUnlock(memory);
+    SetClipboardData(CF_UNICODETEXT, memory);
+    CloseClipboard();
+    const std::string pasted = fourBytes + std::string(threeBytes) + "z";
+    for (const auto& [limit, bytes] : {std::pair{1, 4}, {2, 7}, {9, 8}, {0, 8}}) {
+        box.MaxLength(limit);
+        box.Focus();
+        send(WM_PASTE);
+        EXPECT_EQ(box.Text(), pasted.substr(0, static_cast<std::size_t>(bytes))) << limit;
+    }
 }
 
 TEST_F(XPTextBoxWindowTest, HandlersHearOfKeysAndThePointer) {
@@ -96,10 +138,35 @@ TEST_F(XPTextBoxWindowTest, HandlersHearOfKeysAndThePointer) {
             events += std::to_string(number) + ' ';
     };
     const LPARAM at = MAKELPARAM(20, 5);
+    const LPARAM outside = MAKELPARAM(20, -5);
     send(WM_MOUSEMOVE, MK_LBUTTON | MK_RBUTTON | MK_SHIFT | MK_CONTROL, at);
-    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK})
+    EXPECT_EQ(std::exchange(events, ""), "3 3 20 5 ");
+    box.MouseMove = {};
+    const std::tuple<const char*, LPARAM, LPARAM, const char*> rows[] = {
+        {"a press and a release", at, at, "click "},
+        {"dragged out", at, outside, ""},
+        {"dragged in", outside, at, ""}};
+    for (const auto& [name, press, release, raised] : rows) {
+        send(press == at ? WM_LBUTTONDOWN : WM_NULL, 0, press);
+        send(WM_LBUTTONUP, 0, release);
+        EXPECT_EQ(std::exchange(events, ""), raised) << name;
+    }
+    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP})
         send(message, 0, at);
-    EXPECT_EQ(events, "3 3 20 5 click double ");
+    EXPECT_EQ(events, "click double ");
+}
+
+TEST_F(XPTextBoxWindowTest, TextKeepsItsMarginWhereverTheBoxLies) {
+    for (int place = 150; place < 165; ++place) {
+        box.Move({place, place, 2900 + 2 * place, 300 + place});
+        RECT outer, text;
+        GetWindowRect(window.handle(), &outer);
+        GetWindowRect(edit, &text);
+        EXPECT_EQ(text.left - outer.left, 3) << place;
+        EXPECT_EQ(outer.right - text.right, 3) << place;
+        EXPECT_GE(text.top - outer.top, 3) << place;
+        EXPECT_GE(outer.bottom - text.bottom, 3) << place;
+    }
 }
 
 TEST_F(XPTextBoxWindowTest, FrameIsOnePixelOnTheLastRowsAndColumns) {
@@ -123,7 +190,7 @@ TEST_F(XPTextBoxWindowTest, ToolTipIsThereWhileItHasAText) {
     const HWND tip = window.toolTip();
     EXPECT_EQ(SendMessageW(tip, TTM_GETTOOLCOUNT, 0, 0), 1);
     box.Locked(true);
-    EXPECT_EQ(window.toolTip(), tip) << "made anew for another text alone";
+    EXPECT_EQ(window.toolTip(), tip) << "made again for another text alone";
     box.ToolTipText("");
     EXPECT_EQ(window.toolTip(), nullptr);
     EXPECT_FALSE(IsWindow(tip));
