@@ -59,15 +59,11 @@ void tsPrivateScroll::notify(std::string_view name) {
     if (PropertyChanged) PropertyChanged(name);
 }
 
-void tsPrivateScroll::redrawUnlessHeldBack() {
-    if (settings_.unRefreshControl) redraw();
-}
-
 template <class T>
 void tsPrivateScroll::set(std::string_view name, T ScrollSettings::*member, T value) {
     settings_.*member = value;
     notify(name);
-    redrawUnlessHeldBack();
+    if (settings_.unRefreshControl) redraw();
 }
 
 void tsPrivateScroll::setNotNegative(std::string_view name, std::int32_t ScrollSettings::*member,
@@ -126,7 +122,9 @@ void tsPrivateScroll::Value(FixedPoint value) {
     if (bounded(value, settings_) != settings_.value) {
         if (!suppressesNextChange_ && Change) Change(settings_.value);
         // A handler may have moved the bounds.
-        set("Value", &ScrollSettings::value, bounded(value, settings_));
+        settings_.value = bounded(value, settings_);
+        notify("Value");
+        redraw();
     }
     suppressesNextChange_ = false;
 }

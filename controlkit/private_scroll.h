@@ -9,7 +9,7 @@
 
 namespace velvox {
 
-/// Every setter stores its value, tells the host under the property's name and redraws. A
+/// Every setter stores its value, notifies the host under the property's name and redraws. A
 /// negative change, length or interval throws InvalidProperty and alters nothing.
 class tsPrivateScroll {
  public:
@@ -69,8 +69,9 @@ class tsPrivateScroll {
     std::int32_t MouseInterval() const noexcept { return settings_.mouseInterval; }
     void MouseInterval(std::int32_t milliseconds);
 
-    /// While true, a change of a property is drawn at once, whatever the name suggests; while
-    /// false it waits for the next Refresh.
+    /// While true, whatever the name suggests, setting any property redraws; while false a new
+    /// colour, length, bound or state waits for the next redraw or Refresh. A new Value is always
+    /// drawn.
     bool UnRefreshControl() const noexcept { return settings_.unRefreshControl; }
     void UnRefreshControl(bool redraws);
 
@@ -79,7 +80,7 @@ class tsPrivateScroll {
     bool BlockVS() const noexcept { return suppressesNextChange_; }
     void BlockVS(bool suppress) noexcept { suppressesNextChange_ = suppress; }
 
-    /// While true, Value cannot be altered, neither by assignment nor by the person.
+    /// While true, Value cannot be altered, neither by assignment nor by the user.
     bool BlockValue() const noexcept { return blocksValue_; }
     void BlockValue(bool block) noexcept { blocksValue_ = block; }
 
@@ -94,7 +95,7 @@ class tsPrivateScroll {
     /// `Value` refers to the stored field, which still holds the previous value.
     std::function<void(const FixedPoint& Value)> Change;
 
-    /// Tells the host which property was set.
+    /// Notifies the host which property was set.
     std::function<void(std::string_view name)> PropertyChanged;
 
  protected:
@@ -111,7 +112,6 @@ class tsPrivateScroll {
     void setNotNegative(std::string_view name, std::int32_t ScrollSettings::*member,
                         std::int32_t value);
     void notify(std::string_view name);
-    void redrawUnlessHeldBack();
     void keepWithinBounds();
 
     Axis axis_;

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "base/runtime_failure.h"
@@ -79,55 +81,95 @@ TEST(PrivateScrollTest, ValueIsKeptWithinTheBounds) {
     EXPECT_EQ(bar.Value(), FixedPoint(270)) << "moved by a handler of the assignment itself";
 }
 
-TEST(PrivateScrollTest, SettersStoreNotifyAndDraw) {
-    Recorder bar;
-    bar.UnRefreshControl(false);
-    bar.SmallChange(4);
-    bar.Value(51);
-    bar.UnRefreshControl(true);
-    EXPECT_EQ(bar.log, (Log{"UnRefreshControl", "SmallChange", "Change 50", "Value",
-                            "UnRefreshControl", "draw 51"}))
-        << "drawing waits for Refresh";
-    bar.log.clear();
-    EXPECT_THROW(bar.LargeChange(-1), RuntimeFailure);
-    EXPECT_THROW(bar.arrowLength(-1), RuntimeFailure);
-    EXPECT_EQ(bar.log, Log{});
+/// A property: its key, the value that it is given, how it is set and what reading it then gives.
+struct Property {
+    const char* key;
+    PropertyValue value;
+    std::function<void(Recorder&)> set;
+    std::function<bool(const Recorder&)> isSet;
+};
+
+template <class T>
+Property property(const char* key, T (tsPrivateScroll::*get)() const noexcept,
+                  void (tsPrivateScroll::*set)(T), std::int32_t value) {
+    PropertyValue stored = value;
+    if (std::is_same_v<T, bool>) stored = value != 0;
+    return {key, stored, [=](Recorder& bar) { (bar.*set)(static_cast<T>(value)); },
+            [=](const Recorder& bar) { return (bar.*get)() == static_cast<T>(value); }};
 }
 
-TEST(PrivateScrollTest, StoresEighteenKeysInOrder) {
+std::vector<Property> properties() {
+    using S = tsPrivateScroll;
+    return {property("ArrowColor", &S::ArrowColor, &S::ArrowColor, 1),
+            property("BackColor", &S::BackColor, &S::BackColor, 2),
+            property("BorderColor", &S::BorderColor, &S::BorderColor, 3),
+            property("Enabled", &S::Enabled, &S::Enabled, false),
+            property("EnableWheel", &S::EnableWheel, &S::EnableWheel, false),
+            property("FrontColor", &S::FrontColor, &S::FrontColor, 4),
+            property("LargeChange", &S::LargeChange, &S::LargeChange, 0),
+            property("Max", &S::Max, &S::Max, 900),
+            property("Min", &S::Min, &S::Min, -900),
+            property("ScrollWidth", &Recorder::arrowLength, &Recorder::arrowLength, 0),
+            property("SmallChange", &S::SmallChange, &S::SmallChange, 0),
+            property("Value", &S::Value, &S::Value, 51),
+            property("WheelChange", &S::WheelChange, &S::WheelChange, 0),
+            property("MouseHoverColor", &S::MouseHoverColor, &S::MouseHoverColor, -2147483633),
+            property("DownColor", &S::DownColor, &S::DownColor, 6),
+            property("MouseInterval", &S::MouseInterval, &S::MouseInterval, 0),
+            property("LargeChangeColor", &S::LargeChangeColor, &S::LargeChangeColor, 7),
+            property("UnRefreshControl", &S::UnRefreshControl, &S::UnRefreshControl, false)};
+}
+
+TEST(PrivateScrollTest, EachPropertyIsStoredNotifiedDrawnAndWritten) {
+    PropertyBag all;
+    for (const Property& p : properties()) {
+        const bool isValue = p.key == std::string_view("Value");
+        for (const bool draws : {true, false}) {
+            Recorder bar(Axis::Horizontal);
+            EXPECT_FALSE(p.isSet(bar)) << p.key << " by default";
+            bar.UnRefreshControl(draws);
+            bar.log.clear();
+            p.set(bar);
+            Log expected{p.key};
+            if (isValue) expected.insert(expected.begin(), "Change 50");
+            if (bar.UnRefreshControl() || isValue) expected.push_back("draw " + bar.Value().text());
+            EXPECT_EQ(bar.log, expected);
+            EXPECT_TRUE(p.isSet(bar)) << p.key;
+        }
+        all.write(p.key, p.value);
+    }
     Recorder bar(Axis::Horizontal);
-    const PropertyBag bag{{"ArrowColor", 1},       {"BackColor", 2},
-                          {"BorderColor", 3},      {"Enabled", false},
-                          {"EnableWheel", false},  {"FrontColor", 4},
-                          {"LargeChange", 20},     {"Max", 900},
-                          {"Min", -900},           {"ScrollWidth", 11},
-                          {"SmallChange", 2},      {"Value", -800},
-                          {"WheelChange", 5},      {"MouseHoverColor", -2147483633},
-                          {"DownColor", 6},        {"MouseInterval", 50},
-                          {"LargeChangeColor", 7}, {"UnRefreshControl", false}};
-    bar.ReadProperties(bag);
-    EXPECT_EQ(bar.log, Log{"draw -800"}) << "neither Change nor a notice";
-    EXPECT_EQ(bar.WriteProperties(), bag);
-    EXPECT_EQ(bar.MouseHoverColor(), 0x8000000FU);
-    EXPECT_EQ(bar.DownColor(), 6U);
-    Recorder vertical;
-    vertical.ReadProperties(bag);
-    EXPECT_EQ(vertical.arrowLength(), 10) << "its arrows have a key of their own";
+    bar.ReadProperties(all);
+    EXPECT_EQ(bar.log, Log{"draw 51"}) << "neither Change nor a notice";
+    for (const Property& p : properties()) EXPECT_TRUE(p.isSet(bar)) << p.key;
+    EXPECT_EQ(bar.WriteProperties(), all) << "in order, and what differs from its default";
 
     bar.BlockValue(true);
+    bar.BlockVS(true);
     bar.InitProperties();
-    EXPECT_FALSE(bar.BlockValue());
+    EXPECT_FALSE(bar.BlockValue() || bar.BlockVS());
     EXPECT_TRUE(bar.WriteProperties().entries().empty()) << "a fresh bar is one of defaults";
     EXPECT_EQ(bar.FrontColor(), 0xF0D0BFU);
-    EXPECT_EQ(bar.DownColor(), 0xBE9E8DU);
-    EXPECT_EQ(bar.LargeChangeColor(), 0xBE9E8DU);
+    EXPECT_EQ(bar.BorderColor(), 0xFF8080U);
+    for (const OleColour colour : {bar.DownColor(), bar.LargeChangeColor()})
+        EXPECT_EQ(colour, 0xBE9E8DU);
+    for (const OleColour colour : {bar.ArrowColor(), bar.BackColor(), bar.MouseHoverColor()})
+        EXPECT_EQ(colour, 0xFFFFFFU);
+    Recorder vertical;
+    vertical.ReadProperties({{"ScrollHeight", 3}, {"ScrollWidth", 11}});
+    EXPECT_EQ(vertical.arrowLength(), 3) << "its arrows have a key of their own";
 }
 
 TEST(PrivateScrollTest, ABagThatCannotBeTakenAltersNothing) {
     Recorder bar;
-    EXPECT_THROW(bar.ReadProperties({{"Max", 300}, {"SmallChange", -1}}), RuntimeFailure);
+    for (const char* key :
+         {"LargeChange", "SmallChange", "WheelChange", "MouseInterval", "ScrollHeight"})
+        EXPECT_THROW(bar.ReadProperties({{"Max", 300}, {key, -1}}), RuntimeFailure) << key;
+    EXPECT_THROW(bar.LargeChange(-1), RuntimeFailure);
+    EXPECT_THROW(bar.arrowLength(-1), RuntimeFailure);
     EXPECT_THROW(bar.ReadProperties({{"Max", 300}, {"DownColor", "blue"}}), RuntimeFailure);
     EXPECT_EQ(bar.Max(), 100);
+    EXPECT_EQ(bar.log, Log{});
     bar.ReadProperties({{"Max", 10}, {"Value", 2147483647}});
     EXPECT_EQ(bar.Value(), FixedPoint(10));
     bar.Value(8.5);
