@@ -22,6 +22,12 @@ TRIVERTEX toPlatform(const GradientVertex& v) {
     return {v.x, v.y, v.red, v.green, v.blue, v.alpha};
 }
 
+/// Null where there is nothing to draw on. The system would give a size of 0 one pixel.
+OwnedBitmap compatibleBitmap(HDC screen, int width, int height) {
+    if (width <= 0 || height <= 0) return {};
+    return OwnedBitmap(CreateCompatibleBitmap(screen, width, height));
+}
+
 constexpr WORD paletteEntries = 256;
 
 /// The system's palette as a logical one.
@@ -44,9 +50,13 @@ void clsVirtualDC::CreateMyDC(int Width, int Height) {
     height_ = Height;
     {
         const WindowDc screen(nullptr);
-        dc_.reset(CreateCompatibleDC(screen.get()));
-        bitmap_.reset(CreateCompatibleBitmap(screen.get(), Width, Height));
-        displaced_.reset(SelectObject(dc_.get(), bitmap_.get()));
+        OwnedMemoryDc dc(CreateCompatibleDC(screen.get()));
+        OwnedBitmap bitmap = compatibleBitmap(screen.get(), Width, Height);
+        if (dc && bitmap) {
+            displaced_.reset(SelectObject(dc.get(), bitmap.get()));
+            dc_ = std::move(dc);
+            bitmap_ = std::move(bitmap);
+        }
         picture_.reset();
     }
     SetBkMode(dc_.get(), backMode_);
@@ -70,8 +80,8 @@ void clsVirtualDC::resize(int width, int height) {
     if (!dc_) return;
     const WindowDc screen(nullptr);
     const OwnedMemoryDc old(CreateCompatibleDC(screen.get()));
-    OwnedBitmap next(CreateCompatibleBitmap(screen.get(), width, height));
-    if (!next) return;
+    OwnedBitmap next = compatibleBitmap(screen.get(), width, height);
+    if (!old || !next) return releaseSurface();
     // A bitmap can be selected into one DC alone: the old one moves over to be copied from.
     SelectObject(dc_.get(), next.get());
     const Selected copied(old.get(), bitmap_.get());
@@ -262,7 +272,8 @@ void clsVirtualDC::SetPixel(int x, int y, OleColour colour) {
 }
 
 Rgb clsVirtualDC::GetPixel(int x, int y) const {
-    return static_cast<Rgb>(::GetPixel(dc_.get(), x, y));
+    const bool inside = dc_ && x >= 0 && y >= 0 && x < width_ && y < height_;
+    return inside ? static_cast<Rgb>(::GetPixel(dc_.get(), x, y)) : -1;
 }
 
 void clsVirtualDC::DrawFocusRect(const RECT& rectangle) {

@@ -38,7 +38,8 @@ class clsVirtualDC {
     clsVirtualDC& operator=(const clsVirtualDC&) = delete;
     ~clsVirtualDC() { DestroyDC(); }
 
-    /// The size of the bitmap. A new size keeps what is drawn and leaves what is added black.
+    /// The size of the bitmap, pixels. A new size keeps what is drawn and leaves what is added
+    /// black; one that cannot be had releases the surface.
     int Width() const noexcept { return width_; }
     void Width(int pixels) { resize(pixels, height_); }
     int Height() const noexcept { return height_; }
@@ -48,7 +49,7 @@ class clsVirtualDC {
     OleColour BackColor() const noexcept { return backColor_; }
     void BackColor(OleColour colour) noexcept { backColor_ = colour; }
 
-    /// The text's colour, and the colour behind it, which is handed on as it is: an RGB value.
+    /// The text's colour, and the colour around it, which is passed on as it is: an RGB value.
     OleColour ForeColor() const noexcept { return foreColor_; }
     void ForeColor(OleColour colour);
     OleColour BkColor() const noexcept { return bkColor_; }
@@ -86,7 +87,8 @@ class clsVirtualDC {
     int BrushHatch() const noexcept { return brush_.hatch; }
     void BrushHatch(int hatch);
 
-    /// Makes the DC and its bitmap, in place of those that there were.
+    /// Replaces the DC and its bitmap. A size of 0 or less, or one that the system refuses, leaves
+    /// none: hDC is null.
     void CreateMyDC(int Width, int Height);
 
     /// Takes font and colours from the box and makes a surface of its size in pixels.
@@ -102,7 +104,7 @@ class clsVirtualDC {
                               int sourceX = 0, int sourceY = 0, DWORD operation = SRCCOPY);
     void DrawImageToVirtualDC(const PicturePtr& picture, int x = 0, int y = 0);
 
-    /// `format` is the platform's; with DT_CALCRECT the rectangle receives the size. Answers the
+    /// `format` is the platform's; with DT_CALCRECT the rectangle receives the size. Returns the
     /// text's height.
     int DrawText(std::string_view text, RECT& rectangle, UINT format);
     void DrawLine(int x1, int y1, int x2, int y2);
@@ -115,7 +117,7 @@ class clsVirtualDC {
     void Cls();
     void SetPixel(int x, int y, OleColour colour);
 
-    /// -1 outside the surface.
+    /// -1 outside the surface or without one.
     Rgb GetPixel(int x, int y) const;
     void DrawFocusRect(const RECT& rectangle);
     void DrawEllipse(int x1, int y1, int x2, int y2);

@@ -162,6 +162,12 @@ TEST(VirtualDcLifeTest, DrawingWithoutASurfaceDoesNothing) {
     surface.Picture(surface.Picture());
     EXPECT_FALSE(surface.Picture()->hasImage());
     EXPECT_EQ(surface.GetPixel(1, 1), -1);
+    for (const SIZE size : {SIZE{0, 5}, {5, 0}, {-3, 4}, {1 << 30, 1 << 30}}) {
+        surface.CreateMyDC(10, 10);
+        surface.CreateMyDC(size.cx, size.cy);
+        EXPECT_EQ(surface.hDC(), nullptr) << size.cx;
+        EXPECT_EQ(surface.GetPixel(0, 0), -1);
+    }
     // What was set before holds for the surface that comes; and nothing is left after it.
     surface.CreateMyDC(10, 10);
     surface.DrawRectangle(0, 0, 10, 10);
@@ -187,6 +193,9 @@ TEST(VirtualDcLifeTest, ANewSizeKeepsWhatIsDrawn) {
     EXPECT_EQ(surface.GetPixel(width - 1, 4), green);
     EXPECT_EQ(surface.GetPixel(width, 4), black);
     EXPECT_EQ(surface.GetPixel(9, 5), -1);
+    EXPECT_EQ(surface.GetPixel(-1, 0), -1);
+    surface.Width(0);
+    EXPECT_EQ(surface.hDC(), nullptr);
 }
 
 /// How many handles the system still gives this process.
@@ -208,7 +217,7 @@ TEST(VirtualDcLifeTest, TenThousandLivesLeaveNoHandle) {
         surface.PenWidth(round % 3);
         ASSERT_TRUE(surface.Picture()->hasImage());
     };
-    // What the system keeps from its first use is no leak; and without any DC it starts anew.
+    // What the system keeps from its first use is no leak; and without any DC it starts again.
     clsVirtualDC kept;
     kept.CreateMyDC(8, 8);
     live(0);
