@@ -19,13 +19,14 @@ bool isDown(int key) {
     return GetKeyState(key) < 0;
 }
 
-std::int16_t shiftState() {
-    return static_cast<std::int16_t>((isDown(VK_SHIFT) ? ShiftKey : 0) |
-                                     (isDown(VK_CONTROL) ? ControlKey : 0) |
-                                     (isDown(VK_MENU) ? AltKey : 0));
+/// With Alt where the message of a system key says so: its state may have changed since.
+std::int16_t keyShiftState(LPARAM keyFlags) {
+    return static_cast<std::int16_t>(
+        (isDown(VK_SHIFT) ? ShiftKey : 0) | (isDown(VK_CONTROL) ? ControlKey : 0) |
+        (isDown(VK_MENU) || (HIWORD(keyFlags) & KF_ALTDOWN) ? AltKey : 0));
 }
 
-std::int16_t shiftState(WPARAM mouseFlags) {
+std::int16_t mouseShiftState(WPARAM mouseFlags) {
     return static_cast<std::int16_t>((mouseFlags & MK_SHIFT ? ShiftKey : 0) |
                                      (mouseFlags & MK_CONTROL ? ControlKey : 0) |
                                      (isDown(VK_MENU) ? AltKey : 0));
@@ -81,11 +82,11 @@ std::optional<LRESULT> ScrollBarWindow::WindowProc(UINT message, WPARAM wParam, 
             if (!wParam) hidden();
             return std::nullopt;
         case WM_ENABLE:
-            // Also when somebody else has enabled or disabled the window.
+            // Also when the window is enabled or disabled from outside.
             if (Enabled() != (wParam != 0)) Enabled(wParam != 0);
             return 0;
         case WM_TIMER:
-            // A tick of an earlier start has another number and means nothing any more.
+            // A tick of an earlier start has another number and is stale.
             for (const RepeatTimer timer : {RepeatTimer::Arrow, RepeatTimer::Track})
                 if (wParam == timerIds_[static_cast<std::size_t>(timer)]) tick(timer);
             return 0;
@@ -94,7 +95,7 @@ std::optional<LRESULT> ScrollBarWindow::WindowProc(UINT message, WPARAM wParam, 
             if (wheel(GET_WHEEL_DELTA_WPARAM(wParam))) return 0;
             return std::nullopt;
         case WM_MOUSEHWHEEL:
-            // Positive to the right, which is towards Max. Only what lies that way answers.
+            // Positive to the right, which is towards Max; for a horizontal bar only.
             if (axis() == Axis::Horizontal && wheel(-GET_WHEEL_DELTA_WPARAM(wParam))) return 0;
             return std::nullopt;
 
@@ -103,14 +104,16 @@ std::optional<LRESULT> ScrollBarWindow::WindowProc(UINT message, WPARAM wParam, 
         case WM_GETDLGCODE: return DLGC_WANTARROWS | DLGC_WANTCHARS;
         case WM_KEYDOWN:
         case WM_KEYUP:
-        case WM_CHAR: return onKey(message, wParam);
+        case WM_CHAR:
+        case WM_SYSKEYDOWN:
+        case WM_SYSKEYUP: return onKey(message, wParam, lParam);
         default: return onMouse(message, wParam, lParam);
     }
 }
 
 std::optional<LRESULT> ScrollBarWindow::onMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     const BarPoint at = barPoint(lParam);
-    const MouseState state{buttonOf(message), shiftState(wParam)};
+    const MouseState state{buttonOf(message), mouseShiftState(wParam)};
     switch (message) {
         case WM_MOUSEMOVE: mouseMove(at, {heldButtons(wParam), state.shift}); return 0;
         case WM_LBUTTONDOWN:
@@ -131,14 +134,16 @@ std::optional<LRESULT> ScrollBarWindow::onMouse(UINT message, WPARAM wParam, LPA
     }
 }
 
-std::optional<LRESULT> ScrollBarWindow::onKey(UINT message, WPARAM wParam) {
+std::optional<LRESULT> ScrollBarWindow::onKey(UINT message, WPARAM wParam, LPARAM lParam) {
     const auto code = static_cast<std::int16_t>(wParam);
     switch (message) {
-        case WM_KEYDOWN: keyDown(code, shiftState()); break;
-        case WM_KEYUP: keyUp(code, shiftState()); break;
-        default: keyPress(code); break;
+        case WM_KEYDOWN: keyDown(code, keyShiftState(lParam)); return 0;
+        case WM_KEYUP: keyUp(code, keyShiftState(lParam)); return 0;
+        // The system's menus and shortcuts follow from these.
+        case WM_SYSKEYDOWN: keyDown(code, keyShiftState(lParam)); return std::nullopt;
+        case WM_SYSKEYUP: keyUp(code, keyShiftState(lParam)); return std::nullopt;
+        default: keyPress(code); return 0;
     }
-    return 0;
 }
 
 BarPoint ScrollBarWindow::barPoint(LPARAM lParam) const {

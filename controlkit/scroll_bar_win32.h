@@ -45,7 +45,7 @@ class ScrollBarWindow : public ScrollControl, private Window, private ScrollHost
     void enable(bool enabled) override;
 
     std::optional<LRESULT> onMouse(UINT message, WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> onKey(UINT message, WPARAM wParam);
+    std::optional<LRESULT> onKey(UINT message, WPARAM wParam, LPARAM lParam);
     BarPoint barPoint(LPARAM lParam) const;
     void measure();
     void paint(HDC target);

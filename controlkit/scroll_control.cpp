@@ -9,6 +9,7 @@ namespace {
 
 constexpr int wheelNotch = 120;
 constexpr std::int16_t controlKey = 2;
+constexpr std::int16_t altKey = 4;
 
 bool hasControl(MouseState state) {
     return (state.shift & controlKey) != 0;
@@ -232,7 +233,8 @@ bool ScrollControl::wheel(int delta) {
 void ScrollControl::keyDown(std::int16_t code, std::int16_t shift) {
     if (!Enabled()) return;
     launch(KeyDown, code, shift);
-    if (!Enabled() || held_ != ScrollPart::None) return;
+    // A key with Alt is the system's.
+    if (!Enabled() || held_ != ScrollPart::None || (shift & altKey) != 0) return;
     switch (code) {
         case ScrollKeys::left:
         case ScrollKeys::up: return moveTo(Value() - SmallChange());

@@ -60,25 +60,27 @@ class ScrollControl : public tsPrivateScroll {
     ScrollControl(Axis axis, ScrollHost& host) : tsPrivateScroll(axis), host_(host) {}
 
     using KeyHandler = std::function<void(std::int16_t& KeyCode, std::int16_t Shift)>;
-    /// `Shift` has 1 for Shift, 2 for Control and 4 for Alt; `Control` tells of the Control key
+    /// `Shift` has 1 for Shift, 2 for Control and 4 for Alt; `Control` is the Control key
     /// alone.
     using MouseHandler = std::function<void(MouseButton Button, std::int16_t Shift, bool Control)>;
 
     // Besides Change, in the order of their numbers. An event of the mouse or the keyboard comes
     // before what it does to the bar, a release after it.
-    KeyHandler KeyDown;  ///< the bar acts on the code that the handler leaves; 0 swallows the key
+    /// The bar acts on the code that the handler leaves, 0 is no key. Keys with Alt and F10 arrive
+    /// too; they move nothing and reach the system all the same.
+    KeyHandler KeyDown;
     std::function<void(std::int16_t& KeyAscii)> KeyPress;
     KeyHandler KeyUp;
     std::function<void()> MouseHover;  ///< the pointer has come over the bar
-    std::function<void()> MouseLeave;  ///< it has gone, or the bar was disabled or hidden
-    /// Once a notch while EnableWheel is on: 1 for a turn towards Min (away from the person), -1
+    std::function<void()> MouseLeave;  ///< it has left, or the bar was disabled or hidden
+    /// Once a notch while EnableWheel is on: 1 for a turn towards Min (away from the user), -1
     /// for one towards Max.
     std::function<void(std::int16_t Sens)> MouseWheel;
     MouseHandler MouseDown;
     MouseHandler MouseUp;
     MouseHandler MouseDblClick;  ///< in place of the MouseDown of a second click; it steps too
     MouseHandler MouseMove;
-    /// The person has moved the value: raised after it was stored and drawn, for every way of
+    /// The user has moved the value: raised after it was stored and drawn, for every way of
     /// moving it. The value that Change cannot show yet is read here.
     std::function<void()> Scroll;
 

@@ -1,6 +1,10 @@
 // Sizes and times of a scroll bar in one table, and which colour a part has in its state.
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
 #include "base/colour.h"
 #include "base/twips.h"
 #include "controlkit/private_scroll.h"
@@ -26,9 +30,13 @@ struct ScrollSizes {
 };
 inline constexpr ScrollSizes scrollSizes;
 
-/// A length of the table in pixels at `dpi`.
+/// A length of pixels at 96 dpi in pixels at `dpi`, rounded to the nearest, halves away from zero.
+/// A length that does not fit becomes the greatest that does.
 constexpr int scaled(int pixels, int dpi) {
-    return toPixels(pixels * designTwipsPerPixel, dpi);
+    const auto wide = static_cast<std::int64_t>(pixels) * dpi;
+    const std::int64_t rounded = (wide + (wide < 0 ? -1 : 1) * (designDpi / 2)) / designDpi;
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(rounded, Limits::min(), Limits::max()));
 }
 
 /// How a part is touched.

@@ -53,7 +53,14 @@ class Painter {
             surface_.DrawLine(along, margin, along, end);
     }
 
-    void track(Span span, ScrollPart part) { fill(span, border_, look(part).fill); }
+    /// Without arrows the track reaches the ends of the bar, which are outlined as well.
+    void track(Span span, ScrollPart part) { fill(inside(span), border_, look(part).fill); }
+
+    /// What of a stretch lies between the outlines of the bar's ends.
+    Span inside(Span span) const {
+        const int start = std::max(span.start, border_);
+        return {start, std::min(span.end(), bar_.length() - border_) - start};
+    }
 
     void raised(Span span, const ScrollPartLook& colours) {
         fill(span, 0, colours.border);
@@ -68,10 +75,12 @@ class Painter {
         if (height <= 0) return;
         surface_.PenColor(static_cast<OleColour>(colours.glyph));
         // Its tip is as wide as the middle: one pixel of an odd thickness, two of an even one.
-        const int first = span.start + (span.length - height) / 2;
+        // An odd pixel of space lies on the inner side of either arrow.
+        const bool tipFirst = part == ScrollPart::LessArrow;
+        const int space = (span.length - height) / 2;
+        const int first = tipFirst ? span.start + space : span.end() - space - height;
         const int middle = (bar_.thickness() - 1) / 2;
         for (int row = 0; row < height; ++row) {
-            const bool tipFirst = part == ScrollPart::LessArrow;
             line(tipFirst ? first + row : first + height - 1 - row, middle - row);
         }
     }
@@ -80,8 +89,10 @@ class Painter {
         const Span place = parts_.thumb();
         if (place.length == 0) return;
         const ScrollPartLook colours = look(ScrollPart::Thumb);
-        // Its outline lies on those of the arrows where it touches them: one line, not two.
-        const Span outlined{place.start - border_, place.length + 2 * border_};
+        // Its outline lies on those of the arrows where it touches them: one line, not two. Without
+        // arrows it lies on the bar's own.
+        const int start = std::max(0, place.start - border_);
+        const Span outlined{start, std::min(bar_.length(), place.end() + border_) - start};
         raised(outlined, colours);
         if (bar_.Enabled()) grip(place, colours.glyph);
         if (bar_.hasFocus()) focusMark(outlined);

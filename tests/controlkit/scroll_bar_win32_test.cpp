@@ -125,6 +125,27 @@ TEST_F(ScrollBarWindowTest, WheelKeysAndModifiersArrive) {
     PostMessageW(vertical.hWnd(), WM_KEYDOWN, VK_END, 0);
     EXPECT_TRUE(reaches(vertical, 100));
     EXPECT_EQ(log, "down231double400up650key97");
+    log.clear();
+    vertical.KeyDown = noting("down");
+    const auto strike = [](WORD key, DWORD flags) {
+        INPUT input{};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = key;
+        input.ki.dwFlags = flags;
+        SendInput(1, &input, sizeof input);
+    };
+    SetForegroundWindow(form.handle());
+    SetFocus(vertical.hWnd());
+    for (const auto& [key, up] : {std::pair{VK_MENU, false},
+                                  {VK_HOME, false},
+                                  {VK_HOME, true},
+                                  {VK_MENU, true},
+                                  {VK_F10, false},
+                                  {VK_F10, true}})
+        strike(static_cast<WORD>(key), up ? KEYEVENTF_KEYUP : 0);
+    const std::string keys = "down184down364up364up180down1210up1210";
+    EXPECT_TRUE(pumpUntil([&] { return log == keys; })) << log;
+    EXPECT_EQ(vertical.Value(), FixedPoint(100)) << "a key with Alt is the system's";
     EXPECT_NE(send(WM_GETDLGCODE) & DLGC_WANTARROWS, 0);
 }
 
@@ -169,17 +190,48 @@ TEST_F(ScrollBarWindowTest, RefreshDrawsWhatWasHeldBack) {
     EXPECT_FALSE(pending());
     vertical.Refresh();
     EXPECT_EQ(GetPixel(vertical.hDC(), 9, vertical.geometry().thumb().start + 1), 0x090909U);
+    const int thumb = vertical.geometry().thumb().start;
+    for (int notch = 0; notch < 10; ++notch) send(WM_MOUSEWHEEL, MAKEWPARAM(0, -120));
+    EXPECT_TRUE(pending()) << "a new value is always drawn";
+    EXPECT_GT(vertical.geometry().thumb().start, thumb);
+    vertical.Refresh();
     vertical.UnRefreshControl(true);
     EXPECT_TRUE(pending());
 }
 
-TEST_F(ScrollBarWindowTest, EverySizeIsDrawnOnOneSurface) {
+TEST_F(ScrollBarWindowTest, EverySizeIsOutlinedAndDrawnOnOneSurface) {
     const int before = liveHandles();
-    for (const SIZE size : {SIZE{0, 0}, {1, 1}, {2, 3}, {5, 40}, {40, 5}, {17, 22}, {900, 900}}) {
-        MoveWindow(vertical.hWnd(), 0, 0, size.cx, size.cy, FALSE);
-        EXPECT_EQ(printed(size.cx - 1, size.cy - 1), size.cx ? rgb(128, 128, 255) : -1) << size.cx;
-    }
+    for (const int arrow : {10, 0})
+        for (const SIZE size : {SIZE{0, 0}, {1, 1}, {2, 3}, {5, 40}, {40, 5}, {17, 22}, {300, 300}})
+            for (const int value : {0, 50, 100}) {
+                vertical.ScrollHeight(arrow);
+                vertical.Value(value);
+                MoveWindow(vertical.hWnd(), 0, 0, size.cx, size.cy, FALSE);
+                const ClientPrint print(vertical.hWnd());
+                const auto isBorder = [&](int x, int y) {
+                    return print.at(x, y) == rgb(128, 128, 255);
+                };
+                for (int x = 0; x < size.cx; ++x)
+                    ASSERT_TRUE(isBorder(x, 0) && isBorder(x, size.cy - 1))
+                        << arrow << ' ' << value;
+                for (int y = 0; y < size.cy; ++y)
+                    ASSERT_TRUE(isBorder(0, y) && isBorder(size.cx - 1, y))
+                        << arrow << ' ' << value;
+            }
     EXPECT_LE(liveHandles(), before + 6);
+}
+
+TEST_F(ScrollBarWindowTest, ArrowsMirrorEachOtherInEverySize) {
+    for (int arrow = 6; arrow < 24; ++arrow)
+        for (const int width : {16, 17}) {
+            vertical.ScrollHeight(arrow);
+            vertical.ArrowColor(rgb(0, 0, 0));
+            MoveWindow(vertical.hWnd(), 0, 0, width, 200, FALSE);
+            const ClientPrint print(vertical.hWnd());
+            for (int i = 0; i < width * vertical.geometry().lessArrow().length; ++i)
+                ASSERT_EQ(print.at(i % width, i / width), print.at(i % width, 199 - i / width))
+                    << arrow;
+        }
 }
 
 }  // namespace

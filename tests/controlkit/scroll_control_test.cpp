@@ -241,6 +241,8 @@ TEST_F(ScrollControlTest, KeysMoveAfterTheirEvent) {
         {ScrollKeys::pageDown, 100}, {ScrollKeys::home, 0},    {'A', 0}};
     for (const auto& [code, value] : rows)
         EXPECT_EQ(valueAfter("key " + std::to_string(code)), value) << code;
+    bar.keyDown(ScrollKeys::end, 4);
+    EXPECT_EQ(play(""), "KeyDown 35 4;") << "the system's";
     bar.KeyDown = [](std::int16_t& code, int) { code = code == 'J' ? ScrollKeys::end : 0; };
     EXPECT_EQ(valueAfter("key 74 key 36"), 100) << "one is exchanged, the other swallowed";
 }

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
+#include <tuple>
 
 namespace velvox {
 namespace {
@@ -32,6 +34,16 @@ TEST(ScrollLookTest, EachPartTakesTheColourOfItsRoleAndTouch) {
     EXPECT_EQ(fills(ScrollPart::TrackAfter), (std::array{track, track, 5}));
     bar.Enabled(false);
     EXPECT_EQ(fills(ScrollPart::Thumb), (std::array{faded, faded, faded}));
+}
+
+TEST(ScrollLookTest, LengthsScaleUpToTheEndsOfTheirType) {
+    constexpr int highest = std::numeric_limits<int>::max();
+    const std::tuple<int, int, int> rows[] = {
+        {10, 96, 10},           {1, 144, 2},
+        {-1, 144, -2},          {12, 120, 15},
+        {highest, 96, highest}, {3, 100, 3},
+        {highest, 97, highest}, {-highest - 1, 240, -highest - 1}};
+    for (const auto& [length, dpi, pixels] : rows) EXPECT_EQ(scaled(length, dpi), pixels) << length;
 }
 
 TEST(ScrollLookTest, AGlyphNeverVanishesInItsFill) {
