@@ -59,20 +59,12 @@ void isButton::IconSize(int pixels) {
     set(iconSize_, pixels, "IconSize");
 }
 void isButton::CaptionAlign(int align) {
-    captionAlign_ = align;
-    if (placed_) alignCaption();
     set(captionAlign_, align, "CaptionAlign");
 }
 void isButton::NonThemeStyle(int style) {
     set(nonThemeStyle_, style, "NonThemeStyle");
 }
 void isButton::Enabled(bool enabled) {
-    // A press under way ends here: a button that is enabled again later must not come back
-    // pressed.
-    if (enabled != enabled_) {
-        state_ = restingState();
-        draggedOff_ = false;
-    }
     set(enabled_, enabled, "Enabled", Aspect::Enabled);
 }
 void isButton::ShowFocus(bool show) {
@@ -106,9 +98,11 @@ void isButton::ToolTipType(int type) {
     set(toolTipType_, type, "ToolTipType");
 }
 void isButton::ToolTipBackColor(OleColour colour) {
+    toolTipBackColorSet_ = true;
     set(toolTipBackColor_, colour, "ToolTipBackColor");
 }
 void isButton::ToolTipForeColor(OleColour colour) {
+    toolTipForeColorSet_ = true;
     set(toolTipForeColor_, colour, "ToolTipForeColor");
 }
 void isButton::Font(const velvox::Font& font) {
@@ -140,11 +134,6 @@ void isButton::resized() {
               std::max(now.height, leastButtonTwips)});
         return;
     }
-    placed_ = true;
-    alignCaption();
-}
-
-void isButton::alignCaption() {
     if (const unsigned flags = captionFlagsOf(captionAlign_)) captionFlags_ = flags;
 }
 
@@ -229,11 +218,9 @@ void isButton::gotFocus() {
     changed(Aspect::Face);
 }
 
-// A press by Space ends with the focus, and the hot look that a key has left behind ends with it.
 void isButton::lostFocus() {
     hasFocus_ = false;
-    draggedOff_ = false;
-    enter(restingState());
+    changed(Aspect::Face);
 }
 
 void isButton::pointerMoved() {
@@ -257,7 +244,6 @@ void isButton::pointerDragged(bool over) {
 }
 
 void isButton::pressCancelled() {
-    // A release has left it hot already; without a pointer inside nothing would end that look.
     if (state_ == restingState()) return;
     draggedOff_ = false;
     enter(restingState());
@@ -284,16 +270,13 @@ ButtonState isButton::visualState() const noexcept {
 }
 
 ButtonToolTip isButton::toolTipRecord() const {
-    const auto translated = [&](OleColour colour) {
-        return colour != 0 ? std::optional(translate(colour, *colours_)) : std::nullopt;
-    };
     ButtonToolTip record;
     record.text = toolTip_;
     record.title = toolTipTitle_;
     record.icon = toolTipIcon_;
     record.type = toolTipType_;
-    record.backColour = translated(toolTipBackColor_);
-    record.foreColour = translated(toolTipForeColor_);
+    if (toolTipBackColorSet_) record.backColour = translate(toolTipBackColor_, *colours_);
+    if (toolTipForeColorSet_) record.foreColour = translate(toolTipForeColor_, *colours_);
     return record;
 }
 

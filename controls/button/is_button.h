@@ -111,12 +111,13 @@ class isButton : public Control {
     void Caption(std::string_view text);
     const PicturePtr& Icon() const noexcept { return icon_; }
     void Icon(const PicturePtr& icon);
-    /// 0 centre, 1 left, 2 right, 3 top, 4 bottom; the same for CaptionAlign.
+    /// 0 centre, 1 left, 2 right, 3 top, 4 bottom.
     int IconAlign() const noexcept { return iconAlign_; }
     void IconAlign(int align);
     /// Edge length of the drawn icon, pixels.
     int IconSize() const noexcept { return iconSize_; }
     void IconSize(int pixels);
+    /// As IconAlign; takes effect with the next resize.
     int CaptionAlign() const noexcept { return captionAlign_; }
     void CaptionAlign(int align);
     /// The style taken at run time when the system's visual styles do not draw (Style 6).
@@ -144,8 +145,8 @@ class isButton : public Control {
     void ToolTipIcon(int icon);
     int ToolTipType() const noexcept { return toolTipType_; }
     void ToolTipType(int type);
-    /// 0 leaves a colour to the system, as in a freshly placed control; plain black is that of the
-    /// window's text, `systemColour(WindowTextColour)`.
+    /// A freshly placed control leaves these two to the system; a value that is assigned or read
+    /// from a bag counts as set, black included.
     OleColour ToolTipBackColor() const noexcept { return toolTipBackColor_; }
     void ToolTipBackColor(OleColour colour);
     OleColour ToolTipForeColor() const noexcept { return toolTipForeColor_; }
@@ -187,7 +188,8 @@ class isButton : public Control {
     /// While the left button is held: whether the pointer is over the button. Off it the button
     /// shows that a release will do nothing.
     void pointerDragged(bool over);
-    /// The press has ended without a release, because the mouse went to another window.
+    /// No release will follow: focus or capture moved to another window, or the button became
+    /// hidden or disabled. Ends the pressed look, and a hot look that a key has left behind.
     void pressCancelled();
     /// The visual styles did not draw: at run time NonThemeStyle becomes Style.
     void themeRefused();
@@ -225,7 +227,6 @@ class isButton : public Control {
     ButtonState restingState() const noexcept {
         return mouseInside_ ? ButtonState::Hot : ButtonState::Normal;
     }
-    void alignCaption();
     Rgb rgbOf(int systemIndex) const { return colours_->colour(systemIndex); }
 
     const SystemColours* colours_;
@@ -252,6 +253,8 @@ class isButton : public Control {
     int toolTipType_ = 0;
     OleColour toolTipBackColor_ = 0;
     OleColour toolTipForeColor_ = 0;
+    bool toolTipBackColorSet_ = false;
+    bool toolTipForeColorSet_ = false;
     velvox::Font font_;
     int buttonType_ = 0;
     bool value_ = false;
@@ -263,7 +266,6 @@ class isButton : public Control {
     bool draggedOff_ = false;
     MouseButton lastMouseButton_ = MouseButton::None;
     Tracking tracking_ = Tracking::UserInterface;
-    bool placed_ = false;
     unsigned captionFlags_;
 };
 

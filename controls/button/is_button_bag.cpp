@@ -40,13 +40,13 @@ void isButton::ReadProperties(const PropertyBag& bag, const ButtonAmbient& ambie
     toolTipType_ = bag.readNumber("ToolTipType", 1);
     toolTipBackColor_ = readColour("ttBackColor", toolTipBackDefault);
     toolTipForeColor_ = readColour("ttForeColor", toolTipForeDefault);
+    toolTipBackColorSet_ = toolTipForeColorSet_ = true;
     font_ = bag.readFont("Font", ambient.font);
     buttonType_ = bag.readNumber("ButtonType", 0);
     value_ = bag.readBool("Value", false);
 
     userMode_ = ambient.userMode;
-    if (placed_) alignCaption();
-    // Read before the view is told, since it may be a window of a form about to be shown.
+    // Notify only when all is read: the window of a form about to be shown may already follow.
     changed(Aspect::Setting);
     changed(Aspect::Text);
     changed(Aspect::Enabled);
@@ -71,8 +71,11 @@ void isButton::WriteProperties(PropertyBag& bag) const {
     bag.write("Tooltiptitle", toolTipTitle_);
     bag.write("ToolTipIcon", toolTipIcon_);
     bag.write("ToolTipType", toolTipType_);
-    bag.write("ttBackColor", stored(ToolTipBackColor()), rgbOf(toolTipBackDefault));
-    bag.write("ttForeColor", stored(ToolTipForeColor()), rgbOf(toolTipForeDefault));
+    // Unset colours, written as 0, would come back as black on black.
+    if (toolTipBackColorSet_)
+        bag.write("ttBackColor", stored(toolTipBackColor_), rgbOf(toolTipBackDefault));
+    if (toolTipForeColorSet_)
+        bag.write("ttForeColor", stored(toolTipForeColor_), rgbOf(toolTipForeDefault));
     bag.write("Font", font_);
     bag.write("ButtonType", buttonType_, 0);
     bag.write("Value", value_, false);

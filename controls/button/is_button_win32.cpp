@@ -185,6 +185,7 @@ void isButtonWindow::press(bool again) {
     focusCue_ = false;
     pressing_ = true;
     SetCapture(handle());
+    watchPress();
     again ? model_.doubleClick() : model_.mouseDown(MouseButton::Left);
 }
 
@@ -192,6 +193,7 @@ void isButtonWindow::release(POINT at) {
     if (!pressing_) return;
     const bool inside = over(at);
     pressing_ = false;
+    pressWatch_.stop();
     ReleaseCapture();
     model_.mouseUp(MouseButton::Left);
     // Where no hover ends, a toggle button would stay down that nobody has toggled.
@@ -202,12 +204,33 @@ void isButtonWindow::release(POINT at) {
 }
 
 // Another window took the mouse: nothing is clicked.
-void isButtonWindow::pressLost() {
+void isButtonWindow::captureLost() {
     if (!pressing_) return;
     pressing_ = false;
+    if (!spaceHeld_) pressWatch_.stop();
     model_.pressCancelled();
     if (!pointerIsOver()) return endHover();
     if (model_.mouseInside()) requestLeaveNotice();
+}
+
+// Ends what mouse or keyboard have begun and can no longer finish.
+void isButtonWindow::endPress() {
+    spaceHeld_ = false;
+    pressWatch_.stop();
+    const std::weak_ptr<const void> alive = alive_;
+    if (pressing_) ReleaseCapture();
+    if (!alive.expired() && !modelAlive_.expired()) model_.pressCancelled();
+}
+
+// The window, or one that holds it, is hidden or disabled now.
+void isButtonWindow::endUse() {
+    const std::weak_ptr<const void> alive = alive_;
+    endPress();
+    if (!alive.expired() && !modelAlive_.expired()) endHover();
+}
+
+void isButtonWindow::watchPress() {
+    pressWatch_.start(handle(), [this] { endUse(); });
 }
 
 std::optional<LRESULT> isButtonWindow::onMouse(UINT message, LPARAM lParam) {
@@ -237,11 +260,13 @@ std::optional<LRESULT> isButtonWindow::onKey(UINT message, WPARAM wParam, LPARAM
                 model_.activate();
             } else {
                 spaceHeld_ = true;
+                watchPress();
                 model_.keyDown(VK_SPACE);
             }
             return 0;
         case WM_KEYUP:
             if (wParam != VK_SPACE) return std::nullopt;
+            if (!pressing_) pressWatch_.stop();
             if (std::exchange(spaceHeld_, false)) model_.keyUp(VK_SPACE);
             return 0;
         default:  // WM_CHAR
@@ -255,14 +280,14 @@ void isButtonWindow::onFocus(bool got) {
         focusCue_ = GetKeyState(VK_LBUTTON) >= 0;
         return model_.gotFocus();
     }
-    spaceHeld_ = false;
     const std::weak_ptr<const void> alive = alive_;
-    if (pressing_) ReleaseCapture();
+    endPress();
     if (!alive.expired() && !modelAlive_.expired()) model_.lostFocus();
 }
 
 void isButtonWindow::onDestroy() {
     pressing_ = false;
+    pressWatch_.stop();
     toolTip_.destroy();
     if (std::exchange(announced_, false)) services_.roles.withdraw(handle());
 }
@@ -273,13 +298,13 @@ std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LP
         case WM_ERASEBKGND: return 1;
         case WM_PAINT: paintOnScreen(); return 0;
         case WM_PRINTCLIENT: paintInto(reinterpret_cast<HDC>(wParam)); return 0;
-        case WM_SIZE: cutOutline(); return 0;
+        case WM_SIZE: repaint(); return 0;
         case WM_SETFOCUS: onFocus(true); return 0;
         case WM_KILLFOCUS: onFocus(false); return 0;
-        case WM_CAPTURECHANGED: pressLost(); return 0;
+        case WM_CAPTURECHANGED: captureLost(); return 0;
         case WM_ENABLE:
         case WM_SHOWWINDOW:
-            if (!wParam) endHover();
+            if (!wParam) endUse();
             return std::nullopt;
         case WM_DESTROY: onDestroy(); return std::nullopt;
         case WM_GETOBJECT:

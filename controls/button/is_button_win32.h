@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "base/ancestor_watch_win32.h"
 #include "base/window_win32.h"
 #include "controls/button/is_button.h"
 #include "controls/button/is_button_role_win32.h"
@@ -50,7 +51,10 @@ class isButtonWindow : public Window, public ControlView, private ButtonHost {
 
     void press(bool again);
     void release(POINT at);
-    void pressLost();
+    void captureLost();
+    void endPress();
+    void endUse();
+    void watchPress();
     void endHover();
     bool over(POINT at) const;
     bool pointerIsOver() const;
@@ -74,6 +78,7 @@ class isButtonWindow : public Window, public ControlView, private ButtonHost {
     bool subclassed_ = false;
     bool pressing_ = false;  ///< holds the capture for the left button
     bool spaceHeld_ = false;
+    AncestorWatch pressWatch_;
     bool focusCue_ = false;   ///< the focus came by keyboard
     bool announced_ = false;  ///< assistive programs know its role
     bool outlined_ = false;   ///< a region cuts the window

@@ -7,9 +7,12 @@
 
 namespace velvox {
 
-/// Each system colour has a value of its own, so that a mix-up of numbers shows.
+/// Each system colour has a value of its own, so that a mix-up of numbers shows. The text of tool
+/// tips is black, as on most systems: 0 is a colour too.
 struct NumberedColours : SystemColours {
-    static constexpr Rgb of(int index) { return rgb(0x10 + index, 0x40 + index, 0x80 + index); }
+    static constexpr Rgb of(int index) {
+        return index == InfoTextColour ? 0 : rgb(0x10 + index, 0x40 + index, 0x80 + index);
+    }
     Rgb colour(int index) const override { return of(index); }
 };
 
