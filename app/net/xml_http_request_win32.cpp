@@ -1,5 +1,7 @@
 #include "app/net/xml_http_request_win32.h"
 
+#include <charconv>
+
 #include "app/net/http_address.h"
 
 namespace velvox {
@@ -8,6 +10,9 @@ namespace {
 // The import libraries carry no identifier for this interface.
 constexpr IID requestInterface = {
     0xED8C108D, 0x4349, 0x11D2, {0x91, 0xA4, 0x00, 0xC0, 0x4F, 0x79, 0x69, 0xE8}};
+
+constexpr int headersReceived = 2;
+constexpr std::size_t maxReplyBytes = 1 << 20;
 
 VARIANT textVariant(BSTR text) {
     VARIANT value{};
@@ -23,6 +28,18 @@ VARIANT boolVariant(bool flag) {
     return value;
 }
 
+bool announcesTooMuch(IXMLHttpRequest& request) {
+    const Bstr name = makeBstr(L"Content-Length");
+    BSTR value = nullptr;
+    // No such header, or none yet.
+    if (request.getResponseHeader(name.get(), &value) != S_OK) return false;
+    const Bstr owner(value);
+    const std::string digits = narrow(view(value));
+    std::size_t length = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), length);
+    return error == std::errc::result_out_of_range || length > maxReplyBytes;
+}
+
 }  // namespace
 
 MsxmlRequest::MsxmlRequest() {
@@ -35,11 +52,12 @@ MsxmlRequest::MsxmlRequest() {
 
 void MsxmlRequest::open(std::string_view method, std::string_view address) {
     const Bstr verb = makeBstr(widen(method));
-    // The address carries a date in the person's own form: it goes out valid whatever that has.
+    // The address carries a date in the user's own format: escape it so the request line stays
+    // valid.
     const Bstr url = makeBstr(widen(escapeForRequestLine(address)));
-    const Bstr nobody = makeBstr(L"");
+    const Bstr noUser = makeBstr(L"");
     requireSuccess(request_->open(verb.get(), url.get(), boolVariant(true),
-                                  textVariant(nobody.get()), textVariant(nobody.get())),
+                                  textVariant(noUser.get()), textVariant(noUser.get())),
                    "The request's open");
 }
 
@@ -49,6 +67,7 @@ void MsxmlRequest::send() {
     requireSuccess(request_->send(nothing), "The request's send");
 }
 
+// The object is kept: under Wine the transfer runs on after this, and crashes once it is released.
 void MsxmlRequest::abort() {
     requireSuccess(request_->abort(), "The request's abort");
 }
@@ -56,7 +75,11 @@ void MsxmlRequest::abort() {
 int MsxmlRequest::readyState() const {
     LONG state = 0;
     requireSuccess(request_->get_readyState(&state), "The request's readyState");
-    return static_cast<int>(state);
+    // Aborting leaves the request at 0, so the reply never counts as complete.
+    if (state < headersReceived || !announcesTooMuch(*request_.get()))
+        return static_cast<int>(state);
+    requireSuccess(request_->abort(), "The request's abort");
+    return 0;
 }
 
 std::string MsxmlRequest::responseText() const {

@@ -9,7 +9,8 @@
 
 namespace velvox {
 
-/// MSXML's request object. It works through the thread's message loop.
+/// MSXML's request object. It works through the thread's message loop. A reply that announces
+/// more than 1 MB is aborted, and never gets ready.
 class MsxmlRequest : public XmlHttpRequest {
  public:
     MsxmlRequest();
