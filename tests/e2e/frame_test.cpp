@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
+#include "tools/drive/client/places.h"
 
 namespace velvox::e2e {
 namespace {
@@ -158,7 +159,10 @@ TEST(FrameTest, TheQuitButtonDipsUnderThePointerAndEndsTheProgram) {
     EXPECT_EQ(program.process().exitWithin(Driver::patience), 0);
 }
 
+// Wine 10 ends the move mode at the first message that finds no mouse button held, in its own
+// Notepad too, so that keys move no window there.
 TEST(FrameTest, CanBeMovedByKeys) {
+    if (places::platform() == "wine10") GTEST_SKIP() << "keys move no window under Wine 10";
     const Program program;
     const Rectangle place = driver().rect(program.window());
     Hands().key("alt+space").act();

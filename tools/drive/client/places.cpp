@@ -44,4 +44,10 @@ int sitesPort() {
     return std::atoi(port);
 }
 
+std::string platform() {
+    const char* name = std::getenv("VELVOX_PLATFORM");
+    if (!name) throw std::runtime_error("no platform: run within tools/with-session");
+    return name;
+}
+
 }  // namespace velvox::drive::places

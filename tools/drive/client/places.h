@@ -14,5 +14,7 @@ std::string impatientVelvox();
 std::string emptyWindow();
 /// The replica sites as a proxy.
 int sitesPort();
+/// The Wine of this session: "wine8" or "wine10".
+std::string platform();
 
 }  // namespace velvox::drive::places
