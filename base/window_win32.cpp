@@ -27,6 +27,18 @@ HWND createWindow(const WindowRequest& request, void* parameter) {
     return window;
 }
 
+// Allocates nothing of its own: the failure may be that of an allocation.
+void report(const char* text) noexcept {
+    try {
+        if (failureReporter())
+            failureReporter()(text);
+        else
+            OutputDebugStringA(text);
+    } catch (...) {
+        OutputDebugStringA("The error report itself failed.\n");
+    }
+}
+
 }  // namespace
 
 void setFailureReporter(FailureReporter reporter) {
@@ -34,21 +46,12 @@ void setFailureReporter(FailureReporter reporter) {
 }
 
 void reportCurrentFailure() noexcept {
-    std::string text = "An unknown error has occurred.";
     try {
         throw;
     } catch (const std::exception& failure) {
-        text = failure.what();
+        report(failure.what());
     } catch (...) {
-        // Keeps the text for something that is no std::exception.
-    }
-    try {
-        if (failureReporter())
-            failureReporter()(text);
-        else
-            OutputDebugStringA(text.c_str());
-    } catch (...) {
-        OutputDebugStringA("The error report itself failed.\n");
+        report("An unknown error has occurred.");
     }
 }
 
