@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "base/busy_pointer_win32.h"
 #include "base/runtime_failure.h"
 #include "base/system_win32.h"
 
@@ -89,6 +90,7 @@ void Window::destroy() noexcept {
 }
 
 LRESULT CALLBACK Window::thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    if (BusyPointer::onMessage(message)) return TRUE;
     if (message == WM_NCCREATE) {
         auto* self =
             static_cast<Window*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
@@ -130,6 +132,7 @@ void SystemControl::create(const WindowRequest& request) {
 
 LRESULT CALLBACK SystemControl::thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                       UINT_PTR id, DWORD_PTR self) noexcept {
+    if (BusyPointer::onMessage(message)) return TRUE;
     auto* control = reinterpret_cast<SystemControl*>(self);
     std::optional<LRESULT> answer;
     try {

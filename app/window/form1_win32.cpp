@@ -57,14 +57,6 @@ std::wstring spokenOf(const Label& label) {
     return widen(std::string_view(caption).substr(0, caption.find_last_not_of(" :") + 1));
 }
 
-// The Alt key's own message comes before the F4: they have to be taken out one by one.
-bool altF4Pressed() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, WM_SYSKEYDOWN, WM_SYSKEYDOWN, PM_REMOVE))
-        if (message.wParam == VK_F4) return true;
-    return false;
-}
-
 // Whether a window and all its parents up to `form` are visible and enabled. Windows outside the
 // form, such as a drop-down list, look after themselves.
 bool canTakeKeys(HWND window, HWND form) {
@@ -165,7 +157,10 @@ struct Form1Window::Children {
 };
 
 Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
-    : pump_(pump), desktop_(pump), transfer_(session_, limits, [this] { whileFetching(); }) {
+    : pump_(pump),
+      input_(pump, [this](HWND window) { return inputTargetOf(window); }),
+      desktop_(pump),
+      transfer_(session_, limits, [&pump] { pump.serveInput(); }) {
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     const auto icon = [&](int width, int height) {
         return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(IDI_VELVOX), IMAGE_ICON,
@@ -184,6 +179,8 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     create(request);
     desktop_.setWindow(handle());
     children_ = std::make_unique<Children>(*this);
+    std::function<void()>& pressed = form().UniXPButton1.Click;
+    pressed = [this, handler = pressed] { input_.run(handler); };
     pump_.intercept = [this](MSG& message) { return intercept(message); };
 }
 
@@ -269,8 +266,9 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED: followContrast(); break;
         case WM_SETFOCUS: restoreFocus(); return 0;
+        case WM_ENABLE: input_.windowEnabled(wParam != FALSE); break;
         case WM_CLOSE: close(); return 0;
-        case WM_DESTROY: PostQuitMessage(0); return 0;
+        case WM_DESTROY: pump_.quit(0); return 0;
         default: break;
     }
     return std::nullopt;
@@ -293,6 +291,7 @@ void Form1Window::paint(HDC dc) const {
 // The result area lies over the controls that ask. While it does they are hidden, so that the tab
 // key never leads to something that cannot be seen.
 void Form1Window::coverControls(bool covered) {
+    input_.controlsChanged();
     const HWND area = children_->outer.handle();
     const HWND focus = GetFocus();
     if (covered && focus != area && !IsChild(area, focus)) SetFocus(children_->output.handle());
@@ -321,25 +320,20 @@ bool Form1Window::intercept(MSG& message) {
     }
     if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
         message.hwnd == children_->linkin.editHandle()) {
-        form().UniXPButton1.activate();
+        // A held key presses it once.
+        if ((HIWORD(message.lParam) & KF_REPEAT) == 0) form().UniXPButton1.activate();
         return true;
     }
     return IsDialogMessageW(handle(), &message) != FALSE;
 }
 
-// A fetch blocks the thread for up to a minute. Meanwhile the window repaints itself and can be
-// closed; everything else waits for the end of the run.
-void Form1Window::whileFetching() {
-    MSG message;
-    const HWND quit = children_->isButton2.handle();
-    while (PeekMessageW(&message, quit, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-    while (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE | PM_QS_PAINT))
-        DispatchMessageW(&message);
-    const bool closeAsked =
-        PeekMessageW(&message, handle(), WM_CLOSE, WM_CLOSE, PM_REMOVE) || altF4Pressed() ||
-        (PeekMessageW(&message, handle(), WM_SYSCOMMAND, WM_SYSCOMMAND, PM_NOREMOVE) &&
-         (message.wParam & 0xFFF0) == SC_CLOSE);
-    if (closeAsked) desktop_.endProgram();
+InputEvent::Target Form1Window::inputTargetOf(HWND window) const {
+    using Target = InputEvent::Target;
+    if (!children_) return Target::Control;
+    if (window == children_->isButton2.handle()) return Target::QuitButton;
+    const bool dragged = window == handle() || window == children_->Label5.handle() ||
+                         window == children_->topendskin.handle();
+    return dragged ? Target::Frame : Target::Control;
 }
 
 void Form1Window::followContrast() {
@@ -358,11 +352,10 @@ void Form1Window::restoreFocus() {
 }
 
 void Form1Window::close() {
-    // Inside a run's yield the catcher is still at work with the controls: there is no way back
-    // through it.
-    if (pump_.yielding()) desktop_.endProgram();
+    // Inside a run the catcher is still at work with the controls: there is no way back through it.
+    if (input_.running()) desktop_.endProgram();
     ShowWindow(handle(), SW_HIDE);
-    PostQuitMessage(0);
+    pump_.quit(0);
 }
 
 }  // namespace velvox

@@ -8,6 +8,7 @@
 #include "app/form1/form1.h"
 #include "app/net/transfer_control_win32.h"
 #include "app/window/desktop_win32.h"
+#include "app/window/input_gate_win32.h"
 #include "app/window/message_pump_win32.h"
 #include "app/window/skin_win32.h"
 #include "base/system_win32.h"
@@ -38,13 +39,14 @@ class Form1Window : public Window, public FormFrame {
     void paint(HDC dc) const;
     void coverControls(bool covered);
     bool intercept(MSG& message);
-    void whileFetching();
+    InputEvent::Target inputTargetOf(HWND window) const;
     void restoreFocus();
     void followContrast();
     void repaintAll();
     void close();
 
     MessagePump& pump_;
+    InputGate input_;
     WindowsDesktop desktop_;
     CurrentSystemColours colours_;
     InternetSession session_;

@@ -6,17 +6,28 @@
 
 namespace velvox {
 
-/// The program's message loop, and the loop inside it that a long run yields to.
+/// The program's message loop, and the loops inside it that a long run yields to. An exception out
+/// of the hooks is reported; the loops go on.
 class MessagePump {
  public:
-    /// Sees each message before it is dispatched; true when it has taken it.
+    /// Sees each message first; false when it is to be dropped.
+    std::function<bool(const MSG&)> accepts;
+
+    /// Sees each accepted message before it is dispatched; true when it has handled it.
     std::function<bool(MSG&)> intercept;
 
-    /// Runs until WM_QUIT and answers its exit code.
+    /// Runs until `quit` and returns its exit code.
     int run();
 
-    /// Handles what is waiting, then returns. WM_QUIT is left for the loop outside.
+    /// Ends `run`, also from inside a loop of the system's that swallows the quit message.
+    void quit(int exitCode);
+
+    /// Handles all waiting messages, then returns. Inside `serveInput` it does nothing.
     void yield();
+
+    /// Handles waiting input, system commands, closing and painting, then returns. All other
+    /// messages stay in the queue: to those, the thread is blocked.
+    void serveInput();
 
     /// Runs the handler of a timer's message. A menu, a message box or a scroll bar that is held
     /// has a loop of its own, which lets timers tick as well: a yield in such a tick does nothing,
@@ -24,15 +35,14 @@ class MessagePump {
     /// below.
     void tick(const std::function<void()>& handler);
 
-    /// True inside `yield`: a handler further out is still at work.
-    bool yielding() const noexcept { return depth_ > 0; }
-
  private:
     void dispatch(MSG& message);
 
-    int depth_ = 0;
-    bool ownTimer_ = false;  ///< this pump's message to a timer is on its way
+    bool ownTimer_ = false;  ///< this pump's message to a timer is being dispatched
     bool inForeignTick_ = false;
+    bool serving_ = false;
+    bool quitting_ = false;
+    int exitCode_ = 0;
 };
 
 }  // namespace velvox

@@ -30,7 +30,12 @@ TEST(InterruptionTest, ASecondPressOfDownloadDoesNothing) {
     EXPECT_TRUE(program.addressLocked());
     EXPECT_FALSE(driver().enabled(program.control(ControlId::isButton1)));
     pressEnterInTheBox(program);
+    program.click(ControlId::isButton1);
+    program.click(ControlId::output);
+    Hands().key("Return").key("Escape").key("Tab").key("space").act();
+    driver().ping(program.window());
     gate.open();
+
     std::string html;
     for (int page = 1; page <= 8; ++page) {
         const std::string number = std::to_string(page);
@@ -40,10 +45,71 @@ TEST(InterruptionTest, ASecondPressOfDownloadDoesNothing) {
             number + ".jpg'>Download Image " + number + "<a></font><br>";
     }
     program.expectPane(html);
+    driver().ping(program.window());
+    EXPECT_TRUE(program.areaShown());
     EXPECT_EQ(proxy.addresses().size(), 2U);
     program.closeArea();
 }
 
+// The second click of a double click is meant for what was there at the first one.
+TEST(InterruptionTest, ADoubleClickOnDownloadDoesNotCloseTheResult) {
+    const Proxy proxy([](const Exchange& to) { to.reply("nothing"); });
+    const Program program(Network::proxy(proxy.port()));
+    const auto tryAt = [&](Point at) {
+        program.enter("http://www.veoh.com/videos/v1?");
+        Hands().moveTo(at).press().release().press().release().act();
+        driver().waitVisible(program.control(ControlId::outer));
+        program.expectPane("<font face='tahoma' size='2' color='red'>Download Failed !</font>");
+        driver().ping(program.window());
+        EXPECT_TRUE(program.areaShown());
+    };
+    const Rectangle button = driver().rect(program.control(ControlId::UniXPButton1));
+    tryAt(middleOf(button));
+    const Rectangle close = driver().rect(program.control(ControlId::isButton1));
+    program.closeArea();
+    tryAt({std::max(button.left, close.left) + 5, button.top + 1});
+}
+
+// Moving, minimising and restoring need no end of the run.
+TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
+    const Proxy proxy([](const Exchange& to) { to.staySilent(); });
+    const Program program(Network::proxy(proxy.port()));
+    program.start("http://www.youtube.com/watch?v=abc");
+    ASSERT_TRUE(proxy.asked(1));
+    const Rectangle place = driver().rect(program.window());
+    const auto comesTo = [&](int x, int y) {
+        const Rectangle expected{place.left + x, place.top + y, place.width, place.height};
+        return eventually([&] { return driver().rect(program.window()) == expected; });
+    };
+    const auto command = [&](const char* number) {
+        driver().ask({"post", program.window(), "0x112", number, "0"});
+    };
+    const auto minimised = [&] {
+        const std::string style = driver().ask({"style", program.window()});
+        return (std::stoul(style.substr(style.find('x') + 1), nullptr, 16) & 0x20000000) != 0;
+    };
+    command("0xF020");
+    EXPECT_TRUE(eventually(minimised));
+    command("0xF120");
+    EXPECT_TRUE(eventually([&] { return !minimised(); }));
+    EXPECT_TRUE(comesTo(0, 0));
+    const Point bar{place.left + 350, place.top + 12};
+    Hands().moveTo(bar).press().act();
+    EXPECT_TRUE(eventually([&] { return program.holdsPointer(); }));
+    Hands().moveTo({bar.x + 30, bar.y - 20}).release().act();
+    EXPECT_TRUE(comesTo(30, -20));
+    EXPECT_TRUE(eventually([&] { return !program.holdsPointer(); }));
+    Hands().key("alt+space").act();
+    program.chooseFromMenu("m");
+    EXPECT_TRUE(eventually([&] {
+        Hands().key("Right").act();
+        return driver().rect(program.window()).left > place.left + 30;
+    }));
+    Hands().key("Return").act();
+    EXPECT_TRUE(program.addressLocked());
+}
+
+// While a page is awaited the program ends
 // While a page is awaited the program ends at once, by whatever it is told to.
 TEST(InterruptionTest, TheProgramEndsAtOnceDuringASilentFetch) {
     const Proxy proxy([](const Exchange& to) { to.staySilent(); });
@@ -59,6 +125,11 @@ TEST(InterruptionTest, TheProgramEndsAtOnceDuringASilentFetch) {
          }},
         {"taskbar menu",
          [](const Program& p) {
+             driver().ask({"post", p.window(), "0x112", "0xF060", "0"});
+         }},
+        {"taskbar menu, minimised",
+         [](const Program& p) {
+             driver().ask({"post", p.window(), "0x112", "0xF020", "0"});
              driver().ask({"post", p.window(), "0x112", "0xF060", "0"});
          }},
     };
@@ -89,6 +160,47 @@ TEST(InterruptionTest, TheProgramEndsInTheMiddleOfALongComicBook) {
     EXPECT_EQ(program.process().exitWithin(atOnce), 0);
 }
 
+// The loop of a menu or of a message box does not keep the program from ending.
+TEST(InterruptionTest, TheProgramEndsUnderAMenuOrABox) {
+    const auto openMenu = [](const Program& program, ControlId over) {
+        Hands().click(middleOf(driver().rect(program.control(over))), 3).act();
+        driver().waitVisible("#32768");
+        EXPECT_TRUE(eventually([&] { return program.holdsPointer(); }));
+    };
+    const struct {
+        const char* name;
+        std::function<void(const Program&)> open;
+    } cases[] = {
+        {"menu of the pane",
+         [&](const Program& program) {
+             program.start("http://www.veoh.com/videos/v669398tRxFQc4d?");
+             program.awaitEndOfRun();
+             openMenu(program, ControlId::output);
+         }},
+        {"menu of the address box",
+         [&](const Program& program) { openMenu(program, ControlId::linkin); }},
+        {"menu of the window",
+         [](const Program& program) {
+             Hands().key("alt+space").act();
+             driver().waitVisible("#32768");
+             EXPECT_TRUE(eventually([&] { return program.holdsPointer(); }));
+         }},
+        {"message box",
+         [](const Program& program) {
+             program.start("no address");
+             driver().waitBox();
+         }},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        Program program;
+        row.open(program);
+        driver().ask({"close", program.window()});
+        EXPECT_EQ(program.process().exitWithin(atOnce), 0);
+    }
+}
+
+// Close hides itself by the key
 // Close hides itself by the key that presses it; the character of that key is still in the queue.
 TEST(InterruptionTest, AKeyThatHidesItsOwnControlLeavesTheWindowUsable) {
     const Program program;
@@ -96,7 +208,7 @@ TEST(InterruptionTest, AKeyThatHidesItsOwnControlLeavesTheWindowUsable) {
         SCOPED_TRACE(key);
         program.start("http://www.veoh.com/videos/v669398tRxFQc4d?");
         const std::string close = program.control(ControlId::isButton1);
-        ASSERT_TRUE(eventually([&] { return driver().enabled(close); }));
+        ASSERT_NO_THROW(program.awaitEndOfRun());
         Hands().key("Tab").act();
         ASSERT_TRUE(eventually([&] {
             return driver().focus(program.window()) == driver().ask({"find", close});

@@ -50,6 +50,8 @@ class Program {
     void start(const std::string& address) const;
     /// Waits for the pane's HTML, and for the end of the run.
     void expectPane(const std::string& html, Milliseconds time = Driver::patience) const;
+    /// Until Download's handler has returned. Throws when it does not.
+    void awaitEndOfRun() const;
     /// Chooses an entry of the site list with the keyboard, its example, and presses Download.
     void startExample(int entry) const;
 

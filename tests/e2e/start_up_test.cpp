@@ -13,6 +13,7 @@ constexpr const char* veohExample = exampleAddresses[3];
 
 void waitForLinks(const Program& program) {
     EXPECT_NO_THROW(driver().waitPart(program.control(ControlId::output), veohLink));
+    EXPECT_NO_THROW(program.awaitEndOfRun());
 }
 
 TEST(StartUpTest, OpensWithTheFirstSiteAndTheAddressBoxFocused) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "tests/support/window_fixture_win32.h"
@@ -11,6 +12,7 @@ namespace velvox {
 namespace {
 
 constexpr UINT typed = WM_APP;
+constexpr UINT failing = WM_APP + 1;
 
 // A tick yields once; the loop of a message box runs inside one.
 class TickingWindow : public TestForm {
@@ -58,6 +60,26 @@ TEST(MessagePumpTest, OnlyATickOfItsOwnYields) {
     PostMessageW(window.handle(), typed, 0, 0);
     pump.yield();
     EXPECT_EQ(taken(), "tick end typed ");
+}
+
+// As one out of a window's handler is, and the loops work on.
+TEST(MessagePumpTest, AnExceptionOutOfAHookIsReported) {
+    std::string reported;
+    setFailureReporter([&](std::string_view text) { reported += text; });
+    MessagePump pump;
+    TickingWindow window(pump);
+    pump.intercept = [](MSG& message) {
+        if (message.message == failing) throw std::runtime_error("the hook failed");
+        return false;
+    };
+    PostMessageW(window.handle(), WM_TIMER, 1, 0);
+    PostMessageW(window.handle(), failing, 0, 0);
+    PostMessageW(window.handle(), typed, 0, 0);
+    PostQuitMessage(7);
+    EXPECT_EQ(pump.run(), 7);
+    setFailureReporter({});
+    EXPECT_EQ(reported, "the hook failed");
+    EXPECT_EQ(window.log, "tick typed end ");
 }
 
 }  // namespace

@@ -1,0 +1,176 @@
+// What the user does while a run of Download is under way, in a real main window.
+#include <gtest/gtest.h>
+
+#include "app/form1/control_ids.h"
+#include "app/pane/result_pane_win32.h"
+#include "app/window/form1_win32.h"
+#include "tests/support/local_server_win32.h"
+#include "tests/support/window_fixture_win32.h"
+
+namespace velvox {
+namespace {
+
+constexpr UINT pointerAsked = WM_APP;
+
+/// Answers a thread that asks for the pointer of this one.
+class PointerProbe : public TestForm {
+ public:
+    PointerProbe() : TestForm({0, 0, 1, 1}) {}
+
+ private:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM, LPARAM) override {
+        if (message != pointerAsked) return std::nullopt;
+        return reinterpret_cast<LRESULT>(GetCursor());
+    }
+};
+
+/// Counts the keys, clicks and moves that reach a window and those below it.
+class InputCounter {
+ public:
+    explicit InputCounter(HWND window) : window_(window) {
+        watch(window, reinterpret_cast<LPARAM>(this));
+        EnumChildWindows(window, &watch, reinterpret_cast<LPARAM>(this));
+    }
+    InputCounter(const InputCounter&) = delete;
+    InputCounter& operator=(const InputCounter&) = delete;
+    ~InputCounter() {
+        unwatch(window_, 0);
+        EnumChildWindows(window_, &unwatch, 0);
+    }
+    int take() { return std::exchange(count_, 0); }
+
+ private:
+    static constexpr UINT_PTR id = 77;
+    static BOOL CALLBACK watch(HWND window, LPARAM self) {
+        return SetWindowSubclass(window, &count, id, static_cast<DWORD_PTR>(self));
+    }
+    static BOOL CALLBACK unwatch(HWND window, LPARAM) {
+        RemoveWindowSubclass(window, &count, id);
+        return TRUE;
+    }
+    static LRESULT CALLBACK count(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
+                                  DWORD_PTR self) {
+        const bool key = message >= WM_KEYFIRST && message <= WM_KEYLAST;
+        const bool mouse = message >= WM_MOUSEFIRST && message <= WM_MOUSELAST;
+        if (key || mouse) ++reinterpret_cast<InputCounter*>(self)->count_;
+        return DefSubclassProc(window, message, w, l);
+    }
+
+    HWND window_;
+    int count_ = 0;
+};
+
+class InputGateTest : public ::testing::Test {
+ protected:
+    using Act = std::function<void()>;
+
+    InputGateTest() {
+        window.show();
+        pump.yield();
+    }
+
+    HWND control(ControlId id) const {
+        HWND found = nullptr;
+        for (const HWND parent :
+             {window.handle(), GetDlgItem(window.handle(), static_cast<int>(ControlId::outer)),
+              GetDlgItem(window.handle(), static_cast<int>(ControlId::topendskin))})
+            if (!found) found = GetDlgItem(parent, static_cast<int>(id));
+        return found;
+    }
+    HWND edit() const { return GetWindow(control(ControlId::linkin), GW_CHILD); }
+    HWND paneText() const { return GetWindow(control(ControlId::output), GW_CHILD); }
+
+    /// A run whose page is replied to after `act`, which another thread performs.
+    void run(Act act) {
+        act_ = std::move(act);
+        window.form().linkin.Text(server.address("/youtube.com/watch?v=a"));
+        window.form().UniXPButton1.activate();
+    }
+
+    static void post(HWND to, UINT message, WPARAM w = 0, LPARAM l = 0) {
+        PostMessageW(to, message, w, l);
+    }
+    static void key(HWND to, WPARAM code) {
+        post(to, WM_KEYDOWN, code, 1);
+        post(to, WM_CHAR, code, 1);
+        post(to, WM_KEYUP, code, static_cast<LPARAM>(0xC0000001));
+    }
+    static void click(HWND on) {
+        for (const UINT message : {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK,
+                                   WM_LBUTTONUP, WM_RBUTTONDOWN, WM_RBUTTONUP, WM_MOUSEWHEEL})
+            post(on, message, message == WM_LBUTTONDOWN ? MK_LBUTTON : 0, MAKELPARAM(5, 5));
+    }
+
+    OleScope ole;
+    LocalServer server{[this](const Connection& to, const std::string&) {
+        ++requests;
+        if (act_) std::exchange(act_, {})();
+        to.write(LocalServer::reply("nothing"));
+    }};
+    MessagePump pump;
+    Form1Window window{pump, {}};
+    std::atomic<int> requests{0};
+
+ private:
+    Act act_;
+};
+
+// Enter and Space on everything, a second press of Download, Escape, clicks on the greyed Close
+// and into the pane.
+TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
+    InputCounter counter(window.handle());
+    const std::vector<HWND> targets = {edit(),
+                                       paneText(),
+                                       control(ControlId::isButton1),
+                                       control(ControlId::UniXPButton1),
+                                       control(ControlId::vd),
+                                       control(ControlId::ds)};
+    run([&] {
+        for (const HWND target : targets) {
+            for (const WPARAM code : {VK_RETURN, VK_SPACE, VK_ESCAPE, VK_TAB, VK_DOWN})
+                key(target, code);
+            click(target);
+        }
+        SendMessageW(control(ControlId::UniXPButton1), BM_CLICK, 0, 0);
+        post(control(ControlId::UniXPButton1), BM_CLICK);
+    });
+    pump.yield();
+    EXPECT_EQ(counter.take(), 0);
+    EXPECT_EQ(requests, 1);
+    EXPECT_TRUE(window.form().outer.Visible());
+    EXPECT_TRUE(window.form().isButton1.Enabled());
+    // Afterwards as ever.
+    key(paneText(), VK_DOWN);
+    pump.yield();
+    EXPECT_GT(counter.take(), 0);
+    key(paneText(), VK_ESCAPE);
+    pump.yield();
+    EXPECT_FALSE(window.form().outer.Visible());
+}
+
+TEST_F(InputGateTest, TheBusyPointerIsShownDuringARun) {
+    const HCURSOR busy = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_WAIT));
+    const PointerProbe probe;
+    RECT area;
+    GetWindowRect(control(ControlId::UniXPButton1), &area);
+    SetCursorPos((area.left + area.right) / 2, (area.top + area.bottom) / 2);
+    pump.yield();
+    const auto pointer = [&] {
+        return reinterpret_cast<HCURSOR>(SendMessageW(probe.handle(), pointerAsked, 0, 0));
+    };
+    const std::vector<HWND> places = {window.handle(), paneText(), control(ControlId::Label5),
+                                      control(ControlId::isButton1), control(ControlId::web)};
+    EXPECT_NE(pointer(), busy);
+    run([&] {
+        EXPECT_EQ(pointer(), busy) << "the pointer stands still";
+        for (const HWND place : places) {
+            SendMessageW(place, WM_SETCURSOR, reinterpret_cast<WPARAM>(place),
+                         MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+            EXPECT_EQ(pointer(), busy) << windowText(place);
+        }
+    });
+    EXPECT_NE(pointer(), busy);
+}
+
+}  // namespace
+}  // namespace velvox
