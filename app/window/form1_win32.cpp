@@ -298,9 +298,14 @@ void Form1Window::coverControls(bool covered) {
     for (const HWND window : children_->covered())
         ShowWindow(window, covered ? SW_HIDE : SW_SHOWNA);
     if (covered) return;
-    const Form1& shown = children_->form;
-    SetFocus(shown.linkin.Enabled() ? children_->linkin.editHandle()
-                                    : children_->UniXPButton1.handle());
+    if (!children_->form.linkin.Enabled()) {
+        SetFocus(children_->UniXPButton1.handle());
+        return;
+    }
+    // The next address replaces the last one, as in a browser's address bar.
+    const HWND address = children_->linkin.editHandle();
+    SetFocus(address);
+    Edit_SetSel(address, 0, -1);
 }
 
 // Before the dialog keys: Escape closes the result area, Enter in the address box presses Download.

@@ -33,7 +33,7 @@ void expectPaneFor(const Program& program, const std::string& address, const cha
 
 TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
     const Program program;
-    program.start("");
+    program.start("no address");
     EXPECT_EQ(driver().waitBox(), "Velvox\nPlease Enter A Valid URL...");
     // The sign in the box, beside its text.
     EXPECT_TRUE(driver().visible("#32770/Static#0"));
@@ -42,11 +42,14 @@ TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
     Hands().click(button).act();
     driver().waitGone("#32770");
     EXPECT_NO_THROW(driver().waitGone(program.control(ControlId::outer)));
+    // What is typed next replaces the address.
+    Hands().type("x").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), "x"));
 
     for (const char* address :
-         {"http://www.YouTube.com/watch?v=Yp5O8Koe_A4", "http://video.google.com/videoplay?docid=1",
-          "file:///etc/passwd", "javascript:alert(1)", "ftp://ftp.example/", "\"'<>&%\\ \x7F",
-          "Địa chỉ 日本 \xF0\x9F\x98\x80"})
+         {"", "http://www.YouTube.com/watch?v=Yp5O8Koe_A4",
+          "http://video.google.com/videoplay?docid=1", "file:///etc/passwd", "javascript:alert(1)",
+          "ftp://ftp.example/", "\"'<>&%\\ \x7F", "Địa chỉ 日本 \xF0\x9F\x98\x80"})
         expectRefusal(program, address);
     expectRefusal(program, std::string(100'000, 'x'));
     program.expectGoodRun();

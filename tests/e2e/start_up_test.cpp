@@ -76,6 +76,10 @@ TEST(StartUpTest, EscapeAndCloseHideTheResultArea) {
     Hands().key("Escape").act();
     EXPECT_NO_THROW(driver().waitGone(area));
     EXPECT_EQ(driver().focus(program.window()), driver().ask({"find", program.edit()}));
+    // The next paste replaces the address, not adds to it.
+    putIntoClipboard(veohExample);
+    Hands().key("ctrl+v").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), veohExample));
     // What the area covered can be used again.
     program.click(ControlId::UniXPButton1);
     driver().waitVisible(area);
