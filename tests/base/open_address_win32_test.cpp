@@ -1,0 +1,37 @@
+#include "base/open_address_win32.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "base/system_win32.h"
+#include "tests/support/window_fixture_win32.h"
+
+namespace velvox {
+namespace {
+
+// The session's registry, which ends with it, gets a browser that writes its argument, with the
+// quotation marks that the command puts around it, into a file.
+TEST(OpenAddressTest, TheBrowserGetsOneArgument) {
+    wchar_t folder[MAX_PATH]{};
+    GetTempPathW(MAX_PATH, folder);
+    const std::wstring path = std::wstring(folder) + L"opened.txt";
+    const std::wstring command = L"cmd.exe /d /c echo \"%1\">" + path;
+    ASSERT_EQ(RegSetKeyValueW(HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", L"", REG_SZ,
+                              command.c_str(),
+                              static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t))),
+              0);
+
+    openAddress(nullptr, "ftp://a/");
+    openAddress(nullptr, "http://a/\" --evil \"x.flv");
+    std::string line;
+    for (DWORD waited = 0; line.empty() && waited < patience; waited += 20) {
+        Sleep(20);
+        std::ifstream file(narrow(path));
+        if (!std::getline(file, line) || file.eof()) line.clear();
+    }
+    EXPECT_EQ(line, "\"http://a/%22%20--evil%20%22x.flv\"");
+}
+
+}  // namespace
+}  // namespace velvox
