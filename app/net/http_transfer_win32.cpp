@@ -32,6 +32,26 @@ void check(BOOL accepted) {
     if (!accepted) failWithError(GetLastError());
 }
 
+/// A header's bytes as the server sent them. WinHTTP widens each by the system's code page; it is
+/// not documented that it always does, so what the code page does not have is taken as a byte's
+/// number.
+std::string wireBytes(std::wstring_view text) {
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (const wchar_t c : text) {
+        char byte = static_cast<char>(c);
+        BOOL lossy = FALSE;
+        char narrowed = 0;
+        if (c > 127 &&
+            WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, &c, 1, &narrowed, 1, nullptr,
+                                &lossy) == 1 &&
+            !lossy)
+            byte = narrowed;
+        bytes.push_back(byte);
+    }
+    return bytes;
+}
+
 }  // namespace
 
 // Where WinHTTP's threads leave the result of a step. One step is under way at a time, since the
@@ -197,7 +217,7 @@ bool HttpTransfer::takeHeader() {
                               WINHTTP_HEADER_NAME_BY_INDEX, text.data(), &bytes,
                               WINHTTP_NO_HEADER_INDEX));
     text.resize(bytes / sizeof(wchar_t));
-    header_ = parseReplyHeader(narrow(text));
+    header_ = parseReplyHeader(wireBytes(text));
     if (chain_.follow(header_)) {
         if (Clock::now() >= deadline_) failWithTimeout();
         sendRequest();

@@ -7,6 +7,7 @@
 #include <psapi.h>
 
 #include "base/runtime_failure.h"
+#include "base/web_address.h"
 
 namespace velvox {
 namespace {
@@ -71,9 +72,13 @@ std::string failureOf(TransferControl& transfer, const std::string& address) {
 }
 
 TEST(TransferControlTest, RequestsExactlyWhatIsAskedAndNothingMore) {
+    std::string everyHighByte;
+    for (int i = 0x80; i < 0x100; ++i) everyHighByte.push_back(static_cast<char>(i));
     std::vector<std::string> requests;
     const LocalServer server([&](const Connection& to, const std::string& request) {
         requests.push_back(request);
+        if (request.starts_with("GET /moved"))
+            to.write(LocalServer::reply("", "302 Moved", "Location: /" + everyHighByte + "\r\n"));
         to.write(LocalServer::reply("body", "404 Not Found", "Set-Cookie: a=b\r\n"));
     });
     InternetSession session;
@@ -81,9 +86,13 @@ TEST(TransferControlTest, RequestsExactlyWhatIsAskedAndNothingMore) {
     const std::string target = "/a%20b//c\\d?x=[1]&y={\"z\"}|^`%5b";
     EXPECT_EQ(transfer.OpenURL(server.address(target)), "body");
     transfer.OpenURL(server.address("/ \xC3\xA9#fragment"));
-    ASSERT_EQ(requests.size(), 2U);
+    transfer.OpenURL(server.address("/moved"));
+    ASSERT_EQ(requests.size(), 4U);
     EXPECT_TRUE(requests[0].starts_with("GET " + target + " HTTP/1.1\r\n")) << requests[0];
     EXPECT_TRUE(requests[1].starts_with("GET /%20%C3%A9 HTTP/1.1\r\n")) << requests[1];
+    EXPECT_TRUE(
+        requests[3].starts_with("GET /" + percentEncode(everyHighByte, {}) + " HTTP/1.1\r\n"))
+        << requests[3];
     for (const char* unneeded : {"Cookie:", "User-Agent:", "Referer:", "Cache-Control:"})
         EXPECT_EQ(requests[1].find(unneeded), std::string::npos) << requests[1];
 }
