@@ -175,10 +175,13 @@ void ScrollBarWindow::repaint() {
 }
 
 void ScrollBarWindow::capture(bool on) {
-    if (on)
+    if (on) {
         SetCapture(handle());
-    else if (GetCapture() == handle())
-        ReleaseCapture();
+        containers_.start(handle(), [this] { hidden(); });
+    } else {
+        containers_.stop();
+        if (GetCapture() == handle()) ReleaseCapture();
+    }
 }
 
 void ScrollBarWindow::startTimer(RepeatTimer timer, int milliseconds) {

@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 
+#include "base/ancestor_watch_win32.h"
 #include "base/window_win32.h"
 #include "controlkit/scroll_control.h"
 #include "controlkit/virtual_dc_win32.h"
@@ -51,6 +52,7 @@ class ScrollBarWindow : public ScrollControl, private Window, private ScrollHost
     void paint(HDC target);
 
     clsVirtualDC surface_;
+    AncestorWatch containers_;  // while a part is held: hidden or disabled they end the press
     std::array<UINT_PTR, 2> timerIds_{};  // 0 while a timer does not run
     UINT_PTR lastTimerId_ = 0;
 };

@@ -99,7 +99,7 @@ class ScrollControl : public tsPrivateScroll {
     void mouseUp(BarPoint at, MouseState state);
     void mouseLeave();
     void captureLost();
-    void hidden();
+    void hidden();  ///< or out of use otherwise, such as within a disabled container
     void tick(RepeatTimer timer);
     /// `delta` counts 120 for a notch, positive towards Min; parts of a notch add up. False when
     /// the wheel is not for this bar.

@@ -224,8 +224,17 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
         }
         case WM_CHAR: return character(wParam, lParam);
         case WM_MOUSEMOVE: mouseMoved(wParam, lParam); break;
-        case WM_LBUTTONDOWN: pressed_ = true; break;
-        case WM_CAPTURECHANGED: pressed_ = false; break;
+        case WM_LBUTTONDOWN:
+            pressed_ = true;
+            containers_.start(handle(), [this] { endPress(); });
+            break;
+        case WM_CAPTURECHANGED:
+            pressed_ = false;
+            containers_.stop();
+            break;
+        case WM_SHOWWINDOW:
+            if (!wParam) endPress();
+            break;
         case WM_LBUTTONDBLCLK:
         case WM_LBUTTONUP: {
             RECT client{};
@@ -242,6 +251,11 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
         default: break;
     }
     return std::nullopt;
+}
+
+// The EDIT captures the mouse for a press; losing the capture ends it.
+void TextBoxWindow::endPress() {
+    if (GetCapture() == handle()) ReleaseCapture();
 }
 
 std::optional<LRESULT> TextBoxWindow::character(WPARAM unit, LPARAM lParam) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/ancestor_watch_win32.h"
 #include "base/owned_win32.h"
 #include "base/window_win32.h"
 #include "controls/text_box/xp_text_box.h"
@@ -35,6 +36,7 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     std::optional<LRESULT> character(WPARAM unit, LPARAM lParam);
     void mouseMoved(WPARAM wParam, LPARAM lParam);
+    void endPress();
     void applyFace();
     void applyToolTip();
     void limitText();
@@ -47,8 +49,9 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     std::string tipText_;
     Owned<HWND, &DestroyWindow> tip_;
     bool setting_ = false;
-    wchar_t firstOfPair_ = 0;  // typed, waiting for the second
-    bool pressed_ = false;     // a release inside makes a click
+    wchar_t firstOfPair_ = 0;   // typed, waiting for the second
+    bool pressed_ = false;      // a release inside makes a click
+    AncestorWatch containers_;  // during a press: hidden or disabled they end it
 };
 
 /// The window of an XPTextBox: frame and margin around the EDIT.

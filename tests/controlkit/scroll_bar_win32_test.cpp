@@ -99,6 +99,16 @@ TEST_F(ScrollBarWindowTest, CaptureTakenAwayDisablingAndHidingEndThePress) {
     press(10, 4);
     ShowWindow(vertical.hWnd(), SW_HIDE);
     EXPECT_EQ(vertical.held(), ScrollPart::None);
+    ShowWindow(vertical.hWnd(), SW_SHOW);
+
+    for (const bool hides : {true, false}) {
+        press(10, 4);
+        ASSERT_EQ(vertical.held(), ScrollPart::LessArrow);
+        hides ? ShowWindow(form.handle(), SW_HIDE) : EnableWindow(form.handle(), FALSE);
+        EXPECT_EQ(vertical.held(), ScrollPart::None) << "its parent is out of use";
+        EXPECT_EQ(GetCapture(), nullptr);
+        hides ? ShowWindow(form.handle(), SW_SHOW) : EnableWindow(form.handle(), TRUE);
+    }
 }
 
 TEST_F(ScrollBarWindowTest, WheelKeysAndModifiersArrive) {

@@ -151,6 +151,13 @@ TEST_F(XPTextBoxWindowTest, HandlersHearOfKeysAndThePointer) {
         send(WM_LBUTTONUP, 0, release);
         EXPECT_EQ(std::exchange(events, ""), raised) << name;
     }
+    for (const HWND container : {form.handle(), window.handle()}) {
+        send(WM_LBUTTONDOWN, 0, at);
+        EnableWindow(container, FALSE);
+        EnableWindow(container, TRUE);
+        send(WM_LBUTTONUP, 0, at);
+        EXPECT_EQ(std::exchange(events, ""), "") << "out of use meanwhile";
+    }
     for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP})
         send(message, 0, at);
     EXPECT_EQ(events, "click double ");
