@@ -23,7 +23,7 @@ constexpr struct {
     int pictureWidth = 1600;
     int pictureHeight = 1200;
     int gridStep = 100;
-    int smallChange = 16;
+    int smallChange = 16;  // as a value of the bars
     int wheelChange = 48;
     double captionPoints = 11;
     double gridPoints = 9;
@@ -35,7 +35,7 @@ constexpr OleColour frame = rgb(128, 128, 255);  // as the bars' border
 
 enum CommandId : int { EnabledId = 100, WheelId, LaunchId };
 
-constexpr std::size_t mostLines = 500;
+constexpr std::size_t maxLines = 500;
 
 int px(int design) {
     return scaled(design, screenDpi());
@@ -47,7 +47,7 @@ OleColour plain(Rgb colour) {
 
 }  // namespace
 
-/// Where everything stands, in pixels of the page.
+/// Where everything lies, in pixels of the page.
 struct ScrollPage::Layout {
     explicit Layout(const RECT& page) {
         const int margin = px(sizes.margin), caption = px(sizes.captionHeight);
@@ -103,7 +103,6 @@ void ScrollPage::create(HWND parent) {
 
 void ScrollPage::drawPicture() {
     const int width = px(sizes.pictureWidth), height = px(sizes.pictureHeight);
-    const int step = px(sizes.gridStep);
     picture_.CreateMyDC(width, height);
     picture_.BackMode(TRANSPARENT);
     Font font;
@@ -111,7 +110,8 @@ void ScrollPage::drawPicture() {
     picture_.Font(font);
     picture_.ForeColor(ink);
     picture_.PenColor(gridLine);
-    const int columns = width / step, rows = height / step;
+    constexpr int step = sizes.gridStep;
+    constexpr int columns = sizes.pictureWidth / step, rows = sizes.pictureHeight / step;
     for (int y = 0; y < rows; ++y)
         for (int x = 0; x < columns; ++x) {
             const auto tone = [&](int dx, int dy) {
@@ -119,36 +119,43 @@ void ScrollPage::drawPicture() {
                 return plain(
                     rgb(160 + across * 95 / 255, 200 - down * 60 / 255, 250 - across * 110 / 255));
             };
-            RECT cell{x * step, y * step, (x + 1) * step, (y + 1) * step};
-            picture_.DrawGradient(tone(0, 0), tone(1, 0), cell.left, cell.top, step, step,
-                                  leftToRight);
+            RECT cell{px(x * step), px(y * step), px((x + 1) * step), px((y + 1) * step)};
+            picture_.DrawGradient(tone(0, 0), tone(1, 0), cell.left, cell.top,
+                                  cell.right - cell.left, cell.bottom - cell.top, leftToRight);
             picture_.DrawLine(cell.left, cell.top, cell.right, cell.top);
             picture_.DrawLine(cell.left, cell.top, cell.left, cell.bottom);
             OffsetRect(&cell, px(5), px(4));
-            picture_.DrawText(
-                std::to_string(x * sizes.gridStep) + ", " + std::to_string(y * sizes.gridStep),
-                cell, DT_LEFT | DT_TOP | DT_SINGLELINE);
+            picture_.DrawText(std::to_string(x * step) + ", " + std::to_string(y * step), cell,
+                              DT_LEFT | DT_TOP | DT_SINGLELINE);
         }
     picture_.PenWidth(px(2));
-    for (int ring = 1; ring <= 6; ++ring)
-        picture_.DrawEllipse(width / 2 - ring * step, height / 2 - ring * step,
-                             width / 2 + ring * step, height / 2 + ring * step);
+    for (int ring = 1; ring <= 6; ++ring) {
+        const int radius = px(ring * step);
+        picture_.DrawEllipse(width / 2 - radius, height / 2 - radius, width / 2 + radius,
+                             height / 2 + radius);
+    }
+}
+
+ScrolledLength ScrollPage::scrolledWidth() const {
+    return {sizes.pictureWidth, view_.right - view_.left, screenDpi()};
+}
+ScrolledLength ScrollPage::scrolledHeight() const {
+    return {sizes.pictureHeight, view_.bottom - view_.top, screenDpi()};
 }
 
 void ScrollPage::createControls(const Layout& layout) {
     font_ = createFont(Font{});
     vertical_.ScrollHeight(sizes.arrow);
     horizontal_.ScrollWidth(sizes.arrow);
-    const SIZE view{view_.right - view_.left, view_.bottom - view_.top};
-    const auto measure = [](ScrollBarWindow& bar, int whole, int shown) {
-        bar.Max(std::max(0, whole - shown));
-        bar.LargeChange(shown);
-        bar.SmallChange(px(sizes.smallChange));
-        bar.WheelChange(px(sizes.wheelChange));
+    const auto measure = [](ScrollBarWindow& bar, const ScrolledLength& length) {
+        bar.Max(length.max());
+        bar.LargeChange(length.shown());
+        bar.SmallChange(sizes.smallChange);
+        bar.WheelChange(sizes.wheelChange);
         bar.Value(bar.Max() / 2);
     };
-    measure(vertical_, picture_.Height(), view.cy);
-    measure(horizontal_, picture_.Width(), view.cx);
+    measure(vertical_, scrolledHeight());
+    measure(horizontal_, scrolledWidth());
     vertical_.create(handle(), layout.vertical);
     horizontal_.create(handle(), layout.horizontal);
 
@@ -246,7 +253,7 @@ void ScrollPage::tell(std::string_view bar, std::string_view event, std::string_
     lastLine_ = line;
     if (repeats_ > 1) line += "  \xC3\x97 " + std::to_string(repeats_);
     SendMessageW(list, LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(widen(line).c_str()));
-    SendMessageW(list, LB_DELETESTRING, mostLines, 0);
+    SendMessageW(list, LB_DELETESTRING, maxLines, 0);
     SendMessageW(list, LB_SETTOPINDEX, 0, 0);
 }
 
@@ -318,7 +325,8 @@ void ScrollPage::paint(HDC target) {
         {corner.left + line, corner.top + line, corner.right - line, corner.bottom - line},
         systemColour(WindowColour));
     picture_.PaintToDC(surface_.hDC(), view_.left, view_.top, view_.right - view_.left,
-                       view_.bottom - view_.top, x, y);
+                       view_.bottom - view_.top, scrolledWidth().offset(x),
+                       scrolledHeight().offset(y));
     surface_.PaintToDC(target);
 }
 

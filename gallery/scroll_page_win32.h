@@ -1,4 +1,4 @@
-// The page of the scroll bars: two bars move a large picture, and a list tells what they raise.
+// The page of the scroll bars: two bars move a large picture, and a list shows what they raise.
 #pragma once
 
 #include <string>
@@ -9,6 +9,7 @@
 #include "controlkit/scroll_bar_win32.h"
 #include "controlkit/virtual_dc_win32.h"
 #include "gallery/page_win32.h"
+#include "gallery/scrolled_length.h"
 
 namespace velvox {
 
@@ -32,6 +33,8 @@ class ScrollPage : public Page, private Window {
     struct Layout;
 
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    ScrolledLength scrolledWidth() const;
+    ScrolledLength scrolledHeight() const;
     void drawPicture();
     void createControls(const Layout& layout);
     void listen(ScrollBarWindow& bar, std::string_view name);
