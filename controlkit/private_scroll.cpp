@@ -168,13 +168,11 @@ void tsPrivateScroll::ReadProperties(const PropertyBag& bag) {
     redraw();
 }
 
-PropertyBag tsPrivateScroll::WriteProperties() const {
+void tsPrivateScroll::WriteProperties(PropertyBag& bag) const {
     const ScrollSettings defaults;
-    PropertyBag bag;
     eachStoredSetting(axis_, [&](std::string_view key, auto member) {
         bag.write(key, stored(settings_.*member), stored(defaults.*member));
     });
-    return bag;
 }
 
 }  // namespace velvox

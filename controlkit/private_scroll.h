@@ -90,7 +90,7 @@ class tsPrivateScroll {
     /// Takes the stored settings over, defaults for missing keys. No event is raised. Throws
     /// TypeMismatch or InvalidProperty and alters nothing for a setting that cannot be taken.
     void ReadProperties(const PropertyBag& bag);
-    PropertyBag WriteProperties() const;
+    void WriteProperties(PropertyBag& bag) const;
 
     /// `Value` refers to the stored field, which still holds the previous value.
     std::function<void(const FixedPoint& Value)> Change;

@@ -31,6 +31,12 @@ class Recorder : public tsPrivateScroll {
         return log;
     }
 
+    PropertyBag written() const {
+        PropertyBag bag;
+        WriteProperties(bag);
+        return bag;
+    }
+
     Log log;
 
  private:
@@ -142,13 +148,13 @@ TEST(PrivateScrollTest, EachPropertyIsStoredNotifiedDrawnAndWritten) {
     bar.ReadProperties(all);
     EXPECT_EQ(bar.log, Log{"draw 51"}) << "neither Change nor a notice";
     for (const Property& p : properties()) EXPECT_TRUE(p.isSet(bar)) << p.key;
-    EXPECT_EQ(bar.WriteProperties(), all) << "in order, and what differs from its default";
+    EXPECT_EQ(bar.written(), all) << "in order, and what differs from its default";
 
     bar.BlockValue(true);
     bar.BlockVS(true);
     bar.InitProperties();
     EXPECT_FALSE(bar.BlockValue() || bar.BlockVS());
-    EXPECT_TRUE(bar.WriteProperties().entries().empty()) << "a fresh bar is one of defaults";
+    EXPECT_TRUE(bar.written().entries().empty()) << "a fresh bar is one of defaults";
     EXPECT_EQ(bar.FrontColor(), 0xF0D0BFU);
     EXPECT_EQ(bar.BorderColor(), 0xFF8080U);
     for (const OleColour colour : {bar.DownColor(), bar.LargeChangeColor()})
@@ -174,7 +180,7 @@ TEST(PrivateScrollTest, ABagThatCannotBeTakenAltersNothing) {
     EXPECT_EQ(bar.Value(), FixedPoint(10));
     bar.Value(8.5);
     Recorder copy;
-    copy.ReadProperties(bar.WriteProperties());
+    copy.ReadProperties(bar.written());
     EXPECT_EQ(copy.Value(), FixedPoint(8)) << "stored as a whole number, halves to even";
 }
 

@@ -6,35 +6,16 @@
 #include <sstream>
 #include <string>
 
+#include "tests/controlkit/fake_scroll_host.h"
+
 namespace velvox {
 namespace {
 
-/// A window that only remembers, and loses the capture as a real one does: with a call back.
-class FakeHost : public ScrollHost {
- public:
-    void repaint() override {}
-    void capture(bool on) override {
-        const bool had = std::exchange(captured, on);
-        if (had && !on && onCaptureLost) onCaptureLost();
-    }
-    void startTimer(RepeatTimer timer, int milliseconds) override {
-        period[static_cast<int>(timer)] = milliseconds;
-    }
-    void stopTimer(RepeatTimer timer) override { period[static_cast<int>(timer)] = 0; }
-    void requestLeave() override { ++leaveRequests; }
-    void enable(bool on) override { enabled = on; }
-    bool atRest() const { return !captured && !period[0] && !period[1]; }
-
-    int leaveRequests = 0;
-    bool captured = false;
-    bool enabled = true;
-    int period[2] = {};  // of the arrows, of the track
-    std::function<void()> onCaptureLost;
-};
+using testing::FakeScrollHost;
 
 /// A bar of 130 by 16 pixels: arrows at 0..9 and 120..129, a thumb of 12 pixels whose start goes
 /// from 10 to 108, at 59 for the value 50.
-class ScrollControlTest : public testing::Test {
+class ScrollControlTest : public ::testing::Test {
  protected:
     /// A handler that writes down its event.
     auto noting(const char* name) {
@@ -95,7 +76,7 @@ class ScrollControlTest : public testing::Test {
 
     std::string log;
     int across = 8;
-    FakeHost host;
+    FakeScrollHost host;
     ScrollControl bar{Axis::Vertical, host};
 };
 

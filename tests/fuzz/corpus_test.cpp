@@ -25,7 +25,9 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
                                                        {"text", text},
                                                        {"html", html},
                                                        {"http_address", http_address},
-                                                       {"location", location}};
+                                                       {"location", location},
+                                                       {"scroll", scroll},
+                                                       {"scroll_geometry", scroll_geometry}};
     for (const auto& [name, target] : targets) {
         int inputs = 0;
         for (const auto& entry :

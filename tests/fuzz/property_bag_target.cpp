@@ -1,11 +1,14 @@
 // Stored settings, one a line: a key, a type (b, n, t or f) and a value. Whatever the controls
 // take they must write so that reading it gives the same again.
 #include <algorithm>
+#include <limits>
 
 #include "base/runtime_failure.h"
+#include "base/utf16.h"
 #include "controls/button/is_button.h"
 #include "controls/text_box/xp_text_box.h"
 #include "tests/app/form1/form1_fixture.h"
+#include "tests/controlkit/fake_scroll_host.h"
 #include "tests/fuzz/fuzz_targets.h"
 
 namespace velvox::fuzz {
@@ -59,13 +62,41 @@ void checkRoundTrip(const PropertyBag& stored, Make make) {
     require(rewritten(twice) == twice, "something else is read back");
 }
 
+/// Lays out controls that have read a bag, whatever numbers it has.
+void drawWith(const PropertyBag& stored) {
+    testing::FakeScrollHost host;
+    ScrollControl bar(Axis::Vertical, host);
+    XPTextBox box("box");
+    try {
+        bar.ReadProperties(stored);
+        box.ReadProperties(stored);
+    } catch (const RuntimeFailure&) {
+        return;
+    }
+    for (const int dpi : {96, 240}) {
+        bar.resize(130, 16, dpi);
+        require(bar.geometry().moreArrow().end() == 130, "the parts' length");
+        for (const int size : {0, 90, 330, std::numeric_limits<int>::max()}) {
+            box.Move({0, 0, size, size});
+            box.textBounds(size, size, dpi);
+        }
+    }
+    require(box.MaxLength() == 0 ||
+                characterCount(box.Text()) <= static_cast<std::size_t>(box.MaxLength()),
+            "a text beyond its limit");
+}
+
 }  // namespace
 
 void bag(std::string_view input) {
     const PropertyBag stored = bagOf(input);
     const testing::FakeColours colours;
     checkRoundTrip(stored, [] { return XPTextBox("box"); });
+    testing::FakeScrollHost host;
+    for (const Axis axis : {Axis::Vertical, Axis::Horizontal})
+        checkRoundTrip(stored, [&] { return ScrollControl(axis, host); });
     checkRoundTrip(stored, [&] { return isButton("button", colours); });
+    drawWith(stored);
 }
 
 }  // namespace velvox::fuzz
