@@ -1,9 +1,11 @@
 #include "gallery/button_pages_win32.h"
 
 #include <functional>
+#include <iterator>
 #include <string>
 
-#include "controls/button/is_button_layout.h"
+#include "app/form1/form1_design.h"
+#include "base/twips.h"
 #include "gallery/sheet_win32.h"
 
 namespace velvox {
@@ -48,7 +50,6 @@ void colourLikeMainWindow(isButton& button) {
 ButtonLook lookOf(const isButton& button, ButtonState state) {
     ButtonLook look = button.look();
     look.state = state;
-    look.captionFlags = captionFlagsOf(button.CaptionAlign());
     return look;
 }
 
@@ -68,7 +69,6 @@ void layOutStyles(Sheet& sheet, ButtonColouring colouring) {
         const int y = top + headerStep + style * rowStep;
         sheet.write({left, y + textDrop, name, 0}, styleNames[style]);
         isButton& live = sheet.add({columnAt(0), y, cellWidth, cellHeight}, "Download");
-        live.ReadProperties({});
         live.Caption("Download");
         live.Style(style);
         if (colouring == ButtonColouring::Custom) colourLikeMainWindow(live);
@@ -96,14 +96,13 @@ void layOutAlignments(Sheet& sheet) {
     const auto icon = Sheet::sampleIcon(reinterpret_cast<LPCWSTR>(IDI_INFORMATION));
     sheet.write({x, 12, 600, 0}, "Icon alignment, caption in the middle or away from it", true);
     const auto sample = [&](int column, int y, int style, int iconAlign, int captionAlign) {
-        isButton& button = sheet.add({x + column * stepX, y, width, height}, "b");
-        button.ReadProperties({});
+        isButton& button = sheet.add({x + column * stepX, y, width, height}, "b",
+                                     {{"CaptionAlign", captionAlign}});
         button.Caption(names[iconAlign]);
         button.Style(style);
         if (style == 5) colourLikeMainWindow(button);
         button.Icon(icon);
         button.IconAlign(iconAlign);
-        button.CaptionAlign(captionAlign);
         return &button;
     };
     // The caption goes where the icon is not.
@@ -126,10 +125,9 @@ void layOutAlignments(Sheet& sheet) {
     for (int row = 0; row < 2; ++row) {
         for (int column = 0; column < 5; ++column) {
             const int y = 78 + (2 + row) * stepY;
-            isButton* button = sample(column, y, row == 0 ? 4 : 5, 1, 0);
+            isButton* button = sample(column, y, row == 0 ? 4 : 5, 1, column == 4 ? 2 : 0);
             button->Caption("Download");
             if (column == 4) button->IconSize(32);
-            if (column == 4) button->CaptionAlign(2);
             sheet.draw({x + column * stepX, y, width, height}, lookOf(*button, states[column]));
         }
     }
@@ -157,7 +155,6 @@ void layOutToolTips(Sheet& sheet) {
     int y = 44;
     for (const Tip& tip : tips) {
         isButton& button = sheet.add({14, y, 110, 28}, tip.name);
-        button.ReadProperties({});
         button.Caption(tip.name);
         button.Style(5);
         colourLikeMainWindow(button);
@@ -185,8 +182,7 @@ void layOutDesignTime(Sheet& sheet) {
         const int x = 14 + style % 4 * 150;
         const int y = 44 + style / 4 * 62;
         sheet.write({x, y, 140, 0}, styleNames[style]);
-        isButton& button = sheet.add({x, y + 20, 126, 30}, "isButton1");
-        button.ReadProperties({}, design);
+        isButton& button = sheet.add({x, y + 20, 126, 30}, "isButton1", {}, design);
         button.Caption("isButton1");
         button.Style(style);
         sheet.show(button);
@@ -194,39 +190,17 @@ void layOutDesignTime(Sheet& sheet) {
 }
 
 void layOutMainWindow(Sheet& sheet) {
-    const auto common = [](PropertyBag bag) {
-        bag.write("style", 5);
-        bag.write("iconalign", 1);
-        bag.write("inonthemestyle", 0);
-        bag.write("usecustomcolors", true);
-        bag.write("backcolor", static_cast<std::int32_t>(polishedGrey));
-        bag.write("highlightcolor", static_cast<std::int32_t>(polishedGrey));
-        bag.write("tooltiptype", 0);
-        return bag;
-    };
-    struct Stored {
-        const char* name;
-        PropertyBag bag;
-        SheetPlace place;
-    };
-    const Stored stored[] = {
-        {"UniXPButton1",
-         {{"caption", std::string("Download")}, {"buttontype", 1}},
-         {14, 64, 97, 28}},
-        {"isButton1",
-         {{"caption", std::string("Close")}, {"enabled", false}, {"fontcolor", 0x008000}},
-         {124, 64, 75, 26}},
-        {"isButton2", {{"caption", std::string("X")}}, {212, 64, 22, 22}},
-    };
+    constexpr const char* names[] = {"UniXPButton1", "isButton1", "isButton2"};
     sheet.write({14, 14, 700, 0}, "The main window's buttons, live", true);
     sheet.write({14, 34, 700, 0}, "Press Download to enable Close, and X for the About box.");
     isButton* buttons[3] = {};
-    int index = 0;
-    for (const Stored& row : stored) {
-        isButton& button = sheet.add(row.place, row.name);
-        button.ReadProperties(common(row.bag));
-        buttons[index++] = &button;
-        sheet.show(button);
+    SheetPlace places[3];
+    for (std::size_t i = 0; i < std::size(names); ++i) {
+        const Place& design = designOf(names[i]).place;
+        places[i] = {14 + static_cast<int>(i) * 112, 64, design.width / designTwipsPerPixel,
+                     design.height / designTwipsPerPixel};
+        buttons[i] = &sheet.add(places[i], names[i], storedProperties(names[i]));
+        sheet.show(*buttons[i]);
     }
     buttons[0]->Click = [close = buttons[1]] { close->Enabled(!close->Enabled()); };
     buttons[2]->Click = [x = buttons[2]] { x->About(); };
@@ -254,7 +228,7 @@ void layOutMainWindow(Sheet& sheet) {
             ButtonLook look = lookOf(*buttons[row], pose.state);
             look.focused = pose.focusShown || pose.cue;
             look.focusShown = pose.focusShown;
-            SheetPlace at = stored[row].place;
+            SheetPlace at = places[row];
             at.x = x;
             at.y = 158 + row * 38;
             sheet.draw(at, look, pose.cue);

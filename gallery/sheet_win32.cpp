@@ -51,8 +51,11 @@ void Sheet::draw(const SheetPlace& at, const ButtonLook& look, bool cue) {
     stills_.push_back({scaled(at), look, cue});
 }
 
-isButton& Sheet::add(const SheetPlace& at, std::string_view name) {
+isButton& Sheet::add(const SheetPlace& at, std::string_view name, const PropertyBag& stored,
+                     const ButtonAmbient& ambient) {
     isButton& button = buttons_.emplace_back(name, colours_);
+    // The size comes after the stored values, as when a form loads.
+    button.ReadProperties(stored, ambient);
     button.Move({at.x * designTwipsPerPixel, at.y * designTwipsPerPixel,
                  at.width * designTwipsPerPixel, at.height * designTwipsPerPixel});
     return button;
@@ -84,14 +87,9 @@ void Sheet::paint(HDC dc) {
     for (const Still& still : stills_) {
         const int width = still.at.right - still.at.left;
         const int height = still.at.bottom - still.at.top;
-        ButtonScene scene;
-        scene.window = handle();
-        scene.themes = &systemThemes();
-        scene.colours = &colours_;
-        scene.surroundings = static_cast<Rgb>(GetSysColor(COLOR_WINDOW));
-        scene.focusCue = still.cue;
-        ButtonFace face(width, height);
-        paintButton(face, still.look, scene);
+        const ButtonScene scene{colours_, static_cast<Rgb>(GetSysColor(COLOR_WINDOW)), still.cue};
+        const ButtonFace face(width, height);
+        paintButton(face, still.look, scene, handle(), systemThemes());
         face.copyTo(dc, still.at.left, still.at.top,
                     buttonRegion(still.look.style, width, height).get());
     }

@@ -33,8 +33,9 @@ class Sheet : public Window {
     /// A still picture. `cue` draws the focus as someone at the keyboard sees it.
     void draw(const SheetPlace& at, const ButtonLook& look, bool cue = false);
 
-    /// A live button; the caller gives it its properties before it is `shown`.
-    isButton& add(const SheetPlace& at, std::string_view name);
+    /// A live button with its stored properties; `show` makes its window.
+    isButton& add(const SheetPlace& at, std::string_view name, const PropertyBag& stored = {},
+                  const ButtonAmbient& ambient = {});
     void show(isButton& button);
 
     static std::shared_ptr<const Picture> sampleIcon(LPCWSTR systemIcon);

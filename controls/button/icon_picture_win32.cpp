@@ -22,12 +22,14 @@ int sizeOf(HICON icon) {
 // The system scales icons by leaving pixels out. Drawn `factor` times larger over what is there
 // already, each pixel can be the mean of its square.
 void drawSmooth(HICON icon, HDC dc, int x, int y, int width, int height, int factor) {
-    ButtonFace under(width, height);
+    const ButtonFace under(width, height);
     BitBlt(under.dc(), 0, 0, width, height, dc, x, y, SRCCOPY);
-    ButtonFace large(width * factor, height * factor);
-    StretchBlt(large.dc(), 0, 0, large.width(), large.height(), under.dc(), 0, 0, width, height,
+    const ButtonFace large(width * factor, height * factor);
+    StretchBlt(large.dc(), 0, 0, width * factor, height * factor, under.dc(), 0, 0, width, height,
                SRCCOPY);
-    DrawIconEx(large.dc(), 0, 0, icon, large.width(), large.height(), 0, nullptr, DI_NORMAL);
+    DrawIconEx(large.dc(), 0, 0, icon, width * factor, height * factor, 0, nullptr, DI_NORMAL);
+    GdiFlush();
+    const PixelView from = large.pixels();
     const int parts = factor * factor;
     for (int row = 0; row < height; ++row) {
         for (int column = 0; column < width; ++column) {
@@ -35,12 +37,12 @@ void drawSmooth(HICON icon, HDC dc, int x, int y, int width, int height, int fac
             int green = 0;
             int blue = 0;
             for (int i = 0; i < parts; ++i) {
-                const Rgb c = large.at(column * factor + i % factor, row * factor + i / factor);
+                const Rgb c = from.at(column * factor + i % factor, row * factor + i / factor);
                 red += redOf(c);
                 green += greenOf(c);
                 blue += blueOf(c);
             }
-            under.pixel(column, row, rgb(red / parts, green / parts, blue / parts));
+            under.pixels().pixel(column, row, rgb(red / parts, green / parts, blue / parts));
         }
     }
     under.copyTo(dc, x, y);

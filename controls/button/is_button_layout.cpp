@@ -7,7 +7,9 @@ namespace {
 
 constexpr unsigned captionFlagTable[] = {37, 36, 38, 33, 41};
 constexpr int captionInset = 4;
-constexpr int largestPillDiameter = 48;
+constexpr int maxPillDiameter = 48;
+// A stored size may be any number, and no face shows the difference between two beyond this.
+constexpr int maxIconSize = 1 << 30;
 
 }  // namespace
 
@@ -30,6 +32,7 @@ int iconMargin(int style) {
 }
 
 ButtonPoint iconPlace(int iconAlign, int width, int height, int size, int margin) {
+    size = std::min(size, maxIconSize);
     const int middleX = (width - size) / 2;
     const int middleY = (height - size) / 2;
     switch (iconAlign) {
@@ -59,7 +62,7 @@ ButtonOutline outlineOf(int style, int w, int h) {
 }
 
 int pillDiameter(int width, int height) {
-    return std::max(std::min({width, height, largestPillDiameter}), 0);
+    return std::max(std::min({width, height, maxPillDiameter}), 0);
 }
 
 }  // namespace velvox

@@ -1,9 +1,5 @@
 #include "controls/button/is_button_paint_win32.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <vector>
-
 #include "base/system_win32.h"
 #include "controls/button/icon_picture_win32.h"
 #include "controls/button/is_button_layout.h"
@@ -11,147 +7,64 @@
 namespace velvox {
 namespace {
 
-constexpr Rgb shadowGrey = 0x808080;
-constexpr int pressedShift = 1;
-constexpr int liftedShift = -2;
-constexpr int shadowStyle = 4;
-constexpr int themedStyle = 6;
+static_assert(static_cast<UINT>(ButtonEdge::OuterSunken) == BDR_SUNKENOUTER);
+static_assert(static_cast<UINT>(ButtonEdge::InnerRaised) == BDR_RAISEDINNER);
+static_assert(static_cast<UINT>(ButtonEdge::Raised) == EDGE_RAISED);
+static_assert(static_cast<UINT>(ButtonEdge::Sunken) == EDGE_SUNKEN);
+static_assert(BF_RECT == 15);
 
-// A disabled icon keeps this share of its light and shade over the face.
-constexpr int disabledParts = 2;
-constexpr int disabledOf = 5;
+class SystemButtonDrawing : public ButtonDrawing {
+ public:
+    SystemButtonDrawing(const ButtonFace& face, HWND window, ThemeLibrary& themes)
+        : dc_(face.dc()),
+          area_{0, 0, face.pixels().width(), face.pixels().height()},
+          window_(window),
+          themes_(themes) {}
 
-// The focus rectangle's distance from the edge, across and down; it stays inside the frames.
-struct CueInset {
-    int x;
-    int y;
+    void edge(ButtonEdge kind) override {
+        RECT area = area_;
+        DrawEdge(dc_, &area, static_cast<UINT>(kind), BF_RECT);
+        GdiFlush();
+    }
+
+    bool themedFace(FaceState state) override {
+        const bool drawn = themes_.drawPushButton(window_, dc_, static_cast<int>(state), area_);
+        GdiFlush();
+        return drawn;
+    }
+
+    void caption(const ButtonLook& look, const ButtonRect& at, Rgb colour) override {
+        const OwnedFont font = createFont(look.font);
+        const Selected selected(dc_, font.get());
+        const int mode = SetBkMode(dc_, TRANSPARENT);
+        const COLORREF saved = SetTextColor(dc_, static_cast<COLORREF>(colour));
+        RECT area{at.left, at.top, at.right, at.bottom};
+        DrawTextW(dc_, widen(look.caption).c_str(), -1, &area, look.captionFlags);
+        SetTextColor(dc_, saved);
+        SetBkMode(dc_, mode);
+        GdiFlush();
+    }
+
+    void icon(const Picture& picture, ButtonPoint corner, int size) override {
+        const auto* drawable = dynamic_cast<const DrawablePicture*>(&picture);
+        if (drawable) drawable->draw(dc_, corner.x, corner.y, size, size);
+        GdiFlush();
+    }
+
+ private:
+    HDC dc_;
+    RECT area_;
+    HWND window_;
+    ThemeLibrary& themes_;
 };
-constexpr CueInset plainCue{4, 4};
-constexpr CueInset framedCue{6, 6};
-constexpr CueInset pillCue{12, 5};
-
-// These styles show the focus by a ring of their own; style 5 has no room for it in the sunken
-// face of a pressed or toggled button, nor in the bare one of a disabled button.
-bool hasOwnRing(int style, ButtonState state) {
-    if (style == 5) return state == ButtonState::Normal || state == ButtonState::Hot;
-    return style >= 7 && style <= 10;
-}
-
-CueInset cueInset(int style) {
-    if (style == 9) return framedCue;
-    if (style == 10) return pillCue;
-    return plainCue;
-}
-
-FaceState faceState(const ButtonLook& look) {
-    const bool focused = look.style == themedStyle ? look.focused : look.focusShown;
-    if (look.state == ButtonState::Normal && focused) return FaceState::Focused;
-    return static_cast<FaceState>(look.state);
-}
-
-bool paintFace(ButtonFace& face, const ButtonLook& look, const ButtonScene& scene) {
-    const FacePlan plan{faceState(look), look.focusShown, look.customColours,
-                        look.colours,    *scene.colours,  scene.surroundings};
-    face.fill(face.rect(), plan.sys(ButtonFaceColour));
-    switch (look.style) {
-        case 0: paintEdged(face, plan); break;
-        case 1: paintThin(face, plan); break;
-        case 2: paintTool(face, plan); break;
-        case 3: paintSolid(face, plan); break;
-        case 4: paintFlat(face, plan); break;
-        case 5: (look.customColours ? paintPolished : paintSystem)(face, plan); break;
-        case 6:
-            return scene.themes &&
-                   scene.themes->drawPushButton(scene.window, face.dc(),
-                                                static_cast<int>(plan.state), face.rect());
-        case 7: paintGlass(face, plan); break;
-        case 8: paintBrushed(face, plan); break;
-        case 9: paintPorcelain(face, plan); break;
-        case 10: paintPill(face, plan); break;
-        default: break;
-    }
-    return true;
-}
-
-Rgb captionColour(const ButtonLook& look, const SystemColours& system) {
-    if (look.state == ButtonState::Disabled) return system.colour(GrayTextColour);
-    if (!look.customColours) return system.colour(ButtonTextColour);
-    return look.state == ButtonState::Normal ? look.colours.font : look.colours.fontHighlight;
-}
-
-void paintCaption(ButtonFace& face, const ButtonLook& look, Rgb colour) {
-    if (look.caption.empty()) return;
-    const HDC dc = face.dc();
-    const OwnedFont font = createFont(look.font);
-    const Selected selected(dc, font.get());
-    const int mode = SetBkMode(dc, TRANSPARENT);
-    const COLORREF saved = SetTextColor(dc, static_cast<COLORREF>(colour));
-    const ButtonRect at = captionRect(face.width(), face.height());
-    RECT area{at.left, at.top, at.right, at.bottom};
-    DrawTextW(dc, widen(look.caption).c_str(), -1, &area, look.captionFlags);
-    SetTextColor(dc, saved);
-    SetBkMode(dc, mode);
-}
-
-// The pixels of a square of the face. A stored icon size may be any number: what lies outside the
-// face is left out before it is counted.
-template <class Change>
-void eachPixel(const ButtonFace& face, ButtonPoint corner, std::int64_t size, Change change) {
-    const auto end = [size](int start, int limit) {
-        return static_cast<int>(std::min<std::int64_t>(start + size, limit));
-    };
-    for (int y = std::max(corner.y, 0); y < end(corner.y, face.height()); ++y)
-        for (int x = std::max(corner.x, 0); x < end(corner.x, face.width()); ++x) change(x, y);
-}
-
-// The icon in greys that stand out from the face by a part of their strength.
-void paintDisabledIcon(ButtonFace& face, const DrawablePicture& icon, ButtonPoint at, int size) {
-    std::vector<Rgb> before;
-    eachPixel(face, at, size, [&](int x, int y) { before.push_back(face.at(x, y)); });
-    icon.draw(face.dc(), at.x, at.y, size, size);
-    std::size_t next = 0;
-    eachPixel(face, at, size, [&](int x, int y) {
-        const Rgb under = before[next++];
-        const Rgb over = face.at(x, y);
-        if (over == under) return;
-        const int light = (redOf(over) * 3 + greenOf(over) * 6 + blueOf(over)) / 10;
-        face.pixel(x, y, blend(under, rgb(light, light, light), disabledParts, disabledOf + 1));
-    });
-}
-
-void paintIcon(ButtonFace& face, const ButtonLook& look) {
-    const auto* icon = dynamic_cast<const DrawablePicture*>(look.icon.get());
-    if (!icon || !icon->hasImage()) return;
-    const int size = look.iconSize;
-    if (size <= 0) return;
-    ButtonPoint at =
-        iconPlace(look.iconAlign, face.width(), face.height(), size, iconMargin(look.style));
-    if (look.state == ButtonState::Disabled) return paintDisabledIcon(face, *icon, at, size);
-    if (look.state == ButtonState::Pressed) at = {at.x + pressedShift, at.y + pressedShift};
-    if (look.state == ButtonState::Hot && look.style == shadowStyle) {
-        const Rgb plain = face.at(1, 1);
-        icon->draw(face.dc(), at.x, at.y, size, size);
-        // Both ends of the square are included.
-        eachPixel(face, at, std::int64_t{size} + 1, [&](int x, int y) {
-            if (face.at(x, y) != plain) face.pixel(x, y, shadowGrey);
-        });
-        at = {at.x + liftedShift, at.y + liftedShift};
-    }
-    icon->draw(face.dc(), at.x, at.y, size, size);
-}
-
-// A calm dotted rectangle: every other pixel half way to the caption's colour.
-void paintFocusCue(ButtonFace& face, CueInset inset, Rgb colour) {
-    const int right = face.width() - 1 - inset.x;
-    const int bottom = face.height() - 1 - inset.y;
-    const auto dot = [&](int x, int y) {
-        if ((x + y) % 2 == 0) face.pixel(x, y, average(face.at(x, y), colour));
-    };
-    for (int x = inset.x; x <= right; ++x) dot(x, inset.y), dot(x, bottom);
-    for (int y = inset.y + 1; y < bottom; ++y) dot(inset.x, y), dot(right, y);
-}
 
 }  // namespace
+
+bool paintButton(const ButtonFace& face, const ButtonLook& look, const ButtonScene& scene,
+                 HWND window, ThemeLibrary& themes) {
+    SystemButtonDrawing system(face, window, themes);
+    return paintButton(face.pixels(), look, scene, system);
+}
 
 OwnedRegion buttonRegion(int style, int width, int height) {
     const ButtonOutline outline = outlineOf(style, width, height);
@@ -166,16 +79,6 @@ OwnedRegion buttonRegion(int style, int width, int height) {
         return OwnedRegion(
             CreateRoundRectRgn(0, 0, width + 1, height + 1, round->ellipse, round->ellipse));
     return OwnedRegion(CreateRectRgn(0, 0, width, height));
-}
-
-bool paintButton(ButtonFace& face, const ButtonLook& look, const ButtonScene& scene) {
-    const bool drawn = paintFace(face, look, scene);
-    const Rgb ink = captionColour(look, *scene.colours);
-    paintCaption(face, look, ink);
-    paintIcon(face, look);
-    if (scene.focusCue || (look.focusShown && !hasOwnRing(look.style, look.state)))
-        paintFocusCue(face, cueInset(look.style), ink);
-    return drawn;
 }
 
 }  // namespace velvox

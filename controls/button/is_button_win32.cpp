@@ -354,17 +354,13 @@ void isButtonWindow::paintInto(HDC dc) {
     if (size.cx <= 0 || size.cy <= 0) return;
     ButtonLook look = model_.look();
     followContrast(look);
-    ButtonScene scene;
-    scene.window = handle();
-    scene.themes = &services_.themes;
-    scene.colours = &model_.systemColours();
-    scene.surroundings = surroundingsOf(handle(), dc);
-    scene.focusCue = model_.hasFocus() && focusCue_;
-    ButtonFace face(size.cx, size.cy);
-    if (!paintButton(face, look, scene) && model_.userMode()) {
+    const ButtonScene scene{model_.systemColours(), surroundingsOf(handle(), dc),
+                            model_.hasFocus() && focusCue_};
+    const ButtonFace face(size.cx, size.cy);
+    if (!paintButton(face, look, scene, handle(), services_.themes) && model_.userMode()) {
         model_.themeRefused();
         look = model_.look();
-        paintButton(face, look, scene);
+        paintButton(face, look, scene, handle(), services_.themes);
     }
     face.copyTo(dc, 0, 0, buttonRegion(look.style, size.cx, size.cy).get());
 }

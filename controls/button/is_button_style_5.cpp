@@ -1,5 +1,5 @@
 // Style 5: the polished button, from custom colours or from the system's.
-#include "controls/button/is_button_paint_win32.h"
+#include "controls/button/is_button_paint.h"
 
 namespace velvox {
 namespace {
@@ -51,12 +51,12 @@ struct Size {
     int h;
 };
 
-Size sizeOf(const ButtonFace& face) {
+Size sizeOf(PixelView face) {
     return {face.width(), face.height()};
 }
 
 // The outermost lines without the two pixels at each end.
-void border(ButtonFace& face, Rgb top, Rgb left, Rgb bottom, Rgb right) {
+void border(PixelView face, Rgb top, Rgb left, Rgb bottom, Rgb right) {
     const auto [w, h] = sizeOf(face);
     face.line(2, 0, w - 2, 0, top);
     face.line(0, 2, 0, h - 2, left);
@@ -64,7 +64,7 @@ void border(ButtonFace& face, Rgb top, Rgb left, Rgb bottom, Rgb right) {
     face.line(w - 1, 2, w - 1, h - 2, right);
 }
 
-void diagonalPixels(ButtonFace& face, Rgb colour) {
+void diagonalPixels(PixelView face, Rgb colour) {
     const auto [w, h] = sizeOf(face);
     face.pixel(1, 1, colour);
     face.pixel(1, h - 2, colour);
@@ -72,7 +72,7 @@ void diagonalPixels(ButtonFace& face, Rgb colour) {
     face.pixel(w - 2, h - 2, colour);
 }
 
-void cornerPixels(ButtonFace& face, Rgb colour) {
+void cornerPixels(PixelView face, Rgb colour) {
     const auto [w, h] = sizeOf(face);
     face.pixel(1, 0, colour);
     face.pixel(w - 2, 0, colour);
@@ -85,7 +85,7 @@ void cornerPixels(ButtonFace& face, Rgb colour) {
 }
 
 // Inside the border, one and two pixels from it: bright along the top, calm along the bottom.
-void highlightRing(ButtonFace& face, Rgb base) {
+void highlightRing(PixelView face, Rgb base) {
     const auto [w, h] = sizeOf(face);
     const Rgb sides = shift(base, ring::sides);
     face.line(2, 1, w - 2, 1, shift(base, ring::top));
@@ -98,7 +98,7 @@ void highlightRing(ButtonFace& face, Rgb base) {
     face.line(w - 3, 3, w - 3, h - 3, sides);
 }
 
-void paintRaised(ButtonFace& face, const FacePlan& plan, Rgb base) {
+void paintRaised(PixelView face, const FacePlan& plan, Rgb base) {
     const auto [w, h] = sizeOf(face);
     face.gradient({1, 1, w - 1, h - 2}, shift(base, raised::faceTop),
                   shift(base, raised::faceBottom));
@@ -118,7 +118,7 @@ void paintRaised(ButtonFace& face, const FacePlan& plan, Rgb base) {
                                                          : plan.sys(HighlightColour));
 }
 
-void paintSunken(ButtonFace& face, Rgb base) {
+void paintSunken(PixelView face, Rgb base) {
     const auto [w, h] = sizeOf(face);
     face.gradient({1, 1, 2, h - 1}, shift(base, sunken::outerEdgeTop),
                   shift(base, sunken::outerEdgeBottom));
@@ -146,7 +146,7 @@ void paintSunken(ButtonFace& face, Rgb base) {
     diagonalPixels(face, base);
 }
 
-void paintDisabled(ButtonFace& face, Rgb base) {
+void paintDisabled(PixelView face, Rgb base) {
     const auto [w, h] = sizeOf(face);
     const Rgb upper = shift(base, disabled::upperBorder);
     const Rgb lower = shift(base, disabled::lowerBorder);
@@ -159,7 +159,7 @@ void paintDisabled(ButtonFace& face, Rgb base) {
 
 }  // namespace
 
-void paintPolished(ButtonFace& face, const FacePlan& plan) {
+void paintPolished(PixelView face, const FacePlan& plan) {
     const Rgb base = plan.colours.back;
     face.fill(face.rect(), base);
     switch (plan.state) {
@@ -171,14 +171,14 @@ void paintPolished(ButtonFace& face, const FacePlan& plan) {
 
 // The same shape in the system's colours: nearly white at the top, the frame in the shadow's
 // colour, and a ring in the colour of selections.
-void paintSystem(ButtonFace& face, const FacePlan& plan) {
+void paintSystem(PixelView face, const FacePlan& plan) {
     const auto [w, h] = sizeOf(face);
     const Rgb base = plan.sys(ButtonFaceColour);
     const Rgb shadow = plan.sys(ButtonShadowColour);
     const Rgb accent = plan.sys(HighlightColour);
     Rgb frame = shift(shadow, plain::borderShift);
     face.fill(face.rect(), base);
-    const RECT inner{1, 1, w - 1, h - 1};
+    const ButtonRect inner{1, 1, w - 1, h - 1};
     switch (plan.state) {
         case FaceState::Pressed:
             face.gradient(inner, shift(base, plain::pressedTop), shift(base, plain::pressedBottom));

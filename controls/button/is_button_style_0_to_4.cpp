@@ -1,15 +1,8 @@
 // Styles 0 to 4: plain faces with edges and frames.
-#include "controls/button/is_button_paint_win32.h"
+#include "controls/button/is_button_paint.h"
 
 namespace velvox {
 namespace {
-
-// Edges of DrawEdge.
-constexpr UINT raisedEdge = 5;
-constexpr UINT sunkenEdge = 10;
-constexpr UINT innerRaisedEdge = 4;
-constexpr UINT outerSunkenEdge = 2;
-constexpr UINT allSides = 15;
 
 // Amounts of white in the flat style's faces and outlines.
 constexpr int flatFaceWhite = 96;
@@ -21,51 +14,51 @@ constexpr int flatDisabledOutlineWhite = 110;
 // The flat outline of custom colours is this much darker than their face.
 constexpr int flatOutlineShade = -72;
 
-void edge(ButtonFace& face, UINT kind) {
-    RECT area = face.rect();
-    DrawEdge(face.dc(), &area, kind, allSides);
-}
-
-void outline(ButtonFace& face, Rgb colour) {
+void outline(PixelView face, Rgb colour) {
     face.frame(0, 0, face.width() - 1, face.height() - 1, colour);
 }
 
-// The face of styles 1 and 2.
-Rgb calmFace(const FacePlan& plan) {
-    const bool calm = plan.state == FaceState::Normal || plan.state == FaceState::Focused ||
-                      plan.state == FaceState::Disabled;
-    return calm ? plan.back() : plan.highlight(ButtonFaceColour);
+// Custom colours highlight every state that is not at rest; for styles 1 and 2 a disabled button is
+// at rest too.
+Rgb plainFace(const FacePlan& plan, bool atRest) {
+    return atRest ? plan.back() : plan.highlight(ButtonFaceColour);
+}
+
+bool isNormalOrDisabled(FaceState state) {
+    return state == FaceState::Normal || state == FaceState::Disabled;
 }
 
 }  // namespace
 
-void paintEdged(ButtonFace& face, const FacePlan& plan) {
-    const bool calm = plan.state == FaceState::Normal || plan.state == FaceState::Focused;
-    face.fill(face.rect(), calm ? plan.back() : plan.highlight(ButtonFaceColour));
-    edge(face, plan.state == FaceState::Pressed ? sunkenEdge : raisedEdge);
+void paintEdged(PixelView face, const FacePlan& plan, ButtonDrawing& system) {
+    face.fill(face.rect(), plainFace(plan, plan.state == FaceState::Normal));
+    system.edge(plan.state == FaceState::Pressed ? ButtonEdge::Sunken : ButtonEdge::Raised);
 }
 
-void paintThin(ButtonFace& face, const FacePlan& plan) {
-    face.fill(face.rect(), calmFace(plan));
+void paintThin(PixelView face, const FacePlan& plan, ButtonDrawing& system) {
+    face.fill(face.rect(), plainFace(plan, isNormalOrDisabled(plan.state)));
     switch (plan.state) {
-        case FaceState::Pressed: edge(face, outerSunkenEdge); break;
+        case FaceState::Pressed: system.edge(ButtonEdge::OuterSunken); break;
         case FaceState::Disabled: outline(face, plan.sys(ButtonShadowColour)); break;
-        default: edge(face, innerRaisedEdge); break;
+        default: system.edge(ButtonEdge::InnerRaised); break;
     }
 }
 
-void paintTool(ButtonFace& face, const FacePlan& plan) {
-    face.fill(face.rect(), calmFace(plan));
+// Focused, it has no outline: the dotted rectangle inside shows the focus.
+void paintTool(PixelView face, const FacePlan& plan, ButtonDrawing& system) {
+    face.fill(face.rect(), plainFace(plan, isNormalOrDisabled(plan.state)));
     switch (plan.state) {
-        case FaceState::Hot: edge(face, innerRaisedEdge); break;
-        case FaceState::Pressed: edge(face, outerSunkenEdge); break;
-        default: outline(face, plan.sys(ButtonFaceColour)); break;
+        case FaceState::Normal:
+        case FaceState::Disabled: outline(face, plan.sys(ButtonFaceColour)); break;
+        case FaceState::Hot: system.edge(ButtonEdge::InnerRaised); break;
+        case FaceState::Pressed: system.edge(ButtonEdge::OuterSunken); break;
+        case FaceState::Focused: break;
     }
 }
 
 // A solid face in a shadow-coloured frame with softened corners. A line of the window's colour
 // lights the upper left inside, or the lower right while pressed.
-void paintSolid(ButtonFace& face, const FacePlan& plan) {
+void paintSolid(PixelView face, const FacePlan& plan) {
     const int right = face.width() - 1;
     const int bottom = face.height() - 1;
     Rgb fill = plan.back();
@@ -89,7 +82,7 @@ void paintSolid(ButtonFace& face, const FacePlan& plan) {
         for (const int y : {0, bottom}) face.pixel(x, y, soft);
 }
 
-void paintFlat(ButtonFace& face, const FacePlan& plan) {
+void paintFlat(PixelView face, const FacePlan& plan) {
     const Rgb back = plan.back();
     const Rgb accent = plan.highlight(HighlightColour);
     const Rgb edgeBase =

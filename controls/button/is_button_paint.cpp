@@ -1,0 +1,148 @@
+#include "controls/button/is_button_paint.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace velvox {
+namespace {
+
+constexpr Rgb shadowGrey = 0x808080;
+constexpr int pressedShift = 1;
+constexpr int liftedShift = -2;
+constexpr int shadowStyle = 4;
+constexpr int themedStyle = 6;
+
+// A disabled icon keeps this share of its light and shade over the face.
+constexpr int disabledParts = 2;
+constexpr int disabledOf = 5;
+
+// The focus rectangle's distance from the edge, across and down; it stays inside the frames.
+struct CueInset {
+    int x;
+    int y;
+};
+constexpr CueInset plainCue{4, 4};
+constexpr CueInset framedCue{6, 6};
+constexpr CueInset pillCue{12, 5};
+
+// These styles show the focus by a ring of their own; style 5 has no room for it in the sunken
+// face of a pressed or toggled button, nor in the bare one of a disabled button.
+bool hasOwnRing(int style, ButtonState state) {
+    if (style == 5) return state == ButtonState::Normal || state == ButtonState::Hot;
+    return style >= 7 && style <= 10;
+}
+
+CueInset cueInset(int style) {
+    if (style == 9) return framedCue;
+    if (style == 10) return pillCue;
+    return plainCue;
+}
+
+FaceState faceState(const ButtonLook& look) {
+    const bool focused = look.style == themedStyle ? look.focused : look.focusShown;
+    if (look.state == ButtonState::Normal && focused) return FaceState::Focused;
+    return static_cast<FaceState>(look.state);
+}
+
+bool paintFace(PixelView face, const ButtonLook& look, const ButtonScene& scene,
+               ButtonDrawing& system) {
+    const FacePlan plan{faceState(look), look.focusShown, look.customColours,
+                        look.colours,    scene.colours,   scene.surroundings};
+    face.fill(face.rect(), plan.sys(ButtonFaceColour));
+    switch (look.style) {
+        case 0: paintEdged(face, plan, system); break;
+        case 1: paintThin(face, plan, system); break;
+        case 2: paintTool(face, plan, system); break;
+        case 3: paintSolid(face, plan); break;
+        case 4: paintFlat(face, plan); break;
+        case 5: (look.customColours ? paintPolished : paintSystem)(face, plan); break;
+        case 6: return system.themedFace(plan.state);
+        case 7: paintGlass(face, plan); break;
+        case 8: paintBrushed(face, plan); break;
+        case 9: paintPorcelain(face, plan); break;
+        case 10: paintPill(face, plan); break;
+        default: break;
+    }
+    return true;
+}
+
+Rgb captionColour(const ButtonLook& look, const SystemColours& system) {
+    if (look.state == ButtonState::Disabled) return system.colour(GrayTextColour);
+    if (!look.customColours) return system.colour(ButtonTextColour);
+    return look.state == ButtonState::Normal ? look.colours.font : look.colours.fontHighlight;
+}
+
+// The pixels of a square of the face. A stored icon size may be any number: what lies outside the
+// face is left out before it is counted.
+template <class Change>
+void eachPixel(PixelView face, ButtonPoint corner, std::int64_t size, Change change) {
+    const auto end = [size](int start, int limit) {
+        return static_cast<int>(std::min<std::int64_t>(start + size, limit));
+    };
+    for (int y = std::max(corner.y, 0); y < end(corner.y, face.height()); ++y)
+        for (int x = std::max(corner.x, 0); x < end(corner.x, face.width()); ++x) change(x, y);
+}
+
+// The icon in greys that stand out from the face by a part of their strength.
+void paintDisabledIcon(PixelView face, const Picture& icon, ButtonPoint at, int size,
+                       ButtonDrawing& system) {
+    std::vector<Rgb> before;
+    eachPixel(face, at, size, [&](int x, int y) { before.push_back(face.at(x, y)); });
+    system.icon(icon, at, size);
+    std::size_t next = 0;
+    eachPixel(face, at, size, [&](int x, int y) {
+        const Rgb under = before[next++];
+        const Rgb over = face.at(x, y);
+        if (over == under) return;
+        const int light = (redOf(over) * 3 + greenOf(over) * 6 + blueOf(over)) / 10;
+        face.pixel(x, y, blend(under, rgb(light, light, light), disabledParts, disabledOf + 1));
+    });
+}
+
+void paintIcon(PixelView face, const ButtonLook& look, ButtonDrawing& system) {
+    const int size = look.iconSize;
+    if (!look.icon || !look.icon->hasImage() || size <= 0) return;
+    const Picture& icon = *look.icon;
+    ButtonPoint at =
+        iconPlace(look.iconAlign, face.width(), face.height(), size, iconMargin(look.style));
+    if (look.state == ButtonState::Disabled) return paintDisabledIcon(face, icon, at, size, system);
+    if (look.state == ButtonState::Pressed) at = {at.x + pressedShift, at.y + pressedShift};
+    if (look.state == ButtonState::Hot && look.style == shadowStyle) {
+        const Rgb plain = face.at(1, 1);
+        system.icon(icon, at, size);
+        // Both ends of the square are included.
+        eachPixel(face, at, std::int64_t{size} + 1, [&](int x, int y) {
+            if (face.at(x, y) != plain) face.pixel(x, y, shadowGrey);
+        });
+        at = {at.x + liftedShift, at.y + liftedShift};
+    }
+    system.icon(icon, at, size);
+}
+
+// A calm dotted rectangle: every other pixel half way to the caption's colour.
+void paintFocusCue(PixelView face, CueInset inset, Rgb colour) {
+    const int right = face.width() - 1 - inset.x;
+    const int bottom = face.height() - 1 - inset.y;
+    const auto dot = [&](int x, int y) {
+        if ((x + y) % 2 == 0) face.pixel(x, y, average(face.at(x, y), colour));
+    };
+    for (int x = inset.x; x <= right; ++x) dot(x, inset.y), dot(x, bottom);
+    for (int y = inset.y + 1; y < bottom; ++y) dot(inset.x, y), dot(right, y);
+}
+
+}  // namespace
+
+bool paintButton(PixelView face, const ButtonLook& look, const ButtonScene& scene,
+                 ButtonDrawing& system) {
+    const bool drawn = paintFace(face, look, scene, system);
+    const Rgb ink = captionColour(look, scene.colours);
+    if (!look.caption.empty()) system.caption(look, captionRect(face.width(), face.height()), ink);
+    paintIcon(face, look, system);
+    if (scene.focusCue || (look.focusShown && !hasOwnRing(look.style, look.state)))
+        paintFocusCue(face, cueInset(look.style), ink);
+    return drawn;
+}
+
+}  // namespace velvox
