@@ -5,19 +5,32 @@
 namespace velvox {
 namespace {
 
+constexpr CLSID htmlDocument = {
+    0x25336920, 0x03F9, 0x11CF, {0x8F, 0xD0, 0x00, 0xAA, 0x00, 0x68, 0x6F, 0x13}};
+
+// CoGetClassObject succeeds even without an engine; only creating a document shows it.
+void requireHtmlEngine() {
+    ComPtr<IUnknown> document;
+    requireSuccess(CoCreateInstance(htmlDocument, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                                    document.putVoid()),
+                   "Creating an HTML document");
+}
+
 void require(bool present, const char* what) {
     if (!present) throw RuntimeFailure(Fault::Platform, std::string(what) + " is missing");
 }
 
 }  // namespace
 
-BrowserControl::BrowserControl(HWND window, BrowserHost& host, StandInListener& listener) {
-    if (!systemHasHtmlEngine()) standIn_ = std::make_unique<StandInRegistration>(listener);
+BrowserControl::BrowserControl(HWND window, NavigationTracker& tracker,
+                               std::function<void()> changed) {
+    requireHtmlEngine();
     requireSuccess(CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER,
                                     __uuidof(IWebBrowser2), browser_.putVoid()),
                    "Creating the web browser control");
-    site_ = ComPtr<BrowserSite>(new BrowserSite(window, host));
-    events_ = ComPtr<BrowserEvents>(new BrowserEvents(browser_.query<IUnknown>().get(), host));
+    site_ = ComPtr<BrowserSite>(new BrowserSite(window));
+    events_ = ComPtr<BrowserEvents>(
+        new BrowserEvents(browser_.query<IUnknown>().get(), tracker, std::move(changed)));
     try {
         embed(window);
     } catch (...) {
@@ -42,7 +55,7 @@ void BrowserControl::embed(HWND window) {
                    "IConnectionPointContainer::FindConnectionPoint");
     requireSuccess(connection_->Advise(events_.get(), &cookie_), "IConnectionPoint::Advise");
 
-    // A preview answers no dialogs and takes no dropped files.
+    // A preview shows no dialogs and takes no dropped files.
     browser_->put_Silent(VARIANT_TRUE);
     browser_->put_RegisterAsDropTarget(VARIANT_FALSE);
 
@@ -52,12 +65,12 @@ void BrowserControl::embed(HWND window) {
         object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site_.get(), 0, window, &bounds),
         "IOleObject::DoVerb");
     if (const auto inPlace = browser_.query<IOleInPlaceObject>()) inPlace->GetWindow(&window_);
+    show(false);
 }
 
 void BrowserControl::release() noexcept {
-    site_->disconnect();
     events_->disconnect();
-    stop();
+    browser_->Stop();
     if (cookie_) connection_->Unadvise(std::exchange(cookie_, 0));
     connection_.reset();
     if (const auto object = browser_.query<IOleObject>()) {
@@ -67,7 +80,6 @@ void BrowserControl::release() noexcept {
     browser_.reset();
     events_.reset();
     site_.reset();
-    standIn_.reset();
 }
 
 void BrowserControl::navigate(std::string_view address) {
@@ -76,22 +88,6 @@ void BrowserControl::navigate(std::string_view address) {
     VariantInit(&none);
     requireSuccess(browser_->Navigate(url.get(), &none, &none, &none, &none),
                    "IWebBrowser2::Navigate");
-}
-
-void BrowserControl::stop() noexcept {
-    browser_->Stop();
-}
-
-std::string BrowserControl::locationUrl() const {
-    BSTR url = nullptr;
-    requireSuccess(browser_->get_LocationURL(&url), "IWebBrowser2::LocationURL");
-    const Bstr owned(url);
-    return narrow(view(url));
-}
-
-bool BrowserControl::offline() const noexcept {
-    VARIANT_BOOL offline = VARIANT_FALSE;
-    return SUCCEEDED(browser_->get_Offline(&offline)) && offline != VARIANT_FALSE;
 }
 
 void BrowserControl::place(const RECT& bounds) noexcept {

@@ -1,7 +1,9 @@
-// The events of the web browser control. Their arguments arrive last one first.
+// Event arguments are passed in reverse order.
+#include "app/browser/browser_events_win32.h"
+
+#include <exdisp.h>
 #include <exdispid.h>
 
-#include "app/browser/browser_site_win32.h"
 #include "base/window_win32.h"
 
 namespace velvox {
@@ -24,8 +26,8 @@ bool flag(const VARIANT& value) {
     return V_VT(&value) == VT_BOOL && V_BOOL(&value) != VARIANT_FALSE;
 }
 
-void answer(const VARIANT& cancel, bool yes) {
-    if (yes && V_VT(&cancel) == (VT_BYREF | VT_BOOL)) *V_BOOLREF(&cancel) = VARIANT_TRUE;
+void cancelUnless(bool wanted, const VARIANT& cancel) {
+    if (!wanted && V_VT(&cancel) == (VT_BYREF | VT_BOOL)) *V_BOOLREF(&cancel) = VARIANT_TRUE;
 }
 
 }  // namespace
@@ -46,7 +48,7 @@ STDMETHODIMP BrowserEvents::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*
 
 STDMETHODIMP BrowserEvents::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
                                    EXCEPINFO*, UINT*) {
-    if (!host_ || !parameters) return S_OK;
+    if (!tracker_ || !parameters) return S_OK;
     try {
         dispatch(id, *parameters);
     } catch (...) {
@@ -64,31 +66,26 @@ bool BrowserEvents::isTop(const VARIANT& frame) const noexcept {
 
 void BrowserEvents::dispatch(DISPID id, const DISPPARAMS& parameters) {
     const auto at = [&](UINT position) -> const VARIANT& { return argument(parameters, position); };
-    Arrival& arrival = host_->arrival();
-    bool arrived = false;
     switch (id) {
         case DISPID_BEFORENAVIGATE2:
-            answer(at(6), !arrival.beforeNavigate(isTop(at(0)), text(at(1))));
+            cancelUnless(tracker_->beforeNavigate(isTop(at(0)), text(at(1))), at(6));
             break;
-        case DISPID_NAVIGATECOMPLETE2: arrival.navigateComplete(isTop(at(0))); break;
-        case DISPID_DOCUMENTCOMPLETE: arrived = arrival.documentComplete(isTop(at(0))); break;
+        case DISPID_NAVIGATECOMPLETE2: tracker_->navigateComplete(isTop(at(0))); break;
+        case DISPID_DOCUMENTCOMPLETE: tracker_->documentComplete(isTop(at(0))); break;
         case DISPID_NAVIGATEERROR: {
             const VARIANT& status = at(3);
             const auto code =
                 V_VT(&status) == VT_I4 ? static_cast<std::uint32_t>(V_I4(&status)) : 0;
-            const auto verdict = arrival.navigateError(isTop(at(0)), code);
-            arrived = verdict.arrival;
-            answer(at(4), verdict.cancel);
+            cancelUnless(tracker_->navigateError(isTop(at(0)), code), at(4));
             break;
         }
-        case DISPID_FILEDOWNLOAD: answer(at(1), arrival.fileDownload(flag(at(0))).cancel); break;
+        case DISPID_FILEDOWNLOAD: cancelUnless(tracker_->fileDownload(flag(at(0))), at(1)); break;
         case DISPID_NEWWINDOW2:
         case DISPID_NEWWINDOW3:
-        case DISPID_WINDOWCLOSING: answer(at(1), true); return;
+        case DISPID_WINDOWCLOSING: cancelUnless(false, at(1)); return;
         default: return;
     }
-    if (arrived) host_->arrived();
-    host_->changed();
+    changed_();
 }
 
 }  // namespace velvox

@@ -1,14 +1,12 @@
 #include "app/browser/browser_site_win32.h"
 
-#include "base/window_win32.h"
-
 namespace velvox {
 
-template class ComObject<IOleClientSite, IOleInPlaceSite, IDispatch, IServiceProvider,
-                         IDownloadManager>;
+template class ComObject<IOleClientSite, IOleInPlaceSite, IDispatch>;
+
 namespace {
 
-// mshtmdid.h and mshtmhst.h have these, behind a hundred thousand lines of declarations.
+// From mshtmdid.h and mshtmhst.h, which would bring a hundred thousand lines of declarations.
 constexpr DISPID ambientDownloadControl = -5512;
 constexpr long showImages = 0x10;
 constexpr long showVideos = 0x20;
@@ -81,35 +79,6 @@ STDMETHODIMP BrowserSite::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VAR
     if (id != ambientDownloadControl || !result) return DISP_E_MEMBERNOTFOUND;
     V_VT(result) = VT_I4;
     V_I4(result) = showImages | showVideos | playSounds | noJava | noControlDownloads | silent;
-    return S_OK;
-}
-
-STDMETHODIMP BrowserSite::QueryService(REFGUID service, REFIID id, void** result) {
-    if (!result) return E_POINTER;
-    *result = nullptr;
-    // The service's identifier is the interface's.
-    if (service == __uuidof(IDownloadManager)) return QueryInterface(id, result);
-    return E_NOINTERFACE;
-}
-
-// Only a real engine comes here. Answering success without downloading drops the file.
-STDMETHODIMP BrowserSite::Download(IMoniker* moniker, IBindCtx* context, DWORD, LONG, BINDINFO*,
-                                   LPCOLESTR, LPCOLESTR redirect, UINT) {
-    if (!host_) return S_OK;
-    try {
-        std::string address;
-        LPOLESTR name = nullptr;
-        if (redirect && *redirect) {
-            address = narrow(redirect);
-        } else if (moniker && SUCCEEDED(moniker->GetDisplayName(context, nullptr, &name)) && name) {
-            address = narrow(name);
-            CoTaskMemFree(name);
-        }
-        if (host_->arrival().download(address)) host_->arrived();
-        host_->changed();
-    } catch (...) {
-        reportCurrentFailure();
-    }
     return S_OK;
 }
 

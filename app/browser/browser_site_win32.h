@@ -1,30 +1,9 @@
-// Where the system's web browser control is embedded: what it asks of its container, and the
-// events it raises.
+// What the system's web browser control asks of the window that embeds it.
 #pragma once
 
 #include "base/com_win32.h"
 
-#include <downloadmgr.h>
-#include <exdisp.h>
-#include <servprov.h>
-
-#include "app/browser/arrival.h"
-
 namespace velvox {
-
-/// What the embedding reports to. Called from inside the control: only to take note.
-class BrowserHost {
- public:
-    virtual ~BrowserHost() = default;
-
-    virtual Arrival& arrival() noexcept = 0;
-
-    /// The last event was an arrival.
-    virtual void arrived() = 0;
-
-    /// What there is to see has changed.
-    virtual void changed() = 0;
-};
 
 /// The container's frame window as the control sees it: no menus, no tool bars.
 class BrowserFrame final : public ComObject<IOleInPlaceFrame> {
@@ -51,17 +30,12 @@ class BrowserFrame final : public ComObject<IOleInPlaceFrame> {
 };
 
 // One definition each: link-time optimisation here trips over the thunks of several.
-extern template class ComObject<IOleClientSite, IOleInPlaceSite, IDispatch, IServiceProvider,
-                                IDownloadManager>;
+extern template class ComObject<IOleClientSite, IOleInPlaceSite, IDispatch>;
 
-/// The control's site: it may fill the window, and neither install nor download anything.
-class BrowserSite final : public ComObject<IOleClientSite, IOleInPlaceSite, IDispatch,
-                                           IServiceProvider, IDownloadManager> {
+/// The control's site: it may fill the window and install nothing.
+class BrowserSite final : public ComObject<IOleClientSite, IOleInPlaceSite, IDispatch> {
  public:
-    BrowserSite(HWND window, BrowserHost& host) : window_(window), host_(&host) {}
-
-    /// The host goes away; what the control still tells is dropped.
-    void disconnect() noexcept { host_ = nullptr; }
+    explicit BrowserSite(HWND window) : window_(window) {}
 
     STDMETHODIMP SaveObject() override { return E_NOTIMPL; }
     STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker** moniker) override;
@@ -91,37 +65,10 @@ class BrowserSite final : public ComObject<IOleClientSite, IOleInPlaceSite, IDis
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                         UINT*) override;
 
-    STDMETHODIMP QueryService(REFGUID service, REFIID id, void** result) override;
-    STDMETHODIMP Download(IMoniker* moniker, IBindCtx* context, DWORD, LONG, BINDINFO*, LPCOLESTR,
-                          LPCOLESTR redirect, UINT) override;
-
  private:
     bool find(REFIID id, void** result) noexcept override;
 
     HWND window_;
-    BrowserHost* host_;
-};
-
-/// Receives the control's events, unpacks them and hands them to the host's `Arrival`.
-class BrowserEvents final : public ComObject<IDispatch> {
- public:
-    BrowserEvents(IUnknown* control, BrowserHost& host) : control_(control), host_(&host) {}
-
-    void disconnect() noexcept { host_ = nullptr; }
-
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override;
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
-                        UINT*) override;
-
- private:
-    bool find(REFIID id, void** result) noexcept override;
-    void dispatch(DISPID id, const DISPPARAMS& parameters);
-    bool isTop(const VARIANT& frame) const noexcept;
-
-    IUnknown* control_;  // borrowed: its identity tells the top document from a frame
-    BrowserHost* host_;
 };
 
 }  // namespace velvox

@@ -30,12 +30,12 @@ COLORREF labelColour() {
 }
 
 // More than any panel holds; keeps measuring short whatever a server redirects to.
-constexpr std::size_t longestAddress = 4096;
+constexpr std::size_t maxAddressLength = 4096;
 
 constexpr UINT wrapped = DT_NOPREFIX | DT_WORDBREAK;
 constexpr wchar_t ellipsis = L'\x2026';
 
-int heightOf(HDC dc, const std::wstring& text, int width) {
+int textHeight(HDC dc, const std::wstring& text, int width) {
     RECT measured{0, 0, width, 0};
     DrawTextW(dc, text.data(), static_cast<int>(text.size()), &measured, wrapped | DT_CALCRECT);
     return measured.bottom;
@@ -52,10 +52,10 @@ std::size_t fitting(HDC dc, std::wstring_view text, int width) {
 // The text in lines of a width, broken between any two characters: addresses have no blanks, and
 // what a drawing call takes for words in them differs between systems. An ellipsis ends the last
 // line when there is more.
-std::vector<std::wstring> brokenIntoLines(HDC dc, std::wstring_view text, int width,
-                                          std::size_t most) {
+std::vector<std::wstring> breakIntoLines(HDC dc, std::wstring_view text, int width,
+                                         std::size_t maxLines) {
     std::vector<std::wstring> lines;
-    while (!text.empty() && lines.size() < most) {
+    while (!text.empty() && lines.size() < maxLines) {
         const std::size_t count = std::max<std::size_t>(fitting(dc, text, width), 1);
         lines.emplace_back(text.substr(0, count));
         text.remove_prefix(count);
@@ -67,15 +67,15 @@ std::vector<std::wstring> brokenIntoLines(HDC dc, std::wstring_view text, int wi
     return lines;
 }
 
-const char* noteOf(PreviewContent::Kind kind) {
-    switch (kind) {
+std::string noteFor(const PreviewContent& content) {
+    switch (content.kind) {
         case PreviewContent::Kind::Blank: return "The preview appears here.";
         case PreviewContent::Kind::Loading: return "Loading...";
         case PreviewContent::Kind::NotRendered: return "Pages cannot be shown on this system.";
         case PreviewContent::Kind::Unviewable: return "Files of this type cannot be shown here.";
-        case PreviewContent::Kind::Unreachable: return "This address could not be reached.";
+        case PreviewContent::Kind::Unreachable: return content.reason + '.';
     }
-    return "";
+    return {};
 }
 
 class Painter {
@@ -85,22 +85,22 @@ class Painter {
         SetBkMode(dc, TRANSPARENT);
         const int margin = pixels(sizes.margin);
         InflateRect(&bounds_, -margin, -margin);
-        lineHeight_ = std::max(heightOf(dc, L"X", 1), 1);
+        lineHeight_ = std::max(textHeight(dc, L"X", 1), 1);
     }
 
-    void note(const char* text) {
+    void note(const std::string& text) {
         const std::wstring wide = widen(text);
         RECT at = bounds_;
-        const int height = heightOf(dc_, wide, at.right - at.left);
+        const int height = textHeight(dc_, wide, at.right - at.left);
         at.top = std::max(at.top, at.bottom - height);
         draw(wide, at, labelColour(), wrapped);
         bounds_.bottom = at.top - pixels(sizes.rowGap);
     }
 
-    void centredNote(const char* text) {
+    void centredNote(const std::string& text) {
         const std::wstring wide = widen(text);
         const int spare =
-            bounds_.bottom - bounds_.top - heightOf(dc_, wide, bounds_.right - bounds_.left);
+            bounds_.bottom - bounds_.top - textHeight(dc_, wide, bounds_.right - bounds_.left);
         InflateRect(&bounds_, 0, -std::max(spare, 0) / 2);
         draw(wide, bounds_, labelColour(), wrapped | DT_CENTER);
     }
@@ -108,7 +108,7 @@ class Painter {
     /// Lines that a short value takes, two at most.
     int linesOf(const std::string& value) const {
         const int width = bounds_.right - bounds_.left - pixels(sizes.labelWidth);
-        return static_cast<int>(brokenIntoLines(dc_, widen(value), width, 2).size());
+        return static_cast<int>(breakIntoLines(dc_, widen(value), width, 2).size());
     }
 
     void row(const char* label, const std::string& value, int linesBelow) {
@@ -118,8 +118,8 @@ class Painter {
         draw(widen(label), at, labelColour(), DT_NOPREFIX | DT_SINGLELINE);
         at.left += pixels(sizes.labelWidth);
         const int room = std::max<int>((at.bottom - at.top) / lineHeight_, 1);
-        const auto lines = brokenIntoLines(dc_, widen(value.substr(0, longestAddress)),
-                                           at.right - at.left, static_cast<std::size_t>(room));
+        const auto lines = breakIntoLines(dc_, widen(value.substr(0, maxAddressLength)),
+                                          at.right - at.left, static_cast<std::size_t>(room));
         for (const std::wstring& line : lines) {
             draw(line, at, valueColour(), DT_NOPREFIX | DT_SINGLELINE);
             at.top += lineHeight_;
@@ -145,17 +145,17 @@ class Painter {
 void PreviewPanel::paint(HDC dc, const RECT& bounds, const PreviewContent& content) const {
     const Selected font(dc, font_.get());
     Painter painter(dc, bounds);
-    const char* const note = noteOf(content.kind);
+    const std::string note = noteFor(content);
     if (content.kind == PreviewContent::Kind::Blank ||
         content.kind == PreviewContent::Kind::Loading)
         return painter.centredNote(note);
     painter.note(note);
     const bool arrived = content.kind != PreviewContent::Kind::Unreachable;
-    const std::string type = content.facts.type.empty() ? "unknown" : content.facts.type;
+    const std::string type = content.document.type.empty() ? "unknown" : content.document.type;
     painter.row("Address", content.address, arrived ? painter.linesOf(type) + 1 : 0);
     if (!arrived) return;
     painter.row("Type", type, 1);
-    const std::string size = sizeText(content.facts.size);
+    const std::string size = sizeText(content.document.size);
     painter.row("Size", size.empty() ? "unknown" : size, 0);
 }
 

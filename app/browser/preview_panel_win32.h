@@ -2,29 +2,10 @@
 
 #include <windows.h>
 
-#include <string>
-
-#include "app/browser/document_facts.h"
+#include "app/browser/preview_content.h"
 #include "base/system_win32.h"
 
 namespace velvox {
-
-/// What the preview area shows in place of a rendered page.
-struct PreviewContent {
-    enum class Kind {
-        Blank,
-        Loading,
-        NotRendered,  ///< a document on a system that renders none
-        Unviewable,   ///< a document that nothing on this system can show
-        Unreachable,
-    };
-
-    Kind kind = Kind::Blank;
-    std::string address;
-    DocumentFacts facts;
-
-    bool operator==(const PreviewContent&) const = default;
-};
 
 /// Paints the address of a document, its type and its size.
 class PreviewPanel {

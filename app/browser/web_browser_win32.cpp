@@ -7,19 +7,18 @@ namespace {
 
 constexpr wchar_t className[] = L"WebBrowser";
 
-constexpr UINT arrivedMessage = WM_APP + 1;  // wParam: the number of the navigation
+constexpr UINT stepMessage = WM_APP + 1;  // wParam: the number of the navigation
 constexpr UINT changedMessage = WM_APP + 2;
 
-constexpr UINT_PTR answerTimer = 1;
+constexpr UINT_PTR patienceTimer = 1;
 
 constexpr int framePixels = 1;  // as the result pane beside it
 
-constexpr std::string_view blankAddress = "about:blank";
-
 }  // namespace
 
-WebBrowserWindow::WebBrowserWindow(HWND parent, const RECT& pixels, int id, UINT timeoutMs)
-    : timeoutMs_(timeoutMs) {
+WebBrowserWindow::WebBrowserWindow(HWND parent, const RECT& pixels, int id,
+                                   InternetSession& session, const TransferLimits& limits)
+    : session_(session), limits_(limits) {
     registerWindowClass(className);
     WindowRequest request;
     request.className = className;
@@ -36,106 +35,84 @@ WebBrowserWindow::~WebBrowserWindow() {
 
 void WebBrowserWindow::Navigate(std::string_view address) {
     if (!handle()) throw RuntimeFailure(Fault::Platform, "The preview's window is gone");
-    // A control that is still busy would tell of the old document under the new address (Wine 8
-    // does, even after Stop): only closing it ends a navigation.
-    if (arrival_.state() != Arrival::State::Arrived) control_.reset();
-    requested_ = address;
-    arrival_.requested();
-    headerRequest_.reset();
+    transfer_.reset();
+    control_.reset();
+    number_ = tracker_.start(address);
+    if (address == blankAddress)
+        tracker_.arrived(number_, std::string(address), {});
+    else
+        load(number_, address);
     changed();
-    if (control_ || requested_ != blankAddress) return start();
-    // Nothing heavy is made for the blank page.
-    arrival_.beforeNavigate(true, blankAddress);
-    if (arrival_.documentComplete(true)) arrived();
 }
 
-void WebBrowserWindow::start() {
-    SetTimer(handle(), answerTimer, timeoutMs_, nullptr);
+void WebBrowserWindow::load(unsigned number, std::string_view address) try {
+    transfer_ =
+        std::make_unique<HttpTransfer>(session_, address, HttpTransfer::Wants::HeaderOnly, limits_,
+                                       StepRecipient{handle(), stepMessage, number});
+    SetTimer(handle(), patienceTimer, static_cast<UINT>(limits_.time.count()), nullptr);
+} catch (const RuntimeFailure& failure) {
+    tracker_.failed(number, failure.what());
+}
+
+void WebBrowserWindow::advance(unsigned number) {
+    if (!tracker_.awaits(number)) return;
     try {
-        control().navigate(requested_);
-    } catch (...) {
-        giveUp();
-        // Without the control the window is blank, too.
-        if (requested_ != blankAddress) throw;
+        if (!transfer_->advance()) return;
+        tracker_.arrived(number, transfer_->address(), transfer_->document());
+    } catch (const RuntimeFailure& failure) {
+        tracker_.failed(number, failure.what());
     }
-}
-
-BrowserControl& WebBrowserWindow::control() {
-    BrowserHost& host = *this;
-    StandInListener& listener = *this;
-    if (!control_) control_ = std::make_unique<BrowserControl>(handle(), host, listener);
-    return *control_;
-}
-
-void WebBrowserWindow::giveUp() noexcept {
-    KillTimer(handle(), answerTimer);
-    arrival_.abandoned();
-    if (arrival_.state() == Arrival::State::Failed)
-        control_.reset();
-    else if (control_)
-        control_->stop();
+    transfer_.reset();
     changed();
 }
 
-std::string WebBrowserWindow::LocationURL() const {
-    if (!arrival_.downloadAddress().empty()) return arrival_.downloadAddress();
-    if (control_) return control_->locationUrl();
-    return arrival_.state() == Arrival::State::Arrived ? requested_ : std::string();
-}
-
-bool WebBrowserWindow::Offline() const {
-    return control_ && control_->offline();
-}
-
-// Both are called from inside the control: what they mean is done from the message loop.
-void WebBrowserWindow::arrived() {
-    PostMessageW(handle(), arrivedMessage, arrival_.number(), 0);
-}
-
-void WebBrowserWindow::changed() {
+// Also called from inside the control, so everything that a change leads to is done from the
+// message loop. Each document that arrives has a message of its own.
+void WebBrowserWindow::changed() noexcept {
     PostMessageW(handle(), changedMessage, 0, 0);
 }
 
-void WebBrowserWindow::documentFacts(const DocumentFacts& facts) {
-    facts_ = facts;
-    factsNumber_ = arrival_.number();
-    changed();
-}
-
-void WebBrowserWindow::raise(unsigned number) {
-    if (number != arrival_.number()) return;
-    // The handler may destroy this object and with it the function that is running.
-    const auto handler = DocumentComplete;
-    if (handler) handler();
-}
-
 void WebBrowserWindow::refresh() {
-    const bool unviewable = arrival_.state() == Arrival::State::Unviewable;
-    const bool failed = arrival_.state() == Arrival::State::Failed;
-    if (!arrival_.waiting()) KillTimer(handle(), answerTimer);
-    if (control_) control_->show(control_->rendersPages() && !unviewable && !failed);
-    StandInListener& listener = *this;
-    if (unviewable && !headerRequest_)
-        headerRequest_ = std::make_unique<HeaderRequest>(LocationURL(), listener);
+    if (!tracker_.waiting()) KillTimer(handle(), patienceTimer);
     InvalidateRect(handle(), nullptr, FALSE);
+    if (tracker_.takeAnnouncement()) {
+        // The view comes after the link. The handler may destroy this object and with it the
+        // function that is running.
+        changed();
+        const auto handler = DocumentComplete;
+        if (handler) handler();
+        return;
+    }
+    if (const auto address = tracker_.takeOwnNavigation()) return Navigate(*address);
+    if (tracker_.wantsView()) openView();
+    if (tracker_.viewHasFailed()) control_.reset();
+    if (control_) control_->show(tracker_.viewIsShown());
 }
 
-PreviewContent WebBrowserWindow::content() const {
-    using Kind = PreviewContent::Kind;
-    PreviewContent content;
-    switch (arrival_.state()) {
-        case Arrival::State::Idle: return content;
-        case Arrival::State::Requested:
-        case Arrival::State::Loading: content.kind = Kind::Loading; return content;
-        case Arrival::State::Shown:
-        case Arrival::State::Arrived: content.kind = Kind::NotRendered; break;
-        case Arrival::State::Unviewable: content.kind = Kind::Unviewable; break;
-        case Arrival::State::Failed: content.kind = Kind::Unreachable; break;
+void WebBrowserWindow::openView() {
+    tracker_.viewOpened();
+    const unsigned number = number_;
+    try {
+        auto control = std::make_unique<BrowserControl>(handle(), tracker_, [this] { changed(); });
+        if (number != number_) return;  // its creation let messages through: it is not wanted now
+        control_ = std::move(control);
+        control_->navigate(tracker_.location());
+        SetTimer(handle(), patienceTimer, static_cast<UINT>(limits_.time.count()), nullptr);
+    } catch (const RuntimeFailure&) {
+        // The document has arrived all the same; the panel says what it is.
+        tracker_.viewFailed();
     }
-    content.address = content.kind == Kind::Unreachable ? requested_ : LocationURL();
-    if (content.kind != Kind::Unviewable && content.address == blankAddress) return {};
-    if (factsNumber_ == arrival_.number()) content.facts = facts_;
-    return content;
+}
+
+void WebBrowserWindow::giveUp() {
+    KillTimer(handle(), patienceTimer);
+    if (!tracker_.waiting()) return;
+    if (transfer_)
+        tracker_.failed(number_, HttpTransfer::timeoutReason);
+    else
+        tracker_.viewFailed();
+    transfer_.reset();
+    changed();
 }
 
 void WebBrowserWindow::paint(HDC dc) const {
@@ -158,10 +135,10 @@ void WebBrowserWindow::paintFrame() const {
 
 std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case arrivedMessage: raise(wParam); return 0;
+        case stepMessage: advance(wParam); return 0;
         case changedMessage: refresh(); return 0;
         case WM_TIMER:
-            if (wParam == answerTimer) giveUp();
+            if (wParam == patienceTimer) giveUp();
             return 0;
         case WM_SIZE: {
             RECT bounds{};
@@ -171,7 +148,7 @@ std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, 
             return 0;
         }
         case WM_NCCALCSIZE:
-            // The first rectangle of either form of its argument.
+            // Either form of the argument starts with the rectangle.
             InflateRect(reinterpret_cast<RECT*>(lParam), -framePixels, -framePixels);
             return 0;
         case WM_NCPAINT: paintFrame(); return 0;
@@ -179,7 +156,7 @@ std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, 
         case WM_PAINT: paint(Painting(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_DESTROY:
-            headerRequest_.reset();
+            transfer_.reset();
             control_.reset();
             return 0;
         default: return std::nullopt;

@@ -5,61 +5,54 @@
 #include "app/browser/browser_control_win32.h"
 #include "app/browser/preview_panel_win32.h"
 #include "app/form1/web_browser.h"
+#include "app/net/http_transfer_win32.h"
 #include "base/window_win32.h"
 
 namespace velvox {
 
-/// The preview browser: the system's web browser control in a window of ours. Where it can show
-/// no page, a panel tells the address arrived at, its type and its size instead.
+/// The preview browser. It resolves an address with a transfer of its own, which ends at the header
+/// of the last reply: that is the arrival. Then, where the system has an HTML engine and the
+/// document is of a type that it renders, the system's web browser control shows it; otherwise a
+/// panel shows its address, type and size.
 ///
 /// `DocumentComplete` is raised from the message loop, never from inside `Navigate`. Its handler
-/// may throw, navigate again, or destroy this window. The control is made by the first `Navigate`
-/// to a page: until then the blank page is this window's own, and without a control that can be
-/// made every other navigation throws.
-class WebBrowserWindow : public Window,
-                         public WebBrowser,
-                         private BrowserHost,
-                         private StandInListener {
+/// may throw, navigate again, or destroy this window.
+class WebBrowserWindow : public Window, public WebBrowser {
  public:
-    static constexpr UINT answerTimeoutMs = 60'000;
-
-    /// A child window at a place in pixels. A server that has sent no document after
-    /// `timeoutMs` is waited for no longer. Throws RuntimeFailure (Platform).
-    WebBrowserWindow(HWND parent, const RECT& pixels, int id, UINT timeoutMs = answerTimeoutMs);
+    /// A child window at a place in pixels. `session` outlives it; `limits.time` is what a
+    /// navigation may take. Throws RuntimeFailure (Platform).
+    WebBrowserWindow(HWND parent, const RECT& pixels, int id, InternetSession& session,
+                     const TransferLimits& limits = {});
     ~WebBrowserWindow() override;
 
     void Navigate(std::string_view address) override;
-    std::string LocationURL() const override;
-    bool Offline() const override;
+    std::string LocationURL() const override { return tracker_.location(); }
+    /// It keeps nothing that it could show without the network.
+    bool Offline() const override { return false; }
 
     /// What the panel shows where no page is rendered.
-    PreviewContent content() const;
+    PreviewContent content() const { return tracker_.content(); }
 
  protected:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-    Arrival& arrival() noexcept override { return arrival_; }
-    void arrived() override;
-    void changed() override;
-    void documentFacts(const DocumentFacts& facts) override;
-
-    BrowserControl& control();
-    void start();
-    void giveUp() noexcept;
-    void raise(unsigned number);
+    void load(unsigned number, std::string_view address);
+    void advance(unsigned number);
+    void changed() noexcept;
     void refresh();
+    void openView();
+    void giveUp();
     void paint(HDC dc) const;
     void paintFrame() const;
 
-    UINT timeoutMs_;
-    Arrival arrival_;
-    std::string requested_;
-    DocumentFacts facts_;
-    unsigned factsNumber_ = 0;
-    PreviewPanel panel_;
+    InternetSession& session_;
+    TransferLimits limits_;
+    NavigationTracker tracker_;
+    unsigned number_ = 0;  ///< of the current navigation
+    std::unique_ptr<HttpTransfer> transfer_;
     std::unique_ptr<BrowserControl> control_;
-    std::unique_ptr<HeaderRequest> headerRequest_;
+    PreviewPanel panel_;
 };
 
 }  // namespace velvox

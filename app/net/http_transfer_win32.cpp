@@ -22,7 +22,7 @@ constexpr std::size_t chunkBytes = 64U << 10;
     switch (error) {
         case ERROR_WINHTTP_NAME_NOT_RESOLVED: fail("The host is not known");
         case ERROR_WINHTTP_CANNOT_CONNECT: fail("The host cannot be reached");
-        case ERROR_WINHTTP_TIMEOUT: fail("The server did not answer in time");
+        case ERROR_WINHTTP_TIMEOUT: fail(HttpTransfer::timeoutReason);
         case ERROR_WINHTTP_CONNECTION_ERROR: fail("The connection was cut");
         default: fail(join({"The transfer failed with error ", std::to_string(error)}));
     }

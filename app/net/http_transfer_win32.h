@@ -52,7 +52,8 @@ class HttpTransfer {
 
     Clock::time_point deadline() const noexcept { return deadline_; }
 
-    /// The reason of a transfer that has reached its deadline.
+    /// Why a transfer that has reached its deadline fails.
+    static constexpr const char* timeoutReason = "The server did not answer in time";
     [[noreturn]] static void failWithTimeout();
 
     /// Of the last reply.

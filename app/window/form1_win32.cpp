@@ -82,7 +82,8 @@ struct Form1Window::Children {
           outer(window, id(ControlId::outer), designOf("outer").place, false,
                 skinPainter(owner, Skin::Piece::ResultArea)),
           output(outer.handle(), designPixels("output"), id(ControlId::output), owner.desktop_),
-          web(outer.handle(), designPixels("web"), id(ControlId::web)),
+          web(outer.handle(), designPixels("web"), id(ControlId::web), owner.session_,
+              owner.limits_),
           form({owner.transfer_, output, web, owner.desktop_, owner, owner.colours_,
                 twipsPerInch / screenDpi()}),
           titleView(window),
@@ -160,6 +161,7 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     : pump_(pump),
       input_(pump, [this](HWND window) { return inputTargetOf(window); }),
       desktop_(pump),
+      limits_(limits),
       transfer_(session_, limits, [&pump] { pump.serveInput(); }) {
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     const auto icon = [&](int width, int height) {

@@ -49,6 +49,7 @@ class Form1Window : public Window, public FormFrame {
     InputGate input_;
     WindowsDesktop desktop_;
     CurrentSystemColours colours_;
+    TransferLimits limits_;
     InternetSession session_;
     WinHttpTransfer transfer_;
     Skin skin_;

@@ -1,8 +1,10 @@
 // Every site's example from the Download button to its links, byte for byte.
 #include <gtest/gtest.h>
 
+#include "base/join.h"
 #include "tests/e2e/program.h"
 #include "tests/e2e/proxy.h"
+#include "tools/drive/client/places.h"
 
 namespace velvox::e2e {
 namespace {
@@ -75,13 +77,23 @@ TEST(ExamplesTest, EachSiteYieldsItsLinks) {
     }
 }
 
-// The link is made of the address at which the browser arrives, be it a player or a page.
+// The link is made of the address at which the browser arrives, be it a player or a page, and
+// whether or not the system's control shows that page.
 TEST(ExamplesTest, ArrivalsAtPlayersAndPagesGiveTheSameLink) {
     const std::string player = "http://www.youtube.com/p%20l%41yer\\x";
     const std::string media = "http://v.metacafe.com/%5Ba%5D%20b%2B.flv";
-    for (const char* type : {"application/x-shockwave-flash", "text/html"}) {
-        SCOPED_TRACE(type);
-        const std::string contentType = "Content-Type: " + std::string(type) + "\r\n";
+    const std::string flash = "application/x-shockwave-flash";
+    const std::string page = "text/html";
+    const struct {
+        std::string file, type;
+        bool viewed;
+    } rows[] = {{places::velvox(), flash, false},
+                {places::velvox(), page, false},
+                {places::renderingVelvox(), flash, false},
+                {places::renderingVelvox(), page, true}};
+    for (const auto& [file, type, viewed] : rows) {
+        SCOPED_TRACE(join({file, " ", type}));
+        const std::string contentType = "Content-Type: " + type + "\r\n";
         const auto redirected = [](const Exchange& to, const char* status, const std::string& at) {
             to.reply("", status, "Location: " + at + "\r\n");
         };
@@ -100,11 +112,13 @@ TEST(ExamplesTest, ArrivalsAtPlayersAndPagesGiveTheSameLink) {
                 to.write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\nConnection: close\r\n" +
                          contentType + "\r\nFWS8");
         });
-        const Program program(Network::proxy(proxy.port()));
+        const Program program(Network::proxy(proxy.port()), file);
         program.start("http://www.youtube.com/watch?v=abc");
         program.expectPane(arrivedLink("http://www.youtube.com/get_video?video_id=abc&t=%5B1]"));
+        EXPECT_TRUE(proxy.asked(viewed ? 5 : 4));
         program.start("http://www.metacafe.com/watch/612285/some_title/");
         program.expectPane(arrivedLink("http://v.metacafe.com/[a] b%2B.flv"));
+        EXPECT_TRUE(proxy.asked(viewed ? 9 : 7));
         EXPECT_FALSE(program.addressLocked());
     }
 }

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 #include "tests/fuzz/fuzz_targets.h"
 
@@ -26,6 +27,7 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
                                                        {"html", html},
                                                        {"http_address", http_address},
                                                        {"location", location},
+                                                       {"navigation", navigation},
                                                        {"scroll", scroll},
                                                        {"scroll_geometry", scroll_geometry}};
     for (const auto& [name, target] : targets) {
@@ -42,6 +44,17 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
             ++inputs;
         }
         EXPECT_GT(inputs, 0) << name;
+    }
+}
+
+// A superseded navigation never gives a link, whatever comes when.
+TEST(NavigationTest, TenThousandOrdersOfEvents) {
+    std::mt19937 random;
+    for (int run = 0; run < 10'000; ++run) {
+        std::string acts(20 + random() % 200, ' ');
+        for (char& act : acts) act = static_cast<char>(random());
+        replayed = "run " + std::to_string(run);
+        navigation(acts);
     }
 }
 

@@ -34,6 +34,10 @@ std::string impatientVelvox() {
     return program("velvox-impatient.exe");
 }
 
+std::string renderingVelvox() {
+    return program("velvox-rendering.exe");
+}
+
 std::string emptyWindow() {
     return program("empty-window.exe");
 }

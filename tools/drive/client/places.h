@@ -10,6 +10,8 @@ std::string driver();
 std::string velvox();
 /// Velvox with a limit of three seconds instead of a minute for a page.
 std::string impatientVelvox();
+/// Velvox with an HTML engine, so that the browser control is embedded.
+std::string renderingVelvox();
 /// A program of one empty window, to compare with.
 std::string emptyWindow();
 /// The replica sites as a proxy.

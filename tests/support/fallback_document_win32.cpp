@@ -1,8 +1,6 @@
-#include "app/browser/stand_in_document_win32.h"
+#include "tests/support/fallback_document_win32.h"
 
 #include <ocidl.h>
-
-#include "app/browser/document_reader_win32.h"
 
 namespace velvox {
 namespace {
@@ -13,43 +11,21 @@ constexpr CLSID htmlDocument = {
 constexpr DISPID readyStateProperty = -525;
 constexpr long readyStateComplete = 4;
 
-// As much of a document as the control needs to call it loaded. Everything else is refused, which
-// the control takes for a document without commands, view or scripting.
-class StandInDocument final
-    : public ComObject<IPersistMoniker, IMonikerProp, IOleObject, IDispatch> {
+// As much of a document as the control needs to call it loaded; it reads and shows nothing.
+// Everything else is refused, which the control takes for a document without commands, view or
+// scripting.
+class FallbackDocument final : public ComObject<IPersistMoniker, IOleObject, IDispatch> {
  public:
-    explicit StandInDocument(std::shared_ptr<StandInChannel> channel)
-        : channel_(std::move(channel)) {}
-
     STDMETHODIMP GetClassID(CLSID* id) override {
         if (!id) return E_POINTER;
         *id = htmlDocument;
         return S_OK;
     }
     STDMETHODIMP IsDirty() override { return S_FALSE; }
-    STDMETHODIMP Load(BOOL, IMoniker* moniker, IBindCtx* context, DWORD) override {
-        if (!moniker || !context) return E_INVALIDARG;
-        stopReading();
-        reader_ = ComPtr<DocumentReader>(new (std::nothrow) DocumentReader(
-            DocumentReader::Asks::WholeDocument, channel_, type_));
-        if (!reader_) return E_OUTOFMEMORY;
-        // A document whose content cannot be read has still been arrived at.
-        if (FAILED(reader_->start(moniker, context))) stopReading();
-        return S_OK;
-    }
+    STDMETHODIMP Load(BOOL, IMoniker*, IBindCtx*, DWORD) override { return S_OK; }
     STDMETHODIMP Save(IMoniker*, IBindCtx*, BOOL) override { return E_NOTIMPL; }
     STDMETHODIMP SaveCompleted(IMoniker*, IBindCtx*) override { return E_NOTIMPL; }
     STDMETHODIMP GetCurMoniker(IMoniker**) override { return E_NOTIMPL; }
-
-    STDMETHODIMP PutProperty(MONIKERPROPERTY property, LPCWSTR value) override {
-        if (property != MIMETYPEPROP || !value) return S_OK;
-        try {
-            type_ = narrow(value);
-        } catch (...) {
-            return E_OUTOFMEMORY;
-        }
-        return S_OK;
-    }
 
     STDMETHODIMP SetClientSite(IOleClientSite* site) override {
         site_ = share(site);
@@ -61,10 +37,7 @@ class StandInDocument final
         return S_OK;
     }
     STDMETHODIMP SetHostNames(LPCOLESTR, LPCOLESTR) override { return S_OK; }
-    STDMETHODIMP Close(DWORD) override {
-        stopReading();
-        return S_OK;
-    }
+    STDMETHODIMP Close(DWORD) override { return S_OK; }
     STDMETHODIMP SetMoniker(DWORD, IMoniker*) override { return E_NOTIMPL; }
     STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
     STDMETHODIMP InitFromData(IDataObject*, BOOL, DWORD) override { return E_NOTIMPL; }
@@ -100,83 +73,37 @@ class StandInDocument final
     }
 
  private:
-    ~StandInDocument() override { stopReading(); }
-
     bool find(REFIID id, void** result) noexcept override {
         if (id == IID_IPersist) *result = static_cast<IPersistMoniker*>(this);
         return *result || ComObject::find(id, result);
     }
 
-    void stopReading() noexcept {
-        if (const auto reader = std::move(reader_)) reader->cancel();
-    }
-
-    std::shared_ptr<StandInChannel> channel_;
-    std::string type_;
     ComPtr<IOleClientSite> site_;
-    ComPtr<DocumentReader> reader_;
 };
 
-class StandInFactory final : public ComObject<IClassFactory> {
+class FallbackFactory final : public ComObject<IClassFactory> {
  public:
-    explicit StandInFactory(std::shared_ptr<StandInChannel> channel)
-        : channel_(std::move(channel)) {}
-
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** result) override {
         if (!result) return E_POINTER;
         *result = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;
-        const ComPtr<StandInDocument> document(new (std::nothrow) StandInDocument(channel_));
+        const ComPtr<FallbackDocument> document(new (std::nothrow) FallbackDocument);
         return document ? document->QueryInterface(id, result) : E_OUTOFMEMORY;
     }
     STDMETHODIMP LockServer(BOOL) override { return S_OK; }
-
- private:
-    std::shared_ptr<StandInChannel> channel_;
 };
 
 }  // namespace
 
-// Getting the class object succeeds on systems without an engine: only making a document tells.
-bool systemHasHtmlEngine() {
-    static const bool found = [] {
-        ComPtr<IUnknown> document;
-        return SUCCEEDED(CoCreateInstance(htmlDocument, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
-                                          document.putVoid()));
-    }();
-    return found;
-}
-
-StandInRegistration::StandInRegistration(StandInListener& listener)
-    : channel_(std::make_shared<StandInChannel>(&listener)) {
-    const ComPtr<StandInFactory> factory(new StandInFactory(channel_));
+FallbackDocumentRegistration::FallbackDocumentRegistration() {
+    const ComPtr<FallbackFactory> factory(new FallbackFactory);
     requireSuccess(CoRegisterClassObject(htmlDocument, factory.get(), CLSCTX_INPROC_SERVER,
                                          REGCLS_MULTIPLEUSE, &cookie_),
                    "CoRegisterClassObject");
 }
 
-StandInRegistration::~StandInRegistration() {
-    channel_->close();
+FallbackDocumentRegistration::~FallbackDocumentRegistration() {
     CoRevokeClassObject(cookie_);
-}
-
-HeaderRequest::HeaderRequest(const std::string& address, StandInListener& listener)
-    : channel_(std::make_shared<StandInChannel>(&listener)) {
-    const ComPtr<DocumentReader> reader(
-        new DocumentReader(DocumentReader::Asks::HeaderOnly, channel_));
-    ComPtr<IUri> uri;
-    ComPtr<IMoniker> moniker;
-    ComPtr<IBindCtx> context;
-    if (SUCCEEDED(CreateUri(widen(address).c_str(),
-                            Uri_CREATE_NO_CANONICALIZE | Uri_CREATE_NO_DECODE_EXTRA_INFO, 0,
-                            uri.put())) &&
-        SUCCEEDED(CreateURLMonikerEx2(nullptr, uri.get(), moniker.put(), URL_MK_NO_CANONICALIZE)) &&
-        SUCCEEDED(CreateBindCtx(0, context.put())))
-        reader->start(moniker.get(), context.get());
-}
-
-HeaderRequest::~HeaderRequest() {
-    channel_->close();
 }
 
 }  // namespace velvox

@@ -1,0 +1,37 @@
+// The events of the system's web browser control.
+#pragma once
+
+#include <functional>
+
+#include "app/browser/navigation_tracker.h"
+#include "base/com_win32.h"
+
+namespace velvox {
+
+/// Unpacks the control's events and hands them to the tracker; `changed` is called after each. It
+/// runs inside the control, which must not be destroyed by it.
+class BrowserEvents final : public ComObject<IDispatch> {
+ public:
+    BrowserEvents(IUnknown* control, NavigationTracker& tracker, std::function<void()> changed)
+        : control_(control), tracker_(&tracker), changed_(std::move(changed)) {}
+
+    /// Later events are ignored.
+    void disconnect() noexcept { tracker_ = nullptr; }
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override;
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
+                        UINT*) override;
+
+ private:
+    bool find(REFIID id, void** result) noexcept override;
+    void dispatch(DISPID id, const DISPPARAMS& parameters);
+    bool isTop(const VARIANT& frame) const noexcept;
+
+    IUnknown* control_;  // borrowed: its identity tells the top document from a frame
+    NavigationTracker* tracker_;
+    std::function<void()> changed_;
+};
+
+}  // namespace velvox
