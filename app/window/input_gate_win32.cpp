@@ -92,10 +92,6 @@ InputGate::~InputGate() {
 
 void InputGate::run(const std::function<void()>& handler) {
     if (running()) return;
-    // A selection or a press under way elsewhere ends here; a drag of the window goes on.
-    const HWND captured = GetCapture();
-    if (captured && targetOf_(captured) == InputEvent::Target::Control)
-        SendMessageW(captured, WM_CANCELMODE, 0, 0);
     filter_.setRunning(true);
     const struct End {
         InputGate& gate;

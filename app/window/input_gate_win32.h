@@ -11,8 +11,8 @@
 
 namespace velvox {
 
-/// Stands between the message pump and the main window: it drops input that a run of Download does
-/// not let through, and shows the busy pointer meanwhile.
+/// Connects the input filter to the message pump: drops input that a run of Download does not let
+/// through, and shows the busy pointer during the run.
 class InputGate {
  public:
     using TargetOf = std::function<InputEvent::Target(HWND)>;

@@ -3,6 +3,7 @@
 
 #include "tests/e2e/program.h"
 #include "tests/e2e/proxy.h"
+#include "tools/drive/client/places.h"
 
 namespace velvox::e2e {
 namespace {
@@ -99,13 +100,15 @@ TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
     Hands().moveTo({bar.x + 30, bar.y - 20}).release().act();
     EXPECT_TRUE(comesTo(30, -20));
     EXPECT_TRUE(eventually([&] { return !program.holdsPointer(); }));
-    Hands().key("alt+space").act();
-    program.chooseFromMenu("m");
-    EXPECT_TRUE(eventually([&] {
-        Hands().key("Right").act();
-        return driver().rect(program.window()).left > place.left + 30;
-    }));
-    Hands().key("Return").act();
+    if (places::platform() != "wine10") {  // where keys move no window
+        Hands().key("alt+space").act();
+        program.chooseFromMenu("m");
+        EXPECT_TRUE(eventually([&] {
+            Hands().key("Right").act();
+            return driver().rect(program.window()).left > place.left + 30;
+        }));
+        Hands().key("Return").act();
+    }
     EXPECT_TRUE(program.addressLocked());
 }
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr UINT pointerAsked = WM_APP;
 
-/// Answers a thread that asks for the pointer of this one.
+/// Reports the pointer of its own thread to another one.
 class PointerProbe : public TestForm {
  public:
     PointerProbe() : TestForm({0, 0, 1, 1}) {}
