@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "app/pane/html_tag.h"
 #include "base/utf16.h"
 
 namespace velvox {
@@ -17,9 +18,13 @@ using std::string_view;
 
 constexpr string_view defaultFace = "Tahoma";
 
-// Fonts beyond this many show in the default face: no page needs them, and a hostile one would
-// make every look-up slow.
-constexpr size_t mostFaces = 64;
+// Bounds of what is kept of a hostile page. Far more than the pane can show, except the addresses:
+// those of the longest list may have 500 bytes each.
+constexpr size_t maxFaces = 64;  // fonts beyond show in the default face
+constexpr size_t maxFontDepth = 1000;
+constexpr size_t maxText = 4'000'000;
+constexpr size_t maxRuns = 200'000;
+constexpr size_t maxAddressBytes = 16'000'000;
 
 // Half points of the sizes 1 to 7.
 constexpr std::array<std::uint16_t, 7> sizes{15, 20, 24, 27, 36, 48, 72};
@@ -42,18 +47,8 @@ constexpr size_t longestReference = 12;
 
 constexpr string_view blanks = " \t\r\n\f";
 
-bool isBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r' && c != '\v');
-}
 bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-bool sameWord(string_view a, string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lower(x) == lower(y); });
 }
 
 string_view trimmed(string_view text) {
@@ -111,8 +106,9 @@ std::string withReferencesResolved(string_view value) {
                 continue;
             }
         }
-        result += value.front();
-        value.remove_prefix(1);
+        const size_t length = std::min(value.find('&', 1), value.size());
+        result += value.substr(0, length);
+        value.remove_prefix(length);
     }
     return result;
 }
@@ -125,113 +121,53 @@ std::string addressOf(string_view value) {
     return address;
 }
 
-struct Tag {
-    string_view name;
-    bool closes = false;
-    std::optional<string_view> href, face, size, colour;
-};
-
-// One tag from behind its "<". Fails when the text ends before the tag does.
-class TagReader {
- public:
-    explicit TagReader(string_view text) : text_(text) {}
-
-    std::optional<Tag> read() {
-        Tag tag;
-        if (take('/')) tag.closes = true;
-        tag.name = upTo([](char c) { return isBlank(c) || c == '/' || c == '>'; });
-        while (at_ < text_.size()) {
-            if (take('>')) return tag;
-            if (isBlank(text_[at_]) || text_[at_] == '/')
-                ++at_;
-            else if (!readAttribute(tag))
-                break;
-        }
-        return std::nullopt;
-    }
-
-    /// Bytes read so far.
-    size_t length() const { return at_; }
-
- private:
-    bool take(char c) {
-        if (at_ == text_.size() || text_[at_] != c) return false;
-        ++at_;
-        return true;
-    }
-
-    template <class Stop>
-    string_view upTo(Stop stop) {
-        const size_t begin = at_;
-        while (at_ < text_.size() && !stop(text_[at_])) ++at_;
-        return text_.substr(begin, at_ - begin);
-    }
-
-    bool readAttribute(Tag& tag) {
-        const size_t begin = at_++;  // an "=" in front belongs to the name
-        upTo([](char c) { return isBlank(c) || c == '/' || c == '>' || c == '='; });
-        const string_view name = text_.substr(begin, at_ - begin);
-        upTo([](char c) { return !isBlank(c); });
-        string_view value;
-        if (take('=')) {
-            upTo([](char c) { return !isBlank(c); });
-            if (at_ == text_.size()) return false;
-            const char quote = text_[at_];
-            if (quote == '\'' || quote == '"') {
-                ++at_;
-                value = upTo([quote](char c) { return c == quote; });
-                if (!take(quote)) return false;
-            } else {
-                value = upTo([](char c) { return isBlank(c) || c == '>'; });
-            }
-        }
-        const std::pair<string_view, std::optional<string_view>&> known[] = {
-            {"href", tag.href}, {"face", tag.face}, {"size", tag.size}, {"color", tag.colour}};
-        for (const auto& [word, slot] : known)
-            if (!slot && sameWord(name, word)) slot = value;
-        return true;
-    }
-
-    string_view text_;
-    size_t at_ = 0;
-};
-
 class Parser {
  public:
     explicit Parser(string_view html) : rest_(html) { result_.faces.emplace_back(defaultFace); }
 
     HtmlFragment parse() {
-        result_.text.reserve(rest_.size());
-        while (!rest_.empty()) {
+        result_.text.reserve(std::min(rest_.size(), maxText));
+        while (!rest_.empty() && !isFull()) {
             const char c = rest_.front();
             if (c == '<' && takeMarkup()) continue;
             if (c == '&') {
                 if (const auto text = takeReference(rest_)) {
                     // A blank is one however it is written.
-                    if (text->size() == 1 && isBlank(text->front()))
+                    if (text->size() == 1 && isHtmlBlank(text->front()))
                         appendBlank();
                     else
                         append(*text);
                     continue;
                 }
             }
-            if (isBlank(c)) {
+            if (isHtmlBlank(c)) {
                 rest_.remove_prefix(1);
                 appendBlank();
                 continue;
             }
-            const auto stop = std::find_if(rest_.begin() + 1, rest_.end(), [](char next) {
-                return next == '<' || next == '&' || isBlank(next);
-            });
-            const auto length = static_cast<size_t>(stop - rest_.begin());
-            append(rest_.substr(0, length));
-            rest_.remove_prefix(length);
+            takeWord();
         }
+        result_.truncated = !rest_.empty();
         dropBlankAtEnd();
         return std::move(result_);
     }
 
  private:
+    bool isFull() const {
+        return result_.text.size() >= maxText || result_.runs.size() >= maxRuns ||
+               addressBytes_ >= maxAddressBytes;
+    }
+
+    void takeWord() {
+        const string_view near = rest_.substr(0, maxText);
+        const auto stop = std::find_if(near.begin() + 1, near.end(), [](char next) {
+            return next == '<' || next == '&' || isHtmlBlank(next);
+        });
+        const auto length = static_cast<size_t>(stop - near.begin());
+        append(near.substr(0, length));
+        rest_.remove_prefix(length);
+    }
+
     // Takes a tag or comment that starts here. False: the "<" is text.
     bool takeMarkup() {
         if (tagsEnded_ || rest_.size() < 2) return false;
@@ -239,15 +175,13 @@ class Parser {
         if (next == '!' || next == '?') return takeDeclaration();
         if (!isLetter(next) && (next != '/' || rest_.size() < 3 || !isLetter(rest_[2])))
             return false;
-        TagReader reader(rest_.substr(1));
-        const auto tag = reader.read();
+        const auto tag = takeHtmlTag(rest_);
         if (!tag) {
             // All the rest has been looked through. Looking again from the next "<" would cost the
             // square of the length, so what remains is taken as plain text.
             tagsEnded_ = true;
             return false;
         }
-        rest_.remove_prefix(1 + reader.length());
         handle(*tag);
         return true;
     }
@@ -268,33 +202,46 @@ class Parser {
         return true;
     }
 
-    void handle(const Tag& tag) {
+    void handle(const HtmlTag& tag) {
         if (sameWord(tag.name, "br")) {
             breakLine();
         } else if (sameWord(tag.name, "font")) {
             if (!tag.closes)
                 openFont(tag);
-            else if (!outer_.empty())
-                fonts_ = outer_.back(), outer_.pop_back();
+            else
+                closeFont();
         } else if (sameWord(tag.name, "a")) {
             // Links do not nest: each "a", closing or without an address too, ends the one before.
             // So a link that is ended by a second "<a>" has its own text and no more.
             link_ = TextRun::noLink;
-            if (!tag.closes && tag.href) {
-                link_ = static_cast<int>(result_.addresses.size());
-                result_.addresses.push_back(addressOf(*tag.href));
-            }
+            ++anchor_;
+            address_.reset();
+            if (!tag.closes && tag.href && tag.href->size() <= maxAddressLength)
+                address_ = addressOf(*tag.href);
         }
     }
 
-    void openFont(const Tag& tag) {
+    void closeFont() {
+        if (ignoredFonts_ > 0) {
+            --ignoredFonts_;
+        } else if (!outer_.empty()) {
+            fonts_ = outer_.back();
+            outer_.pop_back();
+        }
+    }
+
+    void openFont(const HtmlTag& tag) {
+        if (outer_.size() == maxFontDepth) {
+            ++ignoredFonts_;
+            return;
+        }
         outer_.push_back(fonts_);
         if (tag.face) fonts_.look.face = faceIndex(*tag.face);
         if (tag.size) fonts_.look.halfPoints = sizeOf(*tag.size);
         if (!tag.colour) return;
         if (const auto colour = colourOf(*tag.colour)) {
             fonts_.look.colour = *colour;
-            fonts_.colouredIn = link_;
+            fonts_.colouredIn = anchor_;
         }
     }
 
@@ -305,7 +252,7 @@ class Parser {
                                         [&](const auto& face) { return sameWord(face, name); });
         const auto index = static_cast<std::uint16_t>(known - result_.faces.begin());
         if (known != result_.faces.end()) return index;
-        if (result_.faces.size() == mostFaces) return 0;
+        if (result_.faces.size() == maxFaces) return 0;
         result_.faces.push_back(name);
         return index;
     }
@@ -335,9 +282,16 @@ class Parser {
     }
 
     void append(string_view text) {
+        // Only now, since many links without a text would cost memory for nothing.
+        if (address_) {
+            link_ = static_cast<int>(result_.addresses.size());
+            addressBytes_ += address_->size();
+            result_.addresses.push_back(std::move(*address_));
+            address_.reset();
+        }
         TextLook look = fonts_.look;
         // A link has the colour of links, unless a font inside it says otherwise.
-        if (link_ != TextRun::noLink && fonts_.colouredIn != link_)
+        if (link_ != TextRun::noLink && fonts_.colouredIn != anchor_)
             look.colour = TextLook::automatic;
         const size_t begin = result_.text.size();
         result_.text += text;
@@ -369,14 +323,18 @@ class Parser {
 
     struct Fonts {
         TextLook look;
-        int colouredIn = TextRun::noLink;  ///< the link in which the colour was set
+        size_t colouredIn = 0;  ///< anchor_ when the colour was set
     };
 
     string_view rest_;
     HtmlFragment result_;
     Fonts fonts_;
-    std::vector<Fonts> outer_;  // of the font tags that are open
+    std::vector<Fonts> outer_;            // of the font tags that are open
+    size_t ignoredFonts_ = 0;             // open beyond the depth that is kept
+    size_t anchor_ = 0;                   // number of the last "a" tag
+    std::optional<std::string> address_;  // of a link that has had no text yet
     int link_ = TextRun::noLink;
+    size_t addressBytes_ = 0;
     bool lineIsEmpty_ = true;
     bool endsInBlank_ = false;
     bool tagsEnded_ = false;      // no tag ends in what remains

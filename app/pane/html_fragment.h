@@ -34,20 +34,26 @@ struct TextRun {
 };
 
 struct HtmlFragment {
-    /// What is to be read, entities resolved and white space collapsed; "\n" is a line break.
+    /// The visible text, entities resolved and white space collapsed; "\n" is a line break.
     std::string text;
 
-    /// Cover the text from front to back; none is empty.
+    /// Cover the text from start to end; none is empty.
     std::vector<TextRun> runs;
 
-    /// Where the links lead, in order; a link need not have any text.
+    /// Where the links lead, in order; each link has text.
     std::vector<std::string> addresses;
 
     /// Font names in use; the first is the one of text outside any font tag.
     std::vector<std::string> faces;
+
+    /// There was more than any pane can show; it has not been read.
+    bool truncated = false;
 };
 
-/// Takes any bytes, in time linear in their number.
+/// A link with a longer address is plain text: Windows hands a program no longer command line.
+inline constexpr std::size_t maxAddressLength = 32'767;
+
+/// Takes any bytes, in time linear in their number; the result's memory is bounded.
 HtmlFragment parseHtmlFragment(std::string_view html);
 
 }  // namespace velvox

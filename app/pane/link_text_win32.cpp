@@ -15,8 +15,6 @@
 namespace velvox {
 namespace {
 
-constexpr std::size_t mostMarkedSpans = 200;
-
 // The class of the newest rich edit there is. The libraries stay loaded: their window procedures
 // must outlive every window.
 const wchar_t* richEditClass() {
@@ -125,7 +123,7 @@ void LinkText::markLinks(const RichText& text, bool streamedAsLinks) {
         SendMessageW(handle(), EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
         if (format.dwEffects & CFE_LINK) return;
     }
-    if (text.spans.size() > mostMarkedSpans) return;
+    if (text.spans.size() > maxMarkedSpans) return;
     for (const CharacterRange& span : text.spans) {
         setSelection(handle(), span.begin, span.end);
         formatSelectionAsLink(handle(), true);

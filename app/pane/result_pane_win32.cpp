@@ -18,6 +18,9 @@ constexpr int marginPixels = 4;  // at 96 dots per inch; above and to the left o
 // neither.
 constexpr std::size_t linesWorthClearing = 1;
 
+// Bytes of HTML that are kept as the window's text: all of the longest list that can be shown.
+constexpr std::size_t maxKeptHtml = 16'000'000;
+
 }  // namespace
 
 ResultPaneWindow::ResultPaneWindow(HWND parent, const RECT& pixels, int id, Desktop& desktop)
@@ -40,7 +43,7 @@ ResultPaneWindow::~ResultPaneWindow() {
 
 void ResultPaneWindow::DocumentHTML(std::string_view html) noexcept {
     try {
-        html_ = widen(html);
+        html_ = html.substr(0, maxKeptHtml);
         const auto linkColour = static_cast<Rgb>(GetSysColor(COLOR_HOTLIGHT));
         RichText text = toRichText(parseHtmlFragment(html), linkColour);
         if (text_->lines() > linesWorthClearing) renewText();
@@ -67,7 +70,7 @@ void ResultPaneWindow::accessibleName(std::wstring name) {
 
 std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_GETTEXTLENGTH: return static_cast<LRESULT>(html_.size());
+        case WM_GETTEXTLENGTH: return static_cast<LRESULT>(widen(html_).size());
         case WM_GETTEXT: return copyHtml(wParam, reinterpret_cast<wchar_t*>(lParam));
         case WM_SETTEXT: return FALSE;
         case WM_SETFOCUS:
@@ -118,7 +121,7 @@ void ResultPaneWindow::paint(HDC dc) const {
 
 LRESULT ResultPaneWindow::copyHtml(std::size_t room, wchar_t* target) const {
     if (room == 0 || !target) return 0;
-    const std::size_t count = html_.copy(target, room - 1);
+    const std::size_t count = widen(html_).copy(target, room - 1);
     target[count] = L'\0';
     return static_cast<LRESULT>(count);
 }

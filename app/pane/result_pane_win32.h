@@ -16,7 +16,8 @@
 
 namespace velvox {
 
-/// Its window text is the HTML exactly as last written, and nobody else can set it.
+/// Its window text is the HTML exactly as last written, 16 MB at most. Setting it from outside does
+/// nothing.
 class ResultPaneWindow : public Window, public ResultPane {
  public:
     ResultPaneWindow(HWND parent, const RECT& pixels, int id, Desktop& desktop);
@@ -40,7 +41,7 @@ class ResultPaneWindow : public Window, public ResultPane {
     LRESULT copyHtml(std::size_t room, wchar_t* target) const;
 
     Desktop& desktop_;
-    std::wstring html_;
+    std::string html_;
     std::unique_ptr<LinkText> text_;
     std::wstring name_;
     AccessibleName textName_;

@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "app/pane/fill_cost.h"
 #include "base/utf16.h"
 #include "base/web_address.h"
 
@@ -25,23 +26,30 @@ std::string tableName(std::string_view face) {
     return name.substr(0, longestFace);
 }
 
+// Columns that a character takes: 1 up to size 3, 4 in size 7.
+size_t widthOf(const TextLook& look) {
+    constexpr size_t normal = TextLook{}.halfPoints;
+    return std::max<size_t>(1, (look.halfPoints + normal * 3 / 4) / normal);
+}
+
 class Writer {
  public:
-    Writer(const HtmlFragment& fragment, Rgb linkColour)
-        : fragment_(fragment), linkColour_(linkColour), isLong_(fragment.text.size() > longText) {}
+    Writer(HtmlFragment fragment, Rgb linkColour)
+        : fragment_(std::move(fragment)),
+          linkColour_(linkColour),
+          isLong_(fragment_.text.size() > longText) {}
 
     RichText write() {
         std::string& rtf = result_.rtf;
         std::string body;
         body.swap(rtf);
-        for (const TextRun& run : fragment_.runs) {
-            writeRun(run);
-            if (isFull()) {
-                breakLine();
-                enter({}, false);
-                for (const char c : restNotice) put(static_cast<char16_t>(c));
-                break;
-            }
+        const bool whole = std::all_of(fragment_.runs.begin(), fragment_.runs.end(),
+                                       [this](const TextRun& run) { return writeRun(run); });
+        if (!whole || fragment_.truncated) {
+            result_.truncated = true;
+            if (result_.length > 0) breakLine();
+            enter({}, false);
+            for (const char c : restNotice) put(static_cast<char16_t>(c), 1);
         }
         body.swap(rtf);
         rtf = "{\\rtf1\\ansi\\uc1\\deff0" + fontTable() + colourTable();
@@ -59,18 +67,19 @@ class Writer {
         bool underlined = false;
     };
 
-    bool isFull() const { return result_.length >= mostCharacters || result_.lines >= mostLines; }
-
-    void writeRun(const TextRun& run) {
+    // False: the cost does not allow all of it.
+    bool writeRun(const TextRun& run) {
+        const size_t width = widthOf(run.look);
         const std::u16string text =
             toUtf16(std::string_view(fragment_.text).substr(run.begin, run.end - run.begin));
         const bool inLink = run.link != TextRun::noLink;
         for (const char16_t c : text) {
-            if (isFull()) return;
+            const bool startsCharacter = c < 0xDC00 || c > 0xDFFF;
+            if (startsCharacter && cost_.isExceeded()) return false;
             if (c == u'\n') {
                 breakLine();
             } else if (c >= u' ' && c != 0x7F) {
-                if (isLong_ && (column_ >= longestLine || (column_ >= longLine && c == u' '))) {
+                if (isLong_ && startsCharacter && column_ >= (c == u' ' ? longLine : longestLine)) {
                     breakLine();
                     if (c == u' ') continue;
                 }
@@ -78,9 +87,10 @@ class Writer {
                 // stretch of one state, which streams in half the time.
                 enter(run.look, inLink);
                 if (inLink) extendLink(run);
-                put(c);
+                put(c, width);
             }
         }
+        return true;
     }
 
     void breakLine() {
@@ -88,9 +98,10 @@ class Writer {
         ++result_.length;
         ++result_.lines;
         column_ = 0;
+        cost_.addLine();
     }
 
-    void put(char16_t c) {
+    void put(char16_t c, size_t width) {
         std::string& rtf = result_.rtf;
         // Richedit keeps the topmost codes for objects and for itself.
         if (c >= 0xFFF9) c = 0xFFFD;
@@ -103,7 +114,8 @@ class Writer {
             rtf += '?';
         }
         ++result_.length;
-        ++column_;
+        cost_.addCharacter(c, column_, width);
+        column_ += width;
     }
 
     void extendLink(const TextRun& run) {
@@ -111,10 +123,14 @@ class Writer {
         auto& spans = result_.spans;
         if (run.link != openLink_) {
             openLink_ = run.link;
-            const auto& address = fragment_.addresses[static_cast<size_t>(run.link)];
-            links.push_back({result_.length, 0, address, run.look.halfPoints});
+            std::string& address = fragment_.addresses[static_cast<size_t>(run.link)];
+            links.push_back({result_.length, 0, std::move(address), run.look.halfPoints});
+            cost_.addLink();
             // Text outside links between here and the span's end would have put plainEnd_ there.
-            if (spans.empty() || plainEnd_ > spans.back().end) spans.push_back({result_.length, 0});
+            if (spans.empty() || plainEnd_ > spans.back().end) {
+                spans.push_back({result_.length, 0});
+                if (spans.size() <= maxMarkedSpans) cost_.addSpan();
+            }
         }
         links.back().end = spans.back().end = result_.length + 1;
     }
@@ -131,7 +147,10 @@ class Writer {
         if (next.halfPoints != state_.halfPoints) rtf += "\\fs" + std::to_string(next.halfPoints);
         if (next.colour != state_.colour) rtf += "\\cf" + std::to_string(next.colour);
         if (next.underlined != state_.underlined) rtf += next.underlined ? "\\ul" : "\\ulnone";
-        if (rtf.size() != before) rtf += ' ';
+        if (rtf.size() != before) {
+            rtf += ' ';
+            cost_.addFormat({next.face, next.halfPoints, next.underlined});
+        }
         state_ = next;
     }
 
@@ -159,7 +178,7 @@ class Writer {
         return table + '}';
     }
 
-    const HtmlFragment& fragment_;
+    HtmlFragment fragment_;
     Rgb linkColour_;
     bool isLong_;
     RichText result_;
@@ -168,13 +187,14 @@ class Writer {
     std::unordered_map<Rgb, size_t> colourIndices_;
     int openLink_ = TextRun::noLink;
     size_t plainEnd_ = 0;  // of the text outside links
-    size_t column_ = 0;
+    size_t column_ = 0;    // width of the line so far, in characters of size 2
+    FillCost cost_;
 };
 
 }  // namespace
 
-RichText toRichText(const HtmlFragment& fragment, Rgb linkColour) {
-    return Writer(fragment, linkColour).write();
+RichText toRichText(HtmlFragment fragment, Rgb linkColour) {
+    return Writer(std::move(fragment), linkColour).write();
 }
 
 const TextLink* linkAfter(const std::vector<TextLink>& links, std::size_t character) {

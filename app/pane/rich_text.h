@@ -1,4 +1,4 @@
-// Turns a parsed fragment into what a rich-edit control streams in, and tells where its links are.
+// Turns a parsed fragment into what a rich-edit control streams in, and finds its links.
 #pragma once
 
 #include <cstddef>
@@ -29,32 +29,34 @@ struct CharacterRange {
 };
 
 struct RichText {
-    std::string rtf;                    ///< plain ASCII
-    std::vector<TextLink> links;        ///< in order; each has text
-    std::vector<CharacterRange> spans;  ///< links, those that only line breaks part taken together
-    std::size_t length = 0;             ///< characters
+    std::string rtf;              ///< plain ASCII
+    std::vector<TextLink> links;  ///< in order; each has text
+    std::vector<CharacterRange>
+        spans;               ///< links; neighbours separated only by line breaks share one
+    std::size_t length = 0;  ///< characters
     std::size_t lines = 1;
+    bool truncated = false;  ///< ends in the notice
 };
 
-/// A text longer than this has its long lines broken: after `longLine` characters at the next
-/// blank, after `longestLine` anywhere. Wine's control lays a line out in time that grows with the
-/// square of its length, and a million characters in one line take it minutes.
-inline constexpr std::size_t longText = 4000;
+/// A text longer than this has its long lines broken: at the first blank after `longLine`
+/// characters, after `longestLine` anywhere. Wine's control lays a line out in time that grows with
+/// the square of its length. Larger characters count as several.
+inline constexpr std::size_t longText = 1000;
 inline constexpr std::size_t longLine = 200;
 inline constexpr std::size_t longestLine = 250;
 
-/// What is shown at most; a notice takes the place of the rest. Beyond it the control runs out of
-/// this process's memory and takes the program with it.
-inline constexpr std::size_t mostCharacters = 2'000'000;
-inline constexpr std::size_t mostLines = 200'000;
+/// Only so many stretches of links get the control's own link format, in a second pass.
+inline constexpr std::size_t maxMarkedSpans = 200;
+
+/// Takes the place of what would cost the control too much.
 inline constexpr std::string_view restNotice = "The rest is too long to show.";
 
-RichText toRichText(const HtmlFragment& fragment, Rgb linkColour);
+RichText toRichText(HtmlFragment fragment, Rgb linkColour);
 
 /// The link that covers a character, or null. Takes time logarithmic in the number of links.
 const TextLink* linkAt(const std::vector<TextLink>& links, std::size_t character);
 
-/// The link that begins next behind a character, and the one that ends last before it, or null.
+/// The link that begins next after a character, and the one that ends last before it, or null.
 const TextLink* linkAfter(const std::vector<TextLink>& links, std::size_t character);
 const TextLink* linkBefore(const std::vector<TextLink>& links, std::size_t character);
 

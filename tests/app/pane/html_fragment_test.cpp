@@ -90,15 +90,17 @@ TEST(HtmlFragmentTest, BrokenNestingAndHostileAddresses) {
         // What never ends is shown rather than lost.
         {"x<a href='u>y</a>", "[|x<a href='u>y</a>]"},
         {"x<", "[|x<]"},
+        // No program takes an address this long.
+        {"<a href=" + std::string(maxAddressLength + 1, 'h') + ">x</a>", "[|x]"},
     });
 }
 
 // Each of these once cost, or would cost a parser that looks again from every "<", the square of
 // its length: hours.
 TEST(HtmlFragmentTest, TimeIsLinear) {
-    constexpr std::size_t size = 400'000;
+    constexpr std::size_t size = 200'000;
     for (const char* unit : {"<", "&", "<a ", "<a href='", "</a", "<!--", "<font size=1>a",
-                             "<a href=x>y</a>z", " \n"}) {
+                             "<a href=x>y</a>z", "<font color=red>", " \n"}) {
         std::string html;
         while (html.size() < size) html += unit;
         const std::clock_t begin = std::clock();
@@ -107,12 +109,33 @@ TEST(HtmlFragmentTest, TimeIsLinear) {
     }
 }
 
-TEST(HtmlFragmentTest, FacesAreBounded) {
-    std::string html;
-    for (int i = 0; i < 1000; ++i) html += "<font face=f" + std::to_string(i) + ">x</font>";
-    const HtmlFragment parsed = parseHtmlFragment(html);
+TEST(HtmlFragmentTest, WhatIsKeptIsBounded) {
+    std::string faces;
+    for (int i = 0; i < 1000; ++i) faces += "<font face=f" + std::to_string(i) + ">x</font>";
+    const HtmlFragment parsed = parseHtmlFragment(faces);
     EXPECT_LE(parsed.faces.size(), 64U);
     EXPECT_EQ(parsed.text.size(), 1000U);
+
+    const std::string longLink = "<a href=" + std::string(maxAddressLength, 'h') + ">x</a>";
+    const std::pair<std::string, std::size_t> pages[] = {{"<a href=h>x</a>", 4'000'000},
+                                                         {longLink, 17'000'000}};
+    for (const auto& [unit, size] : pages) {
+        std::string html;
+        while (html.size() < size) html += unit;
+        const HtmlFragment page = parseHtmlFragment(html);
+        EXPECT_TRUE(page.truncated);
+        std::size_t kept = page.text.capacity() + page.runs.size() * sizeof page.runs[0];
+        for (const std::string& address : page.addresses) kept += sizeof address + address.size();
+        EXPECT_LT(kept, 40'000'000U) << unit.substr(0, 20);
+    }
+    // The links without text are not kept, and a font far inside others ends with its own tag.
+    std::string nested = "<a href=a>";
+    for (int i = 0; i < 5000; ++i) nested += "<a href=h><font size=7>";
+    nested += "x";
+    for (int i = 0; i < 5000; ++i) nested += "</font>";
+    const HtmlFragment deep = parseHtmlFragment(nested + "y");
+    EXPECT_EQ(deep.addresses.size(), 1U);
+    EXPECT_EQ(describe(deep), "[72 h|x][h|y]");
 }
 
 }  // namespace

@@ -92,16 +92,38 @@ TEST(RichTextTest, EndlessLinesAreBrokenAndLinksStayInPlace) {
     EXPECT_EQ(text.lines, 1 + breaks);
     EXPECT_EQ(text.links.at(0).end, longText + 1 + breaks);
     EXPECT_EQ(written(std::string(longText, 'x')).lines, 1U);
+    // At the same width in any size, and never inside a character.
+    EXPECT_GT(written("<font size=7>" + std::string(longText + 1, 'x')).lines, 3 * breaks);
+    EXPECT_EQ(
+        body(written(std::string(longestLine - 1, 'x') + "&#128512;" + std::string(longText, 'x')))
+            .substr(longestLine - 1, 22),
+        "\\u-10179?\\u-8704?\\par\n");
 }
 
-TEST(RichTextTest, WhatIsTooMuchForTheControlEndsInANotice) {
-    std::string breaks;
-    for (std::size_t i = 0; i < mostLines + 10; ++i) breaks += "<br>";
-    for (const std::string& html : {std::string(mostCharacters + 10, 'x'), breaks}) {
-        const RichText text = written("<a href='u'>" + html);
-        EXPECT_TRUE(text.rtf.ends_with(std::string(restNotice) + '}'));
-        EXPECT_LE(text.length, mostCharacters + 100);
-        EXPECT_LE(text.lines, mostLines + 1);
+std::string repeated(const std::string& unit, std::size_t count) {
+    std::string all;
+    while (count-- > 0) all += unit;
+    return all;
+}
+
+// The bound is one of cost: each of these fits by every count of characters, lines and links that
+// lets the longest list through.
+TEST(RichTextTest, TheLongestListFitsAndWhatCostsMoreEndsInANotice) {
+    const std::string address(20, 'p');
+    const RichText longest = written(repeated(
+        "<font face='tahoma' size='2'><a href='" + address + "'>Download Image 32767<a></font><br>",
+        32767));
+    EXPECT_FALSE(longest.truncated);
+    EXPECT_EQ(longest.links.size(), 32767U);
+    std::string fonts;
+    for (int i = 0; i < 15'000; ++i) fonts += "<font face=f" + std::to_string(i % 60) + ">x</font>";
+    for (const std::string& html :
+         {std::string(500'000, '<'), "<font size=7>" + std::string(450'000, 'x'),
+          std::string(300'000, '\xFF'), std::string(4'100'000, '\0'), repeated("<br>", 130'000),
+          repeated("<a href=h>x</a>y", 50'000), fonts}) {
+        const RichText text = written(html);
+        EXPECT_TRUE(text.truncated) << html.substr(0, 30);
+        EXPECT_TRUE(text.rtf.ends_with(std::string(restNotice) + '}')) << html.substr(0, 30);
     }
 }
 

@@ -1,0 +1,71 @@
+#include "app/pane/fill_cost.h"
+
+#include <algorithm>
+
+namespace velvox {
+namespace {
+
+using std::size_t;
+
+constexpr size_t lineCost = 16;
+constexpr size_t formatCost = 14;
+constexpr size_t newFontCost = 180;
+constexpr size_t linkCost = 16;
+constexpr size_t spanCost = 700;
+
+// A change of script, or between letters, digits and signs, starts a new item for the shaper.
+constexpr size_t itemCost = 3;
+
+// Whenever a row is full the control splits the line and shapes all the rest of it again.
+constexpr size_t rowCost = 36;
+
+// Columns that fit into a row of the pane, less half a word that moves to the next one.
+constexpr size_t rowColumns(size_t width) {
+    constexpr size_t columns = 34;
+    constexpr size_t halfWord = 4;
+    return columns - halfWord * width;
+}
+
+}  // namespace
+
+FillCost::Kind FillCost::kindOf(char16_t c) {
+    if (c == u' ') return Kind::Blank;
+    if ((c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z')) return Kind::Letter;
+    if (c >= u'0' && c <= u'9') return Kind::Digit;
+    return c < 0x80 ? Kind::Sign : Kind::Other;
+}
+
+void FillCost::addCharacter(char16_t c, size_t column, size_t width) {
+    const Kind kind = kindOf(c);
+    const size_t row = rowColumns(width);
+    const size_t rowsBefore = column / row;
+    const size_t shaping = kind == Kind::Other ? 2 : 1;  // the font may lack it
+    spent_ += shaping * (1 + rowsBefore);
+    if ((column + width) / row > rowsBefore) spent_ += rowCost;
+    if (kind == Kind::Blank) return;
+    if (kind != lastKind_ || kind == Kind::Other) spent_ += itemCost;
+    lastKind_ = kind;
+}
+
+void FillCost::addLine() {
+    spent_ += lineCost;
+    lastKind_ = Kind::Blank;
+}
+
+void FillCost::addLink() {
+    spent_ += linkCost;
+}
+
+void FillCost::addSpan() {
+    spent_ += spanCost;
+}
+
+void FillCost::addFormat(Font font) {
+    spent_ += formatCost;
+    if (std::find(recentFonts_.begin(), recentFonts_.end(), font) != recentFonts_.end()) return;
+    spent_ += newFontCost;
+    recentFonts_[nextFont_] = font;
+    nextFont_ = (nextFont_ + 1) % recentFonts_.size();
+}
+
+}  // namespace velvox
