@@ -147,9 +147,10 @@ void HttpTransfer::sendRequest() {
     const HINTERNET request = request_.get();
     if (!request) failWithError(GetLastError());
 
-    // Redirects are followed here: not every system follows a 303.
-    DWORD features =
-        WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_REDIRECTS | WINHTTP_DISABLE_AUTHENTICATION;
+    // Redirects are followed here: not every system follows a 303. Under Wine a kept connection
+    // would pass what a server sends after a body to the next request as its reply.
+    DWORD features = WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_REDIRECTS |
+                     WINHTTP_DISABLE_AUTHENTICATION | WINHTTP_DISABLE_KEEP_ALIVE;
     check(WinHttpSetOption(request, WINHTTP_OPTION_DISABLE_FEATURE, &features, sizeof features));
     // WinHTTP's own time-outs, 30 seconds and less by default, must not end a transfer before its
     // deadline does. The look-up of a name has none; with one it would take a thread of its own.
@@ -173,13 +174,12 @@ void HttpTransfer::sendRequest() {
                              0, context));
 }
 
+// One step only: Wine completes a step within its call when the bytes are there already, so a
+// server of tiny chunks would keep a loop busy for ever. The next step has left its notice by then.
 bool HttpTransfer::advance() {
-    for (;;) {
-        Completion& completion = *completion_;
-        const DWORD status = completion.status.exchange(0, std::memory_order_acquire);
-        if (status == 0) return false;
-        if (takeStep(status, completion.value)) return true;
-    }
+    Completion& completion = *completion_;
+    const DWORD status = completion.status.exchange(0, std::memory_order_acquire);
+    return status != 0 && takeStep(status, completion.value);
 }
 
 bool HttpTransfer::takeStep(DWORD completed, DWORD value) {
@@ -200,7 +200,10 @@ bool HttpTransfer::takeStep(DWORD completed, DWORD value) {
                                   nullptr));
             return false;
         case WINHTTP_CALLBACK_STATUS_READ_COMPLETE:
-            append(value);
+            if (append(value)) {
+                close();
+                return true;
+            }
             check(WinHttpQueryDataAvailable(request, nullptr));
             return false;
         default: failWithError(value);
@@ -232,11 +235,15 @@ bool HttpTransfer::takeHeader() {
     return false;
 }
 
-void HttpTransfer::append(std::size_t count) {
+// True: the announced length is reached. Wine also delivers what comes after it.
+bool HttpTransfer::append(std::size_t count) {
+    const auto left = header_.document.size.value_or(UINT64_MAX) - body_.size();
+    count = static_cast<std::size_t>(std::min<std::uint64_t>(count, left));
     if (count > limits_.bytes - body_.size()) fail("The page is too large");
     // From here the capacity doubles up to the limit and not beyond.
     if (body_.empty()) body_.reserve(chunkBytes);
     body_.append(completion_->chunk.data(), count);
+    return count == left;
 }
 
 // Not every system reports a body that ends before its announced length.

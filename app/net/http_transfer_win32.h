@@ -43,7 +43,7 @@ class HttpTransfer {
     HttpTransfer& operator=(const HttpTransfer&) = delete;
     ~HttpTransfer();
 
-    /// Takes the steps that are due. True: everything that was wanted is there. Throws
+    /// Takes the step that is due, if one is. True: everything that was wanted is there. Throws
     /// RuntimeFailure (Transfer) with a plain reason; the transfer is then over.
     [[nodiscard]] bool advance();
 
@@ -68,7 +68,7 @@ class HttpTransfer {
     void close() noexcept;
     bool takeStep(DWORD completed, DWORD value);
     bool takeHeader();
-    void append(std::size_t count);
+    bool append(std::size_t count);
     void checkWhole() const;
 
     InternetSession& session_;

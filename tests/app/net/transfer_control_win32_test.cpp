@@ -36,6 +36,9 @@ void answer(const Connection& to, const std::string& request) {
         while (to.write("x") && to.wait(100)) continue;
     } else if (path == "cut") {
         to.write(header + "half");
+    } else if (path == "more") {
+        to.write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\ngood" + everyByte());
+        to.wait(3000);
     } else if (path == "unsized") {
         to.write("HTTP/1.0 200 OK\r\n\r\n" + everyByte());
     } else if (path == "big") {
@@ -105,6 +108,7 @@ TEST(TransferControlTest, KeepsEveryByteOfTheBodyBehindRedirects) {
     for (const char* path : {"/unsized", "/301", "/303", "/308"})
         EXPECT_TRUE(transfer.OpenURL(server.address(path)) == everyByte()) << path;
     EXPECT_EQ(transfer.OpenURL(server.address("/chunked")), "good");
+    EXPECT_EQ(transfer.OpenURL(server.address("/more")), "good");
     EXPECT_EQ(failureOf(transfer, server.address("/302")), "The page redirects too often");
     EXPECT_EQ(failureOf(transfer, server.address("/307")),
               "The redirect does not say where it leads");
