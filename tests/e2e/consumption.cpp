@@ -84,8 +84,14 @@ Consumption consumptionOf(pid_t program, const std::string& window) {
     c.files = openFiles(program);
     c.serverFiles = openFiles(wineServer());
     c.residentKb = statusKb(program, "VmRSS");
-    c.privateKb = statusKb(program, "RssAnon");
+    c.privateKb = privateKb(program);
     return c;
+}
+
+long privateKb(pid_t program) try {
+    return statusKb(program, "RssAnon");
+} catch (const std::runtime_error&) {
+    return 0;
 }
 
 Milliseconds processorTime(pid_t program) {

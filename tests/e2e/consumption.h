@@ -27,6 +27,9 @@ std::ostream& operator<<(std::ostream& out, const Consumption& c);
 /// Of the program with that id, whose main window is `window`.
 Consumption consumptionOf(pid_t program, const std::string& window);
 
+/// Memory of a program that belongs to no file, in kB; 0 once it has ended.
+long privateKb(pid_t program);
+
 /// Time on a processor since the program's start.
 Milliseconds processorTime(pid_t program);
 

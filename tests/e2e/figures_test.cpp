@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "tests/e2e/consumption.h"
+#include "tests/e2e/hostile_server.h"
 #include "tests/e2e/program.h"
 #include "tests/e2e/proxy.h"
 #include "tools/drive/client/places.h"
@@ -145,6 +146,17 @@ TEST(Figures, GrowthOfAnHour) {
     for (int i = 0; i < 2 * scrollsPerRequest; ++i) step(i);
     printGrowth(program, scrolls, step);
     std::cout << requests << " requests for news\n";
+}
+
+// Every hostile reply, each with a program of its own; these are judged as well.
+TEST(Figures, HostileReplies) {
+    HostileServer server;
+    for (const HostileReply& reply : hostileReplies()) {
+        std::cout << reply.name << ": " << server.observe(reply) << std::endl;
+        SCOPED_TRACE(reply.name);
+        server.expectGoodRun();
+        server.restart();
+    }
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <stdexcept>
 
@@ -57,8 +58,18 @@ std::string Exchange::address() const {
     return result;
 }
 
+// A peer that reads nothing must not keep a proxy that stops.
 bool Exchange::write(std::string_view bytes) const {
-    return sendAll(socket_, bytes);
+    while (!bytes.empty()) {
+        pollfd ends[] = {{socket_, POLLOUT, 0}, {stopped_, POLLIN, 0}};
+        if (poll(ends, 2, -1) < 0) continue;
+        if (ends[1].revents) return false;
+        const ssize_t sent = send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+        if (sent < 0 && errno == EAGAIN) continue;
+        if (sent <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(sent));
+    }
+    return true;
 }
 
 bool Exchange::reply(std::string_view body, std::string_view status,
@@ -79,6 +90,11 @@ bool Exchange::pausedFor(int milliseconds) const {
 void Exchange::drip(std::string_view bytes, Milliseconds pause) const {
     for (const char byte : bytes)
         if (!write({&byte, 1}) || !pausedFor(static_cast<int>(pause.count()))) return;
+}
+
+void Exchange::reset() const {
+    const linger atOnce{1, 0};
+    setsockopt(socket_, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
 }
 
 void Exchange::staySilent() const {

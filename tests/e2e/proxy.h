@@ -33,6 +33,8 @@ class Exchange {
                std::string_view headers = "") const;
     /// A byte each `pause`, up to the end of the text, of the connection or of the proxy.
     void drip(std::string_view bytes, Milliseconds pause) const;
+    /// Ends the connection with a reset instead of an end.
+    void reset() const;
     /// Until the other side or the proxy closes.
     void staySilent() const;
     /// What the replica sites answer.
@@ -65,6 +67,7 @@ class Proxy {
     bool asked(std::size_t times, Milliseconds time = Driver::patience) const;
 
     static void noNews(const Exchange& exchange);
+    static void forwarding(const Exchange& exchange) { exchange.forward(); }
 
     /// A port at which nothing listens.
     static int refusedPort();

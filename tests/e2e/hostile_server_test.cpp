@@ -1,0 +1,19 @@
+// The hostile replies that end quickly. e2e_figures runs all of them.
+#include "tests/e2e/hostile_server.h"
+
+#include <gtest/gtest.h>
+
+namespace velvox::e2e {
+namespace {
+
+TEST(HostileServerTest, QuickRepliesEndInTheirLineAndCostLittle) {
+    HostileServer server;
+    for (const bool patient : {true, false}) {
+        for (const HostileReply& reply : hostileReplies())
+            if (reply.quick && reply.patient == patient) server.observe(reply);
+        server.expectGoodRun();
+    }
+}
+
+}  // namespace
+}  // namespace velvox::e2e
