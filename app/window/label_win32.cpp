@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include <utility>
+
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
 #include "base/system_win32.h"
@@ -88,17 +90,30 @@ std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARA
             return DLGC_STATIC;
         case WM_KEYDOWN:
             if (kind_ != Kind::Link || (wParam != VK_RETURN && wParam != VK_SPACE)) break;
-            if (model_.Click) model_.Click();
+            // A held key opens a link once.
+            if ((HIWORD(lParam) & KF_REPEAT) == 0 && model_.Click) model_.Click();
             return 0;
         case WM_LBUTTONDOWN:
             if (kind_ == Kind::Handle) passMouse(model_.MouseDown, wParam, lParam);
+            if (kind_ == Kind::Link) {
+                SetCapture(handle());
+                pressed_ = true;
+            }
             return 0;
-        case WM_LBUTTONUP:
-            if (kind_ == Kind::Link && model_.Click) model_.Click();
-            return 0;
+        case WM_LBUTTONUP: release({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}); return 0;
+        case WM_CAPTURECHANGED: pressed_ = false; return 0;
         default: break;
     }
     return std::nullopt;
+}
+
+// A click is a press and a release, both on the link.
+void LabelWindow::release(POINT at) {
+    if (!std::exchange(pressed_, false)) return;
+    ReleaseCapture();
+    RECT area;
+    GetClientRect(handle(), &area);
+    if (PtInRect(&area, at) && model_.Click) model_.Click();
 }
 
 void LabelWindow::passMouse(const MouseEvents::Handler& handler, WPARAM keys, LPARAM at) const {

@@ -26,6 +26,7 @@ class LabelWindow : public SystemControl, public ControlView {
 
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void release(POINT at);
     void paint(HDC target);
     void passMouse(const MouseEvents::Handler& handler, WPARAM keys, LPARAM at) const;
 
@@ -33,6 +34,7 @@ class LabelWindow : public SystemControl, public ControlView {
     Kind kind_;
     const Skin& skin_;
     OwnedFont font_;
+    bool pressed_ = false;  ///< the left button went down on it and is still held
 };
 
 }  // namespace velvox
