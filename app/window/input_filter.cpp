@@ -77,7 +77,10 @@ bool InputFilter::acceptsPress(const InputEvent& event) {
         (lastPress_->dropped || (changedSincePress_ && lastPress_->window != event.window));
     const bool passes = running_ ? closesOrMoves(event) : !late;
     if (!passes) put(droppedButtons_, event.code);
-    lastPress_ = {event.code, event.window, event.at, event.timeMs, !passes};
+    if (running_ || passes)
+        lastPress_ = {event.code, event.window, event.at, event.timeMs, !passes};
+    else
+        lastPress_.reset();  // the next click is meant for what is there now
     changedSincePress_ = false;
     return passes;
 }

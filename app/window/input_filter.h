@@ -31,14 +31,14 @@ struct InputEvent {
     unsigned code = 0;             ///< virtual key, character, or number of the mouse button from 1
     bool repeat = false;           ///< from a key that is held down
     bool alt = false;              ///< Alt is held down
-    const void* window = nullptr;  ///< that it is for
-    ScreenPoint at;                ///< of the pointer
+    const void* window = nullptr;  ///< target
+    ScreenPoint at;                ///< position of the pointer
     std::uint32_t timeMs = 0;      ///< since the system has started; wraps around
 };
 
 /// While a run is under way, keys and clicks are dropped except those that close, move or minimise
 /// the window. What belongs to a dropped press is dropped after the run too: its release, its
-/// repeats, and the further clicks of a double click.
+/// repeats, and the second click of a double click.
 class InputFilter {
  public:
     /// What the system takes for a double click. Pixels.
@@ -77,8 +77,8 @@ class InputFilter {
     bool running_ = false;
     bool changedSincePress_ = false;
     std::optional<Press> lastPress_;
-    std::bitset<256> droppedKeys_;   ///< whose press was dropped, until their release
-    std::bitset<8> droppedButtons_;  ///< the same of the mouse
+    std::bitset<256> droppedKeys_;   ///< keys whose press was dropped, until their release
+    std::bitset<8> droppedButtons_;  ///< mouse buttons, likewise
 };
 
 }  // namespace velvox

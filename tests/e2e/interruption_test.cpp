@@ -112,7 +112,6 @@ TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
     EXPECT_TRUE(program.addressLocked());
 }
 
-// While a page is awaited the program ends
 // While a page is awaited the program ends at once, by whatever it is told to.
 TEST(InterruptionTest, TheProgramEndsAtOnceDuringASilentFetch) {
     const Proxy proxy([](const Exchange& to) { to.staySilent(); });
@@ -203,7 +202,6 @@ TEST(InterruptionTest, TheProgramEndsUnderAMenuOrABox) {
     }
 }
 
-// Close hides itself by the key
 // Close hides itself by the key that presses it; the character of that key is still in the queue.
 TEST(InterruptionTest, AKeyThatHidesItsOwnControlLeavesTheWindowUsable) {
     const Program program;
