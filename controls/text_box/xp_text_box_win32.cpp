@@ -24,7 +24,14 @@ DWORD alignmentStyle(std::int16_t alignment) {
 // A position in bytes as a position in UTF-16 units, and back. One within a character becomes the
 // one after it.
 int unitsOf(std::string_view text, std::int32_t bytes) {
-    return static_cast<int>(toUtf16(text.substr(0, static_cast<std::size_t>(bytes))).size());
+    std::size_t passed = 0;
+    int units = 0;
+    while (passed < static_cast<std::size_t>(bytes) && passed < text.size()) {
+        const std::string_view next = firstCharacters(text.substr(passed), 1);
+        units += static_cast<int>(toUtf16(next).size());
+        passed += next.size();
+    }
+    return units;
 }
 
 std::int32_t bytesOf(std::string_view text, DWORD units) {
@@ -37,20 +44,21 @@ std::int32_t bytesOf(std::string_view text, DWORD units) {
     return static_cast<std::int32_t>(bytes);
 }
 
-/// The first line of the clipboard's text, which is what an EDIT of one line pastes. Empty where
-/// there is none or another program holds the clipboard.
-std::string clipboardLine(HWND owner) {
-    if (!OpenClipboard(owner)) return {};
-    std::wstring line;
+/// The first line of the clipboard's text, which is what an EDIT of one line pastes. Nothing where
+/// it has no text or another program holds it.
+std::optional<std::string> clipboardLine(HWND owner) {
+    if (!OpenClipboard(owner)) return std::nullopt;
+    std::optional<std::wstring> line;
     const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
     if (const void* text = memory ? GlobalLock(memory) : nullptr) {
-        line.assign(
+        line.emplace(
             static_cast<const wchar_t*>(text),
             wcsnlen(static_cast<const wchar_t*>(text), GlobalSize(memory) / sizeof(wchar_t)));
         GlobalUnlock(memory);
     }
     CloseClipboard();
-    return narrow(line.substr(0, line.find_first_of(L"\r\n")));
+    if (!line) return std::nullopt;
+    return narrow(line->substr(0, line->find_first_of(L"\r\n")));
 }
 
 }  // namespace
@@ -212,7 +220,7 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             return 0;
         case WM_PASTE:
             if (model_.Locked() || model_.MaxLength() == 0) break;
-            insert(clipboardLine(handle()));
+            if (const auto line = clipboardLine(handle())) insert(*line);
             return 0;
         case WM_UNDO:
         case EM_UNDO: {
