@@ -38,16 +38,18 @@ void check(BOOL accepted) {
 std::string wireBytes(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size());
+    // 0 and null: the only arguments that a UTF-8 code page takes.
+    const bool utf8 = GetACP() == CP_UTF8;
     for (const wchar_t c : text) {
-        char byte = static_cast<char>(c);
+        char narrowed[4];
         BOOL lossy = FALSE;
-        char narrowed = 0;
-        if (c > 127 &&
-            WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, &c, 1, &narrowed, 1, nullptr,
-                                &lossy) == 1 &&
-            !lossy)
-            byte = narrowed;
-        bytes.push_back(byte);
+        const int count =
+            WideCharToMultiByte(CP_ACP, utf8 ? 0 : WC_NO_BEST_FIT_CHARS, &c, 1, narrowed,
+                                sizeof narrowed, nullptr, utf8 ? nullptr : &lossy);
+        if (c <= 127 || count <= 0 || lossy)
+            bytes.push_back(static_cast<char>(c));
+        else
+            bytes.append(narrowed, static_cast<std::size_t>(count));
     }
     return bytes;
 }
