@@ -16,11 +16,12 @@ TEST(OpenAddressTest, TheBrowserGetsOneArgument) {
     wchar_t folder[MAX_PATH]{};
     GetTempPathW(MAX_PATH, folder);
     const std::wstring path = std::wstring(folder) + L"opened.txt";
+    DeleteFileW(path.c_str());
     const std::wstring command = L"cmd.exe /d /c echo \"%1\">" + path;
-    ASSERT_EQ(RegSetKeyValueW(HKEY_CLASSES_ROOT, L"http\\shell\\open\\command", L"", REG_SZ,
-                              command.c_str(),
-                              static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t))),
-              0);
+    for (const wchar_t* key : {L"http\\shell\\open\\command", L"ftp\\shell\\open\\command"})
+        ASSERT_EQ(RegSetKeyValueW(HKEY_CLASSES_ROOT, key, L"", REG_SZ, command.c_str(),
+                                  static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t))),
+                  0);
 
     openAddress(nullptr, "ftp://a/");
     openAddress(nullptr, "http://a/\" --evil \"x.flv");

@@ -16,15 +16,16 @@ namespace {
 bool memoryIsLeft = true;
 }  // namespace
 
-void* operator new(std::size_t size) {
+// Not inlined: the compiler would take the two for a mismatched pair.
+__attribute__((noinline)) void* operator new(std::size_t size) {
     void* const memory = memoryIsLeft ? std::malloc(size > 0 ? size : 1) : nullptr;
     if (!memory) throw std::bad_alloc();
     return memory;
 }
-void operator delete(void* memory) noexcept {
+__attribute__((noinline)) void operator delete(void* memory) noexcept {
     std::free(memory);
 }
-void operator delete(void* memory, std::size_t) noexcept {
+__attribute__((noinline)) void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 
