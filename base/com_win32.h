@@ -135,6 +135,20 @@ class ComObject : public Interfaces... {
     std::atomic<ULONG> references_{1};
 };
 
+/// A ComObject with an IDispatch that can only be invoked: it has neither types nor names.
+template <class... Interfaces>
+class ComDispatch : public ComObject<Interfaces..., IDispatch> {
+ public:
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+        if (count) *count = 0;
+        return S_OK;
+    }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return DISP_E_UNKNOWNNAME;
+    }
+};
+
 #pragma GCC diagnostic pop
 
 }  // namespace velvox

@@ -28,7 +28,7 @@ BrowserControl::BrowserControl(HWND window, NavigationTracker& tracker,
     requireSuccess(CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER,
                                     __uuidof(IWebBrowser2), browser_.putVoid()),
                    "Creating the web browser control");
-    site_ = ComPtr<BrowserSite>(new BrowserSite(window));
+    site_ = createBrowserSite(window);
     events_ = ComPtr<BrowserEvents>(
         new BrowserEvents(browser_.query<IUnknown>().get(), tracker, std::move(changed)));
     try {
@@ -86,7 +86,9 @@ void BrowserControl::navigate(std::string_view address) {
     const Bstr url = makeBstr(widen(address));
     VARIANT none;
     VariantInit(&none);
-    requireSuccess(browser_->Navigate(url.get(), &none, &none, &none, &none),
+    // Should it let messages through, one of them may destroy this object.
+    const auto browser = share(browser_.get());
+    requireSuccess(browser->Navigate(url.get(), &none, &none, &none, &none),
                    "IWebBrowser2::Navigate");
 }
 

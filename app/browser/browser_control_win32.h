@@ -34,7 +34,7 @@ class BrowserControl {
     void release() noexcept;
 
     OleScope ole_;
-    ComPtr<BrowserSite> site_;
+    ComPtr<IOleClientSite> site_;
     ComPtr<BrowserEvents> events_;
     ComPtr<IWebBrowser2> browser_;
     ComPtr<IConnectionPoint> connection_;

@@ -37,15 +37,6 @@ bool BrowserEvents::find(REFIID id, void** result) noexcept {
     return *result || ComObject::find(id, result);
 }
 
-STDMETHODIMP BrowserEvents::GetTypeInfoCount(UINT* count) {
-    if (count) *count = 0;
-    return S_OK;
-}
-
-STDMETHODIMP BrowserEvents::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) {
-    return DISP_E_UNKNOWNNAME;
-}
-
 STDMETHODIMP BrowserEvents::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
                                    EXCEPINFO*, UINT*) {
     if (!tracker_ || !parameters) return S_OK;

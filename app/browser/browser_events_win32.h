@@ -10,7 +10,7 @@ namespace velvox {
 
 /// Unpacks the control's events and hands them to the tracker; `changed` is called after each. It
 /// runs inside the control, which must not be destroyed by it.
-class BrowserEvents final : public ComObject<IDispatch> {
+class BrowserEvents final : public ComDispatch<> {
  public:
     BrowserEvents(IUnknown* control, NavigationTracker& tracker, std::function<void()> changed)
         : control_(control), tracker_(&tracker), changed_(std::move(changed)) {}
@@ -18,9 +18,6 @@ class BrowserEvents final : public ComObject<IDispatch> {
     /// Later events are ignored.
     void disconnect() noexcept { tracker_ = nullptr; }
 
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override;
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
                         UINT*) override;
 

@@ -1,5 +1,6 @@
 #include "app/browser/web_browser_win32.h"
 
+#include "base/buffered_paint_win32.h"
 #include "base/runtime_failure.h"
 
 namespace velvox {
@@ -100,7 +101,7 @@ void WebBrowserWindow::openView() {
         SetTimer(handle(), patienceTimer, static_cast<UINT>(limits_.time.count()), nullptr);
     } catch (const RuntimeFailure&) {
         // The document has arrived all the same; the panel says what it is.
-        tracker_.viewFailed();
+        if (number == number_) tracker_.viewFailed();
     }
 }
 
@@ -118,11 +119,8 @@ void WebBrowserWindow::giveUp() {
 void WebBrowserWindow::paint(HDC dc) const {
     RECT bounds{};
     GetClientRect(handle(), &bounds);
-    const OwnedMemoryDc memory(CreateCompatibleDC(dc));
-    const OwnedBitmap bitmap(CreateCompatibleBitmap(dc, bounds.right, bounds.bottom));
-    const Selected selected(memory.get(), bitmap.get());
-    panel_.paint(memory.get(), bounds, content());
-    BitBlt(dc, 0, 0, bounds.right, bounds.bottom, memory.get(), 0, 0, SRCCOPY);
+    const BufferedPaint buffer(dc, bounds);
+    panel_.paint(buffer.dc(), bounds, content());
 }
 
 void WebBrowserWindow::paintFrame() const {

@@ -14,7 +14,7 @@ constexpr long readyStateComplete = 4;
 // As much of a document as the control needs to call it loaded; it reads and shows nothing.
 // Everything else is refused, which the control takes for a document without commands, view or
 // scripting.
-class FallbackDocument final : public ComObject<IPersistMoniker, IOleObject, IDispatch> {
+class FallbackDocument final : public ComDispatch<IPersistMoniker, IOleObject> {
  public:
     STDMETHODIMP GetClassID(CLSID* id) override {
         if (!id) return E_POINTER;
@@ -56,14 +56,6 @@ class FallbackDocument final : public ComObject<IPersistMoniker, IOleObject, IDi
     STDMETHODIMP GetMiscStatus(DWORD, DWORD*) override { return E_NOTIMPL; }
     STDMETHODIMP SetColorScheme(LOGPALETTE*) override { return E_NOTIMPL; }
 
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-        if (count) *count = 0;
-        return S_OK;
-    }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return DISP_E_UNKNOWNNAME;
-    }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                         UINT*) override {
         if (id != readyStateProperty || !result) return DISP_E_MEMBERNOTFOUND;
