@@ -13,7 +13,7 @@ const std::string ok = "HTTP/1.1 200 OK\r\n";
 const std::string chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";
 const std::string link = hostileLink;
 const std::string good = "fullPreviewHashPath=\"" + link + "\" \r\n";
-const std::string player = "http://www.metacafe.com/f/p.swf?mediaURL=" + link;
+const std::string playerAddress = "http://www.metacafe.com/f/p.swf?mediaURL=" + link;
 const std::string allBytes = [] {
     std::string all;
     for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
@@ -113,189 +113,166 @@ std::string bomb() {
 }
 
 using enum Outcome;
-using enum Target;
+
 using Replies = std::vector<HostileReply>;
 
 Replies slowReplies() {
     return {
-        {"silence", Failure, held(""), Page, true},
-        {"header a byte at a time", Failure, dripped("", ok + repeated("X: y\r\n", 100)), Page,
-         true},
-        {"body a byte at a time", Failure, dripped(withLength("5000", ""), good + good), Page,
-         true},
-        {"chunk size a digit at a time", Failure, dripped(chunked, repeated("0", 100)), Page},
+        {"silence", Failure, held(""), quick | hasty},
+        {"header a byte at a time", Failure, dripped("", ok + repeated("X: y\r\n", 100)),
+         quick | hasty},
+        {"body a byte at a time", Failure, dripped(withLength("5000", ""), good + good),
+         quick | hasty},
+        {"chunk size a digit at a time", Failure, dripped(chunked, repeated("0", 100)), hasty},
     };
 }
 
 Replies hugeReplies() {
     return {
-        {"header line without end", Failure, flood(ok + "X: ", "a"), Page, false, true},
-        {"header lines without end", Failure, flood(ok, "X: aaaaaaaaaaaaaaaa\r\n"), Page, false,
-         true},
+        {"header line without end", Failure, flood(ok + "X: ", "a")},
+        // Windows gives up at 64 KB of header; Wine keeps all lines, and reads on when it is
+        // closed.
+        {"header lines without end", Failure, flood(ok, "X: aaaaaaaaaaaaaaaa\r\n"), unbounded},
         {"100,000 headers", LinkOrFailure,
-         bytes(ok + repeated("X: y\r\n", 100'000) + "\r\n" + good), Page, true, true},
+         bytes(ok + repeated("X: y\r\n", 100'000) + "\r\n" + good), quick},
         {"status line of 1 MB", LinkOrFailure,
-         bytes("HTTP/1.1 200 " + std::string(mebibyte, 'K') + "\r\n\r\n" + good), Page, true, true},
-        {"100 Continue without end", Failure, flood("", "HTTP/1.1 100 Continue\r\n\r\n"), Page,
-         false, true},
-        {"body without end", Failure, flood(ok + "\r\n" + good, "x"), Page, true, true},
-        {"chunks without end", Failure, flood(chunked, chunk(std::string(1000, 'x'))), Page, false,
-         true},
-        {"chunks of one byte without end", Failure, flood(chunked, chunk("x")), Page, false, true},
-        {"chunk size without end", Failure, flood(chunked, "0"), Page, false, true},
-        {"chunk extension without end", Failure, flood(chunked + "1;", "a"), Page, false, true},
+         bytes("HTTP/1.1 200 " + std::string(mebibyte, 'K') + "\r\n\r\n" + good), quick},
+        {"100 Continue without end", Failure, flood("", "HTTP/1.1 100 Continue\r\n\r\n")},
+        {"body without end", Failure, flood(ok + "\r\n" + good, "x"), quick},
+        {"chunks without end", Failure, flood(chunked, chunk(std::string(1000, 'x')))},
+        {"chunks of one byte without end", Failure, flood(chunked, chunk("x"))},
+        {"chunk size without end", Failure, flood(chunked, "0")},
+        {"chunk extension without end", Failure, flood(chunked + "1;", "a")},
         {"trailer without end", LinkOrFailure,
-         flood(chunked + chunk(good) + "0\r\n", "X: aaaaaaaaaaaaaaaa\r\n"), Page, false, true},
+         flood(chunked + chunk(good) + "0\r\n", "X: aaaaaaaaaaaaaaaa\r\n")},
         {"500 MB announced and sent", Failure,
-         flood(withLength("524288000", good), "x", 500 * mebibyte), Page, true, true},
-        {"500 MB announced, a little sent", Failure, held(withLength("524288000", good)), Page,
-         true, true},
-        {"50 MB", Link, flood(withLength("52428800", good), "x", 50 * mebibyte - good.size()), Page,
-         false, true},
+         flood(withLength("524288000", good), "x", 500 * mebibyte), quick},
+        {"500 MB announced, a little sent", Failure, held(withLength("524288000", good)), quick},
+        {"50 MB", Link, flood(withLength("52428800", good), "x", 50 * mebibyte - good.size())},
         {"gzip bomb", Failure,
          [](const Exchange& to) {
              static const std::string packed = bomb();
              to.reply(packed, "200 OK", "Content-Encoding: gzip\r\n");
-         },
-         Page, false, true},
+         }},
     };
 }
 
 Replies cutReplies() {
     return {
-        {"closed at once", Failure, bytes(""), Page, true, true},
-        {"reset at once", Failure, cut(""), Page, true, true},
-        {"cut in the status line", Failure, bytes("HTTP/1.1 200"), Page, true, true},
-        {"cut in the header", Failure, bytes("HTTP/1.1 200 OK\r\nContent-Le"), Page, true, true},
-        {"cut in the body", Failure, bytes(withLength("1000", good)), Page, true, true},
-        {"reset in the body", Failure, cut(withLength("1000", good)), Page, false, true},
+        {"closed at once", Failure, bytes(""), quick},
+        {"reset at once", Failure, cut(""), quick},
+        {"cut in the status line", Failure, bytes("HTTP/1.1 200"), quick},
+        {"cut in the header", Failure, bytes("HTTP/1.1 200 OK\r\nContent-Le"), quick},
+        {"cut in the body", Failure, bytes(withLength("1000", good)), quick},
+        {"reset in the body", Failure, cut(withLength("1000", good))},
         // Wine takes the end of the connection for the end of the chunks.
-        {"cut in a chunk", LinkOrFailure, bytes(chunked + "1000\r\n" + good), Page, true, true},
-        {"cut before the last chunk", LinkOrFailure, bytes(chunked + chunk(good)), Page, true,
-         true},
+        {"cut in a chunk", LinkOrFailure, bytes(chunked + "1000\r\n" + good), quick},
+        {"cut before the last chunk", LinkOrFailure, bytes(chunked + chunk(good)), quick},
     };
 }
 
 Replies falseLengths() {
     return {
-        {"length of -1", LinkOrFailure, bytes(withLength("-1", good)), Page, true, true},
-        {"length of no number", LinkOrFailure, bytes(withLength("many", good)), Page, false, true},
-        {"length of 20 digits", LinkOrFailure, bytes(withLength("99999999999999999999", good)),
-         Page, false, true},
+        {"length of -1", LinkOrFailure, bytes(withLength("-1", good)), quick},
+        {"length of no number", LinkOrFailure, bytes(withLength("many", good))},
+        {"length of 20 digits", LinkOrFailure, bytes(withLength("99999999999999999999", good))},
         {"length of 4 GB and a little", Failure,
-         bytes(withLength(std::to_string(0x1'0000'0000 + good.size()), good)), Page, true, true},
-        {"length too short", Failure, bytes(withLength("5", good)), Page, true, true},
-        {"two lengths", LinkOrFailure, bytes(withLength("5\r\nContent-Length: 1000", good)), Page,
-         false, true},
+         bytes(withLength(std::to_string(0x1'0000'0000 + good.size()), good)), quick},
+        {"length too short", Failure, bytes(withLength("5", good)), quick},
+        {"two lengths", LinkOrFailure, bytes(withLength("5\r\nContent-Length: 1000", good))},
         {"length beside chunks", Link,
          bytes(ok + "Content-Length: 5\r\nTransfer-Encoding: chunked\r\n\r\n" + chunk(good) +
                "0\r\n\r\n"),
-         Page, true, true},
+         quick},
         {"more after the body", Link,
-         held(withLength(std::to_string(good.size()), good + repeated("x", 100'000))), Page, true,
-         true},
+         held(withLength(std::to_string(good.size()), good + repeated("x", 100'000))), quick},
     };
 }
 
 Replies brokenChunks() {
     return {
-        {"chunk size of no number", Failure, bytes(chunked + "zz\r\n" + good), Page, true, true},
-        {"chunk size of 17 digits", Failure, bytes(chunked + "10000000000000001\r\n" + good), Page,
-         false, true},
-        {"chunk of 4 GB", Failure, bytes(chunked + "ffffffff\r\n" + good), Page, true, true},
-        {"chunk without its end", LinkOrFailure, bytes(chunked + "3\r\n" + good + "0\r\n\r\n"),
-         Page, false, true},
+        {"chunk size of no number", Failure, bytes(chunked + "zz\r\n" + good), quick},
+        {"chunk size of 17 digits", Failure, bytes(chunked + "10000000000000001\r\n" + good)},
+        {"chunk of 4 GB", Failure, bytes(chunked + "ffffffff\r\n" + good), quick},
+        {"chunk without its end", LinkOrFailure, bytes(chunked + "3\r\n" + good + "0\r\n\r\n")},
     };
 }
 
 Replies brokenHeaders() {
     return {
-        {"no HTTP at all", Failure, bytes("220 ready\r\n\r\n"), Page, true, true},
-        {"random bytes", Failure, bytes(allBytes + allBytes), Page, false, true},
-        {"HTTP/9.9, status 999", LinkOrFailure, bytes("HTTP/9.9 999 \r\n\r\n" + good), Page, false,
-         true},
-        {"no content with a body", LinkOrFailure, bytes("HTTP/1.1 204 No\r\n\r\n" + good), Page,
-         true, true},
+        {"no HTTP at all", Failure, bytes("220 ready\r\n\r\n"), quick},
+        {"random bytes", Failure, bytes(allBytes + allBytes)},
+        {"HTTP/9.9, status 999", LinkOrFailure, bytes("HTTP/9.9 999 \r\n\r\n" + good)},
+        {"no content with a body", LinkOrFailure, bytes("HTTP/1.1 204 No\r\n\r\n" + good), quick},
         {"a password wanted", LinkOrFailure,
          bytes(
-             "HTTP/1.1 401 No\r\nWWW-Authenticate: Basic realm=\"\"\r\nContent-Length: 0\r\n\r\n"),
-         Page, false, true},
+             "HTTP/1.1 401 No\r\nWWW-Authenticate: Basic realm=\"\"\r\nContent-Length: 0\r\n\r\n")},
         {"a proxy password wanted", LinkOrFailure,
-         bytes("HTTP/1.1 407 No\r\nProxy-Authenticate: NTLM\r\nContent-Length: 0\r\n\r\n"), Page,
-         true, true},
+         bytes("HTTP/1.1 407 No\r\nProxy-Authenticate: NTLM\r\nContent-Length: 0\r\n\r\n"), quick},
     };
 }
 
 Replies badRedirects() {
     return {
-        {"redirect to itself", Failure, bytes(redirectTo("http://www.veoh.com/videos/v1?")), Page,
-         true, true},
-        {"redirects in a circle", Failure, redirects(1'000'000), Page, false, true},
-        {"11 redirects", Failure, redirects(11), Page, true, true},
-        {"10 redirects", Link, redirects(10), Page, true, true},
-        {"redirect without an address", Failure, bytes("HTTP/1.1 302 Found\r\n\r\n" + good), Page,
-         true, true},
-        {"redirect to an empty address", Failure, bytes(redirectTo("")), Page, true, true},
-        {"redirect to a file", Failure, bytes(redirectTo("file:///c:/windows/win.ini")), Page, true,
-         true},
-        {"redirect to ftp", Failure, bytes(redirectTo("ftp://127.0.0.1/")), Page, false, true},
-        {"redirect to a script", Failure, bytes(redirectTo("javascript:alert(1)")), Page, true,
-         true},
-        {"redirect to another port", Failure, bytes(redirectTo("http://127.0.0.1:1/")), Page, false,
-         true},
+        {"redirect to itself", Failure, bytes(redirectTo("http://www.veoh.com/videos/v1?")), quick},
+        {"redirects in a circle", Failure, redirects(1'000'000)},
+        {"11 redirects", Failure, redirects(11), quick},
+        {"10 redirects", Link, redirects(10), quick},
+        {"redirect without an address", Failure, bytes("HTTP/1.1 302 Found\r\n\r\n" + good), quick},
+        {"redirect to an empty address", Failure, bytes(redirectTo("")), quick},
+        {"redirect to a file", Failure, bytes(redirectTo("file:///c:/windows/win.ini")), quick},
+        {"redirect to ftp", Failure, bytes(redirectTo("ftp://127.0.0.1/"))},
+        {"redirect to a script", Failure, bytes(redirectTo("javascript:alert(1)")), quick},
+        {"redirect to another port", Failure, bytes(redirectTo("http://127.0.0.1:1/"))},
         {"redirect to an address of 1 MB", Failure,
-         redirectedOnce(bytes(redirectTo("http://a/" + std::string(mebibyte, 'a')))), Page, false,
-         true},
+         redirectedOnce(bytes(redirectTo("http://a/" + std::string(mebibyte, 'a'))))},
         {"redirect with a body without end", Link,
-         redirectedOnce(flood(redirectTo("/step/1"), "x")), Page, true, true},
+         redirectedOnce(flood(redirectTo("/step/1"), "x")), quick},
         {"redirect that announces 500 MB", Link,
-         redirectedOnce(held(redirectTo("/step/1", "Content-Length: 524288000\r\n\r\n"))), Page,
-         true, true},
+         redirectedOnce(held(redirectTo("/step/1", "Content-Length: 524288000\r\n\r\n"))), quick},
     };
 }
 
 Replies oddBodies() {
     return {
-        {"every byte, NULs too", Link, bytes(ok + "\r\n" + allBytes + good + allBytes), Page, true,
-         true},
-        {"a million NULs", Link, bytes(ok + "\r\n" + std::string(mebibyte, '\0') + good), Page,
-         true, true},
-        {"UTF-16", Failure, bytes(ok + "\r\n" + wide(good)), Page, true, true},
+        {"every byte, NULs too", Link, bytes(ok + "\r\n" + allBytes + good + allBytes), quick},
+        {"a million NULs", Link, bytes(ok + "\r\n" + std::string(mebibyte, '\0') + good), quick},
+        {"UTF-16", Failure, bytes(ok + "\r\n" + wide(good)), quick},
         {"a million elements deep", Link, bytes(ok + "\r\n" + repeated("<div>", mebibyte) + good),
-         Page, true, true},
-        {"nothing in it", Failure, bytes(withLength("0", "")), Page, true, true},
+         quick},
+        {"nothing in it", Failure, bytes(withLength("0", "")), quick},
     };
 }
 
 Replies navigations() {
     return {
-        {"player: silence", Waiting, held(""), Navigation, true},
-        {"player: closed at once", Waiting, bytes(""), Navigation},
-        {"player: no HTTP at all", Waiting, bytes("220 ready\r\n\r\n"), Navigation},
-        {"player: header without end", Waiting, flood(ok + "X: ", "a"), Navigation},
-        {"player: redirects in a circle", Waiting, redirects(1'000'000), Navigation, true},
+        {"player: silence", Waiting, held(""), quick | hasty | player},
+        {"player: closed at once", Waiting, bytes(""), quick | hasty | player},
+        {"player: no HTTP at all", Waiting, bytes("220 ready\r\n\r\n"), hasty | player},
+        {"player: header without end", Waiting, flood(ok + "X: ", "a"), hasty | player},
+        {"player: redirects in a circle", Waiting, redirects(1'000'000), quick | hasty | player},
         {"player: redirect to a script", Waiting, bytes(redirectTo("javascript:alert(1)")),
-         Navigation},
+         hasty | player},
         {"player: redirect to a file", Waiting, bytes(redirectTo("file:///c:/windows/win.ini")),
-         Navigation},
+         hasty | player},
         {"player: redirect with a body without end", Link,
-         redirectedOnce(flood(redirectTo(player), "x")), Navigation, true},
+         redirectedOnce(flood(redirectTo(playerAddress), "x")), quick | hasty | player},
         {"player: body without end", Link,
          [](const Exchange& to) {
              if (to.asksFor("/f/"))
                  flood(ok + "\r\n", "x")(to);
              else
-                 to.write(redirectTo(player));
+                 to.write(redirectTo(playerAddress));
          },
-         Navigation},
+         quick | hasty | player},
         {"player: 500 MB announced and sent", Link,
          [](const Exchange& to) {
              if (to.asksFor("/f/"))
                  flood(withLength("524288000", ""), "x", 500 * mebibyte)(to);
              else
-                 to.write(redirectTo(player));
+                 to.write(redirectTo(playerAddress));
          },
-         Navigation},
+         hasty | player},
     };
 }
 

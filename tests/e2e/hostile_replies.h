@@ -10,17 +10,20 @@ namespace velvox::e2e {
 
 enum class Outcome { Link, Failure, LinkOrFailure, Waiting };
 
-/// What is asked for: a page, or the player that the preview browser navigates to.
-enum class Target { Page, Navigation };
+enum Trait : unsigned {
+    quick = 1,      ///< fit for every test run
+    hasty = 2,      ///< ended by the time limit: three seconds instead of a minute
+    player = 4,     ///< given to the preview browser, not to the fetch of a page
+    unbounded = 8,  ///< fills the memory as long as it lasts
+};
 
 struct HostileReply {
     const char* name;
     Outcome outcome;
     Proxy::Handler answer;
-    Target target = Target::Page;
-    bool quick = false;  ///< fit for every test run
-    bool patient =
-        false;  ///< given a minute, not three seconds, so that no time limit ends it early
+    unsigned traits = 0;
+
+    bool has(Trait trait) const { return (traits & trait) != 0; }
 };
 
 /// The link that a reply with the expected text gives.

@@ -48,12 +48,12 @@ class HostileServer {
     void restart() { program_.reset(); }
 
  private:
-    void start(bool patient);
+    void start(bool isHasty);
     Observation run(const HostileReply& reply, Milliseconds limit);
 
     Proxy proxy_{Proxy::forwarding};
     std::optional<Program> program_;
-    bool patient_ = false;
+    bool hasty_ = false;
 };
 
 }  // namespace velvox::e2e

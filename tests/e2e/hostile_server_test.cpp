@@ -8,9 +8,9 @@ namespace {
 
 TEST(HostileServerTest, QuickRepliesEndInTheirLineAndCostLittle) {
     HostileServer server;
-    for (const bool patient : {true, false}) {
+    for (const bool isHasty : {false, true}) {
         for (const HostileReply& reply : hostileReplies())
-            if (reply.quick && reply.patient == patient) server.observe(reply);
+            if (reply.has(quick) && reply.has(hasty) == isHasty) server.observe(reply);
         server.expectGoodRun();
     }
 }
