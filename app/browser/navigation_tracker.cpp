@@ -11,6 +11,8 @@ namespace {
 constexpr std::uint32_t firstHttpStatus = 100;
 constexpr std::uint32_t lastHttpStatus = 599;
 
+constexpr int maxReloads = 10;
+
 /// Whether the preview follows an address: http, https, and the blank page.
 bool isBrowsable(std::string_view address) {
     return isWebAddress(address) || ascii::equalIgnoringCase(address, blankAddress);
@@ -64,6 +66,10 @@ bool NavigationTracker::waiting() const noexcept {
     return state_ == State::Loading || view_ == View::Opened || view_ == View::Loading;
 }
 
+bool NavigationTracker::busy() const noexcept {
+    return waiting() || view_ == View::Shown;
+}
+
 PreviewContent NavigationTracker::content() const {
     using Kind = PreviewContent::Kind;
     if (waiting()) return {.kind = Kind::Loading};
@@ -94,9 +100,11 @@ bool NavigationTracker::beforeNavigate(bool top, std::string_view address) {
         viewAddress_ = address;
         return true;
     }
-    if (view_ != View::Loading && view_ != View::Shown) return false;
-    // A page that reloads itself or jumps inside itself arrives nowhere else.
-    if (withoutFragment(address) == withoutFragment(viewAddress_)) return true;
+    if (view_ != View::Loading && !viewIsShown()) return false;
+    // A page that jumps inside itself or reloads itself arrives nowhere else. It may not reload
+    // itself for ever.
+    if (withoutFragment(address) == withoutFragment(viewAddress_))
+        return address != viewAddress_ || ++reloads_ <= maxReloads;
     if (isBrowsable(address)) ownNavigation_ = address;
     return false;
 }
@@ -107,7 +115,8 @@ void NavigationTracker::navigateComplete(bool top) noexcept {
 
 void NavigationTracker::documentComplete(bool top) noexcept {
     navigateComplete(top);
-    if (!top && view_ == View::Shown) ++announcements_;
+    if (top && view_ == View::Shown) view_ = View::Finished;
+    if (!top && viewIsShown()) ++announcements_;
 }
 
 bool NavigationTracker::navigateError(bool top, std::uint32_t status) noexcept {

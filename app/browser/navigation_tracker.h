@@ -40,6 +40,10 @@ class NavigationTracker {
     /// Whether a transfer or the view has yet to show a result.
     bool waiting() const noexcept;
 
+    /// Whether a transfer or the view is still at work: a view that shows its document may go on
+    /// loading it without end.
+    bool busy() const noexcept;
+
     /// The address arrived at; empty before.
     const std::string& location() const noexcept { return location_; }
 
@@ -54,7 +58,7 @@ class NavigationTracker {
     void viewOpened();
     /// It could not be opened or has not shown anything in time.
     void viewFailed() noexcept;
-    bool viewIsShown() const noexcept { return view_ == View::Shown; }
+    bool viewIsShown() const noexcept { return view_ == View::Shown || view_ == View::Finished; }
     bool viewHasFailed() const noexcept { return view_ == View::Failed; }
 
     // Events of the control that is the view. A result of false cancels what it was about to do.
@@ -76,6 +80,7 @@ class NavigationTracker {
         Opened,   ///< asked to show the document; has not begun
         Loading,  ///< has begun
         Shown,
+        Finished,  ///< shows all of it
         Failed,
     };
 
@@ -88,6 +93,7 @@ class NavigationTracker {
     std::string reason_;
     DocumentInfo document_;
     std::string viewAddress_;  ///< as the control writes it
+    int reloads_ = 0;          ///< that the view has begun by itself
     std::optional<std::string> ownNavigation_;
 };
 

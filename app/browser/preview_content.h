@@ -13,7 +13,7 @@ struct PreviewContent {
     enum class Kind {
         Blank,
         Loading,
-        NotRendered,  ///< a page on a system that renders none
+        NotRendered,  ///< a page that no view shows
         Unviewable,   ///< a document of a type that no preview shows
         Unreachable,
     };

@@ -71,7 +71,7 @@ std::string noteFor(const PreviewContent& content) {
     switch (content.kind) {
         case PreviewContent::Kind::Blank: return "The preview appears here.";
         case PreviewContent::Kind::Loading: return "Loading...";
-        case PreviewContent::Kind::NotRendered: return "Pages cannot be shown on this system.";
+        case PreviewContent::Kind::NotRendered: return "This page cannot be shown here.";
         case PreviewContent::Kind::Unviewable: return "Files of this type cannot be shown here.";
         case PreviewContent::Kind::Unreachable: return content.reason + '.';
     }

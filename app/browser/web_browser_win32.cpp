@@ -74,7 +74,7 @@ void WebBrowserWindow::changed() noexcept {
 }
 
 void WebBrowserWindow::refresh() {
-    if (!tracker_.waiting()) KillTimer(handle(), patienceTimer);
+    if (!tracker_.busy()) KillTimer(handle(), patienceTimer);
     InvalidateRect(handle(), nullptr, FALSE);
     if (tracker_.takeAnnouncement()) {
         // The view comes after the link. The handler may destroy this object and with it the
@@ -107,7 +107,7 @@ void WebBrowserWindow::openView() {
 
 void WebBrowserWindow::giveUp() {
     KillTimer(handle(), patienceTimer);
-    if (!tracker_.waiting()) return;
+    if (!tracker_.busy()) return;
     if (transfer_)
         tracker_.failed(number_, HttpTransfer::timeoutReason);
     else

@@ -69,6 +69,8 @@ TEST(NavigationTrackerTest, AViewNeverArrivesAgainExceptByItsFrames) {
     const std::pair<std::string, View> rows[] = {
         {"arrives+ goes- ends frame-ends other-file- fails-", None},
         {"arrives+ opens goes shows ends goes jumps ends", Shown},
+        {"arrives+ opens goes shows goes goes goes goes goes goes goes goes goes goes goes- jumps",
+         Shown},
         {"arrives+ opens goes ends on> leaves- shows ends", Shown},
         {"arrives+ opens leaves on> on>", Waits},
         {"arrives+ opens goes 404 shows ends", Shown},
@@ -118,6 +120,20 @@ TEST(NavigationTrackerTest, ThePanelSaysWhatArrivedOrWhyNothingDid) {
     EXPECT_EQ(tracker.content().kind, Kind::Blank);
     EXPECT_TRUE(tracker.takeAnnouncement());
     EXPECT_FALSE(tracker.wantsView());
+}
+
+TEST(NavigationTrackerTest, AViewIsBusyUntilItHasAllOfItsDocument) {
+    NavigationTracker tracker;
+    tracker.arrived(tracker.start("http://a"), page, {"text/html", 1});
+    EXPECT_FALSE(tracker.busy());
+    tracker.viewOpened();
+    tracker.beforeNavigate(top, page);
+    tracker.navigateComplete(top);
+    EXPECT_TRUE(tracker.viewIsShown());
+    EXPECT_TRUE(tracker.busy());
+    tracker.documentComplete(top);
+    EXPECT_TRUE(tracker.viewIsShown());
+    EXPECT_FALSE(tracker.busy());
 }
 
 }  // namespace
