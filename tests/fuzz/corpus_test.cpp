@@ -47,14 +47,23 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
     }
 }
 
-// A superseded navigation never gives a link, whatever comes when.
-TEST(NavigationTest, TenThousandOrdersOfEvents) {
+// Among others: a superseded navigation never gives a link, whatever comes when.
+TEST(RandomEventsTest, StateMachinesKeepTheirPromises) {
+    const struct {
+        const char* name;
+        Target* target;
+        int runs;
+    } rows[] = {{"navigation", navigation, 10'000},
+                {"scroll", scroll, 1'000},
+                {"scroll_geometry", scroll_geometry, 1'000}};
     std::mt19937 random;
-    for (int run = 0; run < 10'000; ++run) {
-        std::string acts(20 + random() % 200, ' ');
-        for (char& act : acts) act = static_cast<char>(random());
-        replayed = "run " + std::to_string(run);
-        navigation(acts);
+    for (const auto& row : rows) {
+        for (int run = 0; run < row.runs; ++run) {
+            std::string bytes(20 + random() % 200, ' ');
+            for (char& byte : bytes) byte = static_cast<char>(random());
+            replayed = row.name + (" run " + std::to_string(run));
+            row.target(bytes);
+        }
     }
 }
 

@@ -27,7 +27,9 @@ class Preview {
             case 2:
             case 3:
                 // Also transfers that were given up: their messages may be in the queue.
-                if (!transfers_.empty()) queue_.push_back(transfers_[choice % transfers_.size()]);
+                if (!transfers_.empty())
+                    queue_.push_back(
+                        *(transfers_.rbegin() + choice % static_cast<unsigned>(transfers_.size())));
                 break;
             case 4: giveUp(); break;
             case 5:
@@ -67,7 +69,7 @@ class Preview {
     void changed() { queue_.push_back(std::nullopt); }
 
     void giveUp() {
-        if (!tracker_.waiting()) return;
+        if (!tracker_.busy()) return;
         if (last_ && tracker_.awaits(last_->number)) {
             tracker_.failed(last_->number, "no answer");
             given_ = true;
