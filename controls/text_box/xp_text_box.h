@@ -16,21 +16,15 @@ namespace velvox {
 
 /// One straight line of a drawing, in twips.
 struct DrawnLine {
-    int x1 = 0;
-    int y1 = 0;
-    int x2 = 0;
-    int y2 = 0;
-    Rgb colour = 0;
+    int x1, y1, x2, y2;
+    Rgb colour;
 
     bool operator==(const DrawnLine&) const = default;
 };
 
 /// A rectangle in pixels of a window; right and bottom lie outside it.
 struct PixelBounds {
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
+    int left, top, right, bottom;
 
     bool operator==(const PixelBounds&) const = default;
 };

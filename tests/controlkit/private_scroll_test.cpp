@@ -2,15 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include "base/runtime_failure.h"
+#include "tests/support/property_table.h"
 
 namespace velvox {
 namespace {
+
+using testing::Property;
+using testing::property;
 
 using Log = std::vector<std::string>;
 
@@ -87,24 +89,8 @@ TEST(PrivateScrollTest, ValueIsKeptWithinTheBounds) {
     EXPECT_EQ(bar.Value(), FixedPoint(270)) << "moved by a handler of the assignment itself";
 }
 
-/// A property: its key, the value that it is given, how it is set and what reading it then gives.
-struct Property {
-    const char* key;
-    PropertyValue value;
-    std::function<void(Recorder&)> set;
-    std::function<bool(const Recorder&)> isSet;
-};
-
-template <class T>
-Property property(const char* key, T (tsPrivateScroll::*get)() const noexcept,
-                  void (tsPrivateScroll::*set)(T), std::int32_t value) {
-    PropertyValue stored = value;
-    if (std::is_same_v<T, bool>) stored = value != 0;
-    return {key, stored, [=](Recorder& bar) { (bar.*set)(static_cast<T>(value)); },
-            [=](const Recorder& bar) { return (bar.*get)() == static_cast<T>(value); }};
-}
-
-std::vector<Property> properties() {
+/// In the order of storage.
+std::vector<Property<tsPrivateScroll>> properties() {
     using S = tsPrivateScroll;
     return {property("ArrowColor", &S::ArrowColor, &S::ArrowColor, 1),
             property("BackColor", &S::BackColor, &S::BackColor, 2),
@@ -128,7 +114,7 @@ std::vector<Property> properties() {
 
 TEST(PrivateScrollTest, EachPropertyIsStoredNotifiedDrawnAndWritten) {
     PropertyBag all;
-    for (const Property& p : properties()) {
+    for (const auto& p : properties()) {
         const bool isValue = p.key == std::string_view("Value");
         for (const bool draws : {true, false}) {
             Recorder bar(Axis::Horizontal);
@@ -147,7 +133,7 @@ TEST(PrivateScrollTest, EachPropertyIsStoredNotifiedDrawnAndWritten) {
     Recorder bar(Axis::Horizontal);
     bar.ReadProperties(all);
     EXPECT_EQ(bar.log, Log{"draw 51"}) << "neither Change nor a notice";
-    for (const Property& p : properties()) EXPECT_TRUE(p.isSet(bar)) << p.key;
+    for (const auto& p : properties()) EXPECT_TRUE(p.isSet(bar)) << p.key;
     EXPECT_EQ(bar.written(), all) << "in order, and what differs from its default";
 
     bar.BlockValue(true);

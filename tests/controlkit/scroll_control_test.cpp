@@ -105,8 +105,10 @@ TEST_F(ScrollControlTest, AHeldArrowRepeatsWithTheInterval) {
     EXPECT_EQ(valueAfter("up 5 down 5"), 47);
     EXPECT_EQ(host.period[0], 1000);
     EXPECT_EQ(valueAfter("up 5 tick 0"), 47) << "a tick that comes late does nothing";
+    host.startTimer(RepeatTimer::Arrow, 1);
     host.startTimer(RepeatTimer::Track, 1);
     bar.InitProperties();
+    EXPECT_EQ(bar.Value(), FixedPoint(50));
     EXPECT_TRUE(host.atRest()) << "a fresh instance stops both timers";
 }
 
@@ -118,6 +120,7 @@ TEST_F(ScrollControlTest, AHeldTrackPagesUntilTheThumbIsUnderThePointer) {
     EXPECT_EQ(valueAfter("move 115 tick 1"), 80) << "the pointer has moved on";
     EXPECT_EQ(valueAfter("move 20 tick 1"), 80) << "and never back";
     EXPECT_EQ(valueAfter("wheel 120 key 36"), 80) << "a press comes first";
+    EXPECT_TRUE(bar.wheel(120)) << "not for another window";
     play("up 20");
     EXPECT_TRUE(host.atRest());
 }

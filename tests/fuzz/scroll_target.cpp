@@ -117,7 +117,9 @@ class Bar {
             case 28: return bar_.UnRefreshControl(a % 2);
             case 29:
                 return bar_.ReadProperties({{"ScrollHeight", number}, {"Enabled", a % 4 != 0}});
-            case 30: return bar_.InitProperties();
+            case 30:
+                bar_.InitProperties();
+                return require(bar_.Value() == 50 && !host_.period[0] && !host_.period[1], "new");
             case 31: armed_ = {static_cast<std::uint8_t>(a % 31), b, a}; return;
             default: return;
         }
@@ -148,20 +150,7 @@ class Bar {
     std::array<std::uint8_t, 3> armed_{};
 };
 
-}  // namespace
-
-void scroll(std::string_view input) {
-    Bar bar;
-    const auto byte = [&](std::size_t at) { return static_cast<std::uint8_t>(input[at]); };
-    bar.play(15, 130, 16);
-    for (std::size_t at = 0; at + 2 < input.size(); at += 3)
-        bar.play(byte(at), byte(at + 1), byte(at + 2));
-}
-
-// Eight numbers of 32 bits: those of the measure, with the value in its two halves.
-void scroll_geometry(std::string_view input) {
-    std::array<std::int32_t, 8> n{};
-    std::memcpy(n.data(), input.data(), std::min(input.size(), sizeof n));
+void checkGeometry(const std::array<std::int32_t, 8>& n) {
     const auto value = FixedPoint::ofUnits((std::int64_t{n[6]} << 32) ^ n[7]);
     ScrollMeasure m{n[0], n[1], n[2], n[3], n[4], n[5], value};
     const ScrollGeometry g(m);
@@ -198,6 +187,25 @@ void scroll_geometry(std::string_view input) {
     }
     require(g.valueAt(lowest) == FixedPoint(m.min), "the first value");
     if (range > 0 && travel > 0) require(g.valueAt(highest) == FixedPoint(m.max), "the last value");
+}
+
+}  // namespace
+
+void scroll(std::string_view input) {
+    Bar bar;
+    const auto byte = [&](std::size_t at) { return static_cast<std::uint8_t>(input[at]); };
+    bar.play(15, 130, 16);
+    for (std::size_t at = 0; at + 2 < input.size(); at += 3)
+        bar.play(byte(at), byte(at + 1), byte(at + 2));
+}
+
+// Measures of eight numbers of 32 bits each, the value in the last two.
+void scroll_geometry(std::string_view input) {
+    std::array<std::int32_t, 8> numbers{};
+    for (; !input.empty(); input.remove_prefix(std::min(input.size(), sizeof numbers))) {
+        std::memcpy(numbers.data(), input.data(), std::min(input.size(), sizeof numbers));
+        checkGeometry(numbers);
+    }
 }
 
 }  // namespace velvox::fuzz

@@ -2,10 +2,48 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "base/runtime_failure.h"
+#include "tests/support/property_table.h"
 
 namespace velvox {
 namespace {
+
+using testing::Property;
+using testing::property;
+
+/// All but SelText, in the order of storage.
+std::vector<Property<XPTextBox>> properties() {
+    using B = XPTextBox;
+    const std::string text = "other";
+    return {property("Alignment", &B::Alignment, &B::Alignment, std::int16_t{2}, {Aspect::Face}),
+            property("BackColor", &B::BackColor, &B::BackColor, 0x123456U, {Aspect::Face}),
+            property("Enabled", &B::Enabled, &B::Enabled, false, {Aspect::Enabled}),
+            property("Font", &B::Font, &B::Font, Font{.name = "Arial"}, {Aspect::Face}),
+            property("ForeColor", &B::ForeColor, &B::ForeColor, 0x654321U, {Aspect::Face}),
+            property("Locked", &B::Locked, &B::Locked, true, {Aspect::Setting}),
+            property("MaxLength", &B::MaxLength, &B::MaxLength, 9, {Aspect::Setting}),
+            property("PasswordChar", &B::PasswordChar, &B::PasswordChar, text, {Aspect::Setting}),
+            property("SelStart", &B::SelStart, &B::SelStart, 2, {Aspect::Choice}),
+            property("SelLength", &B::SelLength, &B::SelLength, 3, {Aspect::Choice}),
+            property("Text", &B::Text, &B::Text, text, {Aspect::Text}),
+            property("ToolTipText", &B::ToolTipText, &B::ToolTipText, text, {Aspect::Setting}),
+            property("DataFields", &B::DataFields, &B::DataFields, text, {})};
+}
+
+/// The inner box's window.
+struct View : TextBoxView {
+    explicit View(TextBox& box) : model(box) { model.setTextView(this); }
+    ~View() override { model.setTextView(nullptr); }
+    void follow(Aspect aspect) override { followed.push_back(aspect); }
+    Selection selection() const override { return model.wantedSelection(); }
+    void focus() override { ++focused; }
+
+    TextBox& model;
+    std::vector<Aspect> followed;
+    int focused = 0;
+};
 
 class XPTextBoxTest : public ::testing::Test {
  protected:
@@ -76,18 +114,41 @@ TEST_F(XPTextBoxTest, ResizeMakesTheBoxWhiteEnabledAndUnlocked) {
     EXPECT_TRUE(box.Enabled() && box.Locked());
 }
 
-TEST_F(XPTextBoxTest, EverySetterNotifiesUnderItsName) {
-    box.Alignment(2), box.Enabled(true), box.Font({.name = "Verdana"}), box.BackColor(1);
-    box.ForeColor(2), box.Locked(false), box.MaxLength(10), box.PasswordChar("*");
-    box.Text("0123456789ABC"), box.SelStart(2), box.SelLength(3);
+TEST_F(XPTextBoxTest, EachPropertyIsStoredFollowedNotifiedAndWritten) {
+    PropertyBag all;
+    for (const auto& p : properties()) {
+        XPTextBox fresh("fresh");
+        fresh.MyTxt.Text("Text1");
+        const View view(fresh.MyTxt);
+        fresh.PropertyChanged = [this](std::string_view name) { notices += name; };
+        EXPECT_FALSE(p.isSet(fresh)) << p.key << " by default";
+        p.set(fresh);
+        EXPECT_EQ(take(), p.key);
+        EXPECT_EQ(view.followed, p.followed) << p.key;
+        EXPECT_TRUE(p.isSet(fresh)) << p.key;
+        PropertyBag expected{{p.key, p.value}};
+        if (p.key == std::string_view("SelLength"))
+            expected = {{"SelText", "Tex"}, {"SelLength", 3}};
+        EXPECT_EQ(stored(fresh), expected);
+        if (!std::string_view(p.key).starts_with("Sel")) all.write(p.key, p.value);
+    }
+    box.ReadProperties(all);
+    EXPECT_EQ(take(), "! ") << "no notice while reading";
+    EXPECT_EQ(stored(box), all) << "in order";
+    EXPECT_TRUE(box.Pic.Enabled());
+    EXPECT_EQ(box.MyTxt.DataField(), "");
+    box.DataFields("field");
+    EXPECT_EQ(box.MyTxt.DataField(), "field");
+}
+
+TEST_F(XPTextBoxTest, TextAndSelectionFollowEachOther) {
+    box.MaxLength(10), box.Text("0123456789ABC"), box.SelStart(2), box.SelLength(3);
     EXPECT_EQ(box.SelText(), "234");
-    box.SelText("x"), box.ToolTipText("tip"), box.DataFields("field");
-    EXPECT_EQ(take(),
-              "Alignment Enabled Font BackColor ForeColor Locked MaxLength PasswordChar ! Text "
-              "SelStart SelLength ! SelText ToolTipText DataFields ");
+    take();
+    box.SelText("x");
+    EXPECT_EQ(take(), "! SelText ");
     EXPECT_EQ(box.Text(), "01x56789");
     EXPECT_EQ(box.SelStart(), 3);
-    EXPECT_EQ(box.MyTxt.DataField(), "field");
     box.Text("01x56789");
     EXPECT_EQ(take(), "Text ") << "the same text is no change";
     EXPECT_EQ(box.SelStart(), 0) << "but the caret returns to its start";
@@ -120,6 +181,27 @@ TEST_F(XPTextBoxTest, EverySetterNotifiesUnderItsName) {
     EXPECT_THROW(box.SelLength(-1), RuntimeFailure);
     EXPECT_THROW(box.MaxLength(-1), RuntimeFailure);
     EXPECT_EQ(take(), "");
+}
+
+TEST_F(XPTextBoxTest, EventsAndFocusPassBetweenTheBoxes) {
+    View view(box.MyTxt);
+    box.Focus();
+    EXPECT_EQ(view.focused, 1);
+    EXPECT_EQ(box.SelText(), "Text1");
+    box.Click = [this] { notices += "click "; };
+    box.DblClick = [this] { notices += "double "; };
+    box.KeyPress = [](std::int16_t& key) { ++key; };
+    box.MouseMove = [this](int button, int shift, float x, float y) {
+        notices += std::to_string(button + 10 * shift + 100 * static_cast<int>(x + 10 * y));
+    };
+    std::int16_t key = 'a';
+    take();
+    box.MyTxt.Click(), box.MyTxt.DblClick(), box.MyTxt.KeyPress(key);
+    box.MyTxt.MouseMove(1, 2, 3, 4);
+    box.MyTxt.typed("Text1"), box.MyTxt.typed("y");
+    EXPECT_EQ(take(), "click double 4321! ");
+    EXPECT_EQ(key, 'b');
+    EXPECT_EQ(box.Text(), "y");
 }
 
 TEST_F(XPTextBoxTest, ValueIsTheNumberAtTheStart) {
@@ -161,29 +243,7 @@ TEST_F(XPTextBoxTest, NewInstanceShowsItsNameAndALoadedOneItsDefault) {
     EXPECT_EQ(stored(box), (PropertyBag{{"Font", Font{.name = "Ambient"}}})) << "no defaults";
 }
 
-TEST_F(XPTextBoxTest, StoresEachKeyInOrderAndRefusesWhatCannotBe) {
-    const PropertyBag bag{{"Alignment", 1},        {"BackColor", 0x123456},
-                          {"Enabled", false},      {"Font", Font{.name = "Arial"}},
-                          {"ForeColor", 0x654321}, {"Locked", true},
-                          {"MaxLength", 9},        {"PasswordChar", "*"},
-                          {"Text", "stored"},      {"ToolTipText", "tip"},
-                          {"DataFields", "field"}};
-    box.ReadProperties(bag);
-    EXPECT_EQ(take(), "! ") << "no notice while reading";
-    EXPECT_TRUE(box.Pic.Enabled());
-    EXPECT_EQ(box.MyTxt.DataField(), "");
-    EXPECT_EQ(stored(box), bag);
-
-    box.SelStart(1);
-    box.SelLength(3);
-    std::string keys;
-    const PropertyBag selected = stored(box);
-    for (const auto& entry : selected.entries()) (keys += entry.key) += ' ';
-    EXPECT_EQ(keys,
-              "Alignment BackColor Enabled Font ForeColor Locked MaxLength PasswordChar SelStart "
-              "SelText SelLength Text ToolTipText DataFields ");
-    EXPECT_EQ(selected.readText("SelText", ""), "tor");
-
+TEST_F(XPTextBoxTest, ReadingMapsAnAlignmentAndRefusesWhatCannotBe) {
     for (const std::int32_t alignment : {3, 70'000, -1, -65'535}) {
         box.ReadProperties({{"Alignment", alignment}, {"DataFields", "behind"}});
         EXPECT_EQ(box.Alignment(), 0) << alignment;
