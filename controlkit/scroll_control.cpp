@@ -36,9 +36,9 @@ void ScrollControl::resize(int length, int thickness, int dpi) {
 
 ScrollGeometry ScrollControl::geometry() const {
     const ScrollGeometry resting({length_, scaled(arrowLength(), dpi_),
-                                  scaled(scrollSizes.minimumThumb, dpi_), Min(), Max(),
-                                  LargeChange(), Value()});
-    // A dragged thumb stays under the pointer, whatever value it stands for.
+                                  scaled(scrollSizes.minThumb, dpi_), Min(), Max(), LargeChange(),
+                                  Value()});
+    // A dragged thumb stays under the pointer, whatever value that means.
     const bool dragged = held_ == ScrollPart::Thumb && !BlockValue();
     return dragged ? resting.withThumbAt(shownThumb_) : resting;
 }
@@ -55,14 +55,14 @@ ScrollPart ScrollControl::partUnderPointer() const {
     return partAt(pointer_);
 }
 
-Touch ScrollControl::touchOf(ScrollPart part) const {
-    if (part == ScrollPart::None) return Touch::None;
+PartState ScrollControl::stateOf(ScrollPart part) const {
+    if (part == ScrollPart::None) return PartState::None;
     if (held_ != ScrollPart::None) {
         const bool down =
             part == held_ && (held_ == ScrollPart::Thumb || partUnderPointer() == held_);
-        return down ? Touch::Down : Touch::None;
+        return down ? PartState::Down : PartState::None;
     }
-    return inside_ && partUnderPointer() == part ? Touch::Hover : Touch::None;
+    return inside_ && partUnderPointer() == part ? PartState::Hover : PartState::None;
 }
 
 void ScrollControl::mouseMove(BarPoint at, MouseState state) {
@@ -104,9 +104,9 @@ void ScrollControl::press(BarPoint at) {
     const ScrollPart part = partAt(at);
     if (part == ScrollPart::None) return;
     const ScrollGeometry parts = geometry();
-    firstThumb_ = shownThumb_ = parts.thumb().start;
-    grabbedAt_ = at.along - firstThumb_;
-    firstValue_ = Value();
+    dragStartThumb_ = shownThumb_ = parts.thumb().start;
+    grabOffset_ = at.along - dragStartThumb_;
+    dragStartValue_ = Value();
     held_ = part;
     host_.capture(true);
     host_.repaint();
@@ -147,11 +147,11 @@ void ScrollControl::drag() {
     const int reach = scrollSizes.snapBackThicknesses * thickness_;
     const bool strayed = pointer_.across < -reach || pointer_.across >= thickness_ + reach;
     const ScrollGeometry parts = geometry();
-    const int thumb = strayed ? firstThumb_ : parts.clampThumb(pointer_.along - grabbedAt_);
+    const int thumb = strayed ? dragStartThumb_ : parts.clampThumb(pointer_.along - grabOffset_);
     if (thumb == shownThumb_) return;
     shownThumb_ = thumb;
     host_.repaint();
-    moveTo(thumb == firstThumb_ ? firstValue_ : parts.valueAt(thumb));
+    moveTo(thumb == dragStartThumb_ ? dragStartValue_ : parts.valueAt(thumb));
 }
 
 void ScrollControl::moveTo(FixedPoint value) {
@@ -186,7 +186,7 @@ void ScrollControl::captureLost() {
 
 void ScrollControl::settleHover() {
     if (!inside_) return;
-    // What was told of the pointer's leaving during the press has been ignored: ask again.
+    // WM_MOUSELEAVE was ignored during the press: request it again.
     if (contains(pointer_))
         host_.requestLeave();
     else

@@ -1,4 +1,4 @@
-// How a scroll bar answers the mouse, the wheel, the keyboard and its timers. Knows no window:
+// How a scroll bar reacts to the mouse, the wheel, the keyboard and its timers. Knows no window:
 // what it needs of one it asks through ScrollHost. A handler may alter, disable and hide the bar,
 // but must neither destroy it nor replace itself while it runs.
 #pragma once
@@ -111,7 +111,7 @@ class ScrollControl : public tsPrivateScroll {
 
     // What is drawn.
     ScrollGeometry geometry() const;
-    Touch touchOf(ScrollPart part) const;
+    PartState stateOf(ScrollPart part) const;
     bool hasFocus() const noexcept { return hasFocus_; }
     int thickness() const noexcept { return thickness_; }
     int length() const noexcept { return length_; }
@@ -153,11 +153,11 @@ class ScrollControl : public tsPrivateScroll {
 
     ScrollPart held_ = ScrollPart::None;
     int timerPeriod_ = 0;
-    // Of a drag.
-    int grabbedAt_ = 0;  // from the thumb's start
-    int firstThumb_ = 0;
+    // Drag state:
+    int grabOffset_ = 0;  // of the pointer from the thumb's start
+    int dragStartThumb_ = 0;
     int shownThumb_ = 0;
-    FixedPoint firstValue_;
+    FixedPoint dragStartValue_;
 };
 
 }  // namespace velvox

@@ -17,7 +17,7 @@ ScrollGeometry::ScrollGeometry(const ScrollMeasure& m)
     const double whole = static_cast<double>(range_) + page;
     const double part = range_ == 0 ? 1.0 : page / whole;
     const int proportional = static_cast<int>(std::lround(part * track_.length));
-    thumb_.length = std::max(proportional, m.minimumThumb);
+    thumb_.length = std::max(proportional, m.minThumb);
     if (thumb_.length > track_.length) thumb_.length = 0;
 
     double done = 0;
@@ -25,7 +25,7 @@ ScrollGeometry::ScrollGeometry(const ScrollMeasure& m)
         const FixedPoint kept = std::clamp<FixedPoint>(m.value, m.min, m.max);
         done = (kept.toDouble() - m.min) / static_cast<double>(range_);
     }
-    thumb_.start = track_.start + static_cast<int>(std::lround(done * way()));
+    thumb_.start = track_.start + static_cast<int>(std::lround(done * travel()));
 }
 
 ScrollPart ScrollGeometry::hit(int along) const {
@@ -37,12 +37,12 @@ ScrollPart ScrollGeometry::hit(int along) const {
 }
 
 int ScrollGeometry::clampThumb(int start) const {
-    return std::clamp(start, track_.start, track_.start + way());
+    return std::clamp(start, track_.start, track_.start + travel());
 }
 
 FixedPoint ScrollGeometry::valueAt(int start) const {
-    if (way() == 0) return min_;
-    const double done = static_cast<double>(clampThumb(start) - track_.start) / way();
+    if (travel() == 0) return min_;
+    const double done = static_cast<double>(clampThumb(start) - track_.start) / travel();
     return FixedPoint(min_ + std::round(done * static_cast<double>(range_)));
 }
 

@@ -32,9 +32,9 @@ struct Span {
 
 /// The numbers that the parts follow from.
 struct ScrollMeasure {
-    int length = 0;        ///< the whole bar, pixels
-    int arrowLength = 0;   ///< pixels
-    int minimumThumb = 0;  ///< pixels
+    int length = 0;       ///< the whole bar, pixels
+    int arrowLength = 0;  ///< pixels
+    int minThumb = 0;     ///< pixels
     std::int32_t min = 0;
     std::int32_t max = 0;
     std::int32_t largeChange = 0;
@@ -44,7 +44,7 @@ struct ScrollMeasure {
 class ScrollGeometry {
  public:
     /// Arrows that do not fit share the bar. The thumb covers LargeChange / (Max - Min +
-    /// LargeChange) of the track, `minimumThumb` at least, and all of it where there is nothing
+    /// LargeChange) of the track, `minThumb` at least, and all of it where there is nothing
     /// to scroll (Max at or below Min); a track shorter than the minimum has none.
     explicit ScrollGeometry(const ScrollMeasure& measure);
 
@@ -62,17 +62,17 @@ class ScrollGeometry {
     /// The part at a pixel of the bar.
     ScrollPart hit(int along) const;
 
-    /// `start` kept within what a thumb's start can be.
+    /// `start` clamped to the range of the thumb.
     int clampThumb(int start) const;
 
-    /// The whole number that a thumb starting at `start` shows; both ends of the way are exact.
+    /// The whole number that a thumb starting at `start` shows; both ends of the range are exact.
     FixedPoint valueAt(int start) const;
 
     /// The same bar with its thumb held at a pixel.
     ScrollGeometry withThumbAt(int start) const;
 
  private:
-    int way() const noexcept { return track_.length - thumb_.length; }
+    int travel() const noexcept { return track_.length - thumb_.length; }
 
     Span lessArrow_;
     Span track_;

@@ -14,19 +14,19 @@ namespace velvox {
 /// Lengths are pixels of a 96 dpi screen.
 struct ScrollSizes {
     int border = 1;
-    int minimumThumb = 12;
+    int minThumb = 12;
     int arrowGlyph = 4;        ///< from its tip to its base; the base is twice as long, less one
     int arrowGlyphMargin = 1;  ///< least space between glyph and border, along the bar
     int gripLines = 3;
     int gripSpacing = 3;
-    int gripMargin = 4;     ///< from the thumb's border to the ends of a grip line
-    int gripLeastRoom = 7;  ///< of thumb on either side of the grip
-    int focusInset = 2;     ///< from the thumb's edge to the focus rectangle
+    int gripMargin = 4;   ///< from the thumb's border to the ends of a grip line
+    int minGripRoom = 7;  ///< of thumb on either side of the grip
+    int focusInset = 2;   ///< from the thumb's edge to the focus rectangle
 
     /// A drag that strays this many thicknesses from the bar shows the value it began with.
     int snapBackThicknesses = 8;
-    int firstRepeatMs = 250;  ///< a click is not to step twice
-    int lightContrast = 24;   ///< sum of the channels' distances below which nothing can be seen
+    int firstRepeatMs = 250;  ///< a single click must not repeat
+    int minContrast = 24;     ///< sum of the channels' distances below which nothing can be seen
 };
 inline constexpr ScrollSizes scrollSizes;
 
@@ -39,8 +39,8 @@ constexpr int scaled(int pixels, int dpi) {
     return static_cast<int>(std::clamp<std::int64_t>(rounded, Limits::min(), Limits::max()));
 }
 
-/// How a part is touched.
-enum class Touch { None, Hover, Down };
+/// Whether the pointer is over a part, or holds it.
+enum class PartState { None, Hover, Down };
 
 struct ScrollPartLook {
     Rgb fill = 0;
@@ -49,9 +49,9 @@ struct ScrollPartLook {
 };
 
 /// The colours of an arrow, the thumb or a piece of the track. A disabled bar is faded towards
-/// the track. A glyph that its fill would swallow takes the border's colour, as the white arrows
+/// the track. A glyph too close to its fill takes the border's colour, as the white arrows
 /// of the default colours do under the mouse.
-ScrollPartLook scrollPartLook(const tsPrivateScroll& bar, ScrollPart part, Touch touch,
+ScrollPartLook scrollPartLook(const tsPrivateScroll& bar, ScrollPart part, PartState state,
                               const SystemColours& table);
 
 }  // namespace velvox

@@ -28,7 +28,7 @@ class Painter {
     int pixels(int ofTable) const { return scaled(ofTable, bar_.dpi()); }
 
     ScrollPartLook look(ScrollPart part) const {
-        return scrollPartLook(bar_, part, bar_.touchOf(part), CurrentSystemColours());
+        return scrollPartLook(bar_, part, bar_.stateOf(part), CurrentSystemColours());
     }
 
     /// A stretch of the bar without `edge` pixels on both of its long sides.
@@ -56,7 +56,7 @@ class Painter {
     /// Without arrows the track reaches the ends of the bar, which are outlined as well.
     void track(Span span, ScrollPart part) { fill(inside(span), border_, look(part).fill); }
 
-    /// What of a stretch lies between the outlines of the bar's ends.
+    /// The part of a stretch that lies between the outlines of the bar's ends.
     Span inside(Span span) const {
         const int start = std::max(span.start, border_);
         return {start, std::min(span.end(), bar_.length() - border_) - start};
@@ -101,7 +101,7 @@ class Painter {
     void grip(Span place, Rgb colour) {
         const int spacing = pixels(scrollSizes.gripSpacing);
         const int length = (scrollSizes.gripLines - 1) * spacing + 1;
-        if (place.length < length + 2 * pixels(scrollSizes.gripLeastRoom)) return;
+        if (place.length < length + 2 * pixels(scrollSizes.minGripRoom)) return;
         surface_.PenColor(static_cast<OleColour>(colour));
         const int first = place.start + (place.length - length) / 2;
         for (int i = 0; i < scrollSizes.gripLines; ++i)

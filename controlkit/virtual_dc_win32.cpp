@@ -53,7 +53,7 @@ void clsVirtualDC::CreateMyDC(int Width, int Height) {
         OwnedMemoryDc dc(CreateCompatibleDC(screen.get()));
         OwnedBitmap bitmap = compatibleBitmap(screen.get(), Width, Height);
         if (dc && bitmap) {
-            displaced_.reset(SelectObject(dc.get(), bitmap.get()));
+            previousBitmap_.reset(SelectObject(dc.get(), bitmap.get()));
             dc_ = std::move(dc);
             bitmap_ = std::move(bitmap);
         }
@@ -90,13 +90,13 @@ void clsVirtualDC::resize(int width, int height) {
 }
 
 void clsVirtualDC::releaseSurface() {
-    // The objects go while they are still selected, the DC last: the system defers the deletion
-    // of a selected object until its DC goes, and keeps the stock object whatever is asked.
+    // The objects are deleted while still selected, the DC last: the system defers the deletion
+    // of a selected object until that of its DC, and never deletes a stock object.
     ownedFont_.reset();
     ownedPen_.reset();
     ownedBrush_.reset();
     bitmap_.reset();
-    displaced_.reset();
+    previousBitmap_.reset();
     dc_.reset();
 }
 

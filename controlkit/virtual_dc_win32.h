@@ -161,7 +161,7 @@ class clsVirtualDC {
 
     OwnedMemoryDc dc_;
     OwnedBitmap bitmap_;
-    OwnedObject displaced_;  // what the DC held before the bitmap: a stock object
+    OwnedObject previousBitmap_;  // what the DC held before the bitmap: a stock object
     OwnedPen ownedPen_;
     OwnedBrush ownedBrush_;
     OwnedFont ownedFont_;

@@ -202,44 +202,44 @@ void ScrollPage::createControls(const Layout& layout) {
 }
 
 void ScrollPage::listen(ScrollBarWindow& bar, std::string_view name) {
-    const auto tells = [this, name](std::string_view event) {
-        return [this, name, event] { tell(name, event); };
+    const auto reports = [this, name](std::string_view event) {
+        return [this, name, event] { report(name, event); };
     };
-    const auto tellsKey = [this, name](std::string_view event) {
+    const auto reportsKey = [this, name](std::string_view event) {
         return [this, name, event](std::int16_t& KeyCode, std::int16_t Shift) {
-            tell(name, event, std::to_string(KeyCode) + ", " + std::to_string(Shift));
+            report(name, event, std::to_string(KeyCode) + ", " + std::to_string(Shift));
         };
     };
-    const auto tellsMouse = [this, name](std::string_view event) {
+    const auto reportsMouse = [this, name](std::string_view event) {
         return [this, name, event](MouseButton Button, std::int16_t Shift, bool Control) {
-            tell(name, event,
-                 std::to_string(static_cast<int>(Button)) + ", " + std::to_string(Shift) +
-                     (Control ? ", True" : ", False"));
+            report(name, event,
+                   std::to_string(static_cast<int>(Button)) + ", " + std::to_string(Shift) +
+                       (Control ? ", True" : ", False"));
         };
     };
-    bar.Change = [this, name](const FixedPoint& Value) { tell(name, "Change", Value.text()); };
-    bar.KeyDown = tellsKey("KeyDown");
+    bar.Change = [this, name](const FixedPoint& Value) { report(name, "Change", Value.text()); };
+    bar.KeyDown = reportsKey("KeyDown");
     bar.KeyPress = [this, name](std::int16_t& KeyAscii) {
-        tell(name, "KeyPress", std::to_string(KeyAscii));
+        report(name, "KeyPress", std::to_string(KeyAscii));
     };
-    bar.KeyUp = tellsKey("KeyUp");
-    bar.MouseHover = tells("MouseHover");
-    bar.MouseLeave = tells("MouseLeave");
+    bar.KeyUp = reportsKey("KeyUp");
+    bar.MouseHover = reports("MouseHover");
+    bar.MouseLeave = reports("MouseLeave");
     bar.MouseWheel = [this, name](std::int16_t Sens) {
-        tell(name, "MouseWheel", std::to_string(Sens));
+        report(name, "MouseWheel", std::to_string(Sens));
     };
-    bar.MouseDown = tellsMouse("MouseDown");
-    bar.MouseUp = tellsMouse("MouseUp");
-    bar.MouseDblClick = tellsMouse("MouseDblClick");
-    bar.MouseMove = tellsMouse("MouseMove");
+    bar.MouseDown = reportsMouse("MouseDown");
+    bar.MouseUp = reportsMouse("MouseUp");
+    bar.MouseDblClick = reportsMouse("MouseDblClick");
+    bar.MouseMove = reportsMouse("MouseMove");
     bar.Scroll = [this, name, &bar] {
-        tell(name, "Scroll", "Value " + bar.Value().text());
+        report(name, "Scroll", "Value " + bar.Value().text());
         InvalidateRect(handle(), nullptr, FALSE);
         UpdateWindow(handle());
     };
 }
 
-void ScrollPage::tell(std::string_view bar, std::string_view event, std::string_view detail) {
+void ScrollPage::report(std::string_view bar, std::string_view event, std::string_view detail) {
     std::string line = std::string(bar) + "   " + std::string(event);
     if (!detail.empty()) line += "  (" + std::string(detail) + ")";
     const HWND list = events_.handle();

@@ -38,7 +38,7 @@ class ScrollPage : public Page, private Window {
     void drawPicture();
     void createControls(const Layout& layout);
     void listen(ScrollBarWindow& bar, std::string_view name);
-    void tell(std::string_view bar, std::string_view event, std::string_view detail = {});
+    void report(std::string_view bar, std::string_view event, std::string_view detail = {});
     void paint(HDC target);
 
     OwnedFont font_;

@@ -26,7 +26,7 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     /// Null while there is none.
     HWND toolTip() const noexcept { return tip_.get(); }
 
-    /// What the box stands on.
+    /// The brush of the text's place.
     HBRUSH background() const;
 
     /// The background and text colours that the parent returns for WM_CTLCOLOREDIT.

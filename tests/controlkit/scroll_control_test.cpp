@@ -13,7 +13,7 @@ namespace {
 
 using testing::FakeScrollHost;
 
-/// A bar of 130 by 16 pixels: arrows at 0..9 and 120..129, a thumb of 12 pixels whose start goes
+/// A bar of 130 by 16 pixels: arrows at 0..9 and 120..129, a thumb of 12 pixels whose start runs
 /// from 10 to 108, at 59 for the value 50.
 class ScrollControlTest : public ::testing::Test {
  protected:
@@ -41,7 +41,7 @@ class ScrollControlTest : public ::testing::Test {
         bar.KeyPress = noting("KeyPress");
     }
 
-    /// Plays words with a number each, such as "down 5 tick 0"; answers what was written down. The
+    /// Plays words with a number each, such as "down 5 tick 0"; returns what was written down. The
     /// number is a place along the bar for the pointer, at the place `across`; else a key's code,
     /// the wheel's turn, 0 or 1 for the timer of the arrows or the track.
     std::string play(const std::string& script) {
@@ -114,9 +114,9 @@ TEST_F(ScrollControlTest, AHeldArrowRepeatsWithTheInterval) {
 
 TEST_F(ScrollControlTest, AHeldTrackPagesUntilTheThumbIsUnderThePointer) {
     EXPECT_EQ(valueAfter("down 85 tick 0"), 60) << "not by the arrows' timer";
-    EXPECT_EQ(bar.touchOf(ScrollPart::TrackAfter), Touch::Down);
+    EXPECT_EQ(bar.stateOf(ScrollPart::TrackAfter), PartState::Down);
     EXPECT_EQ(valueAfter("tick 1 tick 1 tick 1"), 70);
-    EXPECT_EQ(bar.touchOf(ScrollPart::TrackAfter), Touch::None);
+    EXPECT_EQ(bar.stateOf(ScrollPart::TrackAfter), PartState::None);
     EXPECT_EQ(valueAfter("move 115 tick 1"), 80) << "the pointer has moved on";
     EXPECT_EQ(valueAfter("move 20 tick 1"), 80) << "and never back";
     EXPECT_EQ(valueAfter("wheel 120 key 36"), 80) << "a press comes first";
@@ -165,8 +165,8 @@ TEST_F(ScrollControlTest, CaptureThatIsTakenAwayEndsThePress) {
 TEST_F(ScrollControlTest, HoverComesOnceAndLeavesOnceInAnyOrder) {
     EXPECT_EQ(play("move 60 move 61"), "MouseHover;");
     EXPECT_EQ(host.leaveRequests, 2) << "asked for again on every move";
-    EXPECT_EQ(bar.touchOf(ScrollPart::Thumb), Touch::Hover);
-    EXPECT_EQ(bar.touchOf(ScrollPart::LessArrow), Touch::None);
+    EXPECT_EQ(bar.stateOf(ScrollPart::Thumb), PartState::Hover);
+    EXPECT_EQ(bar.stateOf(ScrollPart::LessArrow), PartState::None);
     EXPECT_EQ(play("move 20 leave 0 leave 0"), "MouseLeave;");
     for (const char* order : {"leave 0 across -30 move 60", "across -30 move 60 leave 0"}) {
         play("across 8 move 60 down 60");
@@ -228,7 +228,7 @@ TEST_F(ScrollControlTest, KeysMoveAfterTheirEvent) {
     bar.keyDown(ScrollKeys::end, 4);
     EXPECT_EQ(play(""), "KeyDown 35 4;") << "the system's";
     bar.KeyDown = [](std::int16_t& code, int) { code = code == 'J' ? ScrollKeys::end : 0; };
-    EXPECT_EQ(valueAfter("key 74 key 36"), 100) << "one is exchanged, the other swallowed";
+    EXPECT_EQ(valueAfter("key 74 key 36"), 100) << "one is exchanged, the other dropped";
 }
 
 TEST_F(ScrollControlTest, WithoutKeyAndMouseEventsTheBarStillWorks) {

@@ -13,8 +13,8 @@ struct FixedColours : SystemColours {
     Rgb colour(int index) const override { return rgb(index, index, index); }
 };
 
-ScrollPartLook lookOf(const tsPrivateScroll& bar, ScrollPart part, Touch touch) {
-    return scrollPartLook(bar, part, touch, FixedColours());
+ScrollPartLook lookOf(const tsPrivateScroll& bar, ScrollPart part, PartState state) {
+    return scrollPartLook(bar, part, state, FixedColours());
 }
 
 TEST(ScrollLookTest, EachPartTakesTheColourOfItsRoleAndTouch) {
@@ -25,8 +25,8 @@ TEST(ScrollLookTest, EachPartTakesTheColourOfItsRoleAndTouch) {
     bar.DownColor(4);
     bar.LargeChangeColor(5);
     const auto fills = [&](ScrollPart part) {
-        const auto fill = [&](Touch touch) { return lookOf(bar, part, touch).fill; };
-        return std::array{fill(Touch::None), fill(Touch::Hover), fill(Touch::Down)};
+        const auto fill = [&](PartState state) { return lookOf(bar, part, state).fill; };
+        return std::array{fill(PartState::None), fill(PartState::Hover), fill(PartState::Down)};
     };
     const Rgb track = rgb(20, 20, 20);
     const Rgb faded = rgb(11, 10, 10);
@@ -48,18 +48,19 @@ TEST(ScrollLookTest, LengthsScaleUpToTheEndsOfTheirType) {
 
 TEST(ScrollLookTest, SizesAreThoseOfTheDesign) {
     constexpr ScrollSizes s;
-    const std::array sizes{s.border,     s.minimumThumb,        s.arrowGlyph,    s.arrowGlyphMargin,
-                           s.gripLines,  s.gripSpacing,         s.gripMargin,    s.gripLeastRoom,
-                           s.focusInset, s.snapBackThicknesses, s.firstRepeatMs, s.lightContrast};
+    const std::array sizes{
+        s.border,        s.minThumb,   s.arrowGlyph,  s.arrowGlyphMargin, s.gripLines,
+        s.gripSpacing,   s.gripMargin, s.minGripRoom, s.focusInset,       s.snapBackThicknesses,
+        s.firstRepeatMs, s.minContrast};
     EXPECT_EQ(sizes, (std::array{1, 12, 4, 1, 3, 3, 4, 7, 2, 8, 250, 24}));
 }
 
 TEST(ScrollLookTest, AGlyphNeverVanishesInItsFill) {
     const tsPrivateScroll bar;
     const Rgb border = rgb(128, 128, 255);
-    EXPECT_EQ(lookOf(bar, ScrollPart::LessArrow, Touch::None).glyph, rgb(255, 255, 255));
-    EXPECT_EQ(lookOf(bar, ScrollPart::LessArrow, Touch::Hover).glyph, border);
-    EXPECT_EQ(lookOf(bar, ScrollPart::Thumb, Touch::None).glyph, border);
+    EXPECT_EQ(lookOf(bar, ScrollPart::LessArrow, PartState::None).glyph, rgb(255, 255, 255));
+    EXPECT_EQ(lookOf(bar, ScrollPart::LessArrow, PartState::Hover).glyph, border);
+    EXPECT_EQ(lookOf(bar, ScrollPart::Thumb, PartState::None).glyph, border);
 }
 
 }  // namespace

@@ -170,7 +170,7 @@ void checkGeometry(const std::array<std::int32_t, 8>& n) {
     require(at == std::max(0, m.length), "the parts' length");
     require(g.hit(at) == ScrollPart::None && g.hit(-1) == ScrollPart::None, "a hit outside");
     require(g.lessArrow().length == g.moreArrow().length, "arrows of two lengths");
-    require(thumb.length == 0 || thumb.length >= std::min(m.minimumThumb, track.length), "minimum");
+    require(thumb.length == 0 || thumb.length >= std::min(m.minThumb, track.length), "minimum");
 
     const std::int64_t range = std::max<std::int64_t>(0, std::int64_t{m.max} - m.min);
     const int travel = track.length - thumb.length;

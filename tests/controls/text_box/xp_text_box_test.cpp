@@ -245,9 +245,9 @@ TEST_F(XPTextBoxTest, NewInstanceShowsItsNameAndALoadedOneItsDefault) {
 
 TEST_F(XPTextBoxTest, ReadingMapsAnAlignmentAndRefusesWhatCannotBe) {
     for (const std::int32_t alignment : {3, 70'000, -1, -65'535}) {
-        box.ReadProperties({{"Alignment", alignment}, {"DataFields", "behind"}});
+        box.ReadProperties({{"Alignment", alignment}, {"DataFields", "after"}});
         EXPECT_EQ(box.Alignment(), 0) << alignment;
-        EXPECT_EQ(box.DataFields(), "behind");
+        EXPECT_EQ(box.DataFields(), "after");
         box.DataFields("");
     }
     const PropertyBag bags[] = {
