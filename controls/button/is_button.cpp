@@ -263,10 +263,11 @@ ButtonState isButton::visualState() const noexcept {
     if (!enabled_) return ButtonState::Disabled;
     if (buttonType_ == toggleType && value_) return ButtonState::Pressed;
     if (!userMode_ && style_ != undisturbedStyle) return ButtonState::Hot;
-    if (state_ == ButtonState::Pressed && draggedOff_) return restingState();
-    // Nothing would ever end a hot look that no notice of leaving can take back.
-    if (state_ == ButtonState::Hot && tracking_ == Tracking::None) return ButtonState::Normal;
-    return state_;
+    const bool isOff = state_ == ButtonState::Pressed && draggedOff_;
+    const ButtonState state = isOff ? restingState() : state_;
+    // Without leave notifications nothing would end a hot look.
+    if (state == ButtonState::Hot && tracking_ == Tracking::None) return ButtonState::Normal;
+    return state;
 }
 
 ButtonToolTip isButton::toolTipRecord() const {

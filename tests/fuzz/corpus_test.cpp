@@ -20,6 +20,7 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
                                                        {"metacafe", metacafe},
                                                        {"comic", comic},
                                                        {"google", google},
+                                                       {"button", button},
                                                        {"dispatch", dispatch},
                                                        {"links", links},
                                                        {"bag", bag},
