@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "controls/button/is_button.h"
 
@@ -16,7 +17,7 @@ struct NumberedColours : SystemColours {
     Rgb colour(int index) const override { return of(index); }
 };
 
-/// Writes down what the button asks for and tells, one letter each.
+/// Records the requests and events of a button, one letter each, and what has changed.
 struct ButtonLog : ButtonHost, ControlView {
     explicit ButtonLog(isButton& button) {
         button.setHost(this);
@@ -30,13 +31,13 @@ struct ButtonLog : ButtonHost, ControlView {
     void showToolTip() override { text += 'T'; }
     void showAbout() override { text += 'A'; }
     void openAddress(std::string_view address) override { text += address; }
-    void follow(Aspect) override {
-        ++repaints;
+    void follow(Aspect aspect) override {
+        changes.push_back(aspect);
         text += '.';
     }
 
     std::string text;
-    int repaints = 0;
+    std::vector<Aspect> changes;
 };
 
 }  // namespace velvox
