@@ -105,7 +105,7 @@ void layOutAlignments(Sheet& sheet) {
         button.IconAlign(iconAlign);
         return &button;
     };
-    // The caption goes where the icon is not.
+    // The caption is at the side opposite to the icon.
     constexpr int opposite[] = {4, 0, 0, 4, 3};
     for (int align = 0; align < 5; ++align)
         sheet.show(*sample(align, 34, 5, align, opposite[align]));

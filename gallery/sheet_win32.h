@@ -30,7 +30,7 @@ class Sheet : public Window {
     void write(const SheetPlace& at, std::string_view text, bool bold = false,
                bool centred = false);
 
-    /// A still picture. `cue` draws the focus as someone at the keyboard sees it.
+    /// A still picture. `cue` draws the focus as after a key press.
     void draw(const SheetPlace& at, const ButtonLook& look, bool cue = false);
 
     /// A live button with its stored properties; `show` makes its window.

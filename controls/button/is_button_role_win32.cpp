@@ -7,7 +7,7 @@
 namespace velvox {
 namespace {
 
-// Annotations: the standard proxy of a button would tell more, but is missing on systems where
+// Annotations: the standard proxy of a button reports more, but is missing on systems where
 // merely calling it ends the program.
 class SystemRoles : public AccessibleRoles {
  public:

@@ -1,4 +1,4 @@
-// What assistive programs are told of a push button's window. Its name is the window's text.
+// The accessible role of a push button's window. Its name is the window's text.
 #pragma once
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-// The push button's own tool tip, made anew each time the pointer enters.
+// The push button's own tool tip, created again each time the pointer enters.
 #pragma once
 
 #include <windows.h>

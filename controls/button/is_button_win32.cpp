@@ -29,7 +29,7 @@ void followContrast(ButtonLook& look) {
     look.style = classicStyle;
 }
 
-// What the container shows behind its buttons.
+// The background colour of the container.
 Rgb surroundingsOf(HWND window, HDC dc) {
     const HWND parent = GetParent(window);
     const auto brush = reinterpret_cast<HBRUSH>(SendMessageW(
@@ -75,7 +75,7 @@ isButtonWindow::~isButtonWindow() {
         model_.setView(nullptr);
         model_.setHost(nullptr);
     }
-    // From here on a message finds no model to go to.
+    // Messages that arrive from here on are ignored.
     modelAlive_.reset();
     removeSubclass();
     onDestroy();
@@ -126,7 +126,7 @@ void isButtonWindow::removeSubclass() noexcept {
     subclassed_ = false;
 }
 
-// Runs before the window's own procedure. `self` may be gone after the model has been told.
+// Runs before the window's own procedure. The model's handlers may destroy `self`.
 LRESULT CALLBACK isButtonWindow::hoverThunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                             UINT_PTR, DWORD_PTR self) noexcept {
     auto* button = reinterpret_cast<isButtonWindow*>(self);
@@ -196,7 +196,7 @@ void isButtonWindow::release(POINT at) {
     pressWatch_.stop();
     ReleaseCapture();
     model_.mouseUp(MouseButton::Left);
-    // Where no hover ends, a toggle button would stay down that nobody has toggled.
+    // Without hover, a cancelled press would leave a toggle button looking pressed.
     if (!inside) return model_.mouseInside() ? endHover() : model_.pressCancelled();
     // The request made on entering may have been used up during the press.
     if (model_.mouseInside()) requestLeaveNotice();
@@ -242,7 +242,7 @@ std::optional<LRESULT> isButtonWindow::onMouse(UINT message, LPARAM lParam) {
         case WM_MOUSEMOVE:
             if (pressing_) model_.pointerDragged(over(at));
             return 0;
-        // Their default goes on to the container's context menu.
+        // The default opens the container's context menu.
         case WM_RBUTTONUP: model_.mouseUp(MouseButton::Right); return std::nullopt;
         case WM_MBUTTONUP: model_.mouseUp(MouseButton::Middle); return std::nullopt;
         default: return std::nullopt;

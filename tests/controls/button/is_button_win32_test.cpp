@@ -255,12 +255,12 @@ TEST_F(IsButtonWindowTest, AHandlerMayThrowOrRunAMessageLoop) {
         for (const char* const start : {"press release", "space space-up", "enter"}) {
             makeModel();
             open();
-            int told = 0;
-            model->Click = model->MouseEnter = [&told, &end] {
-                if (++told == 1) end();
+            int calls = 0;
+            model->Click = model->MouseEnter = [&calls, &end] {
+                if (++calls == 1) end();
             };
             run(start);
-            EXPECT_EQ(told, 1) << "it may also end the button: " << start;
+            EXPECT_EQ(calls, 1) << "it may also end the button: " << start;
         }
     EXPECT_EQ(reported, "");
 }
@@ -338,7 +338,7 @@ TEST_F(IsButtonWindowTest, AResizeRepaintsTheWholeFace) {
     }
 }
 
-TEST_F(IsButtonWindowTest, ShowsItsCaptionAndTellsItsRoleOnce) {
+TEST_F(IsButtonWindowTest, ShowsItsCaptionAndAnnouncesItsRoleOnce) {
     open();
     model->Caption("Stop");
     EXPECT_EQ(windowText(window->handle()), "Stop");
@@ -372,7 +372,7 @@ TEST_F(IsButtonWindowTest, TrackingTakesTheFirstEntryPointThereIs) {
     EXPECT_EQ(model->visualState(), Normal);
 }
 
-TEST_F(IsButtonWindowTest, ToolTipsAreMadeAnewOnEachEntry) {
+TEST_F(IsButtonWindowTest, ToolTipsAreCreatedOnEachEntry) {
     model->ToolTip("tip");
     open();
     run("enter leave");
@@ -385,7 +385,7 @@ TEST_F(IsButtonWindowTest, ToolTipsAreMadeAnewOnEachEntry) {
         "create 3;1028 0 flags 16 tip 80x30;destroy;"
         "create 67;1028 0 flags 16 tip 80x30;1056 2 title;1044 4478310;1043 1122867;destroy;");
 
-    // The system's own is topmost and goes with the button.
+    // The real one is topmost and is destroyed with the button.
     const int before = liveHandles();
     model->pointerLeft();
     window = std::make_unique<isButtonWindow>(*model, form.handle(), 7,
