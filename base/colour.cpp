@@ -1,6 +1,7 @@
 #include "base/colour.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace velvox {
 namespace {
@@ -10,6 +11,16 @@ constexpr OleColour lastSystemColour = 30;
 template <class Channel>
 Rgb perChannel(Channel channel) {
     return rgb(channel(redOf), channel(greenOf), channel(blueOf));
+}
+
+double linear(int channel) {
+    const double value = channel / 255.0;
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+}
+
+double luminance(Rgb colour) {
+    return 0.2126 * linear(redOf(colour)) + 0.7152 * linear(greenOf(colour)) +
+           0.0722 * linear(blueOf(colour));
 }
 
 }  // namespace
@@ -42,6 +53,23 @@ Rgb lighten(Rgb colour, int amount) {
 Rgb blend(Rgb from, Rgb to, int step, int steps) {
     if (steps <= 1) return from;
     return perChannel([&](auto of) { return of(from) + (of(to) - of(from)) * step / (steps - 1); });
+}
+
+double contrast(Rgb a, Rgb b) {
+    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+Rgb legible(Rgb text, Rgb background, double ratio) {
+    constexpr Rgb black = rgb(0, 0, 0);
+    constexpr Rgb white = rgb(255, 255, 255);
+    constexpr int steps = 33;
+    const Rgb end = contrast(white, background) > contrast(black, background) ? white : black;
+    for (int step = 0; step < steps; ++step) {
+        const Rgb colour = blend(text, end, step, steps);
+        if (contrast(colour, background) >= ratio) return colour;
+    }
+    return end;
 }
 
 }  // namespace velvox

@@ -1,4 +1,5 @@
-// Colour arithmetic of the owner-drawn controls. RGB values keep red in the low byte.
+// Colour arithmetic of the owner-drawn controls and of legible text. RGB values keep red in the low
+// byte.
 #pragma once
 
 #include <cstdint>
@@ -63,5 +64,17 @@ Rgb lighten(Rgb colour, int amount);
 
 /// Colour of line `step` of `steps` between two colours, each channel interpolated linearly.
 Rgb blend(Rgb from, Rgb to, int step, int steps);
+
+/// Contrast ratio of two colours, from 1 to 21, as the Web Content Accessibility Guidelines define
+/// it.
+double contrast(Rgb a, Rgb b);
+
+/// Least contrast of text to its background: usually, and where the user asked for high contrast.
+inline constexpr double textContrast = 4.5;
+inline constexpr double highTextContrast = 7;
+
+/// `text`, or the colour next to it on the way to black or white that has at least the contrast
+/// `ratio` to `background`. Black or white itself where none has.
+Rgb legible(Rgb text, Rgb background, double ratio);
 
 }  // namespace velvox

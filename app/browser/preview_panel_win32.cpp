@@ -26,7 +26,9 @@ COLORREF valueColour() {
 
 // The system's own grey for text is too light to be read on its window colour.
 COLORREF labelColour() {
-    return highContrast() ? valueColour() : palette::quietText;
+    if (highContrast()) return valueColour();
+    const auto background = static_cast<Rgb>(GetSysColor(backgroundColour));
+    return static_cast<COLORREF>(legible(palette::quietText, background, textContrast));
 }
 
 // More than any panel holds; keeps measuring short whatever a server redirects to.

@@ -18,7 +18,7 @@ inline constexpr Rgb titleEdge = rgb(27, 68, 83);
 inline constexpr Rgb titleShine = rgb(103, 158, 174);
 inline constexpr Rgb titleTop = rgb(60, 125, 143);
 inline constexpr Rgb titleBottom = rgb(36, 88, 107);
-inline constexpr Rgb titleVeil = rgb(116, 127, 132);
+inline constexpr Rgb titleVeil = rgb(104, 115, 120);
 
 // Surfaces.
 inline constexpr Rgb form = rgb(242, 241, 238);
@@ -27,6 +27,8 @@ inline constexpr Rgb areaEdge = rgb(186, 190, 188);
 inline constexpr Rgb strip = rgb(231, 231, 227);
 inline constexpr Rgb lineDark = rgb(206, 205, 200);
 inline constexpr Rgb lineLight = rgb(255, 255, 255);
+inline constexpr Rgb button = rgb(224, 224, 224);
+inline constexpr Rgb box = rgb(255, 255, 255);
 
 // Text.
 inline constexpr Rgb text = rgb(30, 36, 40);

@@ -21,6 +21,14 @@ constexpr std::size_t linesWorthClearing = 1;
 // Bytes of HTML that are kept as the window's text: all of the longest list that can be shown.
 constexpr std::size_t maxKeptHtml = 16'000'000;
 
+PaneColours systemPaneColours() {
+    PaneColours colours;
+    colours.background = static_cast<Rgb>(GetSysColor(COLOR_WINDOW));
+    colours.link = static_cast<Rgb>(GetSysColor(COLOR_HOTLIGHT));
+    if (highContrast()) colours.linkContrast = colours.plainContrast = highTextContrast;
+    return colours;
+}
+
 }  // namespace
 
 ResultPaneWindow::ResultPaneWindow(HWND parent, const RECT& pixels, int id, Desktop& desktop)
@@ -44,8 +52,8 @@ ResultPaneWindow::~ResultPaneWindow() {
 void ResultPaneWindow::DocumentHTML(std::string_view html) noexcept {
     try {
         html_ = html.substr(0, maxKeptHtml);
-        const auto linkColour = static_cast<Rgb>(GetSysColor(COLOR_HOTLIGHT));
-        RichText text = toRichText(parseHtmlFragment(html), linkColour);
+        colours_ = systemPaneColours();
+        RichText text = toRichText(parseHtmlFragment(html), colours_);
         if (text_->lines() > linesWorthClearing) renewText();
         text_->show(std::move(text));
         RedrawWindow(handle(), nullptr, nullptr,
@@ -53,6 +61,10 @@ void ResultPaneWindow::DocumentHTML(std::string_view html) noexcept {
     } catch (...) {
         reportCurrentFailure();
     }
+}
+
+void ResultPaneWindow::systemColoursChanged() {
+    if (systemPaneColours() != colours_) DocumentHTML(std::string(html_));
 }
 
 void ResultPaneWindow::renewText() {

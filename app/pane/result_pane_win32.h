@@ -11,6 +11,7 @@
 #include "app/form1/desktop.h"
 #include "app/form1/result_pane.h"
 #include "app/pane/link_text_win32.h"
+#include "app/pane/rich_text.h"
 #include "base/accessible_name_win32.h"
 #include "base/window_win32.h"
 
@@ -24,6 +25,9 @@ class ResultPaneWindow : public Window, public ResultPane {
     ~ResultPaneWindow() override;
 
     void DocumentHTML(std::string_view html) noexcept override;
+
+    /// Shows the present content again where its colours are no longer legible.
+    void systemColoursChanged();
 
     /// The control that shows the text; a later write may replace it by another.
     HWND textWindow() const noexcept { return text_->handle(); }
@@ -42,6 +46,7 @@ class ResultPaneWindow : public Window, public ResultPane {
 
     Desktop& desktop_;
     std::string html_;
+    PaneColours colours_;  ///< that the present content was shown with
     std::unique_ptr<LinkText> text_;
     std::wstring name_;
     AccessibleName textName_;

@@ -1,7 +1,7 @@
 #include "app/pane/rich_text.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <map>
 #include <utility>
 
 #include "app/pane/fill_cost.h"
@@ -34,9 +34,9 @@ size_t widthOf(const TextLook& look) {
 
 class Writer {
  public:
-    Writer(HtmlFragment fragment, Rgb linkColour)
+    Writer(HtmlFragment fragment, const PaneColours& colours)
         : fragment_(std::move(fragment)),
-          linkColour_(linkColour),
+          paneColours_(colours),
           isLong_(fragment_.text.size() > longText) {}
 
     RichText write() {
@@ -138,9 +138,11 @@ class Writer {
     void enter(const TextLook& look, bool inLink) {
         if (!inLink) plainEnd_ = result_.length + 1;
         const bool automatic = look.colour == TextLook::automatic;
-        const State next{
-            look.face, look.halfPoints,
-            automatic && !inLink ? 0 : colourIndex(automatic ? linkColour_ : look.colour), inLink};
+        const State next{look.face, look.halfPoints,
+                         automatic && !inLink
+                             ? 0
+                             : colourIndex(automatic ? paneColours_.link : look.colour, inLink),
+                         inLink};
         const size_t before = result_.rtf.size();
         std::string& rtf = result_.rtf;
         if (next.face != state_.face) rtf += "\\f" + std::to_string(next.face);
@@ -154,12 +156,14 @@ class Writer {
         state_ = next;
     }
 
-    size_t colourIndex(Rgb colour) {
-        const auto known = colourIndices_.find(colour);
+    size_t colourIndex(Rgb colour, bool inLink) {
+        const auto known = colourIndices_.find({colour, inLink});
         if (known != colourIndices_.end()) return known->second;
         if (colours_.size() == mostColours) return 0;
-        colours_.push_back(colour);
-        return colourIndices_[colour] = colours_.size();
+        colours_.push_back(
+            legible(colour, paneColours_.background,
+                    inLink ? paneColours_.linkContrast : paneColours_.plainContrast));
+        return colourIndices_[{colour, inLink}] = colours_.size();
     }
 
     std::string fontTable() const {
@@ -179,12 +183,12 @@ class Writer {
     }
 
     HtmlFragment fragment_;
-    Rgb linkColour_;
+    PaneColours paneColours_;
     bool isLong_;
     RichText result_;
     State state_;
     std::vector<Rgb> colours_;
-    std::unordered_map<Rgb, size_t> colourIndices_;
+    std::map<std::pair<Rgb, bool>, size_t> colourIndices_;  // of a colour inside or outside links
     int openLink_ = TextRun::noLink;
     size_t plainEnd_ = 0;  // of the text outside links
     size_t column_ = 0;    // width of the line so far, in characters of size 2
@@ -193,8 +197,8 @@ class Writer {
 
 }  // namespace
 
-RichText toRichText(HtmlFragment fragment, Rgb linkColour) {
-    return Writer(std::move(fragment), linkColour).write();
+RichText toRichText(HtmlFragment fragment, const PaneColours& colours) {
+    return Writer(std::move(fragment), colours).write();
 }
 
 const TextLink* linkAfter(const std::vector<TextLink>& links, std::size_t character) {

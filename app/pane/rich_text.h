@@ -51,7 +51,18 @@ inline constexpr std::size_t maxMarkedSpans = 200;
 /// Takes the place of what would cost the control too much.
 inline constexpr std::string_view restNotice = "The rest is too long to show.";
 
-RichText toRichText(HtmlFragment fragment, Rgb linkColour);
+/// What the stream's colours depend on. Text without a colour has the window's.
+struct PaneColours {
+    Rgb background = rgb(255, 255, 255);
+    Rgb link = rgb(0, 0, 255);
+    double linkContrast = textContrast;  ///< least contrast of links to the background
+    double plainContrast = 3;            ///< and of other coloured text
+
+    bool operator==(const PaneColours&) const = default;
+};
+
+/// Colours of too little contrast are moved towards black or white.
+RichText toRichText(HtmlFragment fragment, const PaneColours& colours);
 
 /// The link that covers a character, or null. Takes time logarithmic in the number of links.
 const TextLink* linkAt(const std::vector<TextLink>& links, std::size_t character);

@@ -89,7 +89,7 @@ struct Form1Window::Children {
           titleView(window),
           Label5(form.Label5, window, id(ControlId::Label5), Kind::Handle, owner.skin_),
           Label1(form.Label1, window, id(ControlId::Label1), Kind::Text, owner.skin_),
-          linkin(form.linkin, window, id(ControlId::linkin)),
+          linkin(form.linkin, window, id(ControlId::linkin), owner.colours_),
           UniXPButton1(form.UniXPButton1, window, id(ControlId::UniXPButton1)),
           Label6(form.Label6, window, id(ControlId::Label6), Kind::Text, owner.skin_),
           ds(form.ds, window, id(ControlId::ds)),
@@ -171,6 +171,7 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     };
     registerWindowClass(L"Form1", 0, nullptr, icon(SM_CXICON, SM_CYICON),
                         icon(SM_CXSMICON, SM_CYSMICON));
+    colours_.setHighContrast(highContrast());
     const RECT design = designPixels("Form1");
     WindowRequest request;
     request.className = L"Form1";
@@ -345,6 +346,15 @@ InputEvent::Target Form1Window::inputTargetOf(HWND window) const {
 
 void Form1Window::followContrast() {
     skin_.setContrast(Skin::systemContrast());
+    colours_.setHighContrast(highContrast());
+    // Stored as plain colours when the scheme was another one. In high contrast they are not used.
+    if (!highContrast()) {
+        const auto text = static_cast<OleColour>(colours_.colour(ButtonTextColour));
+        for (isButton* button : {&form().UniXPButton1, &form().isButton1, &form().isButton2})
+            button->FontHighlightColor(text);
+        for (isButton* button : {&form().UniXPButton1, &form().isButton2}) button->FontColor(text);
+    }
+    children_->output.systemColoursChanged();
     repaintAll();
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/form1/form1.h"
+#include "app/form1/skin_colours.h"
 #include "app/net/transfer_control_win32.h"
 #include "app/window/desktop_win32.h"
 #include "app/window/input_gate_win32.h"
@@ -48,7 +49,8 @@ class Form1Window : public Window, public FormFrame {
     MessagePump& pump_;
     InputGate input_;
     WindowsDesktop desktop_;
-    CurrentSystemColours colours_;
+    CurrentSystemColours systemColours_;
+    SkinColours colours_{systemColours_};
     TransferLimits limits_;
     InternetSession session_;
     WinHttpTransfer transfer_;

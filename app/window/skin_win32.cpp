@@ -19,7 +19,7 @@ constexpr int areaMarginTop = 60;
 constexpr int areaMarginRight = 90;
 constexpr int areaMarginBottom = 90;
 
-// How far another window's title bar is on its way to the veil, of 255.
+// How far an inactive title bar is on its way to titleVeil, of 255.
 constexpr BYTE veilStrength = 150;
 
 int twipsInPixels(int twips) {
@@ -160,9 +160,12 @@ void Skin::drawLine(HDC dc, int number, POINT from, POINT to) const {
 Rgb Skin::textColour(TextRole role, OleColour designed) const {
     if (contrast_ == Contrast::Normal) return translateColour(designed);
     switch (role) {
-        case TextRole::Link: return systemRgb(COLOR_HOTLIGHT);
+        case TextRole::Link:
+            return legible(systemRgb(COLOR_HOTLIGHT), systemRgb(COLOR_WINDOW), highTextContrast);
         case TextRole::Title:
-            return systemRgb(active_ ? COLOR_CAPTIONTEXT : COLOR_INACTIVECAPTIONTEXT);
+            return legible(systemRgb(active_ ? COLOR_CAPTIONTEXT : COLOR_INACTIVECAPTIONTEXT),
+                           systemRgb(active_ ? COLOR_ACTIVECAPTION : COLOR_INACTIVECAPTION),
+                           textContrast);
         default: return systemRgb(COLOR_WINDOWTEXT);
     }
 }

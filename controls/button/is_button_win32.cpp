@@ -30,14 +30,14 @@ void followContrast(ButtonLook& look) {
 }
 
 // The background colour of the container.
-Rgb surroundingsOf(HWND window, HDC dc) {
+Rgb surroundingsOf(HWND window, HDC dc, const SystemColours& colours) {
     const HWND parent = GetParent(window);
     const auto brush = reinterpret_cast<HBRUSH>(SendMessageW(
         parent, WM_CTLCOLORBTN, reinterpret_cast<WPARAM>(dc), reinterpret_cast<LPARAM>(window)));
     LOGBRUSH style{};
     if (brush && GetObjectW(brush, sizeof style, &style) && style.lbStyle == BS_SOLID)
         return static_cast<Rgb>(style.lbColor);
-    return static_cast<Rgb>(GetSysColor(COLOR_BTNFACE));
+    return colours.colour(ButtonFaceColour);
 }
 
 SIZE clientSize(HWND window) {
@@ -354,7 +354,8 @@ void isButtonWindow::paintInto(HDC dc) {
     if (size.cx <= 0 || size.cy <= 0) return;
     ButtonLook look = model_.look();
     followContrast(look);
-    const ButtonScene scene{model_.systemColours(), surroundingsOf(handle(), dc),
+    const ButtonScene scene{model_.systemColours(),
+                            surroundingsOf(handle(), dc, model_.systemColours()),
                             model_.hasFocus() && focusCue_};
     const ButtonFace face(size.cx, size.cy);
     if (!paintButton(face, look, scene, handle(), services_.themes) && model_.userMode()) {

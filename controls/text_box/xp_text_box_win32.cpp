@@ -63,7 +63,8 @@ std::optional<std::string> clipboardLine(HWND owner) {
 
 }  // namespace
 
-TextBoxWindow::TextBoxWindow(XPTextBox& box, HWND parent) : box_(box), model_(box.MyTxt) {
+TextBoxWindow::TextBoxWindow(XPTextBox& box, HWND parent, const SystemColours& colours)
+    : box_(box), model_(box.MyTxt), colours_(colours) {
     WindowRequest request;
     request.className = L"EDIT";
     request.text = widen(model_.Text());
@@ -164,7 +165,8 @@ void TextBoxWindow::focus() {
 void TextBoxWindow::applyFace() {
     font_ = createFont(model_.font());
     SetWindowFont(handle(), font_.get(), TRUE);
-    background_.reset(CreateSolidBrush(static_cast<COLORREF>(translateColour(model_.BackColor()))));
+    background_.reset(
+        CreateSolidBrush(static_cast<COLORREF>(translate(model_.BackColor(), colours_))));
     const auto style = static_cast<DWORD>(GetWindowLongW(handle(), GWL_STYLE));
     const DWORD wanted =
         (style & ~static_cast<DWORD>(ES_RIGHT | ES_CENTER)) | alignmentStyle(model_.Alignment());
@@ -201,8 +203,8 @@ HBRUSH TextBoxWindow::colour(HDC dc) {
     const OleColour back = own ? model_.BackColor() : systemColour(WindowColour);
     OleColour fore = own ? model_.ForeColor() : systemColour(WindowTextColour);
     if (!IsWindowEnabled(handle())) fore = systemColour(GrayTextColour);
-    SetBkColor(dc, static_cast<COLORREF>(translateColour(back)));
-    SetTextColor(dc, static_cast<COLORREF>(translateColour(fore)));
+    SetBkColor(dc, static_cast<COLORREF>(translate(back, colours_)));
+    SetTextColor(dc, static_cast<COLORREF>(translate(fore, colours_)));
     return background();
 }
 
@@ -297,7 +299,9 @@ void TextBoxWindow::mouseMoved(WPARAM wParam, LPARAM lParam) {
                      static_cast<float>(toTwips(GET_Y_LPARAM(lParam), screenDpi())));
 }
 
-XPTextBoxWindow::XPTextBoxWindow(XPTextBox& model, HWND parent, int id) : model_(model) {
+XPTextBoxWindow::XPTextBoxWindow(XPTextBox& model, HWND parent, int id,
+                                 const SystemColours& colours)
+    : model_(model), colours_(colours) {
     registerWindowClass(L"XPTextBox");
     WindowRequest request;
     request.className = L"XPTextBox";
@@ -308,7 +312,7 @@ XPTextBoxWindow::XPTextBoxWindow(XPTextBox& model, HWND parent, int id) : model_
     request.parent = parent;
     request.id = id;
     create(request);
-    edit_.emplace(model, handle());
+    edit_.emplace(model, handle(), colours_);
     model_.setView(this);
     model_.Pic.setView(&picView_);
 }
@@ -359,8 +363,8 @@ void XPTextBoxWindow::paint(HDC target) const {
     GetClientRect(handle(), &client);
     const BufferedPaint buffer(target, client);
     const HDC dc = buffer.dc();
-    const auto rgbOf = [own = !highContrast()](OleColour colour, int inContrast) {
-        return static_cast<COLORREF>(translateColour(own ? colour : systemColour(inContrast)));
+    const auto rgbOf = [this, own = !highContrast()](OleColour colour, int inContrast) {
+        return static_cast<COLORREF>(translate(own ? colour : systemColour(inContrast), colours_));
     };
     const OwnedBrush margin(CreateSolidBrush(rgbOf(model_.Pic.BackColor(), WindowColour)));
     FillRect(dc, &client, margin.get());

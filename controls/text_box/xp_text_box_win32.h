@@ -10,7 +10,8 @@ namespace velvox {
 /// The EDIT inside an XPTextBox.
 class TextBoxWindow : public SystemControl, public TextBoxView {
  public:
-    TextBoxWindow(XPTextBox& box, HWND parent);
+    /// `colours` must outlive the window.
+    TextBoxWindow(XPTextBox& box, HWND parent, const SystemColours& colours);
     ~TextBoxWindow() override;
 
     void follow(Aspect aspect) override;
@@ -44,6 +45,7 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
 
     const XPTextBox& box_;
     TextBox& model_;
+    const SystemColours& colours_;
     OwnedFont font_;
     OwnedBrush background_;
     std::string tipText_;
@@ -57,7 +59,8 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
 /// The window of an XPTextBox: frame and margin around the EDIT.
 class XPTextBoxWindow : public Window, public ControlView {
  public:
-    XPTextBoxWindow(XPTextBox& model, HWND parent, int id);
+    /// `colours` are the system's for all that the box paints; they must outlive it.
+    XPTextBoxWindow(XPTextBox& model, HWND parent, int id, const SystemColours& colours);
     ~XPTextBoxWindow() override;
 
     void follow(Aspect aspect) override;
@@ -77,6 +80,7 @@ class XPTextBoxWindow : public Window, public ControlView {
     };
 
     XPTextBox& model_;
+    const SystemColours& colours_;
     PicView picView_{*this};
     std::optional<TextBoxWindow> edit_;
 };

@@ -27,5 +27,28 @@ TEST(ColourTest, ArithmeticRoundsAndClampsEachChannel) {
         << "ends exactly";
 }
 
+TEST(ColourTest, TextIsMovedToTheLeastContrastThatIsAskedFor) {
+    constexpr Rgb black = rgb(0, 0, 0);
+    constexpr Rgb white = rgb(255, 255, 255);
+    EXPECT_DOUBLE_EQ(contrast(black, white), 21);
+    EXPECT_DOUBLE_EQ(contrast(white, black), 21);
+    EXPECT_NEAR(contrast(rgb(0x77, 0x77, 0x77), white), 4.48, 0.005);
+    EXPECT_NEAR(contrast(rgb(0, 0, 255), black), 2.44, 0.005);
+    const struct {
+        Rgb text, background;
+        double ratio;
+    } rows[] = {{rgb(0, 0, 255), black, 7},     {rgb(0, 102, 204), rgb(32, 32, 32), 4.5},
+                {rgb(128, 128, 255), black, 7}, {rgb(255, 255, 0), white, 7},
+                {rgb(255, 0, 0), white, 4.5},   {rgb(118, 118, 118), rgb(117, 117, 117), 4.5}};
+    for (const auto& row : rows) {
+        const double reached =
+            contrast(legible(row.text, row.background, row.ratio), row.background);
+        EXPECT_GE(reached, row.ratio);
+        EXPECT_LT(reached, row.ratio * 1.2) << "no further than needed";
+    }
+    EXPECT_EQ(legible(rgb(0, 0, 255), white, 7), rgb(0, 0, 255));
+    EXPECT_EQ(legible(rgb(1, 2, 3), rgb(119, 119, 119), 7), black) << "the best there is";
+}
+
 }  // namespace
 }  // namespace velvox

@@ -77,7 +77,7 @@ Shown shownOf(const HtmlFragment& fragment) {
 }
 
 void checkStream(const HtmlFragment& fragment) {
-    const RichText rich = toRichText(fragment, rgb(0, 0, 255));
+    const RichText rich = toRichText(fragment, {});
     const std::u16string text = readBack(rich.rtf);
     require(text.size() == rich.length, "another length");
     require(rich.lines == 1 + static_cast<std::size_t>(std::count(text.begin(), text.end(), u'\n')),

@@ -5,7 +5,6 @@
 
 #include "app/pane/html_fragment.h"
 #include "app/pane/rich_text.h"
-#include "base/colour.h"
 #include "tools/bench/filled.h"
 
 namespace velvox::testing {
@@ -37,7 +36,7 @@ void runParser(benchmark::State& state, const Filling& filling) {
 void runStream(benchmark::State& state, const Filling& filling) {
     const std::string html = filling.text(state.range(0));
     const HtmlFragment fragment = parseHtmlFragment(html);
-    for (auto _ : state) benchmark::DoNotOptimize(toRichText(fragment, rgb(0, 0, 255)));
+    for (auto _ : state) benchmark::DoNotOptimize(toRichText(fragment, {}));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(html.size()));
 }
 

@@ -170,6 +170,28 @@ TEST_F(ResultPaneTest, IsPaintedOnReturn) {
     EXPECT_FALSE(GetUpdateRect(pane.handle(), nullptr, FALSE));
 }
 
+TEST_F(ResultPaneTest, LinksFollowTheSystemsColours) {
+    constexpr int window = COLOR_WINDOW;
+    const COLORREF usual = GetSysColor(window);
+    const auto linkContrast = [&] {
+        select(0, 1);
+        CHARFORMAT2W format{};
+        format.cbSize = sizeof format;
+        send(EM_GETCHARFORMAT, SCF_SELECTION, at(format));
+        return contrast(static_cast<Rgb>(format.crTextColor),
+                        static_cast<Rgb>(GetSysColor(window)));
+    };
+    pane.DocumentHTML("<a href='http://h'>Link</a>");
+    EXPECT_GE(linkContrast(), 4.5);
+    const COLORREF dark = RGB(24, 32, 40);
+    SetSysColors(1, &window, &dark);
+    pane.systemColoursChanged();
+    EXPECT_GE(linkContrast(), 4.5);
+    SetSysColors(1, &window, &usual);
+    pane.systemColoursChanged();
+    EXPECT_EQ(shown(), "Link");
+}
+
 TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
     pane.DocumentHTML(
         "text <a href='http://h/1'>Download FLV</a> and "

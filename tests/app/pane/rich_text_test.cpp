@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 
 namespace velvox {
@@ -9,10 +10,8 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr Rgb blue = rgb(0, 0, 255);
-
 RichText written(std::string_view html) {
-    return toRichText(parseHtmlFragment(html), blue);
+    return toRichText(parseHtmlFragment(html), {});
 }
 
 // The stream behind its tables and first settings.
@@ -53,6 +52,41 @@ TEST(RichTextTest, ColoursAndFontsComeFromTables) {
     // A name cannot reach the stream around it.
     const RichText hostile = written("<font face='}{\\object;'>a</font>");
     EXPECT_NE(hostile.rtf.find("{\\f1\\fnil object;}"), std::string::npos);
+}
+
+// The system's window and link colours, usual and in high contrast.
+TEST(RichTextTest, LinksAndColouredTextAreLegibleInEveryScheme) {
+    const struct {
+        Rgb window, link;
+        double linkContrast, plainContrast;
+    } schemes[] = {
+        {rgb(255, 255, 255), rgb(0, 102, 204), 4.5, 3},
+        {rgb(255, 255, 255), rgb(0, 255, 255), 4.5, 3},
+        {rgb(32, 32, 32), rgb(0, 102, 204), 4.5, 3},
+        {rgb(128, 128, 128), rgb(0, 0, 255), 4.5, 3},
+        {rgb(0, 0, 0), rgb(128, 128, 255), 7, 7},
+        {rgb(0, 0, 0), rgb(255, 255, 0), 7, 7},
+        {rgb(0, 0, 0), rgb(0, 0, 255), 7, 7},
+        {rgb(255, 255, 255), rgb(0, 102, 204), 7, 7},
+    };
+    const auto html = parseHtmlFragment(
+        "<a href='u'>x<font color=#0000fe>x</font><font color=#fefe00>x</font></a>"
+        "<font color=red>x</font><font color=navy>x</font><font color=white>x</font>");
+    for (const auto& [window, link, linkContrast, plainContrast] : schemes) {
+        const std::string rtf = toRichText(html, {window, link, linkContrast, plainContrast}).rtf;
+        std::vector<Rgb> colours;
+        for (std::size_t at = rtf.find("\\red"); at != rtf.npos; at = rtf.find("\\red", at + 1)) {
+            int red = 0, green = 0, blue = 0;
+            std::sscanf(rtf.c_str() + at, "\\red%d\\green%d\\blue%d", &red, &green, &blue);
+            colours.push_back(rgb(red, green, blue));
+        }
+        ASSERT_EQ(colours.size(), 6U);
+        for (std::size_t i = 0; i < colours.size(); ++i)
+            EXPECT_GE(contrast(colours[i], window), i < 3 ? linkContrast : plainContrast)
+                << std::hex << window << ' ' << link << ", colour " << i;
+    }
+    EXPECT_NE(written("<font color=red>x</font>").rtf.find("\\red255\\green0\\blue0;"),
+              std::string::npos);
 }
 
 TEST(RichTextTest, LinksHaveTheirOwnRangesAndNeighboursShareASpan) {

@@ -33,7 +33,8 @@ class XPTextBoxWindowTest : public testing::Test {
 
     TestForm form{{40, 40, 440, 240}};
     XPTextBox box{"linkin", twipsPerInch / screenDpi()};
-    XPTextBoxWindow window{box, form.handle(), 7};
+    CurrentSystemColours colours;
+    XPTextBoxWindow window{box, form.handle(), 7, colours};
     HWND edit = window.editHandle();
 };
 
