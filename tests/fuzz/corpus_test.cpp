@@ -30,7 +30,8 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
                                                        {"location", location},
                                                        {"navigation", navigation},
                                                        {"scroll", scroll},
-                                                       {"scroll_geometry", scroll_geometry}};
+                                                       {"scroll_geometry", scroll_geometry},
+                                                       {"ticker", ticker}};
     for (const auto& [name, target] : targets) {
         int inputs = 0;
         for (const auto& entry :

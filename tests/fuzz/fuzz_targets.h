@@ -14,7 +14,7 @@ using Target = void(std::string_view input);
 
 Target youtube, clip, sevenload, veoh, metacafe, comic, google;
 Target button, dispatch, links, bag, text, html, http_address, location, navigation, scroll,
-    scroll_geometry;
+    scroll_geometry, ticker;
 
 /// The corpus file that is being replayed, for the report.
 inline std::string replayed;
