@@ -81,15 +81,14 @@ bool Exchange::reply(std::string_view body, std::string_view status,
            write(body);
 }
 
-// False when the other side has gone away or the proxy stops meanwhile.
-bool Exchange::pausedFor(int milliseconds) const {
+bool Exchange::connectedFor(Milliseconds time) const {
     pollfd ends[] = {{socket_, POLLRDHUP, 0}, {stopped_, POLLIN, 0}};
-    return poll(ends, 2, milliseconds) == 0;
+    return poll(ends, 2, static_cast<int>(time.count())) == 0;
 }
 
 void Exchange::drip(std::string_view bytes, Milliseconds pause) const {
     for (const char byte : bytes)
-        if (!write({&byte, 1}) || !pausedFor(static_cast<int>(pause.count()))) return;
+        if (!write({&byte, 1}) || !connectedFor(pause)) return;
 }
 
 void Exchange::reset() const {
@@ -98,7 +97,7 @@ void Exchange::reset() const {
 }
 
 void Exchange::staySilent() const {
-    pausedFor(-1);
+    connectedFor(Milliseconds(-1));
 }
 
 void Exchange::forward() const {

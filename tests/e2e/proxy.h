@@ -37,12 +37,12 @@ class Exchange {
     void reset() const;
     /// Until the other side or the proxy closes.
     void staySilent() const;
+    /// Waits; false when the other side has gone or the proxy stops meanwhile.
+    bool connectedFor(Milliseconds time) const;
     /// What the replica sites answer.
     void forward() const;
 
  private:
-    bool pausedFor(int milliseconds) const;
-
     int socket_;
     int stopped_;
     std::string request_;

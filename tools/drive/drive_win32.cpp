@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "tools/drive/line.h"
+#include "tools/drive/look_win32.h"
 #include "tools/drive/objects_win32.h"
 #include "tools/drive/window_path_win32.h"
 
@@ -168,6 +169,12 @@ std::string tops(const Words& w) {
 std::string setText(const Words& w) {
     const std::wstring text = wide(w[2]);
     ask(window(w[1]), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    return "";
+}
+
+std::string place(const Words& w) {
+    SetWindowPos(window(w[1]), nullptr, static_cast<int>(number(w[2])),
+                 static_cast<int>(number(w[3])), 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     return "";
 }
 
@@ -324,6 +331,8 @@ const std::map<std::string, Command>& commands() {
         {"style", {1, style}},
         {"tree", {1, tree}},
         {"tops", {1, tops}},
+        {"look", {1, [](const Words& w) { return look(window(w[1])); }}},
+        {"place", {3, place}},
         {"set", {2, setText}},
         {"post", {4, post}},
         {"send", {4, send}},

@@ -48,19 +48,26 @@ unsigned numberOf(HMENU menu) {
 
 // The session numbers its window objects through, and gives the number freed last to the next one
 // made. Objects made until the numbers only count upwards fill every gap: what is missing among
-// them is alive elsewhere.
+// them is alive elsewhere. A program's numbers are used up after 32,000, so that few are made
+// for the first time.
 unsigned sessionObjects() {
-    constexpr int enoughUpwards = 500;  // more than are ever freed in a row
+    constexpr unsigned enoughUpwards = 500;  // more than are ever freed in a row
+    constexpr unsigned enoughBeyond = 100;
+    static unsigned highest = 0;  // of all that were ever made here: no gap is above it
     std::vector<HMENU> made;
     unsigned last = 0;
-    for (int upwards = 0; upwards < enoughUpwards;) {
+    auto filled = [&, upwards = 0U]() mutable {
+        const unsigned number = numberOf(made.back());
+        upwards = number == last + 1 ? upwards + 1 : 0;
+        last = number;
+        return upwards >= (highest && number > highest ? enoughBeyond : enoughUpwards);
+    };
+    do {
         const HMENU menu = CreateMenu();
         if (!menu) throw std::runtime_error("no more window objects");
         made.push_back(menu);
-        const unsigned number = numberOf(menu);
-        upwards = number == last + 1 ? upwards + 1 : 0;
-        last = number;
-    }
+    } while (!filled());
+    highest = last;
     // Freed upwards they are given out again downwards.
     std::sort(made.begin(), made.end(), [](HMENU a, HMENU b) { return numberOf(a) < numberOf(b); });
     for (const HMENU menu : made) DestroyMenu(menu);

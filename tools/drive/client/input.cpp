@@ -1,11 +1,40 @@
 #include "tools/drive/client/input.h"
 
+#include <stdexcept>
+#include <utility>
+
 #include "tools/drive/client/process.h"
 
 namespace velvox::drive {
+namespace {
+
+constexpr Milliseconds toolTime{60'000};
+
+// One xdotool for the whole test program: starting one for each chain takes ten times as long as
+// what it does.
+class Xdotool {
+ public:
+    // Returns once the display has taken the events: the answer to the question comes after them.
+    void perform(const std::string& events) {
+        process_.write(events + "\ngetmouselocation\n");
+        const std::string answer = process_.readLine(toolTime);
+        if (!answer.starts_with("x:")) throw std::runtime_error(events + " -> " + answer);
+    }
+
+ private:
+    Process process_{{"stdbuf", "-oL", "xdotool", "-"}, {}, true};
+};
+
+std::string quoted(const std::string& word) {
+    if (word.find_first_of(" \t#'\"") == word.npos) return word;
+    if (word.find('"') != word.npos) throw std::invalid_argument("no way to quote: " + word);
+    return '"' + word + '"';
+}
+
+}  // namespace
 
 Hands& Hands::add(std::vector<std::string> words) {
-    events_.insert(events_.end(), words.begin(), words.end());
+    for (const std::string& word : words) events_ += (events_.empty() ? "" : " ") + quoted(word);
     return *this;
 }
 
@@ -26,22 +55,31 @@ Hands& Hands::click(Point at, int button) {
 }
 
 Hands& Hands::key(const std::string& keys) {
-    return add({"key", keys});
+    return add({"key", "--delay", "0", keys});
+}
+
+Hands& Hands::hold(const std::string& key) {
+    return add({"keydown", "--delay", "0", key});
+}
+
+Hands& Hands::letGo(const std::string& key) {
+    return add({"keyup", "--delay", "0", key});
 }
 
 Hands& Hands::type(const std::string& text) {
-    return add({"type", text});
+    add({"type", "--delay", "0", text});
+    // It takes the rest of its line as text.
+    events_ += '\n';
+    return *this;
 }
 
 void Hands::act() {
-    std::vector<std::string> command{"xdotool"};
-    command.insert(command.end(), events_.begin(), events_.end());
-    outputOf(command);
-    events_.clear();
+    static Xdotool xdotool;
+    if (!events_.empty()) xdotool.perform(std::exchange(events_, {}));
 }
 
 void putIntoClipboard(std::string_view text) {
-    // It stays behind to serve the text until another one comes: its output must lead nowhere.
+    // It keeps running and serves the text until another one comes: its output must lead nowhere.
     outputOf({"sh", "-c", "exec xclip -selection clipboard -i > /dev/null 2>&1"}, text);
 }
 

@@ -27,12 +27,15 @@ class Hands {
     Hands& release(int button = 1);
     Hands& click(Point at, int button = 1);
     Hands& key(const std::string& keys);
+    /// Presses a key without releasing it; again while it is held, as its repetition does.
+    Hands& hold(const std::string& key);
+    Hands& letGo(const std::string& key);
     Hands& type(const std::string& text);
     void act();
 
  private:
     Hands& add(std::vector<std::string> words);
-    std::vector<std::string> events_;
+    std::string events_;
 };
 
 void putIntoClipboard(std::string_view text);

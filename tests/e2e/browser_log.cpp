@@ -1,0 +1,63 @@
+#include "tests/e2e/browser_log.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <sstream>
+
+#include "tools/drive/client/places.h"
+#include "tools/drive/client/process.h"
+
+namespace velvox::e2e {
+namespace {
+
+constexpr int startTimeField = 22;  // of /proc/PID/stat, in ticks since the machine's start
+
+std::filesystem::path temporaryFolder() {
+    std::string folder = std::filesystem::temp_directory_path() / "velvox-browser-XXXXXX";
+    if (!mkdtemp(folder.data())) throw std::runtime_error("no folder for the browser's log");
+    return folder;
+}
+
+}  // namespace
+
+// A script of the host: Wine starts it like a program. The start of its process is noted rather
+// than the time of writing, since a busy machine may run it much later.
+BrowserLog::BrowserLog() {
+    const std::filesystem::path folder = temporaryFolder();
+    file_ = folder / "opened";
+    const auto script = folder / "browser.sh";
+    std::ofstream(script) << "#!/bin/sh\nread -r stat < /proc/$$/stat\n"
+                          << "printf '%s|%s\\n' \"$stat\" \"$*\" >> " << file_.string() << '\n';
+    std::filesystem::permissions(script, std::filesystem::perms::owner_all);
+    for (const std::string scheme : {"http", "https"})
+        drive::outputOf({drive::places::wine(), "reg", "add",
+                         "HKLM\\Software\\Classes\\" + scheme + "\\shell\\open\\command", "/ve",
+                         "/f", "/d", "Z:" + script.string() + " \"%1\""});
+}
+
+std::vector<BrowserLog::Entry> BrowserLog::take() {
+    std::vector<Entry> entries;
+    std::ifstream in(file_);
+    in.seekg(read_);
+    for (std::string line; std::getline(in, line) && !in.eof();) {
+        read_ = in.tellg();
+        const auto bar = line.find('|');
+        std::istringstream fields(line.substr(line.rfind(')', bar) + 1));
+        std::string skipped;
+        long ticks = 0;
+        for (int field = 3; field < startTimeField; ++field) fields >> skipped;
+        fields >> ticks;
+        entries.push_back({Time(ticks * 1000 / sysconf(_SC_CLK_TCK)), line.substr(bar + 1)});
+    }
+    return entries;
+}
+
+BrowserLog::Time BrowserLog::now() {
+    timespec time{};
+    clock_gettime(CLOCK_BOOTTIME, &time);
+    return Time(time.tv_sec * 1000 + time.tv_nsec / 1'000'000);
+}
+
+}  // namespace velvox::e2e
