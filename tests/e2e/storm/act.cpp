@@ -1,0 +1,201 @@
+#include "tests/e2e/storm/act.h"
+
+#include <array>
+#include <iterator>
+#include <random>
+
+#include "tests/support/example_addresses.h"
+
+namespace velvox::e2e {
+namespace {
+
+using Kind = Act::Kind;
+
+constexpr const char* badAddresses[] = {"", "http://www.example.org/",
+                                        "HTTP://WWW.VEOH.COM/VIDEOS/"};
+constexpr const char* texts[] = {"a", "veoh.com/videos/x", "0123456789", " ", "http://", "ocax mn"};
+constexpr const char* singleKeys[] = {
+    "Tab",    "shift+Tab", "Return",       "space",    "Escape",    "Up",     "Down",
+    "Left",   "Right",     "Home",         "End",      "Prior",     "Next",   "F4",
+    "Delete", "BackSpace", "ctrl+a",       "ctrl+c",   "ctrl+v",    "F10",    "shift+F10",
+    "Menu",   "alt",       "shift+Insert", "alt+Down", "alt+space", "ctrl+z", "shift+Down",
+};
+constexpr std::array<ControlId, 13> clickable = {
+    ControlId::linkin,  ControlId::UniXPButton1, ControlId::ds,        ControlId::vd,
+    ControlId::outer,   ControlId::isButton1,    ControlId::isButton1, ControlId::topendskin,
+    ControlId::Label12, ControlId::Label5,       ControlId::output,    ControlId::output,
+    ControlId::web,
+};
+const std::vector<std::string> chains[] = {
+    {"Tab", "Return"},
+    {"Return", "Return"},
+    {"Return", "Escape"},
+    {"Escape", "Return"},
+    {"shift+Tab", "Return"},
+    {"Tab", "space"},
+    {"Tab", "Tab", "Return"},
+    {"Down", "Return"},
+    {"shift+F10", "Down", "Return"},
+    {"shift+F10", "o"},
+    {"shift+F10", "Escape"},
+    {"shift+F10", "a"},
+    {"Menu", "c"},
+    {"alt+space", "Escape"},
+    {"alt+space", "n"},
+    {"alt+space", "m", "Right", "Right", "Return"},
+    {"alt+space", "m", "Up", "Escape"},
+    {"alt+Down", "Down", "Return"},
+    {"Escape", "Tab", "Return", "Tab"},
+    {"Tab", "Return", "Return", "Return"},
+    {"Home", "Return", "Escape", "Return"},
+};
+
+// The standard fixes the generator's numbers; its distributions differ between libraries.
+class Dice {
+ public:
+    explicit Dice(std::uint64_t seed) : engine_(seed) {}
+
+    int below(std::size_t limit) { return static_cast<int>(engine_() % limit); }
+    bool chance(int perCent) { return below(100) < perCent; }
+    template <class Range>
+    const auto& of(const Range& range) {
+        return *std::next(std::begin(range), below(std::size(range)));
+    }
+
+ private:
+    std::mt19937_64 engine_;
+};
+
+constexpr struct {
+    Kind kind;
+    int weight;
+} weights[] = {
+    {Kind::Serve, 8},          {Kind::Start, 13},   {Kind::Click, 13},  {Kind::ClickControl, 12},
+    {Kind::ClickFirstLine, 8}, {Kind::Press, 2},    {Kind::Release, 2}, {Kind::Drag, 5},
+    {Kind::Wheel, 3},          {Kind::Keys, 28},    {Kind::Hold, 2},    {Kind::Type, 4},
+    {Kind::Paste, 1},          {Kind::Minimise, 1}, {Kind::Restore, 2}, {Kind::Settings, 2},
+    {Kind::Pause, 3},          {Kind::Close, 1},
+};
+
+Kind anyKind(Dice& dice) {
+    int all = 0;
+    for (const auto& row : weights) all += row.weight;
+    int drawn = dice.below(static_cast<std::size_t>(all));
+    for (const auto& row : weights)
+        if ((drawn -= row.weight) < 0) return row.kind;
+    return Kind::Pause;
+}
+
+int anyButton(Dice& dice) {
+    const int drawn = dice.below(20);
+    return drawn < 15 ? 1 : drawn < 19 ? 3 : 2;
+}
+
+int anyPause(Dice& dice) {
+    const int drawn = dice.below(10);
+    return drawn < 6 ? 0 : drawn < 9 ? dice.below(20) : dice.below(80);
+}
+
+// Slow replies are common, so that much happens during runs; silence lasts and is rare.
+Behaviour anyBehaviour(Dice& dice) {
+    constexpr Behaviour behaviours[] = {
+        Behaviour::Good,     Behaviour::Good,     Behaviour::Good,      Behaviour::Slow,
+        Behaviour::Slow,     Behaviour::Slow,     Behaviour::CutHeader, Behaviour::CutBody,
+        Behaviour::Redirect, Behaviour::Redirect, Behaviour::ErrorPage, Behaviour::Junk,
+        Behaviour::Silent,
+    };
+    return dice.of(behaviours);
+}
+
+Act anyAct(Dice& dice) {
+    Act act;
+    act.kind = anyKind(dice);
+    // Every act draws the same numbers, so that a kind more in the table changes no other part.
+    act.behaviour = anyBehaviour(dice);
+    act.control = dice.of(clickable);
+    for (int* place : {&act.x, &act.y, &act.toX, &act.toY}) *place = dice.below(1000);
+    act.button = anyButton(dice);
+    act.count = 1 + dice.chance(25) + dice.chance(5);
+    if (act.kind == Kind::Keys && dice.chance(40))
+        act.keys = dice.of(chains);
+    else
+        act.keys = {dice.of(singleKeys)};
+    if (act.kind == Kind::Hold) act.keys = {dice.chance(70) ? "Return" : "space"};
+    if (act.kind == Kind::Hold) act.count = 3 + dice.below(20);
+    if (act.kind == Kind::Wheel) act.button = 4 + dice.below(2);
+    if (act.kind == Kind::Settings) act.count = dice.below(5);
+    if (act.kind == Kind::Close) act.count = dice.below(closingWays);
+    act.text = act.kind == Kind::Type ? dice.of(texts)
+               : dice.chance(12)      ? dice.of(badAddresses)
+                                      : dice.of(exampleAddresses);
+    act.pauseMs = act.kind == Kind::Pause ? 50 + dice.below(300) : anyPause(dice);
+    return act;
+}
+
+std::string at(int x, int y) {
+    return " at " + std::to_string(x) + ',' + std::to_string(y);
+}
+
+std::string clicks(const Act& act) {
+    return "button " + std::to_string(act.button) + " x" + std::to_string(act.count);
+}
+
+std::string joined(const std::vector<std::string>& keys) {
+    std::string text;
+    for (const std::string& key : keys) text += ' ' + key;
+    return text;
+}
+
+std::string describeEffect(const Act& act) {
+    const std::string place = at(act.x, act.y);
+    switch (act.kind) {
+        case Kind::Serve: return std::string("server: ") + nameOf(act.behaviour);
+        case Kind::Start: return "download \"" + act.text + '"';
+        case Kind::Click: return clicks(act) + place;
+        case Kind::ClickControl:
+            return clicks(act) + " on control " + std::to_string(static_cast<int>(act.control)) +
+                   place;
+        case Kind::ClickFirstLine: return clicks(act) + " on the pane's first lines" + place;
+        case Kind::Press: return "press button " + std::to_string(act.button) + place;
+        case Kind::Release: return "release button " + std::to_string(act.button) + place;
+        case Kind::Drag:
+            return "drag with button " + std::to_string(act.button) + place + " to" +
+                   at(act.toX, act.toY);
+        case Kind::Wheel: return std::string("wheel ") + (act.button == 4 ? "up" : "down") + place;
+        case Kind::Keys: return "keys" + joined(act.keys);
+        case Kind::Hold:
+            return "hold" + joined(act.keys) + " for " + std::to_string(act.count) + " repetitions";
+        case Kind::Type: return "type \"" + act.text + '"';
+        case Kind::Paste: return "paste \"" + act.text + '"';
+        case Kind::Minimise: return "minimise";
+        case Kind::Restore: return "restore";
+        case Kind::Settings: return "system news " + std::to_string(act.count);
+        case Kind::Pause: return "pause";
+        case Kind::Close: return "close, way " + std::to_string(act.count);
+    }
+    return "";
+}
+
+}  // namespace
+
+const char* nameOf(Behaviour behaviour) {
+    constexpr const char* names[] = {
+        "good", "slow",  "cut in the header", "cut in the body", "redirect", "error page",
+        "junk", "silent"};
+    return names[static_cast<int>(behaviour)];
+}
+
+std::string describe(const Act& act) {
+    std::string text = describeEffect(act);
+    if (act.pauseMs > 0) text += ", then " + std::to_string(act.pauseMs) + " ms";
+    return text;
+}
+
+std::vector<Act> actsOf(std::uint64_t seed, std::size_t count) {
+    Dice dice(seed);
+    std::vector<Act> acts(count);
+    for (Act& act : acts) act = anyAct(dice);
+    return acts;
+}
+
+}  // namespace velvox::e2e

@@ -1,0 +1,81 @@
+#include "tests/e2e/storm/server.h"
+
+#include <algorithm>
+
+namespace velvox::e2e {
+namespace {
+
+constexpr Milliseconds slowness{250};
+
+// Asked for once in each run of a site; the player of the sixth is asked for by the browser.
+constexpr std::string_view firstPages[] = {
+    "youtube.com/watch?v=", "clip.vn/movies/nfo/",         "sevenload.com/videos/",
+    "veoh.com/rest/video/", "vuilen.com/view_book_detail",
+};
+
+constexpr std::string_view junk =
+    "<a href='javascript:x'>\0\xFF<enclosure url=\"x\" \"<page> <FLVPath>&&'><iframe src='\r\n";
+
+bool isFirstPage(const std::string& address) {
+    return std::ranges::any_of(
+        firstPages, [&](std::string_view part) { return address.find(part) != address.npos; });
+}
+
+}  // namespace
+
+// The news are short and on another thread's time: they come as they do from the sites.
+StormServer::StormServer() : proxy_([this](const Exchange& to) { serve(to); }) {}
+
+std::optional<long> StormServer::awaited() const {
+    const std::lock_guard lock(mutex_);
+    if (awaited_.empty()) return std::nullopt;
+    return *awaited_.begin();
+}
+
+std::string StormServer::lastAddresses() const {
+    constexpr std::size_t shown = 6;
+    const std::vector<std::string> all = proxy_.addresses();
+    std::string text;
+    for (std::size_t i = all.size() - std::min(shown, all.size()); i < all.size(); ++i)
+        text += "    " + all[i] + '\n';
+    return text;
+}
+
+void StormServer::serve(const Exchange& to) {
+    const Behaviour behaviour = behaviour_;
+    const std::string address = to.address();
+    bool follows = false;
+    long number = 0;
+    {
+        const std::lock_guard lock(mutex_);
+        number = next_++;
+        awaited_.insert(number);
+        follows = redirected_.erase(address) > 0;
+        if (behaviour == Behaviour::Redirect && !follows) redirected_.insert(address);
+    }
+    if (!follows && isFirstPage(address)) ++runs_;
+    // What follows a redirect arrives, or there would be no end of them.
+    reply(to, follows ? Behaviour::Good : behaviour);
+    const std::lock_guard lock(mutex_);
+    awaited_.erase(number);
+}
+
+void StormServer::reply(const Exchange& to, Behaviour behaviour) {
+    if (behaviour == Behaviour::Silent) return to.staySilent();
+    if (behaviour == Behaviour::Slow && !to.connectedFor(slowness)) return;
+    const std::shared_lock allowed(replies_);
+    switch (behaviour) {
+        case Behaviour::CutHeader: to.write("HTTP/1.1 200 OK\r\nContent-"); break;
+        case Behaviour::CutBody:
+            to.write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nContent-Length: 5000\r\n\r\n<");
+            break;
+        case Behaviour::Redirect:
+            to.reply("moved", "302 Found", "Location: " + to.address() + "\r\n");
+            break;
+        case Behaviour::ErrorPage: to.reply("<h1>Not Found</h1>", "404 Not Found"); break;
+        case Behaviour::Junk: to.reply(junk); break;
+        default: to.forward(); break;
+    }
+}
+
+}  // namespace velvox::e2e

@@ -1,0 +1,278 @@
+#include "tests/e2e/storm/storm.h"
+
+#include <algorithm>
+#include <fstream>
+#include <thread>
+#include <utility>
+
+#include "tools/drive/client/places.h"
+
+namespace velvox::e2e {
+namespace {
+
+using Kind = Act::Kind;
+
+constexpr Milliseconds answerTime{2000};
+constexpr Milliseconds pageTime{3000};  // of places::impatientVelvox()
+// The scene is seen a little before or after what the browser's log is compared with.
+constexpr BrowserLog::Time permissionTime{3000};
+constexpr BrowserLog::Time clockTick{20};
+
+// Time that the main thread of a process was ready and had no processor.
+Milliseconds waitedForProcessor(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/schedstat");
+    long long ran = 0;
+    long long waited = 0;
+    file >> ran >> waited;
+    return std::chrono::duration_cast<Milliseconds>(std::chrono::nanoseconds(waited));
+}
+
+void post(const std::string& window, const char* message, const char* w) {
+    driver().ask({"post", window, message, w, "0"});
+}
+
+}  // namespace
+
+Storm::Storm(BrowserLog& browser) : browser_(browser) {
+    startProgram();
+}
+
+Storm::~Storm() = default;
+
+StormCount Storm::count() const {
+    StormCount count = count_;
+    count.runs = server_.runs();
+    return count;
+}
+
+void Storm::startProgram() {
+    ++count_.programs;
+    held_ = {};
+    server_.behave(Behaviour::Good);
+    program_.reset();
+    program_ = std::make_unique<Program>(Network::proxy(server_.port()), places::impatientVelvox());
+    for (const char* address : exampleAddresses) program().runByMessages(address);
+    atStart_ = consumptionOf(program().process().id(), program().window());
+    browser_.take();
+    permissions_.clear();
+    ending_ = false;
+    mayChange_ = true;
+    runsSeen_ = server_.runs();
+    observe();
+}
+
+void Storm::perform(const Act& act) {
+    ++count_.acts;
+    const Scene before = scene_;
+    if (act.kind == Kind::Serve) {
+        server_.behave(act.behaviour);
+    } else if (act.kind == Kind::Close) {
+        performClose(static_cast<Closing>(act.count));
+    } else if (act.kind != Kind::Pause) {
+        held_ = server_.hold();
+        const bool running = before.running();
+        const auto awaited = server_.awaited();
+        const auto time = BrowserLog::now();
+        permit(act);
+        const bool mayHaveEnded = mayEnd(act);
+        carryOut(act);
+        expectLife(mayHaveEnded);
+        // In a run that is still waiting for the same page, the act must do nothing later either.
+        if (running && awaited && server_.awaited() == awaited)
+            std::erase_if(permissions_, [&](const Permission& p) { return p.time >= time; });
+        else
+            mayChange_ = true;
+        held_ = {};
+    }
+    std::this_thread::sleep_for(Milliseconds(act.pauseMs));
+    expectLife(ending_);
+    expectNothingOpened();
+    expectNothingFromTheRun(before);
+    expectPatience();
+    expectUsable();
+}
+
+void Storm::observe() {
+    const bool menuBefore = scene_.menu;
+    scene_ = parseScene(driver().ask({"look", program().window()}));
+    if (scene_.areaShown()) scene_.html = program().pane();
+    scene_.links = linksOf(scene_.html);
+    if (scene_.menu && !menuBefore) menuLinks_ = scene_.links;
+}
+
+Milliseconds Storm::machineTime() const {
+    const auto now = std::chrono::duration_cast<Milliseconds>(Clock::now().time_since_epoch());
+    static const pid_t server = wineServer();
+    return now - waitedForProcessor(program().process().id()) - waitedForProcessor(server);
+}
+
+std::optional<int> Storm::exitSoon() {
+    const Milliseconds start = machineTime();
+    std::optional<int> code;
+    while (!(code = program_->process().exitWithin(Milliseconds(50))) &&
+           machineTime() - start < answerTime) {
+    }
+    return code;
+}
+
+void Storm::expectAnswer() {
+    const Milliseconds start = machineTime();
+    while (!driver().holds({"ping", program().window(), "200"})) {
+        if (program_->process().exitWithin(Milliseconds(0))) return;
+        if (machineTime() - start >= answerTime)
+            throw Broken("the window does not answer within two seconds");
+    }
+}
+
+// The program answers, or it has ended where that was asked for.
+void Storm::expectLife(bool mayHaveEnded) {
+    ending_ = mayHaveEnded;
+    if (!program_->process().exitWithin(Milliseconds(0))) expectAnswer();
+    std::optional<int> code = program_->process().exitWithin(Milliseconds(0));
+    if (!code) {
+        try {
+            observe();
+            return;
+        } catch (const std::runtime_error&) {  // its windows are going away
+            code = exitSoon();
+            if (!code) throw Broken("the program has no window and does not end");
+        }
+    }
+    if (*code != 0) throw Broken("the program ended with code " + std::to_string(*code));
+    if (!mayHaveEnded) throw Broken("the program ended by itself");
+    startProgram();
+}
+
+void Storm::performClose(Closing way) {
+    const Point quit = middleOf(scene_[ControlId::isButton2].bounds);
+    // A menu or a box takes keys and clicks for itself, and a window that is no longer in front
+    // does not get them.
+    const bool certain =
+        way == Closing::Message ||
+        (scene_.clear() && scene_.focus != 0 && (way != Closing::QuitButton || onScreen(quit)));
+    switch (way) {
+        case Closing::QuitButton:
+            if (onScreen(quit)) Hands().click(quit).act();
+            break;
+        case Closing::AltF4: Hands().key("alt+F4").act(); break;
+        case Closing::Message: post(program().window(), "0x10", "0"); break;
+        case Closing::SystemCommand: post(program().window(), "0x112", "0xF060"); break;
+    }
+    ending_ = true;
+    mayChange_ = true;
+    if (!certain) return;
+    const auto code = exitSoon();
+    if (!code) throw Broken("the program does not end");
+    if (*code != 0) throw Broken("the program ended with code " + std::to_string(*code));
+    startProgram();
+}
+
+void Storm::expectNothingOpened() {
+    for (const BrowserLog::Entry& entry : browser_.take()) {
+        const std::string address = unescapedAddress(entry.arguments);
+        const auto permission = std::ranges::find_if(permissions_, [&](const Permission& p) {
+            return p.times > 0 && p.time <= entry.time + clockTick &&
+                   entry.time < p.time + permissionTime && p.addresses.contains(address);
+        });
+        if (permission == permissions_.end())
+            throw Broken("opened without a press on a visible link: " + entry.arguments);
+        --permission->times;
+        ++count_.opened;
+    }
+    std::erase_if(permissions_, [&](const Permission& p) {
+        // Its browser may not have got to its first line yet.
+        return p.time + 10 * permissionTime < BrowserLog::now();
+    });
+}
+
+// What was pressed during a run neither throws its result away nor starts the next one.
+void Storm::expectNothingFromTheRun(const Scene& before) {
+    const bool vanished = before.areaShown() && !scene_.areaShown() && scene_.visible;
+    if (vanished && !mayChange_) throw Broken("the result area was closed by an act in the run");
+    const int runs = server_.runs();
+    if (runs > runsSeen_ && !mayChange_) throw Broken("a run was started by an act in a run");
+    if (runs > runsSeen_) mayChange_ = false;
+    runsSeen_ = runs;
+}
+
+// A page is given up in time. Only an open menu and a move by keys, which the user sees, hold a run
+// up.
+void Storm::expectPatience() {
+    const auto awaited = server_.awaited();
+    const bool waiting = scene_.running() && awaited && !scene_.menu && !scene_.moving;
+    if (!waiting || awaited_ != awaited) {
+        awaited_ = waiting ? awaited : std::nullopt;
+        awaitedSince_ = machineTime();
+    } else if (machineTime() - awaitedSince_ > pageTime + answerTime) {
+        throw Broken("a page that does not come is not given up");
+    }
+}
+
+// Without a run and without a box, the result area can be closed, or everything it covers be used.
+void Storm::expectUsable() {
+    constexpr ControlId covered[] = {
+        ControlId::linkin,  ControlId::UniXPButton1, ControlId::ds,     ControlId::vd,
+        ControlId::Label1,  ControlId::Label6,       ControlId::Label7, ControlId::Label11,
+        ControlId::Label12, ControlId::Label13,
+    };
+    const auto usable = [&](ControlId id) {
+        // The address stays locked after a page of which the player does not arrive.
+        return scene_[id].visible && (scene_[id].enabled || id == ControlId::linkin);
+    };
+    const auto holds = [&] {
+        if (server_.awaited() || scene_.iconic || !scene_.visible) return true;
+        if (!scene_.box.empty()) return scene_.areaShown();
+        if (!scene_.enabled) return false;
+        if (scene_.areaShown()) return scene_[ControlId::isButton1].visible && scene_.closable();
+        return std::ranges::all_of(covered, usable);
+    };
+    if (scene_.box.find("Please Enter A Valid URL...") == std::string::npos && !scene_.box.empty())
+        throw Broken("a message box: " + scene_.box);
+    const Milliseconds start = machineTime();
+    while (!holds()) {
+        if (machineTime() - start >= answerTime)
+            throw Broken(scene_.areaShown() ? "the result area cannot be closed"
+                                            : "a control that was covered is not usable");
+        std::this_thread::sleep_for(pollingPause);
+        expectLife(ending_);
+    }
+}
+
+void Storm::calmDown() {
+    server_.behave(Behaviour::Good);
+    Hands().release(1).release(2).release(3).letGo("Return").letGo("space").act();
+    bool restored = false;
+    const bool calm = eventually([&] {
+        expectLife(ending_);
+        if (scene_.iconic && !std::exchange(restored, true))
+            post(program().window(), "0x112", "0xF120");
+        if (!scene_.box.empty()) Hands().key("Return").act();
+        if (scene_.menu || scene_.moving || scene_.list || scene_.capture)
+            Hands().key("Escape").act();
+        return scene_.clear() && !scene_.running() && !server_.awaited();
+    });
+    if (!calm)
+        throw Broken("the program does not come to rest: " + describe(scene_) +
+                     (server_.awaited() ? ", a page is awaited" : ""));
+    driver().ask({"place", program().window(), "100", "100"});
+}
+
+void Storm::expectHealth() {
+    calmDown();
+    program().closeArea();
+    const std::string address = exampleAddresses[3];
+    program().expectGoodRun();
+    for (const char* example : exampleAddresses) program().runByMessages(example);
+    expectNothingOpened();
+    const Consumption now = consumptionOf(program().process().id(), program().window());
+    std::ostringstream difference;
+    difference << "at the start: " << atStart_ << "\nnow: " << now;
+    constexpr int objects = 20;
+    constexpr long kilobytes = 16 * 1024;
+    if (now.gdi > atStart_.gdi + objects || now.user > atStart_.user + objects ||
+        now.files > atStart_.files + objects || now.threads > atStart_.threads + objects ||
+        now.privateKb > atStart_.privateKb + kilobytes)
+        throw Broken("more is in use than at the start\n" + difference.str());
+}
+
+}  // namespace velvox::e2e

@@ -1,0 +1,205 @@
+// The acts themselves, and what each of them may lead to.
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "app/form1/home_page.h"
+#include "tests/e2e/storm/storm.h"
+
+namespace velvox::e2e {
+namespace {
+
+using Kind = Act::Kind;
+
+const std::string homeAddress{homePage};
+
+// Near the upper left corner of the pane, where the first links are.
+constexpr int firstLinesWidth = 90;
+constexpr int firstLinesHeight = 60;
+
+// Of the display that tools/with-session makes.
+constexpr int screenWidth = 1280;
+constexpr int screenHeight = 1024;
+
+// A place within a rectangle, per mille of it. Where the window hangs over the screen's edge, the
+// pointer stays on the screen.
+Point at(const Rectangle& r, int x, int y) {
+    return {std::clamp(r.left + r.width * x / 1000, 0, screenWidth - 1),
+            std::clamp(r.top + r.height * y / 1000, 0, screenHeight - 1)};
+}
+
+bool isOneOf(const std::string& key, std::initializer_list<const char*> keys) {
+    return std::ranges::any_of(keys, [&](const char* other) { return key == other; });
+}
+
+// A key that presses what has the focus or chooses from a menu.
+bool presses(const std::string& key) {
+    return isOneOf(key, {"Return", "space", "o", "c", "a", "n", "m"});
+}
+
+void pressAndRelease(Point down, int button, int times) {
+    Hands hands;
+    hands.moveTo(down);
+    for (int i = 0; i < times; ++i) hands.press(button).release(button);
+    hands.act();
+}
+
+}  // namespace
+
+bool onScreen(Point at) {
+    return at.x >= 0 && at.x < screenWidth && at.y >= 0 && at.y < screenHeight;
+}
+
+Point Storm::placeOf(const Act& act) const {
+    switch (act.kind) {
+        case Kind::Start: return middleOf(scene_[ControlId::UniXPButton1].bounds);
+        case Kind::ClickControl: return at(scene_[act.control].bounds, act.x, act.y);
+        case Kind::ClickFirstLine: {
+            Rectangle lines = scene_[ControlId::output].bounds;
+            lines.width = firstLinesWidth;
+            lines.height = firstLinesHeight;
+            return at(lines, act.x, act.y);
+        }
+        default: return at(scene_.bounds, act.x, act.y);
+    }
+}
+
+Point Storm::endOf(const Act& act) const {
+    return act.kind == Kind::Drag ? at(scene_.bounds, act.toX, act.toY) : placeOf(act);
+}
+
+void Storm::carryOut(const Act& act) {
+    const Point down = placeOf(act);
+    const std::string& window = program().window();
+    Hands hands;
+    switch (act.kind) {
+        case Kind::Start:
+            // A user cannot change the address in a run.
+            if (!scene_.areaShown()) program().enter(act.text);
+            pressAndRelease(down, 1, 1);
+            break;
+        case Kind::Click:
+        case Kind::ClickControl:
+        case Kind::ClickFirstLine: pressAndRelease(down, act.button, act.count); break;
+        case Kind::Press: hands.moveTo(down).press(act.button).act(); break;
+        case Kind::Release: hands.moveTo(down).release(act.button).act(); break;
+        case Kind::Drag: {
+            const Point to = endOf(act);
+            const Point half{(down.x + to.x) / 2, (down.y + to.y) / 2};
+            hands.moveTo(down).press(act.button).moveTo(half).moveTo(to).release(act.button).act();
+            break;
+        }
+        case Kind::Wheel:
+            hands.moveTo(down);
+            for (int i = 0; i < act.count; ++i) hands.press(act.button).release(act.button);
+            hands.act();
+            break;
+        case Kind::Keys:
+            for (const std::string& key : act.keys) hands.key(key);
+            hands.act();
+            break;
+        case Kind::Hold:
+            for (int i = 0; i < act.count; ++i) hands.hold(act.keys[0]);
+            hands.letGo(act.keys[0]).act();
+            break;
+        case Kind::Type: hands.type(act.text).act(); break;
+        case Kind::Paste:
+            putIntoClipboard(act.text);
+            hands.key("ctrl+v").act();
+            break;
+        case Kind::Minimise: driver().ask({"post", window, "0x112", "0xF020", "0"}); break;
+        case Kind::Restore: driver().ask({"post", window, "0x112", "0xF120", "0"}); break;
+        case Kind::Settings: {
+            // WM_SYSCOLORCHANGE, WM_SETTINGCHANGE of the work area and in general, WM_DISPLAYCHANGE
+            // and WM_THEMECHANGED.
+            constexpr struct {
+                const char* message;
+                const char* w;
+            } news[] = {
+                {"0x15", "0"}, {"0x1A", "47"}, {"0x1A", "0"}, {"0x7E", "32"}, {"0x31A", "0"}};
+            const auto& row = news[act.count];
+            driver().ask({"send", window, row.message, row.w, "0"});
+            break;
+        }
+        case Kind::Serve:
+        case Kind::Pause:
+        case Kind::Close: break;
+    }
+}
+
+// What of these acts may open a link: computed before they are carried out.
+void Storm::permit(const Act& act) {
+    switch (act.kind) {
+        case Kind::Start:
+        case Kind::Click:
+        case Kind::ClickControl:
+        case Kind::ClickFirstLine:
+        case Kind::Press:
+        case Kind::Release:
+        case Kind::Drag: permitPointer(act); break;
+        case Kind::Keys:
+        case Kind::Hold:
+        case Kind::Type: permitKeys(act); break;
+        default: break;
+    }
+}
+
+void Storm::permitPointer(const Act& act) {
+    const Point down = placeOf(act);
+    const Point up = endOf(act);
+    std::set<std::string> links;
+    const auto addShown = [&](std::set<std::string>& to, Point where) {
+        if (scene_.shows(ControlId::output, where))
+            to.insert(scene_.links.begin(), scene_.links.end());
+        if (scene_.shows(ControlId::Label12, where)) to.insert(homeAddress);
+    };
+    if (scene_.menu) {
+        links = menuLinks_;
+    } else if (act.kind == Kind::Press) {
+        pressedLinks_.clear();
+        if (act.button == 1) addShown(pressedLinks_, down);
+        return;
+    } else if (act.button == 1) {
+        if (act.kind == Kind::Release) {
+            std::set<std::string> now;
+            addShown(now, down);
+            std::ranges::set_intersection(now, std::exchange(pressedLinks_, {}),
+                                          std::inserter(links, links.end()));
+        } else {
+            addShown(links, up);
+        }
+    }
+    const int times = act.kind == Kind::Drag || act.kind == Kind::Release ? 1 : act.count;
+    if (!links.empty()) permissions_.push_back({BrowserLog::now(), times, links});
+}
+
+// Where the keys of a chain go cannot be known: each that presses something may open one link that
+// is shown when the chain begins.
+void Storm::permitKeys(const Act& act) {
+    std::set<std::string> links = scene_.menu ? menuLinks_ : scene_.links;
+    if (scene_[ControlId::Label12].visible) links.insert(homeAddress);
+    int times = 0;
+    if (act.kind == Kind::Hold)
+        times = 1;
+    else if (act.kind == Kind::Type)
+        times = scene_.menu || scene_.hasFocus(ControlId::Label12) ? 1 : 0;
+    else
+        times = static_cast<int>(std::ranges::count_if(act.keys, presses));
+    if (times > 0 && !links.empty()) permissions_.push_back({BrowserLog::now(), times, links});
+}
+
+// A press of the quit button, by the pointer or by a key, and the system menu's last entry.
+bool Storm::mayEnd(const Act& act) const {
+    if (ending_ || scene_.menu) return true;
+    switch (act.kind) {
+        case Kind::Keys:
+            return std::ranges::any_of(act.keys, presses) &&
+                   (act.keys.size() > 1 || scene_.hasFocus(ControlId::isButton2));
+        case Kind::Hold:
+        case Kind::Type: return scene_.hasFocus(ControlId::isButton2);
+        case Kind::Start: return false;
+        default: return scene_.shows(ControlId::isButton2, endOf(act));
+    }
+}
+
+}  // namespace velvox::e2e
