@@ -42,7 +42,8 @@ TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
     Hands().click(button).act();
     driver().waitGone("#32770");
     EXPECT_NO_THROW(driver().waitGone(program.control(ControlId::outer)));
-    // What is typed next replaces the address.
+    // What is typed next replaces the address. Input during the run would be dropped.
+    program.awaitEndOfRun();
     Hands().type("x").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "x"));
 
