@@ -60,8 +60,12 @@ TEST(StartUpTest, PastesByKeyAndByMenuAndEnterPressesDownload) {
     EXPECT_NO_THROW(driver().waitText(program.edit(), "from the menu"));
 
     putIntoClipboard(veohExample);
-    Hands().click(box).key("End").key("shift+Home").key("ctrl+v").act();
-    EXPECT_NO_THROW(driver().waitText(program.edit(), veohExample));
+    Hands().click(box).act();
+    // Wine learns a little later that another program has a new clipboard.
+    EXPECT_TRUE(eventually([&] {
+        Hands().key("End").key("shift+Home").key("ctrl+v").act();
+        return program.address() == veohExample;
+    }));
     Hands().key("Return").act();
     driver().waitVisible(program.control(ControlId::outer));
     waitForLinks(program);
