@@ -32,11 +32,21 @@ size_t widthOf(const TextLook& look) {
     return std::max<size_t>(1, (look.halfPoints + normal * 3 / 4) / normal);
 }
 
+// The control draws its own link format in the system's link colour, Wine's in pure blue, and
+// ignores the colour of the stream.
+bool hasLegibleLinkFormat(const PaneColours& colours) {
+    const auto isLegible = [&](Rgb drawn) {
+        return contrast(drawn, colours.background) >= colours.linkContrast;
+    };
+    return isLegible(colours.link) && isLegible(rgb(0, 0, 255));
+}
+
 class Writer {
  public:
     Writer(HtmlFragment fragment, const PaneColours& colours)
         : fragment_(std::move(fragment)),
           paneColours_(colours),
+          marksLinks_(hasLegibleLinkFormat(colours)),
           isLong_(fragment_.text.size() > longText) {}
 
     RichText write() {
@@ -127,12 +137,13 @@ class Writer {
             links.push_back({result_.length, 0, std::move(address), run.look.halfPoints});
             cost_.addLink();
             // Text outside links between here and the span's end would have put plainEnd_ there.
-            if (spans.empty() || plainEnd_ > spans.back().end) {
+            if (marksLinks_ && (spans.empty() || plainEnd_ > spans.back().end)) {
                 spans.push_back({result_.length, 0});
                 if (spans.size() <= maxMarkedSpans) cost_.addSpan();
             }
         }
-        links.back().end = spans.back().end = result_.length + 1;
+        links.back().end = result_.length + 1;
+        if (marksLinks_) spans.back().end = result_.length + 1;
     }
 
     void enter(const TextLook& look, bool inLink) {
@@ -184,6 +195,7 @@ class Writer {
 
     HtmlFragment fragment_;
     PaneColours paneColours_;
+    bool marksLinks_;
     bool isLong_;
     RichText result_;
     State state_;
