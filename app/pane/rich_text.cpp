@@ -32,13 +32,17 @@ size_t widthOf(const TextLook& look) {
     return std::max<size_t>(1, (look.halfPoints + normal * 3 / 4) / normal);
 }
 
+// What browsers draw links in.
+constexpr Rgb usualLink = rgb(0, 0, 255);
+
+bool isLegibleLink(Rgb colour, const PaneColours& colours) {
+    return contrast(colour, colours.background) >= colours.linkContrast;
+}
+
 // The control draws its own link format in the system's link colour, Wine's in pure blue, and
 // ignores the colour of the stream.
 bool hasLegibleLinkFormat(const PaneColours& colours) {
-    const auto isLegible = [&](Rgb drawn) {
-        return contrast(drawn, colours.background) >= colours.linkContrast;
-    };
-    return isLegible(colours.link) && isLegible(rgb(0, 0, 255));
+    return isLegibleLink(colours.link, colours) && isLegibleLink(usualLink, colours);
 }
 
 class Writer {
@@ -46,6 +50,7 @@ class Writer {
     Writer(HtmlFragment fragment, const PaneColours& colours)
         : fragment_(std::move(fragment)),
           paneColours_(colours),
+          linkColour_(isLegibleLink(colours.link, colours) ? colours.link : usualLink),
           marksLinks_(hasLegibleLinkFormat(colours)),
           isLong_(fragment_.text.size() > longText) {}
 
@@ -152,7 +157,7 @@ class Writer {
         const State next{look.face, look.halfPoints,
                          automatic && !inLink
                              ? 0
-                             : colourIndex(automatic ? paneColours_.link : look.colour, inLink),
+                             : colourIndex(automatic ? linkColour_ : look.colour, inLink),
                          inLink};
         const size_t before = result_.rtf.size();
         std::string& rtf = result_.rtf;
@@ -195,6 +200,8 @@ class Writer {
 
     HtmlFragment fragment_;
     PaneColours paneColours_;
+    // A pale colour made darker would look like disabled text.
+    Rgb linkColour_;
     bool marksLinks_;
     bool isLong_;
     RichText result_;

@@ -20,6 +20,7 @@ void expectRefusal(const Program& program, const std::string& address) {
     EXPECT_EQ(program.pane(), pleaseWait);
     dismissBox();
     EXPECT_NO_THROW(driver().waitGone(program.control(ControlId::outer)));
+    EXPECT_NO_THROW(program.awaitEndOfRun());
     EXPECT_EQ(program.address(), address);
     EXPECT_FALSE(program.addressLocked());
 }

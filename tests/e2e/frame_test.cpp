@@ -118,6 +118,7 @@ TEST(FrameTest, LosingThePointerEndsTheDrag) {
     Hands().moveTo({from.x + 90, from.y + 70}).act();
     dismissBox();
     driver().waitGone(program.control(ControlId::outer));
+    program.awaitEndOfRun();
     // The button is still down.
     Hands().moveTo({from.x + 40, from.y + 60}).act();
     settle(program);

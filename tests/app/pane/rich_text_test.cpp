@@ -85,6 +85,9 @@ TEST(RichTextTest, LinksAndColouredTextAreLegibleInEveryScheme) {
             EXPECT_GE(contrast(colours[i], window), i < 3 ? linkContrast : plainContrast)
                 << std::hex << window << ' ' << link << ", colour " << i;
     }
+    // A pale system colour, made darker, would look like disabled text.
+    const PaneColours pale{.link = rgb(200, 200, 200)};
+    EXPECT_NE(toRichText(html, pale).rtf.find("\\red0\\green0\\blue255;"), std::string::npos);
     EXPECT_NE(written("<font color=red>x</font>").rtf.find("\\red255\\green0\\blue0;"),
               std::string::npos);
 }
