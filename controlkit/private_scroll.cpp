@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 #include "base/runtime_failure.h"
 
@@ -129,6 +130,10 @@ void tsPrivateScroll::Value(FixedPoint value) {
     suppressesNextChange_ = false;
 }
 
+void tsPrivateScroll::BlockValue(bool block) {
+    if (std::exchange(blocksValue_, block) != block) redraw();
+}
+
 void tsPrivateScroll::SmallChange(std::int32_t change) {
     setNotNegative("SmallChange", &ScrollSettings::smallChange, change);
 }
@@ -149,9 +154,9 @@ void tsPrivateScroll::UnRefreshControl(bool redraws) {
 }
 
 void tsPrivateScroll::InitProperties() {
-    ReadProperties({});
     suppressesNextChange_ = false;
     blocksValue_ = false;
+    ReadProperties({});
 }
 
 void tsPrivateScroll::ReadProperties(const PropertyBag& bag) {

@@ -80,9 +80,10 @@ class tsPrivateScroll {
     bool BlockVS() const noexcept { return suppressesNextChange_; }
     void BlockVS(bool suppress) noexcept { suppressesNextChange_ = suppress; }
 
-    /// While true, Value cannot be altered, neither by assignment nor by the user.
+    /// While true, Value cannot be altered, neither by assignment nor by the user: a thumb that is
+    /// being dragged shows the value again.
     bool BlockValue() const noexcept { return blocksValue_; }
-    void BlockValue(bool block) noexcept { blocksValue_ = block; }
+    void BlockValue(bool block);
 
     /// Gives a new instance its defaults. No event is raised.
     virtual void InitProperties();

@@ -65,11 +65,16 @@ PartState ScrollControl::stateOf(ScrollPart part) const {
     return inside_ && partUnderPointer() == part ? PartState::Hover : PartState::None;
 }
 
+void ScrollControl::movePointer(BarPoint at) {
+    const ScrollPart before = partUnderPointer();
+    pointer_ = at;
+    if (partUnderPointer() != before) host_.repaint();
+}
+
 void ScrollControl::mouseMove(BarPoint at, MouseState state) {
     if (!Enabled()) return;
     const bool wasHeld = held_ != ScrollPart::None;
-    const ScrollPart before = partUnderPointer();
-    pointer_ = at;
+    movePointer(at);
     if (!inside_ && contains(at)) {
         inside_ = true;
         host_.repaint();
@@ -78,22 +83,19 @@ void ScrollControl::mouseMove(BarPoint at, MouseState state) {
     // Asked for on every move: a request that was lost is then made good by the next one.
     if (!wasHeld) host_.requestLeave();
     launch(MouseMove, state.button, state.shift, hasControl(state));
-    if (held_ == ScrollPart::Thumb)
-        drag();
-    else if (partUnderPointer() != before)
-        host_.repaint();
+    if (held_ == ScrollPart::Thumb) drag();
 }
 
 void ScrollControl::mouseDown(BarPoint at, MouseState state) {
     if (!Enabled()) return;
-    pointer_ = at;
+    movePointer(at);
     launch(MouseDown, state.button, state.shift, hasControl(state));
     if (state.button == MouseButton::Left) press(at);
 }
 
 void ScrollControl::mouseDoubleClick(BarPoint at, MouseState state) {
     if (!Enabled()) return;
-    pointer_ = at;
+    movePointer(at);
     launch(MouseDblClick, state.button, state.shift, hasControl(state));
     if (state.button == MouseButton::Left) press(at);
 }
@@ -162,7 +164,7 @@ void ScrollControl::moveTo(FixedPoint value) {
 
 void ScrollControl::mouseUp(BarPoint at, MouseState state) {
     if (!Enabled()) return;
-    pointer_ = at;
+    movePointer(at);
     const bool ends = state.button == MouseButton::Left && held_ != ScrollPart::None;
     if (ends) endPress();
     launch(MouseUp, state.button, state.shift, hasControl(state));

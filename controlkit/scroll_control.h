@@ -133,6 +133,7 @@ class ScrollControl : public tsPrivateScroll {
     bool contains(BarPoint at) const;
     ScrollPart partAt(BarPoint at) const;
     ScrollPart partUnderPointer() const;
+    void movePointer(BarPoint at);
     void press(BarPoint at);
     void stepHeldPart();
     void drag();

@@ -19,7 +19,7 @@ constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
 class Bar {
  public:
     Bar() {
-        host_.onRepaint = [this] { drawn_ = bar_.Value(); };
+        host_.onRepaint = [this] { drawn_ = picture(); };
         host_.onCaptureLost = [this] { bar_.captureLost(); };
         bar_.Change = [this](const FixedPoint& value) {
             require(value == bar_.Value(), "Change shows another value than the stored one");
@@ -46,6 +46,24 @@ class Bar {
     }
 
  private:
+    /// What the user sees of the bar.
+    struct Picture {
+        FixedPoint value;
+        Span thumb;
+        std::array<PartState, 6> states{};
+        bool hasFocus = false;
+        bool enabled = false;
+        bool operator==(const Picture&) const = default;
+    };
+    Picture picture() const {
+        Picture shown{bar_.Value(), bar_.geometry().thumb(), {}, bar_.hasFocus(), bar_.Enabled()};
+        for (const ScrollPart part :
+             {ScrollPart::LessArrow, ScrollPart::TrackBefore, ScrollPart::Thumb,
+              ScrollPart::TrackAfter, ScrollPart::MoreArrow})
+            shown.states[static_cast<std::size_t>(part)] = bar_.stateOf(part);
+        return shown;
+    }
+
     /// What the armed handler does, once.
     void interfere() {
         const auto [event, a, b] = std::exchange(armed_, {});
@@ -132,7 +150,9 @@ class Bar {
         require(!host_.period[1] || isTrack(held), "the track's timer");
         require(host_.enabled == bar_.Enabled(), "the window's state");
         require(bar_.Enabled() || (held == ScrollPart::None && !inside_), "a disabled bar in use");
-        require(drawn_ == bar_.Value(), "the value is not drawn");
+        require(drawn_.value == bar_.Value(), "the value is not drawn");
+        // Otherwise what has changed may wait for the next redraw.
+        if (bar_.UnRefreshControl()) require(drawn_ == picture(), "a state is not drawn");
         const bool mayLieOutside = bar_.BlockValue();
         require(mayLieOutside || (bar_.Value() >= bar_.Min() &&
                                   bar_.Value() <= std::max(bar_.Min(), bar_.Max())),
@@ -144,7 +164,7 @@ class Bar {
 
     testing::FakeScrollHost host_;
     ScrollControl bar_{Axis::Vertical, host_};
-    FixedPoint drawn_ = bar_.Value();
+    Picture drawn_ = picture();
     int changes_ = 0;
     bool inside_ = false;
     std::array<std::uint8_t, 3> armed_{};
