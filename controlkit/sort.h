@@ -1,0 +1,43 @@
+// clsSort: sorts collections.
+#pragma once
+
+#include <algorithm>
+#include <compare>
+#include <memory>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "controlkit/fast_collection.h"
+
+namespace velvox {
+
+/// Names as a reader orders them: numbers in them count by value (file 2 before file 10), ASCII
+/// letters match in either case. Names that are equal then are ordered by their bytes.
+std::strong_ordering compareNaturally(std::string_view a, std::string_view b);
+
+enum class SortOrder { Ascending, Descending };
+
+class clsSort {
+ public:
+    /// Sorts by `less`, which returns whether its first item comes before its second. Items of
+    /// which neither does keep their order, whatever the direction. Keys and addresses stay with
+    /// their items. When `less` throws, the list is as it was.
+    template <class T, class Less>
+    static void SortList(clsFastCollection<T>& list, Less less,
+                         SortOrder order = SortOrder::Ascending) {
+        using Entry = typename clsFastCollection<T>::Entry;
+        std::vector<Entry*> sorted;
+        sorted.reserve(list.Count());
+        for (const auto& entry : list.entries_) sorted.push_back(entry.get());
+        std::ranges::stable_sort(sorted, [&](const Entry* a, const Entry* b) {
+            if (order == SortOrder::Descending) std::swap(a, b);
+            return static_cast<bool>(less(std::as_const(a->item), std::as_const(b->item)));
+        });
+        // From here on nothing fails.
+        for (auto& entry : list.entries_) static_cast<void>(entry.release());
+        for (std::size_t i = 0; i < sorted.size(); ++i) list.entries_[i].reset(sorted[i]);
+    }
+};
+
+}  // namespace velvox

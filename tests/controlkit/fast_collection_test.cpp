@@ -1,0 +1,152 @@
+#include "controlkit/fast_collection.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+#include "controlkit/sort.h"
+
+namespace velvox {
+namespace {
+
+/// A collection and a plain list of items and keys that random operations must keep alike.
+struct Twins {
+    using Rows = std::vector<std::pair<int, std::string>>;
+
+    /// Both change, or the collection throws.
+    void apply(bool valid, const std::function<void()>& onTested,
+               const std::function<void()>& onPlain) {
+        if (valid) {
+            onTested();
+            onPlain();
+        } else {
+            EXPECT_THROW(onTested(), RuntimeFailure);
+        }
+    }
+
+    void step() {
+        const auto pick = [&](std::size_t below) { return random() % below; };
+        const std::size_t count = plain.size(), place = pick(count + 2);
+        const bool isPlace = place >= 1 && place <= count;
+        const std::string key = pick(3) ? "k" + std::to_string(pick(40)) : std::string();
+        const auto keyed = std::ranges::find(plain, key, &Rows::value_type::second);
+        const bool isKey = !key.empty() && keyed != plain.end();
+        const int item = static_cast<int>(pick(10));
+        const auto at = [&](std::size_t from1) {
+            return plain.begin() + static_cast<std::ptrdiff_t>(from1) - 1;
+        };
+        switch (pick(count < 60 ? 5 : 7)) {
+            case 0:
+                return apply(
+                    !isKey, [&] { EXPECT_EQ(tested.Add(item, key), item); },
+                    [&] { plain.emplace_back(item, key); });
+            case 1:
+                return apply(
+                    isPlace && !isKey, [&] { tested.Add(item, key, Before{place}); },
+                    [&] {
+                        plain.insert(at(place), {item, key});
+                    });
+            case 2:
+                return apply(
+                    isPlace && !isKey, [&] { tested.Add(item, key, After{place}); },
+                    [&] {
+                        plain.insert(at(place + 1), {item, key});
+                    });
+            case 3: {
+                const bool up = pick(2) != 0;
+                clsSort::SortList(tested, std::less<>(),
+                                  up ? SortOrder::Ascending : SortOrder::Descending);
+                std::ranges::stable_sort(plain, [&](const auto& a, const auto& b) {
+                    return up ? a.first < b.first : b.first < a.first;
+                });
+                return;
+            }
+            case 4:
+            case 5:
+                return apply(
+                    isPlace, [&] { tested.Remove(place); }, [&] { plain.erase(at(place)); });
+            default:
+                return apply(
+                    isKey, [&] { tested.Remove(key); }, [&] { plain.erase(keyed); });
+        }
+    }
+
+    void compare() const {
+        ASSERT_EQ(tested.Count(), plain.size());
+        std::size_t place = 0;
+        auto expected = plain.begin();
+        for (const int& item : tested) {
+            const auto& [plainItem, key] = *expected++;
+            ASSERT_EQ(item, plainItem);
+            ASSERT_EQ(&tested.Item(++place), &item);
+            ASSERT_EQ(tested.keyAt(place), key);
+            ASSERT_EQ(tested.contains(key), !key.empty());
+            if (key.empty()) continue;
+            ASSERT_EQ(&tested.Item(key), &item);
+        }
+    }
+
+    std::minstd_rand random;
+    clsFastCollection<int> tested;
+    Rows plain;
+};
+
+TEST(FastCollectionTest, RandomOperationsKeepItLikeAPlainList) {
+    Twins twins;
+    for (int i = 0; i < 3000; ++i) {
+        ASSERT_NO_FATAL_FAILURE(twins.step()) << i;
+        ASSERT_NO_FATAL_FAILURE(twins.compare()) << i;
+    }
+    EXPECT_GT(twins.plain.size(), 20U);
+    const int* const first = &twins.tested.Item(1);
+    clsFastCollection<int> moved = std::move(twins.tested);
+    EXPECT_EQ(&moved.Item(1), first) << "items stay at their addresses";
+    moved.Clear();
+    EXPECT_THROW(moved.Item(1), RuntimeFailure);
+    EXPECT_THROW(moved.Item(""), RuntimeFailure) << "an empty key is none";
+    EXPECT_EQ(moved.Add(1, twins.plain[0].second), 1) << "its keys are free again";
+}
+
+TEST(SortTest, AComparisonThatThrowsLeavesTheListAsItWas) {
+    clsFastCollection<int> list;
+    for (const int item : {3, 1, 2}) list.Add(item, std::to_string(item));
+    int calls = 0;
+    const auto fails = [&](int a, int b) { return ++calls > 2 ? throw 1 : a < b; };
+    EXPECT_THROW(clsSort::SortList(list, fails), int);
+    EXPECT_EQ(list.Item(1) * 100 + list.Item("1") * 10 + list.Item(3), 312);
+}
+
+// Each name comes before every later one.
+TEST(SortTest, NamesAreOrderedAsAReaderWould) {
+    const char* const names[] = {"",
+                                 " 1",
+                                 "0",
+                                 "00",
+                                 "1",
+                                 "1 a",
+                                 "1a",
+                                 "01b",
+                                 "2",
+                                 "10",
+                                 "99999999999999999999",
+                                 "a",
+                                 "a.txt",
+                                 "a01",
+                                 "a1",
+                                 "a1.txt",
+                                 "A2.txt",
+                                 "a10.txt",
+                                 "a10b",
+                                 "a10b2",
+                                 "a10b10",
+                                 "File 2",
+                                 "file 10",
+                                 "\xC3\xA4"};
+    for (const char* const* a = std::begin(names); a != std::end(names); ++a)
+        for (const char* const* b = std::begin(names); b != std::end(names); ++b)
+            EXPECT_EQ(compareNaturally(*a, *b), a - b <=> 0) << *a << " and " << *b;
+}
+
+}  // namespace
+}  // namespace velvox
