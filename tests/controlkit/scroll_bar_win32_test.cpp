@@ -185,7 +185,8 @@ TEST_F(ScrollBarWindowTest, PartsShowTheirColours) {
     for (const int tip : {8, 191}) EXPECT_EQ(upright.at(7, tip), front) << tip;
 
     press(9, thumb + 2);
-    EXPECT_EQ(printed(3, thumb + 3), 6);
+    const int beforeFocusMark = scaled(scrollSizes.border, screenDpi());
+    EXPECT_EQ(printed(beforeFocusMark, thumb + 3), 6);
     send(WM_LBUTTONUP, 0, MAKELPARAM(9, thumb + 2));
     press(9, 22);
     EXPECT_EQ(printed(9, 30), 7) << "the held piece of the track";
