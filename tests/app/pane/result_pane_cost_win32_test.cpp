@@ -1,0 +1,130 @@
+// What filling the result pane costs: processor time, heap and windows.
+#include "tests/app/pane/result_pane_fixture_win32.h"
+
+namespace velvox::testing {
+namespace {
+
+// Of this thread: other programs on the machine hardly change it.
+template <class Action>
+double processorSecondsOf(Action action) {
+    const auto used = [] {
+        FILETIME created, ended, kernel, user;
+        GetThreadTimes(GetCurrentThread(), &created, &ended, &kernel, &user);
+        const auto ticks = [](FILETIME time) {
+            return static_cast<double>(time.dwHighDateTime) * 0x1p32 + time.dwLowDateTime;
+        };
+        return (ticks(kernel) + ticks(user)) / 1e7;
+    };
+    const double begin = used();
+    action();
+    return used() - begin;
+}
+
+// What is shown of any text is bounded by what it costs the control.
+TEST_F(ResultPaneTest, NothingTakesTwiceAsLongAsTheLongestList) {
+    std::string noise, fonts;
+    for (unsigned seed = 1; noise.size() < 1'000'000; seed = seed * 1103515245U + 12345U)
+        noise += static_cast<char>(seed >> 16);
+    for (int i = 0; i < 50'000; ++i)
+        fonts += "<font face=f" + std::to_string(i % 60) +
+                 " size=" + std::to_string(i / 60 % 7 + 1) + ">x</font>";
+    const std::pair<const char*, std::string> fillings[] = {
+        {"noise", noise},
+        {"letters", std::string(1'000'000, 'x')},
+        {"words", numbered("wordswordswordswordswords ", 40'000)},
+        {"large words", "<font size=6>" + numbered("wordsword ", 100'000)},
+        {"odd byte", std::string(256 * 1024, '\x80')},
+        {"line breaks", numbered("<br>", 200'000)},
+        {"links", numbered("<a href='http://h/#'>Link #</a><br>", 100'000)},
+        {"links apart", numbered("<a href='http://h/#'>#</a>x<br>", 100'000)},
+        {"fonts", fonts},
+        {"nested fonts", numbered("<font size=7>x<font size=1>y", 100'000)},
+        {"NULs", std::string(1'000'000, '\0')},
+    };
+    const std::string longest = imageLines(32767);
+    const auto cost = [&](const std::string& html) {
+        return processorSecondsOf([&] { pane.DocumentHTML(html); });
+    };
+    double reference = cost(longest);
+    for (const auto& [name, html] : fillings) {
+        double own = cost(html);
+        // A busy machine can slow down one of the two: measure them side by side.
+        for (int again = 0; again < 3 && own >= 2 * reference; ++again) {
+            reference = cost(longest);
+            own = cost(html);
+        }
+        EXPECT_LT(own, 2 * reference) << name;
+    }
+    pane.DocumentHTML("fine again");
+    EXPECT_EQ(shown(), "fine again");
+}
+
+DWORD CALLBACK readMore(DWORD_PTR rest, LPBYTE buffer, LONG size, LONG* got) {
+    auto& text = *reinterpret_cast<std::string_view*>(rest);
+    const auto count = text.copy(reinterpret_cast<char*>(buffer), static_cast<std::size_t>(size));
+    text.remove_prefix(count);
+    *got = static_cast<LONG>(count);
+    return 0;
+}
+
+// The bare control's own time for the same text is the measure: what a user waits for beyond it
+// is the pane's.
+TEST_F(ResultPaneTest, ManyLinksTakeLittleLongerThanTheBareControl) {
+    constexpr int lines = 32767;
+    const std::string rtf = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Tahoma;}}\\f0\\fs20 " +
+                            numbered("Download Image #\\par\n", lines) + '}';
+    const auto bare = [&] {
+        wchar_t name[32];
+        GetClassNameW(text(), name, 32);
+        const HWND control = child(name, WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY);
+        SendMessageW(control, EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
+        SendMessageW(control, WM_SETREDRAW, FALSE, 0);
+        std::string_view rest = rtf;
+        EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rest), 0, &readMore};
+        const double taken =
+            processorSecondsOf([&] { SendMessageW(control, EM_STREAMIN, SF_RTF, at(stream)); });
+        DestroyWindow(control);
+        return taken;
+    };
+    const std::string html = imageLines(lines);
+    // The fastest of several, taken in turn.
+    double bareTime = 1e9, ownTime = 1e9;
+    for (int i = 0; i < 3; ++i) {
+        bareTime = std::min(bareTime, bare());
+        ownTime = std::min(ownTime, processorSecondsOf([&] { pane.DocumentHTML(html); }));
+    }
+    EXPECT_LT(ownTime, 1.5 * bareTime);
+
+    const TextLink last = pane.links().at(lines - 1);
+    EXPECT_EQ(shownAt(last.begin, last.end), "Download Image 32767");
+    EXPECT_TRUE(isLink(last.begin));
+    setCaret(last.begin);
+    send(EM_SCROLLCARET, 0, 0);
+    click(pointAt(last.begin + 3));
+    EXPECT_EQ(log.take(), "shell open http://host/books/abc/p32767.jpg\n");
+    EXPECT_LT(processorSecondsOf([&] { pane.DocumentHTML("gone"); }), 10.0);
+}
+
+TEST_F(ResultPaneTest, ManyWritesLeaveNothingBehind) {
+    // Blocks in use on the heap that the program shares with the system's controls.
+    const auto heapBlocks = [heap = GetProcessHeap()] {
+        int count = 0;
+        for (PROCESS_HEAP_ENTRY entry{}; HeapWalk(heap, &entry);)
+            count += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
+        return count;
+    };
+    const std::string list = imageLines(210);  // enough for the control itself to be replaced
+    pane.DocumentHTML(list);
+    pane.DocumentHTML("x");
+    const int blocksBefore = heapBlocks();
+    const int before = liveHandles();
+    for (int i = 0; i < 1000; ++i)
+        pane.DocumentHTML(i % 50 == 0 ? list : "<a href='http://h/x'>Download</a><br>two");
+    EXPECT_EQ(liveHandles(), before);
+    EXPECT_LT(heapBlocks(), blocksBefore + 100);
+    EXPECT_EQ(GetWindow(pane.handle(), GW_CHILD), text());
+    EXPECT_EQ(GetWindow(text(), GW_HWNDNEXT), nullptr) << "a replaced control is still there";
+}
+
+}  // namespace
+}  // namespace velvox::testing
