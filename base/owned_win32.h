@@ -1,5 +1,5 @@
-// Owner types of the system's handles: each releases what it holds exactly once. In test builds
-// the owners count what is alive, since not every system reports handle counts.
+// Owner types of the system's handles: each releases what it holds exactly once, and
+// counts what is alive, since not every system reports that.
 #pragma once
 
 #include <windows.h>

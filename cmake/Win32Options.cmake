@@ -3,7 +3,7 @@
 # - _WIN32_WINNT 6.1: what is newer is looked up by name.
 # - -mstackrealign: the system promises callbacks a 4-byte aligned stack, GCC assumes 16.
 # - Link-time optimisation in one partition: with several this compiler fails internally.
-# - A full -static is what keeps libwinpthread out of the imports.
+# - -static: no DLL of the compiler among the imports.
 # - Relocations, ASLR (dynamicbase) and NX are the linker's defaults here; they are named so that a
 #   change of the defaults does not pass unnoticed.
 add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT

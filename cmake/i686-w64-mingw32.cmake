@@ -1,11 +1,12 @@
-# 32-bit Windows with MinGW-w64 and POSIX threads (C++11 threads, mutexes and the like work).
+# 32-bit Windows with MinGW-w64 and Windows' own threads model: the program imports no thread library,
+# and sources have no std::thread or std::mutex.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
-set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
+set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-win32)
+set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-win32)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
-set(CMAKE_AR i686-w64-mingw32-gcc-ar-posix)
-set(CMAKE_RANLIB i686-w64-mingw32-gcc-ranlib-posix)
+set(CMAKE_AR i686-w64-mingw32-gcc-ar-win32)
+set(CMAKE_RANLIB i686-w64-mingw32-gcc-ranlib-win32)
 set(CMAKE_FIND_ROOT_PATH /usr/i686-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -3,13 +3,15 @@
 
 #include <winsock2.h>
 
+#include "tests/support/test_thread_win32.h"
+
 #include <atomic>
 #include <functional>
 #include <list>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <thread>
 
 namespace velvox {
 
@@ -42,7 +44,7 @@ class Connection {
 
 class LocalServer {
  public:
-    /// Called on a thread of its own for each request, with the request's header text.
+    /// Called on a separate thread for each request, with the request's header text.
     using Handler = std::function<void(const Connection& connection, const std::string& request)>;
 
     explicit LocalServer(Handler handler) : handler_(std::move(handler)) {
@@ -58,15 +60,15 @@ class LocalServer {
             getsockname(listener_, reinterpret_cast<sockaddr*>(&at), &size) != 0)
             throw std::runtime_error("the test's server cannot listen");
         port_ = ntohs(at.sin_port);
-        acceptor_ = std::thread([this] { accept(); });
+        acceptor_.emplace([this] { accept(); });
     }
     LocalServer(const LocalServer&) = delete;
     LocalServer& operator=(const LocalServer&) = delete;
     ~LocalServer() {
         stopped_ = true;
         closesocket(listener_);
-        acceptor_.join();
-        for (std::thread& connection : connections_) connection.join();
+        acceptor_.reset();
+        connections_.clear();
         WSACleanup();
     }
 
@@ -112,8 +114,8 @@ class LocalServer {
     SOCKET listener_;
     int port_ = 0;
     std::atomic<bool> stopped_{false};
-    std::list<std::thread> connections_;
-    std::thread acceptor_;
+    std::list<TestThread> connections_;
+    std::optional<TestThread> acceptor_;
 };
 
 }  // namespace velvox
