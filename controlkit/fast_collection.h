@@ -127,7 +127,7 @@ class clsFastCollection {
     }
 
     T& insert(std::size_t index, T&& item, std::string_view key) {
-        auto entry = std::make_unique<Entry>(std::move(item), std::string(key));
+        auto entry = std::make_unique<Entry>(Entry{std::move(item), std::string(key)});
         // What may fail comes first.
         if (entries_.size() == entries_.capacity()) entries_.reserve(entries_.size() * 2 + 8);
         if (!key.empty() && !byKey_.emplace(entry->key, entry.get()).second)

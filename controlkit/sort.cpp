@@ -34,7 +34,7 @@ std::strong_ordering compareNaturally(std::string_view a, std::string_view b) {
             left.remove_prefix(1);
             right.remove_prefix(1);
         }
-        if (order != 0) return order;
+        if (std::is_neq(order)) return order;
     }
     if (left.empty() != right.empty()) return right.empty() <=> left.empty();
     return a <=> b;
