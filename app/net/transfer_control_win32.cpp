@@ -1,6 +1,7 @@
 #include "app/net/transfer_control_win32.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "base/system_win32.h"
@@ -19,16 +20,46 @@ constexpr DWORD awaitedInput =
 // wakes for them; and a body that streams in fast keeps the wait from ever seeing a message.
 constexpr milliseconds maxPollInterval{100};
 
+// A fetch that is advanced by its caller's wait and from inside a menu's loop.
+class Fetch {
+ public:
+    explicit Fetch(HttpTransfer& transfer) : transfer_(transfer) {}
+
+    /// Takes the steps that are due and keeps a failure for `advance`. True past the deadline.
+    bool isOverdue() noexcept {
+        // A tick comes every 100 ms: several steps each, so that a page does not take minutes.
+        constexpr int stepsOfATick = 16;
+        try {
+            for (int step = 0; step < stepsOfATick && !done_ && !failure_; ++step)
+                done_ = transfer_.advance();
+        } catch (...) {
+            failure_ = std::current_exception();
+        }
+        return Clock::now() >= transfer_.deadline();
+    }
+
+    bool advance() {
+        if (failure_) std::rethrow_exception(failure_);
+        return done_ || (done_ = transfer_.advance());
+    }
+
+ private:
+    HttpTransfer& transfer_;
+    bool done_ = false;
+    std::exception_ptr failure_;
+};
+
 }  // namespace
 
 WinHttpTransfer::WinHttpTransfer(InternetSession& session, const TransferLimits& limits,
-                                 std::function<void()> whileWaiting)
+                                 WhileWaiting whileWaiting)
     : session_(session), limits_(limits), whileWaiting_(std::move(whileWaiting)) {}
 
 std::string WinHttpTransfer::OpenURL(std::string_view address) {
     HttpTransfer transfer(session_, address, HttpTransfer::Wants::WholeBody, limits_);
+    Fetch fetch(transfer);
     auto lastPoll = Clock::now();
-    while (!transfer.advance()) {
+    while (!fetch.advance()) {
         const auto now = Clock::now();
         if (now >= transfer.deadline()) HttpTransfer::failWithTimeout();
         auto until = transfer.deadline();
@@ -40,7 +71,7 @@ std::string WinHttpTransfer::OpenURL(std::string_view address) {
                                       whileWaiting_ ? awaitedInput : 0);
         if (result == WAIT_FAILED) throwLastError("MsgWaitForMultipleObjects");
         if (!whileWaiting_ || (result == WAIT_OBJECT_0 && Clock::now() < until)) continue;
-        whileWaiting_();
+        whileWaiting_([&] { return fetch.isOverdue(); });
         lastPoll = Clock::now();
     }
     return transfer.takeBody();

@@ -7,20 +7,27 @@
 
 namespace velvox {
 
-/// Page fetches over WinHTTP. The calling thread waits. Meanwhile `whileWaiting` is called when
-/// window messages arrive and every 100 ms at the latest, so that a window can repaint itself and
-/// be closed. It may end the program, but must not start another fetch.
+/// Page fetches over WinHTTP. The calling thread waits.
 class WinHttpTransfer : public TransferControl {
  public:
+    /// Advances the fetch; true once it is past its deadline.
+    using IsOverdue = std::function<bool()>;
+
+    /// Called when window messages arrive and every 100 ms at the latest, so that a window can
+    /// repaint itself and be closed. It may end the program, but must not start another fetch. If
+    /// it takes long, as while a menu is open, it has to call its argument from time to time and
+    /// to return when the fetch is overdue.
+    using WhileWaiting = std::function<void(const IsOverdue&)>;
+
     explicit WinHttpTransfer(InternetSession& session, const TransferLimits& limits = {},
-                             std::function<void()> whileWaiting = {});
+                             WhileWaiting whileWaiting = {});
 
     std::string OpenURL(std::string_view address) override;
 
  private:
     InternetSession& session_;
     TransferLimits limits_;
-    std::function<void()> whileWaiting_;
+    WhileWaiting whileWaiting_;
 };
 
 }  // namespace velvox

@@ -162,7 +162,7 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
       input_(pump, [this](HWND window) { return inputTargetOf(window); }),
       desktop_(pump),
       limits_(limits),
-      transfer_(session_, limits, [&pump] { pump.serveInput(); }) {
+      transfer_(session_, limits, [&pump](const auto& isOverdue) { pump.serveInput(isOverdue); }) {
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     const auto icon = [&](int width, int height) {
         return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(IDI_VELVOX), IMAGE_ICON,
@@ -269,6 +269,11 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED: followContrast(); break;
         case WM_SETFOCUS: restoreFocus(); return 0;
+        case WM_SYSCOMMAND:
+            // Wine gives a minimised window the keys. Its menu would be invisible and hold up a
+            // run.
+            if ((wParam & 0xFFF0) == SC_KEYMENU && IsIconic(handle())) return 0;
+            break;
         case WM_ENABLE: input_.windowEnabled(wParam != FALSE); break;
         case WM_CLOSE: close(); return 0;
         case WM_DESTROY: pump_.quit(0); return 0;

@@ -1,5 +1,7 @@
 #include "app/window/message_pump_win32.h"
 
+#include <climits>
+#include <optional>
 #include <utility>
 
 #include "base/system_win32.h"
@@ -34,6 +36,51 @@ constexpr struct {
     {BM_CLICK, BM_CLICK},
     {WM_SYSCOMMAND, WM_SYSCOMMAND},
     {WM_CLOSE, WM_CLOSE},
+};
+
+// Ends the loop of a menu or of a move by keys.
+void leaveModalLoop() noexcept {
+    EndMenu();
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    if (!GetGUIThreadInfo(GetCurrentThreadId(), &info)) return;
+    // Wine ends neither the menu mode of a window without a menu bar by EndMenu nor a move by
+    // WM_CANCELMODE.
+    if (info.hwndMenuOwner) PostMessageW(info.hwndMenuOwner, WM_CANCELMODE, 0, 0);
+    if (info.hwndMoveSize) PostMessageW(info.hwndMoveSize, WM_LBUTTONUP, 0, 0);
+}
+
+// `serveInput` leaves timers in the queue, so that this one ticks only inside a loop of the
+// system's that it has entered.
+class ModalLoopTimer {
+ public:
+    explicit ModalLoopTimer(const std::function<bool()>& isOverdue)
+        : isOverdue_(isOverdue),
+          outer_(std::exchange(current, this)),
+          id_(SetTimer(nullptr, 0, periodMs, &ModalLoopTimer::tick)) {}
+    ModalLoopTimer(const ModalLoopTimer&) = delete;
+    ModalLoopTimer& operator=(const ModalLoopTimer&) = delete;
+    ~ModalLoopTimer() {
+        KillTimer(nullptr, id_);
+        current = outer_;
+    }
+
+ private:
+    static constexpr UINT periodMs = 100;
+
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) noexcept {
+        try {
+            if (current && current->isOverdue_()) leaveModalLoop();
+        } catch (...) {
+            reportCurrentFailure();
+        }
+    }
+
+    static inline ModalLoopTimer* current = nullptr;  // of the thread of the user interface
+
+    const std::function<bool()>& isOverdue_;
+    ModalLoopTimer* outer_;
+    UINT_PTR id_;
 };
 
 }  // namespace
@@ -75,7 +122,7 @@ void MessagePump::quit(int exitCode) {
     exitCode_ = exitCode;
     // A menu's loop ends by itself only. The other loops of the system end with this message, and
     // some of them, Wine's menus too, remove it.
-    EndMenu();
+    leaveModalLoop();
     PostQuitMessage(exitCode);
 }
 
@@ -88,18 +135,22 @@ void MessagePump::yield() {
     }
 }
 
-void MessagePump::serveInput() {
+void MessagePump::serveInput(const std::function<bool()>& isOverdue) {
     const FlagScope serving(serving_, true);
+    std::optional<ModalLoopTimer> timer;
+    if (isOverdue) timer.emplace(isOverdue);
     MSG message;
     // WM_QUIT comes whatever the range.
-    const auto dispatchAll = [&](UINT first, UINT last, UINT flags) {
-        while (PeekMessageW(&message, nullptr, first, last, PM_REMOVE | flags)) {
+    const auto dispatchAll = [&](UINT first, UINT last, UINT flags, int most) {
+        while (most-- > 0 && PeekMessageW(&message, nullptr, first, last, PM_REMOVE | flags)) {
             if (message.message == WM_QUIT) return quit(static_cast<int>(message.wParam));
             dispatch(message);
         }
     };
-    for (const auto& [first, last] : inputRanges) dispatchAll(first, last, 0);
-    dispatchAll(WM_PAINT, WM_PAINT, PM_QS_PAINT);
+    for (const auto& [first, last] : inputRanges) dispatchAll(first, last, 0, INT_MAX);
+    // A window that stays invalid, as one of another library may, is asked to paint for ever.
+    constexpr int maxPaints = 100;
+    dispatchAll(WM_PAINT, WM_PAINT, PM_QS_PAINT, maxPaints);
 }
 
 }  // namespace velvox

@@ -26,8 +26,10 @@ class MessagePump {
     void yield();
 
     /// Handles waiting input, system commands, closing and painting, then returns. All other
-    /// messages stay in the queue: to those, the thread is blocked.
-    void serveInput();
+    /// messages stay in the queue: to those, the thread is blocked. While a loop of the system's,
+    /// such as that of an open menu, keeps this from returning, `isOverdue` is called every 100 ms;
+    /// once it returns true that loop is ended.
+    void serveInput(const std::function<bool()>& isOverdue = {});
 
     /// Runs the handler of a timer's message. A menu, a message box or a scroll bar that is held
     /// has a loop of its own, which lets timers tick as well: a yield in such a tick does nothing,

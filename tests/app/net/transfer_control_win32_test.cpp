@@ -119,7 +119,7 @@ TEST(TransferControlTest, SeesMessagesUntilItsDeadlineAndLeavesNoHandleBehind) {
     const LocalServer server(answer);
     int seen = 0;
     InternetSession session;
-    WinHttpTransfer transfer(session, {.time = milliseconds(1500)}, [&] {
+    WinHttpTransfer transfer(session, {.time = milliseconds(1500)}, [&](const auto&) {
         MSG message;
         while (PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE)) ++seen;
     });
@@ -142,6 +142,22 @@ TEST(TransferControlTest, SeesMessagesUntilItsDeadlineAndLeavesNoHandleBehind) {
     EXPECT_EQ(liveHandles(), before);
 }
 
+// While a menu is open the page still arrives, and the menu has to close at the deadline.
+TEST(TransferControlTest, IsAdvancedFromInsideAnotherLoop) {
+    const LocalServer server(answer);
+    InternetSession session;
+    WinHttpTransfer transfer(session, {.time = milliseconds(700)}, [](const auto& isOverdue) {
+        while (!isOverdue()) Sleep(10);
+    });
+    const auto startLoop = [] { PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0); };
+    startLoop();
+    EXPECT_EQ(transfer.OpenURL(server.address("/unsized")), everyByte());
+    startLoop();
+    EXPECT_EQ(failureOf(transfer, server.address("/cut")), "The connection was cut");
+    startLoop();
+    EXPECT_EQ(failureOf(transfer, server.address("/silent")), "The server did not answer in time");
+}
+
 // A body that streams in without a pause must neither fill the memory nor shut out the messages.
 TEST(TransferControlTest, AnEndlessBodyIsGivenUpInTime) {
     const LocalServer server(answer);
@@ -152,7 +168,8 @@ TEST(TransferControlTest, AnEndlessBodyIsGivenUpInTime) {
     };
     SIZE_T most = 0;
     InternetSession session;
-    WinHttpTransfer transfer(session, {}, [&] { most = std::max(most, privateBytes()); });
+    WinHttpTransfer transfer(session, {},
+                             [&](const auto&) { most = std::max(most, privateBytes()); });
     const SIZE_T before = privateBytes();
     EXPECT_EQ(failureOf(transfer, server.address("/endless")), "The page is too large");
     EXPECT_GT(most, before) << "no message could be handled meanwhile";

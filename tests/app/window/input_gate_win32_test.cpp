@@ -172,5 +172,22 @@ TEST_F(InputGateTest, TheBusyPointerIsShownDuringARun) {
     EXPECT_NE(pointer(), busy);
 }
 
+// Wine gives it the keys, and its menu would be invisible.
+TEST_F(InputGateTest, AMinimisedWindowOpensNoMenu) {
+    static bool opened;
+    opened = false;
+    struct Loop {
+        static void CALLBACK tick(HWND owner, UINT, UINT_PTR, DWORD) {
+            opened = true;
+            PostMessageW(owner, WM_CANCELMODE, 0, 0);
+        }
+    };
+    ShowWindow(window.handle(), SW_MINIMIZE);
+    SetTimer(window.handle(), 1000, 10, &Loop::tick);
+    SendMessageW(window.handle(), WM_SYSCOMMAND, SC_KEYMENU, L' ');
+    KillTimer(window.handle(), 1000);
+    EXPECT_FALSE(opened);
+}
+
 }  // namespace
 }  // namespace velvox

@@ -82,5 +82,46 @@ TEST(MessagePumpTest, AnExceptionOutOfAHookIsReported) {
     EXPECT_EQ(window.log, "tick typed end ");
 }
 
+// It has a system menu, and can stay invalid whatever is painted.
+class HostileWindow : public TestForm {
+ public:
+    HostileWindow() : TestForm({0, 0, 100, 100}) {
+        SetWindowLongW(handle(), GWL_STYLE, WS_POPUP | WS_VISIBLE | WS_SYSMENU);
+        GetSystemMenu(handle(), FALSE);  // makes it
+        SetForegroundWindow(handle());
+    }
+    bool staysInvalid = false;
+
+ private:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM, LPARAM) override {
+        if (message == WM_PAINT && staysInvalid) return 0;
+        return std::nullopt;
+    }
+};
+
+// Each would keep the caller for ever.
+TEST(MessagePumpTest, ServingInputEndsInAnyLoopOfTheSystem) {
+    MessagePump pump;
+    HostileWindow window;
+    const struct {
+        const char* name;
+        WPARAM command;
+        LPARAM key;
+    } loops[] = {
+        {"menu", SC_KEYMENU, L' '}, {"menu bar", SC_KEYMENU, 0}, {"move by keys", SC_MOVE, 0}};
+    for (const auto& loop : loops) {
+        SCOPED_TRACE(loop.name);
+        int asked = 0;
+        PostMessageW(window.handle(), WM_SYSCOMMAND, loop.command, loop.key);
+        pump.serveInput([&] { return ++asked == 3; });
+        EXPECT_GT(asked, 0);  // a move by keys ends by itself under Wine 10
+        pump.yield();
+        EXPECT_EQ(GetCapture(), nullptr);
+    }
+    window.staysInvalid = true;
+    InvalidateRect(window.handle(), nullptr, FALSE);
+    pump.serveInput();
+}
+
 }  // namespace
 }  // namespace velvox
