@@ -47,6 +47,11 @@ class Form1 : public Control {
     void isButton1_Click();
     void Timer1_Timer();
 
+    /// A text that came by paste or drop, in place of the typed address: what is in the box goes
+    /// even while it is locked, and a shown result area closes, so that the address is seen. Does
+    /// nothing during a run or for a text without an address.
+    void takeAddress(std::string_view text);
+
     // The Download button (download.cpp).
     void UniXPButton1_Click();
 

@@ -1,4 +1,5 @@
 // What the window does when it loads, the site list, and the small click handlers.
+#include "app/form1/given_address.h"
 #include "app/form1/home_page.h"
 #include "base/join.h"
 #include "catchers/sites.h"
@@ -28,6 +29,16 @@ void Form1::ds_Click() {
 
 void Form1::vd_Click() {
     linkin.Text(vd.Caption());
+}
+
+void Form1::takeAddress(std::string_view text) {
+    const std::string address = givenAddress(text);
+    if (address.empty()) return;
+    if (outer.Visible()) {
+        if (!isButton1.Enabled()) return;
+        isButton1_Click();
+    }
+    linkin.Text(address);
 }
 
 void Form1::Label12_Click() {

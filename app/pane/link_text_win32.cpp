@@ -8,7 +8,8 @@
 #include <string_view>
 #include <utility>
 
-#include "app/pane/clipboard_win32.h"
+#include "app/pane/save_text_file_win32.h"
+#include "base/clipboard_win32.h"
 #include "base/system_win32.h"
 #include "base/web_address.h"
 
@@ -19,13 +20,8 @@ namespace {
 // must outlive every window.
 const wchar_t* richEditClass() {
     static const wchar_t* const name = [] {
-        const auto load = [](const wchar_t* library) {
-            wchar_t path[MAX_PATH + 16]{};
-            GetSystemDirectoryW(path, MAX_PATH);
-            return LoadLibraryW(lstrcatW(lstrcatW(path, L"\\"), library)) != nullptr;
-        };
-        if (load(L"msftedit.dll")) return L"RICHEDIT50W";
-        if (!load(L"riched20.dll")) throwLastError("LoadLibrary of riched20");
+        if (loadSystemLibrary(L"msftedit.dll")) return L"RICHEDIT50W";
+        if (!loadSystemLibrary(L"riched20.dll")) throwLastError("LoadLibrary of riched20");
         return L"RichEdit20W";
     }();
     return name;
@@ -72,7 +68,9 @@ void setSelection(HWND control, std::size_t begin, std::size_t end) {
 LinkText::LinkText(HWND parent, const RECT& pixels, Desktop& desktop) : desktop_(desktop) {
     WindowRequest request;
     request.className = richEditClass();
-    request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY;
+    // Without its own drag and drop, what is dropped on it reaches the main window.
+    request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY |
+                    ES_NOOLEDRAGDROP;
     request.bounds = pixels;
     request.parent = parent;
     request.id = 1;
@@ -171,6 +169,9 @@ std::optional<LRESULT> LinkText::onEvent(UINT message, WPARAM wParam, LPARAM lPa
             SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
             return TRUE;
         case WM_CONTEXTMENU: showMenu(lParam); return 0;
+        case WM_COPY:
+            if (!copySelectedAddresses()) return std::nullopt;
+            return 0;
         case WM_COMMAND:
             if (lParam != 0 || HIWORD(wParam) != 0) return std::nullopt;
             perform(static_cast<LinkCommand>(LOWORD(wParam)));
@@ -184,8 +185,13 @@ std::optional<LRESULT> LinkText::onEvent(UINT message, WPARAM wParam, LPARAM lPa
 }
 
 std::optional<LRESULT> LinkText::onKey(WPARAM key, bool repeated) {
-    const bool modified = GetKeyState(VK_SHIFT) < 0 || GetKeyState(VK_CONTROL) < 0;
+    const bool control = GetKeyState(VK_CONTROL) < 0;
+    const bool modified = GetKeyState(VK_SHIFT) < 0 || control;
     switch (key) {
+        case 'C':
+        case VK_INSERT:
+            if (!control || !copySelectedAddresses()) return std::nullopt;
+            return 0;
         case VK_RETURN:
             if (!repeated && beganAfterPaint()) open(currentLink());
             return 0;
@@ -347,14 +353,15 @@ void LinkText::showMenu(LPARAM screenPoint) {
                     static_cast<UINT_PTR>(command), text);
     };
     const bool openable = isWebAddress(menuAddress_);
+    const bool anyOpenable = std::ranges::any_of(
+        links_, [](const TextLink& each) { return isWebAddress(each.address); });
     add(LinkCommand::Open, L"&Open", openable);
     add(LinkCommand::CopyAddress, L"&Copy address", openable);
-    add(LinkCommand::CopyAllAddresses, L"Copy &all addresses",
-        std::any_of(links_.begin(), links_.end(),
-                    [](const TextLink& each) { return isWebAddress(each.address); }));
+    add(LinkCommand::CopyAllAddresses, L"Copy &all addresses", anyOpenable);
+    add(LinkCommand::SaveAllAddresses, L"&Save all addresses...", anyOpenable);
     if (openable) SetMenuDefaultItem(menu.get(), static_cast<UINT>(LinkCommand::Open), FALSE);
     // The choice arrives as WM_COMMAND: a write that comes while the menu is open may replace the
-    // text, or this very control. Nothing of it is touched behind this call.
+    // text, or this very control. Nothing of it is touched after this call.
     TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, handle(), nullptr);
 }
 
@@ -370,7 +377,22 @@ void LinkText::perform(LinkCommand command) {
             if (const std::string list = addressList(links_); !list.empty())
                 copyToClipboard(handle(), list);
             break;
+        case LinkCommand::SaveAllAddresses:
+            // As after the menu, this control may be gone when the dialog returns.
+            if (const std::string list = addressList(links_); !list.empty())
+                saveTextFile(GetAncestor(handle(), GA_ROOT), L"addresses.txt", list);
+            break;
     }
+}
+
+// What is selected, if there is a link in it that can be opened. False: it is mere text.
+bool LinkText::copySelectedAddresses() {
+    std::string list = addressList(links_, selection());
+    if (list.empty()) return false;
+    constexpr std::size_t lineEnd = 2;
+    list.resize(list.size() - lineEnd);
+    copyToClipboard(handle(), list);
+    return true;
 }
 
 void LinkText::open(const TextLink* link) {

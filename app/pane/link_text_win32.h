@@ -16,11 +16,11 @@
 namespace velvox {
 
 /// Commands of its context menu.
-enum class LinkCommand : int { Open = 1, CopyAddress, CopyAllAddresses };
+enum class LinkCommand : int { Open = 1, CopyAddress, CopyAllAddresses, SaveAllAddresses };
 
 /// A click opens a link. Up and Down move from link to link and select it; Enter opens the one at
 /// the selection. Both must begin after the link was painted, and a held key opens nothing.
-/// Hovering shows the address. No caret is visible.
+/// Copying selected links copies their addresses. Hovering shows the address. No caret is visible.
 class LinkText : public SystemControl {
  public:
     LinkText(HWND parent, const RECT& pixels, Desktop& desktop);
@@ -56,6 +56,7 @@ class LinkText : public SystemControl {
     void hideTip();
     void showMenu(LPARAM screenPoint);
     void perform(LinkCommand command);
+    bool copySelectedAddresses();
     void open(const TextLink* link);
 
     Desktop& desktop_;

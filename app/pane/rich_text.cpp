@@ -154,11 +154,10 @@ class Writer {
     void enter(const TextLook& look, bool inLink) {
         if (!inLink) plainEnd_ = result_.length + 1;
         const bool automatic = look.colour == TextLook::automatic;
-        const State next{look.face, look.halfPoints,
-                         automatic && !inLink
-                             ? 0
-                             : colourIndex(automatic ? linkColour_ : look.colour, inLink),
-                         inLink};
+        const State next{
+            look.face, look.halfPoints,
+            automatic && !inLink ? 0 : colourIndex(automatic ? linkColour_ : look.colour, inLink),
+            inLink};
         const size_t before = result_.rtf.size();
         std::string& rtf = result_.rtf;
         if (next.face != state_.face) rtf += "\\f" + std::to_string(next.face);
@@ -241,10 +240,11 @@ const TextLink* linkAt(const std::vector<TextLink>& links, std::size_t character
     return next == links.end() || character < next->begin ? nullptr : &*next;
 }
 
-std::string addressList(const std::vector<TextLink>& links) {
+std::string addressList(const std::vector<TextLink>& links, CharacterRange range) {
     std::string list;
     for (const TextLink& link : links)
-        if (isWebAddress(link.address)) list += link.address + "\r\n";
+        if (link.begin < range.end && link.end > range.begin && isWebAddress(link.address))
+            list += link.address + "\r\n";
     return list;
 }
 

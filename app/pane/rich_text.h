@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -71,7 +72,8 @@ const TextLink* linkAt(const std::vector<TextLink>& links, std::size_t character
 const TextLink* linkAfter(const std::vector<TextLink>& links, std::size_t character);
 const TextLink* linkBefore(const std::vector<TextLink>& links, std::size_t character);
 
-/// All addresses that may be opened, each on a line of its own.
-std::string addressList(const std::vector<TextLink>& links);
+/// The addresses that may be opened of links with characters in `range`, each on a line of its own.
+std::string addressList(const std::vector<TextLink>& links,
+                        CharacterRange range = {0, std::numeric_limits<std::size_t>::max()});
 
 }  // namespace velvox

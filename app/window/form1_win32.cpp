@@ -7,6 +7,7 @@
 #include "app/browser/web_browser_win32.h"
 #include "app/form1/control_ids.h"
 #include "app/form1/form1_design.h"
+#include "app/form1/given_address.h"
 #include "app/pane/result_pane_win32.h"
 #include "app/resource.h"
 #include "app/window/combo_box_win32.h"
@@ -17,6 +18,7 @@
 #include "base/accessible_name_win32.h"
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
+#include "base/clipboard_win32.h"
 #include "base/mouse_win32.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
@@ -185,9 +187,14 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     std::function<void()>& pressed = form().UniXPButton1.Click;
     pressed = [this, handler = pressed] { input_.run(handler); };
     pump_.intercept = [this](MSG& message) { return intercept(message); };
+    children_->linkin.onPaste(&givenAddress);
+    addressDrop_.emplace(
+        handle(), [this] { return !input_.running() && IsWindowEnabled(handle()); },
+        [this](std::string_view text) { takeAddress(text); });
 }
 
 Form1Window::~Form1Window() {
+    addressDrop_.reset();
     pump_.intercept = nullptr;
     children_.reset();
     destroy();
@@ -316,12 +323,37 @@ void Form1Window::coverControls(bool covered) {
     Edit_SetSel(address, 0, -1);
 }
 
+// Whether a key pastes where there is no text field. Pages in the browser have fields of their own.
+bool Form1Window::pastesAddress(const MSG& message) const {
+    if (message.message != WM_KEYDOWN || (HIWORD(message.lParam) & KF_REPEAT) != 0) return false;
+    const bool control = GetKeyState(VK_CONTROL) < 0;
+    const bool shift = GetKeyState(VK_SHIFT) < 0;
+    const bool paste = message.wParam == 'V'         ? control && !shift
+                       : message.wParam == VK_INSERT ? shift && !control
+                                                     : false;
+    return paste && message.hwnd != children_->linkin.editHandle() &&
+           !IsChild(children_->web.handle(), message.hwnd);
+}
+
+void Form1Window::takeAddress(std::string_view text) {
+    form().takeAddress(text);
+    if (form().outer.Visible() || !form().linkin.Enabled()) return;
+    const HWND address = children_->linkin.editHandle();
+    SetFocus(address);
+    const int end = GetWindowTextLengthW(address);
+    Edit_SetSel(address, end, end);
+}
+
 // Before the dialog keys: Escape closes the result area, Enter in the address box presses Download.
 bool Form1Window::intercept(MSG& message) {
     isButton& closeButton = form().isButton1;
     if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE && form().outer.Visible() &&
         closeButton.Enabled() && GetCapture() == nullptr) {
         closeButton.activate();
+        return true;
+    }
+    if (pastesAddress(message)) {
+        if (const auto text = clipboardText(handle())) takeAddress(*text);
         return true;
     }
     const bool key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;

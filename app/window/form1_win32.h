@@ -3,11 +3,13 @@
 #pragma once
 
 #include <memory>
-#include <vector>
+#include <optional>
+#include <string_view>
 
 #include "app/form1/form1.h"
 #include "app/form1/skin_colours.h"
 #include "app/net/transfer_control_win32.h"
+#include "app/window/address_drop_win32.h"
 #include "app/window/desktop_win32.h"
 #include "app/window/input_gate_win32.h"
 #include "app/window/message_pump_win32.h"
@@ -40,6 +42,8 @@ class Form1Window : public Window, public FormFrame {
     void paint(HDC dc) const;
     void coverControls(bool covered);
     bool intercept(MSG& message);
+    bool pastesAddress(const MSG& message) const;
+    void takeAddress(std::string_view text);
     InputEvent::Target inputTargetOf(HWND window) const;
     void restoreFocus();
     void followContrast();
@@ -56,6 +60,7 @@ class Form1Window : public Window, public FormFrame {
     WinHttpTransfer transfer_;
     Skin skin_;
     std::unique_ptr<Children> children_;
+    std::optional<AddressDrop> addressDrop_;
     HWND lastFocus_ = nullptr;  ///< where the focus returns when the window is active again
 };
 

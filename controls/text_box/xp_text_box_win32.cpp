@@ -3,11 +3,11 @@
 #include <windowsx.h>
 
 #include <algorithm>
-#include <cwchar>
 #include <utility>
 
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
+#include "base/clipboard_win32.h"
 #include "base/mouse_win32.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
@@ -44,21 +44,12 @@ std::int32_t bytesOf(std::string_view text, DWORD units) {
     return static_cast<std::int32_t>(bytes);
 }
 
-/// The first line of the clipboard's text, which is what an EDIT of one line pastes. Nothing where
-/// it has no text or another program holds it.
-std::optional<std::string> clipboardLine(HWND owner) {
-    if (!OpenClipboard(owner)) return std::nullopt;
-    std::optional<std::wstring> line;
-    const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
-    if (const void* text = memory ? GlobalLock(memory) : nullptr) {
-        line.emplace(
-            static_cast<const wchar_t*>(text),
-            wcsnlen(static_cast<const wchar_t*>(text), GlobalSize(memory) / sizeof(wchar_t)));
-        GlobalUnlock(memory);
-    }
-    CloseClipboard();
-    if (!line) return std::nullopt;
-    return narrow(line->substr(0, line->find_first_of(L"\r\n")));
+// Characters: an EDIT's own limit where nobody sets one.
+constexpr std::int32_t maxPasted = 30'000;
+
+/// What an EDIT of one line pastes of a text.
+std::string firstLine(const std::string& text) {
+    return text.substr(0, text.find_first_of("\r\n"));
 }
 
 }  // namespace
@@ -221,8 +212,11 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             }
             return 0;
         case WM_PASTE:
-            if (model_.Locked() || model_.MaxLength() == 0) break;
-            if (const auto line = clipboardLine(handle())) insert(*line);
+            if (model_.Locked()) break;
+            if (const auto text = clipboardText(handle())) {
+                const std::string inserted = pasted ? pasted(*text) : firstLine(*text);
+                if (!inserted.empty()) insert(firstCharacters(inserted, maxPasted));
+            }
             return 0;
         case WM_UNDO:
         case EM_UNDO: {

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+
 #include "base/ancestor_watch_win32.h"
 #include "base/owned_win32.h"
 #include "base/window_win32.h"
@@ -26,6 +31,9 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
 
     /// Null while there is none.
     HWND toolTip() const noexcept { return tip_.get(); }
+
+    /// What a paste of a text inserts; without one its first line.
+    std::function<std::string(std::string_view text)> pasted;
 
     /// The brush of the text's place.
     HBRUSH background() const;
@@ -65,6 +73,10 @@ class XPTextBoxWindow : public Window, public ControlView {
 
     void follow(Aspect aspect) override;
     HWND editHandle() const noexcept { return edit_->handle(); }
+    /// From now on a paste of a text inserts what `pasted` returns for it.
+    void onPaste(std::function<std::string(std::string_view text)> pasted) {
+        edit_->pasted = std::move(pasted);
+    }
     /// Null while the box has no tool tip.
     HWND toolTip() const noexcept { return edit_->toolTip(); }
 

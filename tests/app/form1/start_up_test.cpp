@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/form1/form1_design.h"
+#include "app/form1/given_address.h"
 #include "tests/app/form1/form1_fixture.h"
 #include "tests/support/example_addresses.h"
 
@@ -41,6 +42,36 @@ TEST(StartUpTest, ChoosingASiteChangesTheExampleAlone) {
     EXPECT_THROW(form.ds.ListIndex(8), RuntimeFailure);
     form.vd.Click();
     EXPECT_EQ(form.linkin.Text(), examples[0]);
+}
+
+TEST(StartUpTest, AGivenAddressReplacesTheTextAndUncoversIt) {
+    const std::pair<const char*, const char*> texts[] = {
+        {"http://a/b", "http://a/b"}, {" \r\n\t http://a/b \n", "http://a/b"},
+        {"a b\rmore", "a b"},         {" \t\r\n ", ""},
+        {"\n\n\xC3\xA9", "\xC3\xA9"}, {"", ""}};
+    for (const auto& [text, address] : texts) EXPECT_EQ(givenAddress(text), address) << text;
+    const std::pair<const char*, const char*> shortcuts[] = {
+        {"[InternetShortcut]\r\nURL=http://a/?b=c\r\n", "http://a/?b=c"},
+        {"[Other]\nURL=no\n[internetshortcut]\nIDList=\nurl= http://b/ \nURL=late", "http://b/"},
+        {"URL=http://a/", ""},
+        {"[InternetShortcut]", ""}};
+    for (const auto& [content, address] : shortcuts) EXPECT_EQ(shortcutAddress(content), address);
+
+    Form1Fixture fixture;
+    Form1& form = fixture.form;
+    form.linkin.Text("old");
+    form.linkin.Enabled(false);
+    form.takeAddress("\n");
+    EXPECT_EQ(form.linkin.Text(), "old");
+    form.takeAddress(" new ");
+    EXPECT_EQ(form.linkin.Text(), "new") << "also while the box is locked";
+    form.outer.Visible(true);
+    form.takeAddress("during a run");
+    EXPECT_EQ(form.linkin.Text(), "new");
+    form.isButton1.Enabled(true);
+    form.takeAddress("after it");
+    EXPECT_EQ(form.linkin.Text(), "after it");
+    EXPECT_FALSE(form.outer.Visible());
 }
 
 TEST(StartUpTest, HomeOpensAndBlinksAndCloseStopsTheBrowser) {

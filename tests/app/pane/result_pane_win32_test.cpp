@@ -204,6 +204,16 @@ TEST_F(ResultPaneTest, ContextMenuOpensAndCopies) {
     EXPECT_EQ(clipboard(), "http://h/1");
     choose(1, 'A');
     EXPECT_EQ(clipboard(), "http://h/1\r\nhttp://h/\xC3\xA9\r\n");
+    // By the key: addresses of links, or the text where no link is selected.
+    const auto copy = [&](std::size_t begin, std::size_t end) {
+        select(begin, end);
+        send(WM_COPY, 0, 0);
+        return clipboard();
+    };
+    EXPECT_EQ(copy(8, 24), "http://h/1\r\nhttp://h/\xC3\xA9");
+    EXPECT_EQ(copy(2, 7), "ne he");
+    EXPECT_EQ(copy(12, 13), "http://h/1");
+    EXPECT_EQ(copy(14, 17), "Two") << "an address that is not opened is not copied";
     choose(19, 'C', true);
     EXPECT_EQ(clipboard(), "http://h/\xC3\xA9");
     // Only web addresses are opened or copied, even if the command comes without the menu.

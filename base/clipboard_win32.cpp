@@ -1,6 +1,7 @@
-#include "app/pane/clipboard_win32.h"
+#include "base/clipboard_win32.h"
 
 #include <cstring>
+#include <cwchar>
 
 #include "base/owned_win32.h"
 #include "base/system_win32.h"
@@ -29,6 +30,25 @@ class OpenedClipboard {
 };
 
 }  // namespace
+
+std::string textOfMemory(HGLOBAL memory) {
+    const auto* text = memory ? static_cast<const wchar_t*>(GlobalLock(memory)) : nullptr;
+    if (!text) return {};
+    const std::wstring_view all(text, wcsnlen(text, GlobalSize(memory) / sizeof(wchar_t)));
+    const struct Unlock {
+        HGLOBAL memory;
+        ~Unlock() { GlobalUnlock(memory); }
+    } unlock{memory};
+    return narrow(all);
+}
+
+std::optional<std::string> clipboardText(HWND owner) {
+    if (!IsClipboardFormatAvailable(CF_UNICODETEXT) || !OpenClipboard(owner)) return std::nullopt;
+    const struct Close {
+        ~Close() { CloseClipboard(); }
+    } close;
+    return textOfMemory(GetClipboardData(CF_UNICODETEXT));
+}
 
 void copyToClipboard(HWND owner, std::string_view text) {
     const std::wstring wide = widen(text);

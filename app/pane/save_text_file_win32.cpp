@@ -1,0 +1,69 @@
+#include "app/pane/save_text_file_win32.h"
+
+#include <commdlg.h>
+
+#include <string>
+
+#include "base/runtime_failure.h"
+#include "base/system_win32.h"
+
+namespace velvox {
+namespace {
+
+constexpr DWORD maxPath = 32'768;  // the system's longest
+
+// The dialog's library costs every start some milliseconds where it is linked.
+bool askForPath(OPENFILENAMEW& request) {
+    using Ask = BOOL(WINAPI*)(OPENFILENAMEW*);
+    const HMODULE library = loadSystemLibrary(L"comdlg32.dll");
+    const auto ask = library ? reinterpret_cast<Ask>(reinterpret_cast<void*>(
+                                   GetProcAddress(library, "GetSaveFileNameW")))
+                             : nullptr;
+    if (!ask) throwLastError("LoadLibrary of comdlg32");
+    return ask(&request) != FALSE;
+}
+
+[[noreturn]] void failToSave(const wchar_t* path) {
+    const DWORD error = GetLastError();
+    wchar_t reason[512]{};
+    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                   reason, ARRAYSIZE(reason), nullptr);
+    throw RuntimeFailure(Fault::Platform,
+                         "The file " + narrow(path) + " could not be written. " + narrow(reason));
+}
+
+}  // namespace
+
+void saveTextFile(HWND owner, const wchar_t* suggestedName, std::string_view text) {
+    std::wstring path(suggestedName);
+    path.resize(maxPath);
+    OPENFILENAMEW request{};
+    request.lStructSize = sizeof request;
+    request.hwndOwner = owner;
+    request.lpstrFilter = L"Text files (*.txt)\0*.txt\0All files\0*.*\0";
+    request.lpstrFile = path.data();
+    request.nMaxFile = maxPath;
+    request.lpstrDefExt = L"txt";
+    request.Flags = OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (askForPath(request)) writeTextFile(path.c_str(), text);
+}
+
+void writeTextFile(const wchar_t* path, std::string_view text) {
+    const std::wstring partial = std::wstring(path) + L".part";
+    const HANDLE opened = CreateFileW(partial.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) failToSave(path);
+    OwnedHandle file(opened);
+    DWORD written = 0;
+    const auto size = static_cast<DWORD>(text.size());
+    bool complete = WriteFile(file.get(), text.data(), size, &written, nullptr) && written == size;
+    file.reset();
+    complete = complete && MoveFileExW(partial.c_str(), path, MOVEFILE_REPLACE_EXISTING);
+    if (complete) return;
+    const DWORD error = GetLastError();
+    DeleteFileW(partial.c_str());
+    SetLastError(error);
+    failToSave(path);
+}
+
+}  // namespace velvox

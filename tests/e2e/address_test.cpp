@@ -1,0 +1,52 @@
+// Addresses that come by the clipboard, and go there again.
+#include <gtest/gtest.h>
+
+#include "tests/e2e/program.h"
+
+namespace velvox::e2e {
+namespace {
+
+constexpr int sevenloadEntry = 2;
+constexpr const char* mp4 = "http://content.veoh.com/ipod/v669398tRxFQc4d/h669398.mp4?ct=47aa9c01";
+
+// Wine learns a little later that another program has a new clipboard.
+void pasteUntil(const Program& program, const std::string& address) {
+    EXPECT_TRUE(eventually([&] {
+        Hands().key("End").key("shift+Home").key("ctrl+v").act();
+        return program.address() == address;
+    }));
+}
+
+TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
+    const Program program;
+    const auto edit = [&] { return driver().ask({"find", program.edit()}); };
+    program.enter("what was there");
+    putIntoClipboard(" \n\thttp://a/1 \r\n");
+    Hands().key("Tab").act();
+    ASSERT_TRUE(eventually([&] { return driver().focus(program.window()) != edit(); }));
+    pasteUntil(program, "http://a/1");
+    EXPECT_EQ(driver().focus(program.window()), edit());
+    // In the box it is inserted, as clean; what is typed stays as it is.
+    Hands().type(" ").key("ctrl+v").type(" ").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), "http://a/1 http://a/1 "));
+
+    // The site that leaves the box locked: there is a way on.
+    program.startExample(sevenloadEntry);
+    EXPECT_NO_THROW(driver().waitPart(program.control(ControlId::output), "<a href="));
+    program.awaitEndOfRun();
+    putIntoClipboard(exampleAddresses[3]);
+    pasteUntil(program, exampleAddresses[3]);
+    EXPECT_TRUE(program.addressLocked());
+    EXPECT_FALSE(program.areaShown());
+    program.click(ControlId::UniXPButton1);
+    EXPECT_NO_THROW(driver().waitPart(program.control(ControlId::output), mp4));
+    program.awaitEndOfRun();
+
+    // The links that are selected, as addresses.
+    Hands().key("Tab").key("shift+Tab").key("Down").key("Down").key("ctrl+c").act();
+    program.closeArea();
+    pasteUntil(program, mp4);
+}
+
+}  // namespace
+}  // namespace velvox::e2e
