@@ -54,13 +54,6 @@ Rgb translateColour(OleColour colour) {
     return SUCCEEDED(OleTranslateColor(colour, nullptr, &result)) ? static_cast<Rgb>(result) : -1;
 }
 
-bool highContrast() {
-    HIGHCONTRASTW wish{};
-    wish.cbSize = sizeof wish;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, wish.cbSize, &wish, 0) &&
-           (wish.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 void enableWindow(HWND window, bool enabled) {
     if (!enabled && GetFocus() == window) {
         const HWND form = GetAncestor(window, GA_ROOT);

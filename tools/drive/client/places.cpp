@@ -38,6 +38,10 @@ std::string renderingVelvox() {
     return program("velvox-rendering.exe");
 }
 
+std::string highContrastVelvox() {
+    return program("velvox-high-contrast.exe");
+}
+
 std::string emptyWindow() {
     return program("empty-window.exe");
 }

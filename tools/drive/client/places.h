@@ -12,6 +12,8 @@ std::string velvox();
 std::string impatientVelvox();
 /// Velvox with an HTML engine, so that the browser control is embedded.
 std::string renderingVelvox();
+/// Velvox on a system in high contrast.
+std::string highContrastVelvox();
 /// A program of one empty window, to compare with.
 std::string emptyWindow();
 /// The replica sites as a proxy.
