@@ -75,7 +75,8 @@ PreviewContent NavigationTracker::content() const {
     if (waiting()) return {.kind = Kind::Loading};
     if (state_ == State::Failed)
         return {.kind = Kind::Unreachable, .address = requested_, .reason = reason_};
-    if (state_ == State::Idle || location_ == blankAddress) return {};
+    if (state_ == State::Idle || location_ == blankAddress)
+        return {.kind = runEnded_ ? Kind::NoPreview : Kind::Blank};
     return {.kind = isRenderable(document_.type) ? Kind::NotRendered : Kind::Unviewable,
             .address = location_,
             .document = document_};

@@ -37,6 +37,9 @@ class NavigationTracker {
     /// Where the view wants to go by itself, once: to be navigated to.
     [[nodiscard]] std::optional<std::string> takeOwnNavigation() noexcept;
 
+    /// The run is over: without a navigation there is no preview until the next one.
+    void runEnded() noexcept { runEnded_ = true; }
+
     /// Whether a transfer or the view has yet to show a result.
     bool waiting() const noexcept;
 
@@ -85,6 +88,7 @@ class NavigationTracker {
     };
 
     State state_ = State::Idle;
+    bool runEnded_ = false;
     View view_ = View::None;
     unsigned number_ = 0;
     int announcements_ = 0;

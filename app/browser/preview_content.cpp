@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/ascii.h"
+#include "base/group_digits.h"
 
 namespace velvox {
 
@@ -16,9 +17,7 @@ bool isRenderable(const std::string& type) {
 
 std::string sizeText(const std::optional<std::uint64_t>& bytes) {
     if (!bytes) return {};
-    std::string digits = std::to_string(*bytes);
-    for (auto at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, ",");
-    return digits + (*bytes == 1 ? " byte" : " bytes");
+    return groupDigits(*bytes) + (*bytes == 1 ? " byte" : " bytes");
 }
 
 }  // namespace velvox

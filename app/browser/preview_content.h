@@ -12,6 +12,7 @@ namespace velvox {
 struct PreviewContent {
     enum class Kind {
         Blank,
+        NoPreview,  ///< nothing was navigated to in a run
         Loading,
         NotRendered,  ///< a page that no view shows
         Unviewable,   ///< a document of a type that no preview shows

@@ -71,7 +71,8 @@ std::vector<std::wstring> breakIntoLines(HDC dc, std::wstring_view text, int wid
 
 std::string noteFor(const PreviewContent& content) {
     switch (content.kind) {
-        case PreviewContent::Kind::Blank: return "The preview appears here.";
+        case PreviewContent::Kind::Blank: break;
+        case PreviewContent::Kind::NoPreview: return "No preview for this site";
         case PreviewContent::Kind::Loading: return "Loading...";
         case PreviewContent::Kind::NotRendered: return "This page cannot be shown here.";
         case PreviewContent::Kind::Unviewable: return "Files of this type cannot be shown here.";
@@ -148,9 +149,7 @@ void PreviewPanel::paint(HDC dc, const RECT& bounds, const PreviewContent& conte
     const Selected font(dc, font_.get());
     Painter painter(dc, bounds);
     const std::string note = noteFor(content);
-    if (content.kind == PreviewContent::Kind::Blank ||
-        content.kind == PreviewContent::Kind::Loading)
-        return painter.centredNote(note);
+    if (content.kind <= PreviewContent::Kind::Loading) return painter.centredNote(note);
     painter.note(note);
     const bool arrived = content.kind != PreviewContent::Kind::Unreachable;
     const std::string type = content.document.type.empty() ? "unknown" : content.document.type;

@@ -46,6 +46,11 @@ void WebBrowserWindow::Navigate(std::string_view address) {
     changed();
 }
 
+void WebBrowserWindow::runEnded() {
+    tracker_.runEnded();
+    InvalidateRect(handle(), nullptr, FALSE);
+}
+
 void WebBrowserWindow::load(unsigned number, std::string_view address) try {
     transfer_ =
         std::make_unique<HttpTransfer>(session_, address, HttpTransfer::Wants::HeaderOnly, limits_,

@@ -30,6 +30,9 @@ class WebBrowserWindow : public Window, public WebBrowser {
     /// It keeps nothing that it could show without the network.
     bool Offline() const override { return false; }
 
+    /// After a run that has not navigated, the panel says that there is no preview.
+    void runEnded();
+
     /// What the panel shows where no page is rendered.
     PreviewContent content() const { return tracker_.content(); }
 

@@ -52,6 +52,9 @@ class HttpTransfer {
 
     Clock::time_point deadline() const noexcept { return deadline_; }
 
+    /// Bytes of the last reply's body so far.
+    std::size_t received() const noexcept { return body_.size(); }
+
     /// Why a transfer that has reached its deadline fails.
     static constexpr const char* timeoutReason = "The server did not answer in time";
     [[noreturn]] static void failWithTimeout();

@@ -71,6 +71,11 @@ std::string WinHttpTransfer::OpenURL(std::string_view address) {
                                       whileWaiting_ ? awaitedInput : 0);
         if (result == WAIT_FAILED) throwLastError("MsgWaitForMultipleObjects");
         if (!whileWaiting_ || (result == WAIT_OBJECT_0 && Clock::now() < until)) continue;
+        if (onProgress)
+            onProgress({transfer.received(),
+                        std::chrono::duration_cast<milliseconds>(
+                            Clock::now() - (transfer.deadline() - limits_.time)),
+                        limits_.time});
         whileWaiting_([&] { return fetch.isOverdue(); });
         lastPoll = Clock::now();
     }

@@ -4,6 +4,7 @@
 
 #include "app/form1/transfer_control.h"
 #include "app/net/http_transfer_win32.h"
+#include "app/net/transfer_progress.h"
 
 namespace velvox {
 
@@ -23,6 +24,9 @@ class WinHttpTransfer : public TransferControl {
                              WhileWaiting whileWaiting = {});
 
     std::string OpenURL(std::string_view address) override;
+
+    /// Called as often as `whileWaiting`, before it.
+    std::function<void(const TransferProgress&)> onProgress;
 
  private:
     InternetSession& session_;

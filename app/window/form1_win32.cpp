@@ -8,6 +8,7 @@
 #include "app/form1/control_ids.h"
 #include "app/form1/form1_design.h"
 #include "app/form1/given_address.h"
+#include "app/form1/skin_palette.h"
 #include "app/pane/result_pane_win32.h"
 #include "app/resource.h"
 #include "app/window/combo_box_win32.h"
@@ -43,6 +44,14 @@ struct RepaintingView : ControlView {
     void follow(Aspect) override { InvalidateRect(window, nullptr, FALSE); }
     HWND window;
 };
+
+// Between the word Status and the right edge of the pane.
+RECT progressPlace() {
+    const Place word = designOf("Label3").place;
+    const Place pane = designOf("output").place;
+    const int left = word.left + word.width;
+    return toPixels({left, word.top, pane.left + pane.width - left, word.height});
+}
 
 // Centred on the work area of the primary monitor, and inside it even where it is small.
 RECT openingPlace(SIZE size) {
@@ -82,7 +91,7 @@ struct Form1Window::Children {
           Picture1(window, id(ControlId::Picture1), designOf("Picture1").place, true,
                    skinPainter(owner, Skin::Piece::NewsStrip)),
           outer(window, id(ControlId::outer), designOf("outer").place, false,
-                skinPainter(owner, Skin::Piece::ResultArea)),
+                [&owner](HDC dc, const RECT& client) { owner.paintResultArea(dc, client); }),
           output(outer.handle(), designPixels("output"), id(ControlId::output), owner.desktop_),
           web(outer.handle(), designPixels("web"), id(ControlId::web), owner.session_,
               owner.limits_),
@@ -185,7 +194,16 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     desktop_.setWindow(handle());
     children_ = std::make_unique<Children>(*this);
     std::function<void()>& pressed = form().UniXPButton1.Click;
-    pressed = [this, handler = pressed] { input_.run(handler); };
+    pressed = [this, handler = pressed] {
+        input_.run([this, &handler] {
+            const struct End {
+                Form1Window& window;
+                ~End() { window.endRun(); }
+            } end{*this};
+            handler();
+        });
+    };
+    transfer_.onProgress = [this](const TransferProgress& now) { showProgress(progressText(now)); };
     pump_.intercept = [this](MSG& message) { return intercept(message); };
     children_->linkin.onPaste(&givenAddress);
     addressDrop_.emplace(
@@ -301,6 +319,32 @@ void Form1Window::paint(HDC dc) const {
         const RECT at = toPixels({line.x1, line.y1, line.x2 - line.x1, line.y2 - line.y1});
         skin_.drawLine(dc, ++number, {at.left, at.top}, {at.right, at.bottom});
     }
+}
+
+// Beside the word above the pane, as far as the pane goes.
+void Form1Window::paintResultArea(HDC dc, const RECT& client) const {
+    skin_.draw(dc, Skin::Piece::ResultArea, client);
+    if (progress_.empty()) return;
+    const std::wstring text = widen(progress_);
+    RECT place = progressPlace();
+    const Selected font(dc, progressFont_.get());
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(
+        dc, static_cast<COLORREF>(skin_.textColour(Skin::TextRole::Plain, palette::quietText)));
+    DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &place,
+              DT_NOPREFIX | DT_SINGLELINE | DT_RIGHT | DT_END_ELLIPSIS);
+}
+
+void Form1Window::showProgress(std::string text) {
+    if (text == progress_) return;
+    progress_ = std::move(text);
+    const RECT place = progressPlace();
+    InvalidateRect(children_->outer.handle(), &place, FALSE);
+}
+
+void Form1Window::endRun() {
+    showProgress({});
+    children_->web.runEnded();
 }
 
 // The result area lies over the controls that ask. While it does they are hidden, so that the tab

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "app/form1/form1.h"
@@ -40,6 +41,9 @@ class Form1Window : public Window, public FormFrame {
 
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void paint(HDC dc) const;
+    void paintResultArea(HDC dc, const RECT& client) const;
+    void showProgress(std::string text);
+    void endRun();
     void coverControls(bool covered);
     bool intercept(MSG& message);
     bool pastesAddress(const MSG& message) const;
@@ -59,6 +63,8 @@ class Form1Window : public Window, public FormFrame {
     InternetSession session_;
     WinHttpTransfer transfer_;
     Skin skin_;
+    std::string progress_;  ///< of the page fetch
+    OwnedFont progressFont_ = createFont(Font{});
     std::unique_ptr<Children> children_;
     std::optional<AddressDrop> addressDrop_;
     HWND lastFocus_ = nullptr;  ///< where the focus returns when the window is active again

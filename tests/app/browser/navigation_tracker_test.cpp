@@ -118,8 +118,12 @@ TEST(NavigationTrackerTest, ThePanelSaysWhatArrivedOrWhyNothingDid) {
     EXPECT_FALSE(tracker.takeAnnouncement());
     tracker.arrived(tracker.start(blankAddress), std::string(blankAddress), {});
     EXPECT_EQ(tracker.content().kind, Kind::Blank);
+    tracker.runEnded();
+    EXPECT_EQ(tracker.content().kind, Kind::NoPreview);
     EXPECT_TRUE(tracker.takeAnnouncement());
     EXPECT_FALSE(tracker.wantsView());
+    tracker.arrived(tracker.start(blankAddress), std::string(blankAddress), {});
+    EXPECT_EQ(tracker.content().kind, Kind::Blank) << "until the next run has ended";
 }
 
 TEST(NavigationTrackerTest, AViewIsBusyUntilItHasAllOfItsDocument) {

@@ -123,6 +123,8 @@ TEST(TransferControlTest, SeesMessagesUntilItsDeadlineAndLeavesNoHandleBehind) {
         MSG message;
         while (PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE)) ++seen;
     });
+    TransferProgress last;
+    transfer.onProgress = [&](const TransferProgress& now) { last = now; };
     transfer.OpenURL(server.address());
     const int before = liveHandles();
     for (const char* path : {"/silent", "/drip"}) {
@@ -133,6 +135,9 @@ TEST(TransferControlTest, SeesMessagesUntilItsDeadlineAndLeavesNoHandleBehind) {
         const auto took = std::chrono::steady_clock::now() - start;
         EXPECT_GE(took, milliseconds(1490));
         EXPECT_LT(took, milliseconds(10'000));
+        EXPECT_EQ(last.limit, milliseconds(1500));
+        EXPECT_GE(last.elapsed, milliseconds(1000));
+        EXPECT_EQ(last.bytes > 0, path == std::string_view("/drip"));
         EXPECT_EQ(transfer.OpenURL(server.address()), "good");
     }
     EXPECT_EQ(seen, 2);

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+namespace velvox {
+
+/// How far a page fetch has come.
+struct TransferProgress {
+    std::uint64_t bytes = 0;
+    std::chrono::milliseconds elapsed{};
+    std::chrono::milliseconds limit{};
+};
+
+/// "1,234 KB, 12 of 60 s"; nothing in the first second, in which most fetches end.
+std::string progressText(const TransferProgress& progress);
+
+}  // namespace velvox
