@@ -5,12 +5,14 @@
 #include "app/window/failure_box_win32.h"
 #include "app/window/form1_win32.h"
 #include "base/com_win32.h"
+#include "base/library_win32.h"
 #include "base/system_win32.h"
 #include "base/window_win32.h"
 
 namespace velvox {
 
 int runVelvox(const TransferLimits& limits) {
+    searchSystemFolderOnly();
     setFailureReporter([](std::string_view text) {
         showFailureBox(L"Something went wrong, but Velvox goes on:", text);
     });

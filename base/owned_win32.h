@@ -75,9 +75,6 @@ inline void destroyIcon(HICON icon) noexcept {
 inline void destroyMenu(HMENU menu) noexcept {
     DestroyMenu(menu);
 }
-inline void freeLibrary(HMODULE library) noexcept {
-    FreeLibrary(library);
-}
 
 using OwnedBitmap = Owned<HBITMAP, &deleteObject>;
 using OwnedBrush = Owned<HBRUSH, &deleteObject>;
@@ -89,7 +86,6 @@ using OwnedMemoryDc = Owned<HDC, &deleteDc>;
 using OwnedHandle = Owned<HANDLE, &closeHandle>;
 using OwnedIcon = Owned<HICON, &destroyIcon>;
 using OwnedMenu = Owned<HMENU, &destroyMenu>;
-using OwnedLibrary = Owned<HMODULE, &freeLibrary>;
 
 /// Selects an object into a DC for the length of a scope.
 class Selected {

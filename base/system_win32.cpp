@@ -32,12 +32,6 @@ std::string narrow(std::wstring_view text) {
     return toBytes({reinterpret_cast<const char16_t*>(text.data()), text.size()});
 }
 
-HMODULE loadSystemLibrary(const wchar_t* name) noexcept {
-    wchar_t path[MAX_PATH * 2]{};
-    if (GetSystemDirectoryW(path, MAX_PATH) == 0) return nullptr;
-    return LoadLibraryW(lstrcatW(lstrcatW(path, L"\\"), name));
-}
-
 std::string windowText(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
     const int copied = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));

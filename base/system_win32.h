@@ -23,10 +23,6 @@ void requireSuccess(HRESULT result, const char* call);
 std::wstring widen(std::string_view bytes);
 std::string narrow(std::wstring_view text);
 
-/// Loads a library from the system's own folder and nowhere else; null where it is not there. It
-/// stays loaded.
-HMODULE loadSystemLibrary(const wchar_t* name) noexcept;
-
 /// A window's text as bytes.
 std::string windowText(HWND window);
 

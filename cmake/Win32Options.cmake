@@ -8,9 +8,10 @@
 #   change of the defaults does not pass unnoticed.
 add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
                         _WIN32_WINNT=0x0601 WINVER=0x0601 _WIN32_IE=0x0700)
-add_compile_options(-mstackrealign -ffunction-sections -fdata-sections)
-add_link_options(-static -Wl,--gc-sections
-                 -Wl,--dynamicbase -Wl,--nxcompat -Wl,--no-insert-timestamp
+add_compile_options(-mstackrealign -ffunction-sections -fdata-sections -fstack-protector-strong)
+add_compile_definitions($<$<NOT:$<CONFIG:Debug>>:_FORTIFY_SOURCE=2>)
+add_link_options(-static -fstack-protector-strong -Wl,--gc-sections
+                 -Wl,--dynamicbase -Wl,--nxcompat -Wl,--tsaware -Wl,--no-insert-timestamp
                  -Wl,--major-subsystem-version,6 -Wl,--minor-subsystem-version,1)
 option(VELVOX_LTO "Optimise at link time; without it a build takes half as long" ON)
 if(VELVOX_LTO)
@@ -25,3 +26,10 @@ if(VELVOX_SYMBOLS)
 else()
     add_link_options($<$<CONFIG:MinSizeRel>:-s>)
 endif()
+
+# Has each build of a program read its headers: protections and imports.
+function(check_program target)
+    add_custom_command(TARGET ${target} POST_BUILD
+        COMMAND ${CMAKE_COMMAND} -DPROGRAM=$<TARGET_FILE:${target}> -DOBJDUMP=${CMAKE_OBJDUMP}
+                -P ${CMAKE_SOURCE_DIR}/cmake/CheckProgram.cmake)
+endfunction()

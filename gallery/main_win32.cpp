@@ -11,6 +11,7 @@
 
 #include "app/resource.h"
 #include "base/com_win32.h"
+#include "base/library_win32.h"
 #include "base/runtime_failure.h"
 #include "base/system_win32.h"
 #include "base/window_win32.h"
@@ -173,6 +174,7 @@ int run(int show) {
 }  // namespace velvox
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int show) {
+    velvox::searchSystemFolderOnly();
     velvox::setFailureReporter([](std::string_view text) {
         MessageBoxW(nullptr, velvox::widen(text).c_str(), L"Velvox Gallery", MB_ICONEXCLAMATION);
     });

@@ -10,14 +10,15 @@
 
 #include "app/pane/save_text_file_win32.h"
 #include "base/clipboard_win32.h"
+#include "base/library_win32.h"
 #include "base/system_win32.h"
 #include "base/web_address.h"
 
 namespace velvox {
 namespace {
 
-// The class of the newest rich edit there is. The libraries stay loaded: their window procedures
-// must outlive every window.
+// The class of the newest rich edit. Its library stays loaded: window procedures must outlive their
+// windows.
 const wchar_t* richEditClass() {
     static const wchar_t* const name = [] {
         if (loadSystemLibrary(L"msftedit.dll")) return L"RICHEDIT50W";

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "base/library_win32.h"
 #include "base/runtime_failure.h"
 #include "base/system_win32.h"
 
@@ -15,10 +16,7 @@ constexpr DWORD maxPath = 32'768;  // the system's longest
 // The dialog's library costs every start some milliseconds where it is linked.
 bool askForPath(OPENFILENAMEW& request) {
     using Ask = BOOL(WINAPI*)(OPENFILENAMEW*);
-    const HMODULE library = loadSystemLibrary(L"comdlg32.dll");
-    const auto ask = library ? reinterpret_cast<Ask>(reinterpret_cast<void*>(
-                                   GetProcAddress(library, "GetSaveFileNameW")))
-                             : nullptr;
+    const auto ask = findProcedure<Ask>(loadSystemLibrary(L"comdlg32.dll"), "GetSaveFileNameW");
     if (!ask) throwLastError("LoadLibrary of comdlg32");
     return ask(&request) != FALSE;
 }

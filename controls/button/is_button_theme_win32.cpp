@@ -2,6 +2,8 @@
 
 #include <uxtheme.h>
 
+#include "base/library_win32.h"
+
 namespace velvox {
 namespace {
 
@@ -9,15 +11,11 @@ constexpr int pushButtonPart = 1;
 
 class SystemThemes : public ThemeLibrary {
  public:
-    SystemThemes() : library_(LoadLibraryW(L"uxtheme.dll")) {
-        if (!library_) return;
-        const HMODULE module = library_.get();
-        open_ = reinterpret_cast<Open>(
-            reinterpret_cast<void*>(GetProcAddress(module, "OpenThemeData")));
-        draw_ = reinterpret_cast<Draw>(
-            reinterpret_cast<void*>(GetProcAddress(module, "DrawThemeBackground")));
-        close_ = reinterpret_cast<Close>(
-            reinterpret_cast<void*>(GetProcAddress(module, "CloseThemeData")));
+    SystemThemes() {
+        const HMODULE library = loadSystemLibrary(L"uxtheme.dll");
+        open_ = findProcedure<Open>(library, "OpenThemeData");
+        draw_ = findProcedure<Draw>(library, "DrawThemeBackground");
+        close_ = findProcedure<Close>(library, "CloseThemeData");
     }
 
     bool drawPushButton(HWND window, HDC dc, int state, const RECT& area) override {
@@ -34,7 +32,6 @@ class SystemThemes : public ThemeLibrary {
     using Draw = decltype(&DrawThemeBackground);
     using Close = decltype(&CloseThemeData);
 
-    OwnedLibrary library_;
     Open open_ = nullptr;
     Draw draw_ = nullptr;
     Close close_ = nullptr;

@@ -3,8 +3,6 @@
 
 #include <windows.h>
 
-#include "base/owned_win32.h"
-
 namespace velvox {
 
 /// Tests refuse the themes with a library of their own.
