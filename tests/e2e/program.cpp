@@ -126,12 +126,16 @@ void Program::startExample(int entry) const {
     keys.key("Home");
     for (int i = 0; i < entry; ++i) keys.key("Down");
     keys.key("Return").act();
-    driver().waitText(list, entryText);
     const std::string example = control(ControlId::vd);
     // Wherever it is written: at the label's left end.
     const Rectangle place = driver().rect(example);
     Hands().click({place.left + place.width / 8, place.top + 5}).act();
-    driver().waitText(edit(), driver().text(example));
+    // Both change with each key, and the keys may still be on their way.
+    if (!eventually([&] {
+            return driver().text(list) == entryText &&
+                   driver().text(edit()) == driver().text(example);
+        }))
+        throw std::runtime_error("the example does not reach the address box");
     click(ControlId::UniXPButton1);
     driver().waitVisible(control(ControlId::outer));
 }
