@@ -91,7 +91,9 @@ InputGate::~InputGate() {
 }
 
 void InputGate::run(const std::function<void()>& handler) {
-    if (running()) return;
+    const unsigned message = pump_.currentMessage();
+    if (running() || (message != 0 && message == lastStart_)) return;
+    lastStart_ = message;
     filter_.setRunning(true);
     const struct End {
         InputGate& gate;

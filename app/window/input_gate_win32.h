@@ -22,7 +22,8 @@ class InputGate {
     InputGate& operator=(const InputGate&) = delete;
     ~InputGate();
 
-    /// Calls the handler of Download. Inside another such call it does nothing.
+    /// Calls the handler of Download. Inside another such call it does nothing, nor for a second
+    /// click that the same message makes, as Space does when the last button was the left one.
     void run(const std::function<void()>& handler);
     bool running() const noexcept { return filter_.running(); }
 
@@ -38,6 +39,7 @@ class InputGate {
     MessagePump& pump_;
     TargetOf targetOf_;
     InputFilter filter_;
+    unsigned lastStart_ = 0;  ///< the message that started a run
     std::optional<BusyPointer> pointer_;
 };
 

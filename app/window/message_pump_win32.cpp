@@ -10,17 +10,19 @@
 namespace velvox {
 namespace {
 
-// Gives a flag a value until the end of the scope, however that is left.
-class FlagScope {
+// Gives a variable a value until the end of the scope, however that is left.
+template <class T>
+class ValueScope {
  public:
-    FlagScope(bool& flag, bool value) : flag_(flag), before_(std::exchange(flag, value)) {}
-    FlagScope(const FlagScope&) = delete;
-    FlagScope& operator=(const FlagScope&) = delete;
-    ~FlagScope() { flag_ = before_; }
+    ValueScope(T& variable, T value)
+        : variable_(variable), before_(std::exchange(variable, value)) {}
+    ValueScope(const ValueScope&) = delete;
+    ValueScope& operator=(const ValueScope&) = delete;
+    ~ValueScope() { variable_ = before_; }
 
  private:
-    bool& flag_;
-    bool before_;
+    T& variable_;
+    T before_;
 };
 
 // Keys come first: Alt+F4 and Alt+Space turn into system commands.
@@ -86,7 +88,8 @@ class ModalLoopTimer {
 }  // namespace
 
 void MessagePump::dispatch(MSG& message) {
-    const FlagScope ownTimer(ownTimer_, message.message == WM_TIMER);
+    const ValueScope current(currentMessage_, ++messages_);
+    const ValueScope ownTimer(ownTimer_, message.message == WM_TIMER);
     try {
         if (accepts && !accepts(message)) return;
         if (intercept && intercept(message)) return;
@@ -98,7 +101,7 @@ void MessagePump::dispatch(MSG& message) {
 }
 
 void MessagePump::tick(const std::function<void()>& handler) {
-    const FlagScope foreign(inForeignTick_, !std::exchange(ownTimer_, false));
+    const ValueScope foreign(inForeignTick_, !std::exchange(ownTimer_, false));
     handler();
 }
 
@@ -136,7 +139,7 @@ void MessagePump::yield() {
 }
 
 void MessagePump::serveInput(const std::function<bool()>& isOverdue) {
-    const FlagScope serving(serving_, true);
+    const ValueScope serving(serving_, true);
     std::optional<ModalLoopTimer> timer;
     if (isOverdue) timer.emplace(isOverdue);
     MSG message;

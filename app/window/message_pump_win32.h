@@ -37,9 +37,14 @@ class MessagePump {
     /// below.
     void tick(const std::function<void()>& handler);
 
+    /// Number of the message that is being dispatched, 0 outside of any.
+    unsigned currentMessage() const noexcept { return currentMessage_; }
+
  private:
     void dispatch(MSG& message);
 
+    unsigned currentMessage_ = 0;
+    unsigned messages_ = 0;
     bool ownTimer_ = false;  ///< this pump's message to a timer is being dispatched
     bool inForeignTick_ = false;
     bool serving_ = false;

@@ -148,6 +148,18 @@ TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
     EXPECT_FALSE(window.form().outer.Visible());
 }
 
+// Of the two clicks that Space makes of itself after one with the left button.
+TEST_F(InputGateTest, SpaceOnDownloadStartsOneRun) {
+    window.form().linkin.Text(server.address("/youtube.com/watch?v=a"));
+    window.form().UniXPButton1.mouseUp(MouseButton::Left);
+    for (int stroke = 1; stroke <= 2; ++stroke) {
+        post(control(ControlId::UniXPButton1), WM_CHAR, VK_SPACE, 1);
+        pump.yield();
+        EXPECT_EQ(requests, stroke);
+        window.form().isButton1.activate();
+    }
+}
+
 TEST_F(InputGateTest, TheBusyPointerIsShownDuringARun) {
     const HCURSOR busy = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_WAIT));
     const PointerProbe probe;
