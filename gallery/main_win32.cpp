@@ -1,6 +1,6 @@
 // velvox-gallery: every control of the program in every state, to play with, and as pictures:
 //   velvox-gallery                                 the window
-//   velvox-gallery --page N [--write FILE.png]     opens at page N, or writes it and ends
+//   velvox-gallery --page N [--write FILE.bmp]     opens at page N, or writes it and ends
 #include <windows.h>
 
 #include <shellapi.h>
@@ -157,7 +157,7 @@ int run(int show) {
     GalleryWindow gallery;
     gallery.open(options.page);
     if (!options.file.empty()) {
-        writePicture(options.file, pictureOf(gallery.page()));
+        writePicture(gallery.page(), options.file);
         return 0;
     }
     ShowWindow(gallery.handle(), show);

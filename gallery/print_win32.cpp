@@ -1,6 +1,9 @@
 #include "gallery/print_win32.h"
 
+#include <fstream>
+
 #include "base/owned_win32.h"
+#include "base/runtime_failure.h"
 #include "base/system_win32.h"
 
 namespace velvox {
@@ -29,12 +32,9 @@ void print(HWND window, HDC dc, POINT origin) {
 
 }  // namespace
 
-PictureData pictureOf(HWND window) {
+void writePicture(HWND window, const std::string& path) {
     RECT client{};
     GetClientRect(window, &client);
-    PictureData picture;
-    picture.width = client.right;
-    picture.height = client.bottom;
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = client.right;
@@ -50,10 +50,19 @@ PictureData pictureOf(HWND window) {
         print(window, dc.get(), {0, 0});
         GdiFlush();
     }
-    const auto* first = static_cast<const std::uint32_t*>(bits);
-    picture.pixels.assign(first, first + client.right * client.bottom);
-    for (std::uint32_t& pixel : picture.pixels) pixel &= 0xFFFFFF;
-    return picture;
+    const DWORD size = static_cast<DWORD>(client.right * client.bottom) * 4;
+    BITMAPFILEHEADER head{};
+    head.bfType = 0x4D42;  // "BM"
+    head.bfOffBits = sizeof head + sizeof info.bmiHeader;
+    head.bfSize = head.bfOffBits + size;
+    std::ofstream file(path, std::ios::binary);
+    const auto write = [&](const void* data, DWORD bytes) {
+        file.write(static_cast<const char*>(data), static_cast<std::streamsize>(bytes));
+    };
+    write(&head, sizeof head);
+    write(&info.bmiHeader, sizeof info.bmiHeader);
+    write(bits, size);
+    if (!file.flush()) throw RuntimeFailure(Fault::Platform, path + " cannot be written");
 }
 
 }  // namespace velvox

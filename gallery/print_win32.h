@@ -2,12 +2,12 @@
 
 #include <windows.h>
 
-#include "gallery/picture_file.h"
+#include <string>
 
 namespace velvox {
 
-/// The client area of a window and of all visible children, painted as they paint themselves.
-/// The window need not be on the screen.
-PictureData pictureOf(HWND window);
+/// Writes a BMP file of the client area of a window and of all visible children, painted as they
+/// paint themselves. The window need not be on the screen. Throws RuntimeFailure (Platform).
+void writePicture(HWND window, const std::string& path);
 
 }  // namespace velvox

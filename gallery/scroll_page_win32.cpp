@@ -1,9 +1,10 @@
 #include "gallery/scroll_page_win32.h"
 
-#include <algorithm>
 #include <array>
+#include <string>
 
 #include "base/system_win32.h"
+#include "base/twips.h"
 #include "controlkit/gradient.h"
 #include "controlkit/scroll_look.h"
 
@@ -11,6 +12,7 @@ namespace velvox {
 namespace {
 
 constexpr const wchar_t* pageClass = L"VelvoxScrollPage";
+constexpr const wchar_t* pictureClass = L"VelvoxLargePicture";
 
 /// Lengths in pixels of a 96 dpi screen.
 constexpr struct {
@@ -23,19 +25,16 @@ constexpr struct {
     int pictureWidth = 1600;
     int pictureHeight = 1200;
     int gridStep = 100;
-    int smallChange = 16;  // as a value of the bars
-    int wheelChange = 48;
+    int buttonWidth = 90;
+    int buttonHeight = 24;
     double captionPoints = 11;
     double gridPoints = 9;
 } sizes;
 
 constexpr OleColour ink = rgb(0x1F, 0x2A, 0x44);
 constexpr OleColour gridLine = rgb(0xFF, 0xFF, 0xFF);
-constexpr OleColour frame = rgb(128, 128, 255);  // as the bars' border
 
 enum CommandId : int { EnabledId = 100, WheelId, LaunchId };
-
-constexpr std::size_t maxLines = 500;
 
 int px(int design) {
     return scaled(design, screenDpi());
@@ -51,7 +50,7 @@ OleColour plain(Rgb colour) {
 struct ScrollPage::Layout {
     explicit Layout(const RECT& page) {
         const int margin = px(sizes.margin), caption = px(sizes.captionHeight);
-        const int bar = px(sizes.bar), line = px(scrollSizes.border);
+        const int bar = px(sizes.bar);
         RECT area = page;
         InflateRect(&area, -margin, -margin);
         const int side = area.right - px(sizes.sideColumn);
@@ -63,11 +62,7 @@ struct ScrollPage::Layout {
         disabled = {side - margin - half, area.bottom - bar, side - margin, area.bottom};
 
         pictureCaption = {area.left, area.top, side - margin, area.top + caption};
-        const int low = samplesCaption.top - margin;
-        // The bars' outlines lie on the picture's: one line, not two.
-        vertical = {side - margin - bar, pictureCaption.bottom, side - margin, low - bar + line};
-        horizontal = {area.left, low - bar, vertical.left + line, low};
-        view = {area.left + line, pictureCaption.bottom + line, vertical.left, horizontal.top};
+        container = {area.left, pictureCaption.bottom, side - margin, samplesCaption.top - margin};
 
         eventsCaption = {side, area.top, area.right, area.top + caption};
         events = {side, eventsCaption.bottom, area.right, area.bottom - checks - margin};
@@ -77,7 +72,7 @@ struct ScrollPage::Layout {
                 area.bottom - checks + (i + 1) * px(sizes.checkBox)};
     }
 
-    RECT pictureCaption, view, vertical, horizontal;
+    RECT pictureCaption, container;
     RECT samplesCaption, colourful, disabled;
     RECT eventsCaption, events;
     std::array<RECT, 3> check;
@@ -95,13 +90,60 @@ void ScrollPage::create(HWND parent) {
 
     RECT client{};
     GetClientRect(handle(), &client);
-    const Layout layout(client);
-    view_ = layout.view;
-    drawPicture();
-    createControls(layout);
+    createControls(Layout(client));
 }
 
-void ScrollPage::drawPicture() {
+LargePicture::LargePicture(HWND parent) {
+    draw();
+    registerWindowClass(pictureClass);
+    WindowRequest request;
+    request.className = pictureClass;
+    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
+    request.extendedStyle = WS_EX_CONTROLPARENT;
+    request.bounds = {0, 0, picture_.Width(), picture_.Height()};
+    request.parent = parent;
+    create(request);
+
+    constexpr int step = sizes.gridStep;
+    constexpr int lastColumn = sizes.pictureWidth / step - 1,
+                  lastRow = sizes.pictureHeight / step - 1;
+    constexpr struct {
+        int column, row;  // of the grid
+        const wchar_t* text;
+    } places[] = {{0, 0, L"Upper left"},
+                  {lastColumn, 0, L"Upper right"},
+                  {lastColumn / 2, lastRow / 2, L"Middle"},
+                  {0, lastRow, L"Lower left"},
+                  {lastColumn, lastRow, L"Lower right"}};
+    request.className = L"BUTTON";
+    request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+    request.extendedStyle = 0;
+    request.parent = handle();
+    for (const auto& place : places) {
+        request.text = place.text;
+        const int x = place.column * step + (step - sizes.buttonWidth) / 2;
+        const int y = place.row * step + (step - sizes.buttonHeight) / 2;
+        request.bounds = {px(x), px(y), px(x + sizes.buttonWidth), px(y + sizes.buttonHeight)};
+        buttons_.emplace_back().create(request);
+    }
+}
+
+std::optional<LRESULT> LargePicture::onMessage(UINT message, WPARAM wParam, LPARAM) {
+    switch (message) {
+        case WM_ERASEBKGND: return 1;
+        case WM_PAINT: {
+            const Painting painting(handle());
+            const RECT& part = painting.invalid();
+            picture_.PaintToDC(painting.dc(), part.left, part.top, part.right - part.left,
+                               part.bottom - part.top, part.left, part.top);
+            return 0;
+        }
+        case WM_PRINTCLIENT: picture_.PaintToDC(reinterpret_cast<HDC>(wParam)); return 0;
+        default: return std::nullopt;
+    }
+}
+
+void LargePicture::draw() {
     const int width = px(sizes.pictureWidth), height = px(sizes.pictureHeight);
     picture_.CreateMyDC(width, height);
     picture_.BackMode(TRANSPARENT);
@@ -136,28 +178,11 @@ void ScrollPage::drawPicture() {
     }
 }
 
-ScrolledLength ScrollPage::scrolledWidth() const {
-    return {sizes.pictureWidth, view_.right - view_.left, screenDpi()};
-}
-ScrolledLength ScrollPage::scrolledHeight() const {
-    return {sizes.pictureHeight, view_.bottom - view_.top, screenDpi()};
-}
-
 void ScrollPage::createControls(const Layout& layout) {
-    font_ = createFont(Font{});
-    vertical_.ScrollHeight(sizes.arrow);
-    horizontal_.ScrollWidth(sizes.arrow);
-    const auto measure = [](ScrollBarWindow& bar, const ScrolledLength& length) {
-        bar.Max(length.max());
-        bar.LargeChange(length.shown());
-        bar.SmallChange(sizes.smallChange);
-        bar.WheelChange(sizes.wheelChange);
-        bar.Value(bar.Max() / 2);
-    };
-    measure(vertical_, scrolledHeight());
-    measure(horizontal_, scrolledWidth());
-    vertical_.create(handle(), layout.vertical);
-    horizontal_.create(handle(), layout.horizontal);
+    container_.create(handle(), layout.container);
+    picture_.emplace(container_.view());
+    container_.setContent(picture_->handle());
+    container_.scrollTo({container_.horizontal().Max() / 2, container_.vertical().Max() / 2});
 
     colourful_.ScrollWidth(sizes.arrow);
     colourful_.BackColor(rgb(0x26, 0x2B, 0x36));
@@ -174,13 +199,9 @@ void ScrollPage::createControls(const Layout& layout) {
     disabled_.Enabled(false);
     disabled_.create(handle(), layout.disabled);
 
+    events_.create(handle(), layout.events);
     WindowRequest request;
     request.parent = handle();
-    request.className = L"LISTBOX";
-    request.style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_BORDER | WS_TABSTOP |
-                    LBS_NOINTEGRALHEIGHT | LBS_NOSEL;
-    request.bounds = layout.events;
-    events_.create(request);
 
     const auto addCheckBox = [&](PlainControl& box, CommandId id, const wchar_t* text) {
         request.className = L"BUTTON";
@@ -194,67 +215,50 @@ void ScrollPage::createControls(const Layout& layout) {
     addCheckBox(enabled_, EnabledId, L"Enabled");
     addCheckBox(wheel_, WheelId, L"EnableWheel");
     addCheckBox(launch_, LaunchId, L"LaunchKeyMouseEvents");
-    for (const PlainControl* control : {&events_, &enabled_, &wheel_, &launch_})
-        SendMessageW(control->handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
 
-    listen(vertical_, "V");
-    listen(horizontal_, "H");
-}
-
-void ScrollPage::listen(ScrollBarWindow& bar, std::string_view name) {
-    const auto reports = [this, name](std::string_view event) {
-        return [this, name, event] { report(name, event); };
-    };
-    const auto reportsKey = [this, name](std::string_view event) {
-        return [this, name, event](std::int16_t& KeyCode, std::int16_t Shift) {
-            report(name, event, std::to_string(KeyCode) + ", " + std::to_string(Shift));
-        };
-    };
-    const auto reportsMouse = [this, name](std::string_view event) {
-        return [this, name, event](MouseButton Button, std::int16_t Shift, bool Control) {
-            report(name, event,
-                   std::to_string(static_cast<int>(Button)) + ", " + std::to_string(Shift) +
-                       (Control ? ", True" : ", False"));
-        };
-    };
-    bar.Change = [this, name](const FixedPoint& Value) { report(name, "Change", Value.text()); };
-    bar.KeyDown = reportsKey("KeyDown");
-    bar.KeyPress = [this, name](std::int16_t& KeyAscii) {
-        report(name, "KeyPress", std::to_string(KeyAscii));
-    };
-    bar.KeyUp = reportsKey("KeyUp");
-    bar.MouseHover = reports("MouseHover");
-    bar.MouseLeave = reports("MouseLeave");
-    bar.MouseWheel = [this, name](std::int16_t Sens) {
-        report(name, "MouseWheel", std::to_string(Sens));
-    };
-    bar.MouseDown = reportsMouse("MouseDown");
-    bar.MouseUp = reportsMouse("MouseUp");
-    bar.MouseDblClick = reportsMouse("MouseDblClick");
-    bar.MouseMove = reportsMouse("MouseMove");
-    bar.Scroll = [this, name, &bar] {
-        report(name, "Scroll", "Value " + bar.Value().text());
+    listen(container_.vertical(), "V");
+    listen(container_.horizontal(), "H");
+    container_.Scroll = [this] {
+        const POINT at = container_.position();
+        events_.add("Container", "Scroll", std::to_string(at.x) + ", " + std::to_string(at.y));
         InvalidateRect(handle(), nullptr, FALSE);
         UpdateWindow(handle());
     };
 }
 
-void ScrollPage::report(std::string_view bar, std::string_view event, std::string_view detail) {
-    std::string line = std::string(bar) + "   " + std::string(event);
-    if (!detail.empty()) line += "  (" + std::string(detail) + ")";
-    const HWND list = events_.handle();
-    // A run of moves is one line that counts them.
-    if (line == lastLine_) {
-        SendMessageW(list, LB_DELETESTRING, 0, 0);
-        ++repeats_;
-    } else {
-        repeats_ = 1;
-    }
-    lastLine_ = line;
-    if (repeats_ > 1) line += "  \xC3\x97 " + std::to_string(repeats_);
-    SendMessageW(list, LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(widen(line).c_str()));
-    SendMessageW(list, LB_DELETESTRING, maxLines, 0);
-    SendMessageW(list, LB_SETTOPINDEX, 0, 0);
+void ScrollPage::listen(ScrollBarWindow& bar, std::string_view name) {
+    const auto reports = [this, name](std::string_view event) {
+        return [this, name, event] { events_.add(name, event); };
+    };
+    const auto reportsKey = [this, name](std::string_view event) {
+        return [this, name, event](std::int16_t& KeyCode, std::int16_t Shift) {
+            events_.add(name, event, std::to_string(KeyCode) + ", " + std::to_string(Shift));
+        };
+    };
+    const auto reportsMouse = [this, name](std::string_view event) {
+        return [this, name, event](MouseButton Button, std::int16_t Shift, bool Control) {
+            events_.add(name, event,
+                        std::to_string(static_cast<int>(Button)) + ", " + std::to_string(Shift) +
+                            (Control ? ", True" : ", False"));
+        };
+    };
+    bar.Change = [this, name](const FixedPoint& Value) {
+        events_.add(name, "Change", Value.text());
+    };
+    bar.KeyDown = reportsKey("KeyDown");
+    bar.KeyPress = [this, name](std::int16_t& KeyAscii) {
+        events_.add(name, "KeyPress", std::to_string(KeyAscii));
+    };
+    bar.KeyUp = reportsKey("KeyUp");
+    bar.MouseHover = reports("MouseHover");
+    bar.MouseLeave = reports("MouseLeave");
+    bar.MouseWheel = [this, name](std::int16_t Sens) {
+        events_.add(name, "MouseWheel", std::to_string(Sens));
+    };
+    bar.MouseDown = reportsMouse("MouseDown");
+    bar.MouseUp = reportsMouse("MouseUp");
+    bar.MouseDblClick = reportsMouse("MouseDblClick");
+    bar.MouseMove = reportsMouse("MouseMove");
 }
 
 std::optional<LRESULT> ScrollPage::onMessage(UINT message, WPARAM wParam, LPARAM) {
@@ -265,15 +269,19 @@ std::optional<LRESULT> ScrollPage::onMessage(UINT message, WPARAM wParam, LPARAM
         case WM_SYSCOLORCHANGE: InvalidateRect(handle(), nullptr, TRUE); return 0;
         // What a child leaves of the wheel comes here: the picture follows it too.
         case WM_MOUSEWHEEL:
-            (wParam & MK_SHIFT ? static_cast<ScrollBarWindow&>(horizontal_) : vertical_)
+            (wParam & MK_SHIFT ? static_cast<ScrollBarWindow&>(container_.horizontal())
+                               : container_.vertical())
                 .wheel(GET_WHEEL_DELTA_WPARAM(wParam));
             return 0;
         case WM_CTLCOLORSTATIC: return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
-        case WM_MOUSEHWHEEL: horizontal_.wheel(-GET_WHEEL_DELTA_WPARAM(wParam)); return 0;
+        case WM_MOUSEHWHEEL:
+            container_.horizontal().wheel(-GET_WHEEL_DELTA_WPARAM(wParam));
+            return 0;
         case WM_COMMAND:
             if (HIWORD(wParam) == BN_CLICKED) {
-                for (ScrollBarWindow* bar : {static_cast<ScrollBarWindow*>(&vertical_),
-                                             static_cast<ScrollBarWindow*>(&horizontal_)}) {
+                for (ScrollBarWindow* bar :
+                     {static_cast<ScrollBarWindow*>(&container_.vertical()),
+                      static_cast<ScrollBarWindow*>(&container_.horizontal())}) {
                     const auto isChecked = [](const PlainControl& box) {
                         return SendMessageW(box.handle(), BM_GETCHECK, 0, 0) == BST_CHECKED;
                     };
@@ -305,8 +313,12 @@ void ScrollPage::paint(HDC target) {
     Font font;
     font.points = sizes.captionPoints;
     surface_.Font(font);
-    const int x = horizontal_.Value().toWhole(), y = vertical_.Value().toWhole();
-    caption("at " + std::to_string(x) + ", " + std::to_string(y), layout.pictureCaption, DT_RIGHT);
+    // In the unit of the picture's grid.
+    const auto designed = [](LONG pixels) {
+        return std::to_string(MulDiv(static_cast<int>(pixels), designDpi, screenDpi()));
+    };
+    const POINT at = container_.position();
+    caption("at " + designed(at.x) + ", " + designed(at.y), layout.pictureCaption, DT_RIGHT);
     caption("Picture", layout.pictureCaption);
     caption("Events, newest first", layout.eventsCaption);
     caption("Colours of its own", layout.samplesCaption);
@@ -314,19 +326,6 @@ void ScrollPage::paint(HDC target) {
     second.left = layout.disabled.left;
     caption("Disabled", second);
 
-    const int line = px(scrollSizes.border);
-    RECT framed = layout.view;
-    InflateRect(&framed, line, line);
-    surface_.FillArea(framed, frame);
-    const RECT corner{layout.vertical.left, layout.horizontal.top, layout.vertical.right,
-                      layout.horizontal.bottom};
-    surface_.FillArea(corner, frame);
-    surface_.FillArea(
-        {corner.left + line, corner.top + line, corner.right - line, corner.bottom - line},
-        systemColour(WindowColour));
-    picture_.PaintToDC(surface_.hDC(), view_.left, view_.top, view_.right - view_.left,
-                       view_.bottom - view_.top, scrolledWidth().offset(x),
-                       scrolledHeight().offset(y));
     surface_.PaintToDC(target);
 }
 

@@ -1,25 +1,30 @@
-// The page of the scroll bars: two bars move a large picture, and a list shows what they raise.
+// The page of the scroll bars: a container shows a part of a large picture, and a list shows what
+// its bars raise.
 #pragma once
 
-#include <string>
+#include <list>
 #include <string_view>
 
-#include "base/owned_win32.h"
 #include "base/window_win32.h"
-#include "controlkit/scroll_bar_win32.h"
+#include "controlkit/scroll_container_win32.h"
 #include "controlkit/virtual_dc_win32.h"
+#include "gallery/event_list_win32.h"
 #include "gallery/page_win32.h"
-#include "gallery/scrolled_length.h"
 
 namespace velvox {
 
-/// A control of the system's, as it is.
-class PlainControl : public SystemControl {
+/// A large picture with buttons on it, some of which are always out of sight.
+class LargePicture : public Window {
  public:
-    using SystemControl::create;
+    explicit LargePicture(HWND parent);
+    ~LargePicture() override { destroy(); }
 
  private:
-    std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void draw();
+
+    clsVirtualDC picture_;
+    std::list<PlainControl> buttons_;
 };
 
 class ScrollPage : public Page, private Window {
@@ -33,28 +38,19 @@ class ScrollPage : public Page, private Window {
     struct Layout;
 
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-    ScrolledLength scrolledWidth() const;
-    ScrolledLength scrolledHeight() const;
-    void drawPicture();
     void createControls(const Layout& layout);
     void listen(ScrollBarWindow& bar, std::string_view name);
-    void report(std::string_view bar, std::string_view event, std::string_view detail = {});
     void paint(HDC target);
 
-    OwnedFont font_;
-    clsVirtualDC picture_;
     clsVirtualDC surface_;
-    RECT view_{};  // where the picture shows
-    tsVScrollPrivate vertical_;
-    tsHScrollPrivate horizontal_;
+    tsScrollContainer container_;
+    std::optional<LargePicture> picture_;
     tsHScrollPrivate colourful_;
     tsHScrollPrivate disabled_;
-    PlainControl events_;
+    EventList events_;
     PlainControl enabled_;
     PlainControl wheel_;
     PlainControl launch_;
-    std::string lastLine_;
-    int repeats_ = 0;
 };
 
 }  // namespace velvox

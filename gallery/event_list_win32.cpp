@@ -1,0 +1,42 @@
+#include "gallery/event_list_win32.h"
+
+#include "base/font.h"
+#include "base/system_win32.h"
+
+namespace velvox {
+
+void PlainControl::create(const WindowRequest& request) {
+    font_ = createFont(Font{});
+    SystemControl::create(request);
+    SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+}
+
+void EventList::create(HWND parent, const RECT& bounds) {
+    WindowRequest request;
+    request.parent = parent;
+    request.className = L"LISTBOX";
+    request.style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_BORDER | WS_TABSTOP |
+                    LBS_NOINTEGRALHEIGHT | LBS_NOSEL;
+    request.bounds = bounds;
+    list_.create(request);
+}
+
+void EventList::add(std::string_view source, std::string_view event, std::string_view detail) {
+    constexpr WPARAM maxLines = 500;
+    std::string line = std::string(source) + "   " + std::string(event);
+    if (!detail.empty()) line += "  (" + std::string(detail) + ")";
+    const HWND list = list_.handle();
+    if (line == lastLine_) {
+        SendMessageW(list, LB_DELETESTRING, 0, 0);
+        ++repeats_;
+    } else {
+        repeats_ = 1;
+    }
+    lastLine_ = line;
+    if (repeats_ > 1) line += "  \xC3\x97 " + std::to_string(repeats_);
+    SendMessageW(list, LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(widen(line).c_str()));
+    SendMessageW(list, LB_DELETESTRING, maxLines, 0);
+    SendMessageW(list, LB_SETTOPINDEX, 0, 0);
+}
+
+}  // namespace velvox
