@@ -12,17 +12,17 @@ constexpr auto client = static_cast<DWORD>(OBJID_CLIENT);
 AccessibleName::AccessibleName(HWND window, const std::wstring& name, LONG role) noexcept
     : window_(window) {
     // A failure of any of these calls leaves what screen readers would say anyway.
-    CoCreateInstance(accessibleNameService, nullptr, CLSCTX_INPROC_SERVER,
-                     __uuidof(IAccPropServices), service_.putVoid());
+    CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                     service_.putVoid());
     if (!service_) return;
     if (!name.empty())
-        service_->SetHwndPropStr(window, client, CHILDID_SELF, accessibleNameProperty,
+        service_->SetHwndPropStr(window, client, CHILDID_SELF, PROPID_ACC_NAME,
                                  name.c_str());
     if (role == ownRole) return;
     VARIANT number{};
     V_VT(&number) = VT_I4;
     V_I4(&number) = role;
-    service_->SetHwndProp(window, client, CHILDID_SELF, accessibleRoleProperty, number);
+    service_->SetHwndProp(window, client, CHILDID_SELF, PROPID_ACC_ROLE, number);
 }
 
 AccessibleName& AccessibleName::operator=(AccessibleName&& other) noexcept {
@@ -39,7 +39,7 @@ AccessibleName::~AccessibleName() {
 
 void AccessibleName::clear() noexcept {
     if (!service_) return;
-    constexpr MSAAPROPID properties[] = {accessibleNameProperty, accessibleRoleProperty};
+    const MSAAPROPID properties[] = {PROPID_ACC_NAME, PROPID_ACC_ROLE};
     service_->ClearHwndProps(window_, client, CHILDID_SELF, properties,
                              static_cast<int>(std::size(properties)));
     service_.reset();

@@ -7,10 +7,6 @@
 namespace velvox {
 namespace {
 
-// The import libraries carry no identifier for this interface.
-constexpr IID requestInterface = {
-    0xED8C108D, 0x4349, 0x11D2, {0x91, 0xA4, 0x00, 0xC0, 0x4F, 0x79, 0x69, 0xE8}};
-
 constexpr int headersReceived = 2;
 constexpr std::size_t maxReplyBytes = 1 << 20;
 
@@ -46,7 +42,7 @@ MsxmlRequest::MsxmlRequest() {
     CLSID id;
     requireSuccess(CLSIDFromProgID(L"Microsoft.XMLHTTP", &id), "CLSIDFromProgID");
     requireSuccess(
-        CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, requestInterface, request_.putVoid()),
+        CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLHttpRequest, request_.putVoid()),
         "CoCreateInstance of the XML HTTP request");
 }
 

@@ -156,13 +156,12 @@ struct Form1Window::Children {
     isButtonWindow isButton1, isButton2;
     std::array<WindowTimer, 5> timers;
 
-    // The list is named by the label before it; these have no such label, or a class of ours.
-    std::array<AccessibleName, 7> names{{
+    // The list is named by the label before it; these have no such label, or a role
+    // that their class does not say.
+    std::array<AccessibleName, 5> names{{
         {linkin.editHandle(), spokenOf(form.Label1)},
         {web.handle(), spokenOf(form.Label2), ROLE_SYSTEM_PANE},
-        {UniXPButton1.handle(), {}, ROLE_SYSTEM_PUSHBUTTON},
-        {isButton1.handle(), {}, ROLE_SYSTEM_PUSHBUTTON},
-        {isButton2.handle(), L"Quit", ROLE_SYSTEM_PUSHBUTTON},
+        {isButton2.handle(), L"Quit"},
         {vd.handle(), {}, ROLE_SYSTEM_LINK},
         {Label12.handle(), {}, ROLE_SYSTEM_LINK},
     }};

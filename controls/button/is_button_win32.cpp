@@ -289,7 +289,7 @@ void isButtonWindow::onDestroy() {
     pressing_ = false;
     pressWatch_.stop();
     toolTip_.destroy();
-    if (std::exchange(announced_, false)) services_.roles.withdraw(handle());
+    role_.reset();
 }
 
 std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -308,9 +308,8 @@ std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LP
             return std::nullopt;
         case WM_DESTROY: onDestroy(); return std::nullopt;
         case WM_GETOBJECT:
-            // The first assistive program that asks; most sessions never have one.
-            if (static_cast<LONG>(lParam) == OBJID_CLIENT && !std::exchange(announced_, true))
-                services_.roles.announcePushButton(handle());
+            if (static_cast<LONG>(lParam) == OBJID_CLIENT && !role_)
+                role_.emplace(handle(), L"", ROLE_SYSTEM_PUSHBUTTON);
             return std::nullopt;
         case WM_GETDLGCODE: {
             const auto* asked = reinterpret_cast<const MSG*>(lParam);

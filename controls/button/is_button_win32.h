@@ -5,10 +5,10 @@
 #include <memory>
 #include <optional>
 
+#include "base/accessible_name_win32.h"
 #include "base/ancestor_watch_win32.h"
 #include "base/window_win32.h"
 #include "controls/button/is_button.h"
-#include "controls/button/is_button_role_win32.h"
 #include "controls/button/is_button_theme_win32.h"
 #include "controls/button/is_button_tool_tip_win32.h"
 #include "controls/button/is_button_tracking_win32.h"
@@ -20,7 +20,6 @@ struct ButtonServices {
     ProcedureFinder& procedures = systemProcedures();
     ThemeLibrary& themes = systemThemes();
     ToolTipSystem& toolTips = systemToolTips();
-    AccessibleRoles& roles = systemRoles();
 };
 
 class isButtonWindow : public Window, public ControlView, private ButtonHost {
@@ -80,7 +79,7 @@ class isButtonWindow : public Window, public ControlView, private ButtonHost {
     bool spaceHeld_ = false;
     AncestorWatch pressWatch_;
     bool focusCue_ = false;   ///< the focus came by keyboard
-    bool announced_ = false;  ///< assistive programs know its role
+    std::optional<AccessibleName> role_;  ///< set when the first assistive program asks
     bool outlined_ = false;   ///< a region cuts the window
     int outlineStyle_ = 0;
     SIZE outlineSize_{};

@@ -8,6 +8,10 @@
 #include "app/pane/result_pane_win32.h"
 #include "app/window/form1_win32.h"
 
+// The compiler's header gives this interface no identifier to ask for.
+__CRT_UUID_DECL(IAccPropServices, 0x6e26e776, 0x04f0, 0x495d, 0x80, 0xe4, 0x33, 0x30, 0x35, 0x2e,
+                0x31, 0x69)
+
 namespace velvox {
 namespace {
 
@@ -29,13 +33,13 @@ class FakeService final : public ComObject<IAccPropServices, IClassFactory> {
     STDMETHODIMP LockServer(BOOL) override { return S_OK; }
     STDMETHODIMP SetHwndPropStr(HWND window, DWORD object, DWORD child, MSAAPROPID property,
                                 LPCWSTR text) override {
-        EXPECT_TRUE(property == accessibleNameProperty);
+        EXPECT_TRUE(property == PROPID_ACC_NAME);
         whole(window, object, child).name = narrow(text);
         return S_OK;
     }
     STDMETHODIMP SetHwndProp(HWND window, DWORD object, DWORD child, MSAAPROPID property,
                              VARIANT value) override {
-        EXPECT_TRUE(property == accessibleRoleProperty && V_VT(&value) == VT_I4);
+        EXPECT_TRUE(property == PROPID_ACC_ROLE && V_VT(&value) == VT_I4);
         whole(window, object, child).role = V_I4(&value);
         return S_OK;
     }
@@ -79,7 +83,7 @@ class AccessibleNameTest : public testing::Test {
  protected:
     AccessibleNameTest() {
         IClassFactory* const factory = service_.get();
-        requireSuccess(CoRegisterClassObject(accessibleNameService, factory, CLSCTX_INPROC_SERVER,
+        requireSuccess(CoRegisterClassObject(CLSID_AccPropServices, factory, CLSCTX_INPROC_SERVER,
                                              REGCLS_MULTIPLEUSE, &cookie_),
                        "CoRegisterClassObject");
     }
@@ -95,6 +99,7 @@ class AccessibleNameTest : public testing::Test {
              window = GetWindow(window, GW_HWNDNEXT)) {
             roles.merge(stopsBelow(window));
             if ((GetWindowLongW(window, GWL_STYLE) & WS_TABSTOP) == 0) continue;
+            SendMessageW(window, WM_GETOBJECT, 0, OBJID_CLIENT);
             const Spoken spoken = record_.contains(window) ? record_[window] : Spoken{};
             // The system names a list after the label before it.
             const bool isList = GetDlgCtrlID(window) == static_cast<int>(ControlId::ds);

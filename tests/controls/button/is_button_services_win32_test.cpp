@@ -1,24 +1,15 @@
-// What the push button's window asks of the system: its tracking, tool tip, theme and role.
+// What the push button's window asks of the system: its tracking, tool tip and theme.
 #include <gtest/gtest.h>
 
-#include "base/com_win32.h"
 #include "tests/controls/button/is_button_window_fixture_win32.h"
 
 namespace velvox {
 namespace {
 
-TEST_F(IsButtonWindowTest, ShowsItsCaptionAndAnnouncesItsRoleOnce) {
+TEST_F(IsButtonWindowTest, ShowsItsCaption) {
     open();
     model->Caption("Stop");
     EXPECT_EQ(windowText(window->handle()), "Stop");
-    for (const LONG object : {OBJID_WINDOW, OBJID_CLIENT, OBJID_CLIENT})
-        send(WM_GETOBJECT, 0, object);
-    EXPECT_EQ(roles.log, "+");
-    window.reset();
-    EXPECT_EQ(roles.log, "+-");
-    const OleScope com;
-    systemRoles().announcePushButton(form.handle());
-    systemRoles().withdraw(form.handle());
 }
 
 TEST_F(IsButtonWindowTest, TrackingTakesTheFirstEntryPointThereIs) {

@@ -91,12 +91,6 @@ struct RecordedTips : ToolTipSystem {
     std::ostringstream log;
 };
 
-struct RecordedRoles : AccessibleRoles {
-    void announcePushButton(HWND) override { log += "+"; }
-    void withdraw(HWND) override { log += "-"; }
-    std::string log;
-};
-
 class IsButtonWindowTest : public testing::Test {
  protected:
     IsButtonWindowTest() {
@@ -116,7 +110,7 @@ class IsButtonWindowTest : public testing::Test {
     void open() {
         window.reset();
         window = std::make_unique<isButtonWindow>(*model, form.handle(), 7,
-                                                  ButtonServices{procedures, themes, tips, roles});
+                                                  ButtonServices{procedures, themes, tips});
     }
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendMessageW(window->handle(), message, wParam, lParam);
@@ -171,7 +165,6 @@ class IsButtonWindowTest : public testing::Test {
     FakeProcedures procedures;
     RefusingThemes themes;
     RecordedTips tips;
-    RecordedRoles roles;
     TestForm form{{400, 400, 700, 600}};
     std::unique_ptr<isButton> model;
     std::unique_ptr<isButtonWindow> window;
