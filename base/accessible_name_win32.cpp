@@ -16,8 +16,7 @@ AccessibleName::AccessibleName(HWND window, const std::wstring& name, LONG role)
                      service_.putVoid());
     if (!service_) return;
     if (!name.empty())
-        service_->SetHwndPropStr(window, client, CHILDID_SELF, PROPID_ACC_NAME,
-                                 name.c_str());
+        service_->SetHwndPropStr(window, client, CHILDID_SELF, PROPID_ACC_NAME, name.c_str());
     if (role == ownRole) return;
     VARIANT number{};
     V_VT(&number) = VT_I4;

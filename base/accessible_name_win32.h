@@ -1,4 +1,5 @@
-// Names and roles of windows for screen readers, where a window's own text and class do not say them.
+// Names and roles of windows for screen readers, where a window's own text and class do not say
+// them.
 #pragma once
 
 #include <windows.h>

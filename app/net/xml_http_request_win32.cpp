@@ -41,9 +41,9 @@ bool announcesTooMuch(IXMLHttpRequest& request) {
 MsxmlRequest::MsxmlRequest() {
     CLSID id;
     requireSuccess(CLSIDFromProgID(L"Microsoft.XMLHTTP", &id), "CLSIDFromProgID");
-    requireSuccess(
-        CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLHttpRequest, request_.putVoid()),
-        "CoCreateInstance of the XML HTTP request");
+    requireSuccess(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLHttpRequest,
+                                    request_.putVoid()),
+                   "CoCreateInstance of the XML HTTP request");
 }
 
 void MsxmlRequest::open(std::string_view method, std::string_view address) {

@@ -78,9 +78,9 @@ class isButtonWindow : public Window, public ControlView, private ButtonHost {
     bool pressing_ = false;  ///< holds the capture for the left button
     bool spaceHeld_ = false;
     AncestorWatch pressWatch_;
-    bool focusCue_ = false;   ///< the focus came by keyboard
+    bool focusCue_ = false;               ///< the focus came by keyboard
     std::optional<AccessibleName> role_;  ///< set when the first assistive program asks
-    bool outlined_ = false;   ///< a region cuts the window
+    bool outlined_ = false;               ///< a region cuts the window
     int outlineStyle_ = 0;
     SIZE outlineSize_{};
     unsigned paints_ = 0;

@@ -76,5 +76,23 @@ TEST_F(IsButtonWindowTest, RefusedThemesFallBackOnceAndForAll) {
     EXPECT_EQ(model->Style(), 6);
 }
 
+std::string aboutBox;
+
+void CALLBACK __attribute__((force_align_arg_pointer)) closeAbout(HWND, UINT, UINT_PTR, DWORD) {
+    const HWND box = GetActiveWindow();
+    const HWND close = box ? GetDlgItem(box, IDCANCEL) : nullptr;
+    if (!close) return;
+    aboutBox = windowText(box) + "|" + windowText(GetTopWindow(box)) + "|" + windowText(close);
+    SendMessageW(close, BM_CLICK, 0, 0);
+}
+
+TEST_F(IsButtonWindowTest, AboutShowsTheVersionUntilItIsClosed) {
+    open();
+    const UINT_PTR timer = SetTimer(nullptr, 0, 10, &closeAbout);
+    model->About();
+    KillTimer(nullptr, timer);
+    EXPECT_EQ(aboutBox, "About isButton 3.0|Version 3.0|Close");
+}
+
 }  // namespace
 }  // namespace velvox
