@@ -1,4 +1,5 @@
 #include "gallery/button_pages_win32.h"
+#include "gallery/files_page_win32.h"
 #include "gallery/page_win32.h"
 #include "gallery/scroll_page_win32.h"
 #include "gallery/surface_page_win32.h"
@@ -15,6 +16,7 @@ std::vector<std::unique_ptr<Page>> galleryPages() {
     pages.push_back(makeMainWindowPage());
     pages.push_back(std::make_unique<SurfacePage>());
     pages.push_back(std::make_unique<ScrollPage>());
+    pages.push_back(std::make_unique<FilesPage>());
     return pages;
 }
 
