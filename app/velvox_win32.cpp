@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "app/form1/form1_design.h"
 #include "app/window/failure_box_win32.h"
 #include "app/window/form1_win32.h"
 #include "base/com_win32.h"
@@ -21,6 +22,8 @@ int runVelvox(const TransferLimits& limits) {
                                             ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
         InitCommonControlsEx(&controls);
         const OleScope ole;
+        const Place form = designOf("Form1").place;
+        fitScreenDpi({form.width, form.height});
         MessagePump pump;
         Form1Window window(pump, limits);
         window.show();

@@ -2,6 +2,8 @@
 
 #include <olectl.h>
 
+#include <algorithm>
+
 #include "base/runtime_failure.h"
 #include "base/twips.h"
 #include "base/utf16.h"
@@ -57,12 +59,41 @@ void enableWindow(HWND window, bool enabled) {
     EnableWindow(window, enabled);
 }
 
-int screenDpi() {
-    static const int dpi = [] {
-        const WindowDc screen(nullptr);
-        return GetDeviceCaps(screen.get(), LOGPIXELSY);
-    }();
+namespace {
+
+int& layoutDpi() {
+    static int dpi = systemDpi();
     return dpi;
+}
+
+}  // namespace
+
+int systemDpi() {
+    const WindowDc screen(nullptr);
+    return GetDeviceCaps(screen.get(), LOGPIXELSY);
+}
+
+int screenDpi() {
+    return layoutDpi();
+}
+
+int thinLine() {
+    return std::max(1, screenDpi() / designDpi);
+}
+
+void drawFocusRing(HDC dc, RECT area) {
+    for (int i = thinLine(); i > 0; --i) {
+        DrawFocusRect(dc, &area);
+        InflateRect(&area, -1, -1);
+    }
+}
+
+void fitScreenDpi(SIZE twips) {
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    const LONG across = (work.right - work.left) * twipsPerInch / twips.cx;
+    const LONG down = (work.bottom - work.top) * twipsPerInch / twips.cy;
+    layoutDpi() = static_cast<int>(std::min({static_cast<LONG>(systemDpi()), across, down}));
 }
 
 RECT toPixels(const Place& place) {

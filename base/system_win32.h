@@ -42,8 +42,21 @@ bool highContrast();
 /// that goes on to the next stop of its form first.
 void enableWindow(HWND window, bool enabled);
 
-/// Dots per inch of the screen, as the program sees it for its whole life.
+/// Dots per inch that the system has for its screen.
+int systemDpi();
+
+/// Dots per inch that the program lays out by, for its whole life: the system's, or fewer.
 int screenDpi();
+
+/// Pixels of a thin line. Rounded down: it is never blurred into a thick one.
+int thinLine();
+
+/// The system's dotted rectangle that shows the focus, its dots as wide as a thin line.
+void drawFocusRing(HDC dc, RECT area);
+
+/// Lowers screenDpi() so far that a layout of `twips` fits into the screen's work area. To be
+/// called before the first window is made.
+void fitScreenDpi(SIZE twips);
 
 /// A layout place in pixels of this screen. Edges are rounded, not lengths, so that neighbours
 /// that touch in twips touch in pixels.

@@ -4,16 +4,15 @@
 #include <string>
 #include <string_view>
 
-#include "base/font.h"
 #include "base/owned_win32.h"
 #include "base/window_win32.h"
 
 namespace velvox {
 
-/// A control of the system's, as it is.
+/// A control of the system's, as it is, with the form's font.
 class PlainControl : public SystemControl {
  public:
-    void create(const WindowRequest& request, const Font& font = {});
+    void create(const WindowRequest& request);
 
  private:
     std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }

@@ -87,11 +87,12 @@ void Sheet::paint(HDC dc) {
     for (const Still& still : stills_) {
         const int width = still.at.right - still.at.left;
         const int height = still.at.bottom - still.at.top;
-        const ButtonScene scene{colours_, static_cast<Rgb>(GetSysColor(COLOR_WINDOW)), still.cue};
+        const ButtonScene scene{colours_, static_cast<Rgb>(GetSysColor(COLOR_WINDOW)), still.cue,
+                                thinLine()};
         const ButtonFace face(width, height);
         paintButton(face, still.look, scene, handle(), systemThemes());
         face.copyTo(dc, still.at.left, still.at.top,
-                    buttonRegion(still.look.style, width, height).get());
+                    buttonRegion(still.look.style, width, height, thinLine()).get());
     }
 }
 

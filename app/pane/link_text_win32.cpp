@@ -79,6 +79,9 @@ LinkText::LinkText(HWND parent, const RECT& pixels, Desktop& desktop) : desktop_
     SendMessageW(handle(), EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
     SendMessageW(handle(), EM_SETUNDOLIMIT, 0, 0);
     SendMessageW(handle(), EM_SETBKGNDCOLOR, TRUE, 0);
+    // Left alone, it takes its points by the system's resolution.
+    if (screenDpi() != systemDpi())
+        SendMessageW(handle(), EM_SETZOOM, static_cast<WPARAM>(screenDpi()), systemDpi());
 
     tip_.emplace(handle());
 }

@@ -11,6 +11,7 @@
 #include "app/form1/skin_palette.h"
 #include "app/pane/result_pane_win32.h"
 #include "app/resource.h"
+#include "app/window/click_target_win32.h"
 #include "app/window/combo_box_win32.h"
 #include "app/window/label_win32.h"
 #include "app/window/picture_box_win32.h"
@@ -44,6 +45,14 @@ struct RepaintingView : ControlView {
     void follow(Aspect) override { InvalidateRect(window, nullptr, FALSE); }
     HWND window;
 };
+
+// 24 pixels at 96 dots an inch, which a finger or an unsteady hand hits.
+RECT quitPlace() {
+    constexpr int margin = 30;
+    const Place button = designOf("isButton2").place;
+    return toPixels({button.left - margin, button.top - margin, button.width + 2 * margin,
+                     button.height + 2 * margin});
+}
 
 // Between the word Status and the right edge of the pane.
 RECT progressPlace() {
@@ -114,6 +123,7 @@ struct Form1Window::Children {
           Label2(form.Label2, outer.handle(), id(ControlId::Label2), Kind::Text, owner.skin_),
           isButton1(form.isButton1, outer.handle(), id(ControlId::isButton1)),
           isButton2(form.isButton2, topendskin.handle(), id(ControlId::isButton2)),
+          quitTarget(topendskin.handle(), quitPlace(), [this] { form.isButton2.activate(); }),
           timers{{{form.Timer1, window, 1},
                   {form.Timer4, window, 4},
                   {form.Timer5, window, 5},
@@ -154,6 +164,7 @@ struct Form1Window::Children {
     ComboBoxWindow ds;
     LabelWindow Label7, vd, Label11, Label12, Label13, Label4, Label3, Label2;
     isButtonWindow isButton1, isButton2;
+    ClickTarget quitTarget;
     std::array<WindowTimer, 5> timers;
 
     // The list is named by the label before it; these have no such label, or a role
@@ -179,7 +190,7 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
                                              GetSystemMetrics(width), GetSystemMetrics(height),
                                              LR_SHARED));
     };
-    registerWindowClass(L"Form1", 0, nullptr, icon(SM_CXICON, SM_CYICON),
+    registerWindowClass(L"Form1", CS_DROPSHADOW, nullptr, icon(SM_CXICON, SM_CYICON),
                         icon(SM_CXSMICON, SM_CYSMICON));
     colours_.setHighContrast(highContrast());
     const RECT design = designPixels("Form1");
@@ -205,6 +216,9 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     transfer_.onProgress = [this](const TransferProgress& now) { showProgress(progressText(now)); };
     pump_.intercept = [this](MSG& message) { return intercept(message); };
     children_->linkin.onPaste(&givenAddress);
+    const Place bar = form().skinbar.place();
+    systemMenu_.emplace(handle(), toPixels({0, 0, form().Width(), bar.top + bar.height}),
+                        toPixels(form().skinicon.place()), [this] { return input_.running(); });
     addressDrop_.emplace(
         handle(), [this] { return !input_.running() && IsWindowEnabled(handle()); },
         [this](std::string_view text) { takeAddress(text); });
@@ -254,6 +268,8 @@ void Form1Window::releaseCapture() {
 
 std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (!children_) return std::nullopt;
+    if (systemMenu_)
+        if (const auto result = systemMenu_->onMessage(message, wParam, lParam)) return result;
     switch (message) {
         case WM_PAINT: {
             const Painting painting(handle());
@@ -270,8 +286,14 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
                 form().Move({0, 0, toTwips(GET_X_LPARAM(lParam), screenDpi()),
                              toTwips(GET_Y_LPARAM(lParam), screenDpi())});
             return 0;
-        case WM_LBUTTONDOWN: form().Form_MouseDown(MouseButton::Left, 0, 0, 0); return 0;
-        case WM_LBUTTONUP: form().Form_MouseUp(MouseButton::Left, 0, 0, 0); return 0;
+        case WM_LBUTTONDOWN:
+            systemMenu_->pressed({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+            form().Form_MouseDown(MouseButton::Left, 0, 0, 0);
+            return 0;
+        case WM_LBUTTONUP:
+            form().Form_MouseUp(MouseButton::Left, 0, 0, 0);
+            systemMenu_->released({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+            return 0;
         case WM_MOUSEMOVE: form().Form_MouseMove(heldButtons(wParam), 0, 0, 0); return 0;
         case WM_CAPTURECHANGED:
             // Whatever took the pointer, the drag is over.
@@ -418,7 +440,8 @@ bool Form1Window::intercept(MSG& message) {
 InputEvent::Target Form1Window::inputTargetOf(HWND window) const {
     using Target = InputEvent::Target;
     if (!children_) return Target::Control;
-    if (window == children_->isButton2.handle()) return Target::QuitButton;
+    if (window == children_->isButton2.handle() || window == children_->quitTarget.handle())
+        return Target::QuitButton;
     const bool dragged = window == handle() || window == children_->Label5.handle() ||
                          window == children_->topendskin.handle();
     return dragged ? Target::Frame : Target::Control;

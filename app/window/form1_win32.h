@@ -15,6 +15,7 @@
 #include "app/window/input_gate_win32.h"
 #include "app/window/message_pump_win32.h"
 #include "app/window/skin_win32.h"
+#include "app/window/system_menu_win32.h"
 #include "base/system_win32.h"
 #include "base/window_win32.h"
 
@@ -67,6 +68,7 @@ class Form1Window : public Window, public FormFrame {
     OwnedFont progressFont_ = createFont(Font{});
     std::unique_ptr<Children> children_;
     std::optional<AddressDrop> addressDrop_;
+    std::optional<SystemMenu> systemMenu_;
     HWND lastFocus_ = nullptr;  ///< where the focus returns when the window is active again
 };
 

@@ -139,7 +139,7 @@ void LabelWindow::paint(HDC target) {
         RECT ring = area;
         DrawTextW(dc, text.data(), static_cast<int>(text.size()), &ring, flags | DT_CALCRECT);
         SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
-        DrawFocusRect(dc, &ring);
+        drawFocusRing(dc, ring);
     }
 }
 

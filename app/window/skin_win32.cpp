@@ -26,11 +26,6 @@ int twipsInPixels(int twips) {
     return toPixels(twips, screenDpi());
 }
 
-// Rounded down: a thin line is never blurred into a thick one.
-int thinLine() {
-    return std::max(1, screenDpi() / designDpi);
-}
-
 void fill(HDC dc, const RECT& area, Rgb colour) {
     const OwnedBrush brush(CreateSolidBrush(static_cast<COLORREF>(colour)));
     FillRect(dc, &area, brush.get());

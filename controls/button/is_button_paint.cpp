@@ -46,23 +46,47 @@ FaceState faceState(const ButtonLook& look) {
     return static_cast<FaceState>(look.state);
 }
 
-bool paintFace(PixelView face, const ButtonLook& look, const ButtonScene& scene,
-               ButtonDrawing& system) {
-    const FacePlan plan{faceState(look), look.focusShown, look.customColours,
-                        look.colours,    scene.colours,   scene.surroundings};
+// The styles that are nothing but pixel arithmetic.
+void paintPixels(PixelView face, const FacePlan& plan, int style) {
     face.fill(face.rect(), plan.sys(ButtonFaceColour));
-    switch (look.style) {
-        case 0: paintEdged(face, plan, system); break;
-        case 1: paintThin(face, plan, system); break;
-        case 2: paintTool(face, plan, system); break;
+    switch (style) {
         case 3: paintSolid(face, plan); break;
         case 4: paintFlat(face, plan); break;
-        case 5: (look.customColours ? paintPolished : paintSystem)(face, plan); break;
-        case 6: return system.themedFace(plan.state);
+        case 5: (plan.customColours ? paintPolished : paintSystem)(face, plan); break;
         case 7: paintGlass(face, plan); break;
         case 8: paintBrushed(face, plan); break;
         case 9: paintPorcelain(face, plan); break;
         case 10: paintPill(face, plan); break;
+        default: break;
+    }
+}
+
+// With lines of several pixels a face is painted that much smaller and magnified: frames, rings and
+// round corners keep their shape.
+void paintMagnified(PixelView face, const FacePlan& plan, int style, int factor) {
+    const int width = (face.width() + factor - 1) / factor;
+    const int height = (face.height() + factor - 1) / factor;
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width) *
+                                      static_cast<std::size_t>(height));
+    const PixelView small(pixels.data(), width, height);
+    paintPixels(small, plan, style);
+    for (int y = 0; y < face.height(); ++y)
+        for (int x = 0; x < face.width(); ++x) face.pixel(x, y, small.at(x / factor, y / factor));
+}
+
+bool paintFace(PixelView face, const ButtonLook& look, const ButtonScene& scene,
+               ButtonDrawing& system) {
+    const FacePlan plan{faceState(look), look.focusShown, look.customColours,
+                        look.colours,    scene.colours,   scene.surroundings};
+    if (scene.lineWidth > 1)
+        paintMagnified(face, plan, look.style, scene.lineWidth);
+    else
+        paintPixels(face, plan, look.style);
+    switch (look.style) {
+        case 0: paintEdged(face, plan, system); break;
+        case 1: paintThin(face, plan, system); break;
+        case 2: paintTool(face, plan, system); break;
+        case 6: return system.themedFace(plan.state);
         default: break;
     }
     return true;
@@ -121,12 +145,14 @@ void paintIcon(PixelView face, const ButtonLook& look, ButtonDrawing& system) {
     system.icon(icon, at, size);
 }
 
-// A calm dotted rectangle: every other pixel half way to the caption's colour.
-void paintFocusCue(PixelView face, CueInset inset, Rgb colour) {
-    const int right = face.width() - 1 - inset.x;
-    const int bottom = face.height() - 1 - inset.y;
-    const auto dot = [&](int x, int y) {
-        if ((x + y) % 2 == 0) face.pixel(x, y, average(face.at(x, y), colour));
+// A calm dotted rectangle: every other dot, of `size` pixels, half way to the caption's colour.
+void paintFocusCue(PixelView face, CueInset inset, Rgb colour, int size) {
+    const int right = face.width() / size - 1 - inset.x;
+    const int bottom = face.height() / size - 1 - inset.y;
+    const auto dot = [&](int column, int row) {
+        if ((column + row) % 2 != 0) return;
+        eachPixel(face, {column * size, row * size}, size,
+                  [&](int x, int y) { face.pixel(x, y, average(face.at(x, y), colour)); });
     };
     for (int x = inset.x; x <= right; ++x) dot(x, inset.y), dot(x, bottom);
     for (int y = inset.y + 1; y < bottom; ++y) dot(inset.x, y), dot(right, y);
@@ -141,7 +167,7 @@ bool paintButton(PixelView face, const ButtonLook& look, const ButtonScene& scen
     if (!look.caption.empty()) system.caption(look, captionRect(face.width(), face.height()), ink);
     paintIcon(face, look, system);
     if (scene.focusCue || (look.focusShown && !hasOwnRing(look.style, look.state)))
-        paintFocusCue(face, cueInset(look.style), ink);
+        paintFocusCue(face, cueInset(look.style), ink, std::max(scene.lineWidth, 1));
     return drawn;
 }
 

@@ -12,6 +12,7 @@ struct ButtonScene {
     const SystemColours& colours;
     Rgb surroundings = 0;   ///< colour around the button, for smooth outer edges
     bool focusCue = false;  ///< the focus came by keyboard and has to be seen
+    int lineWidth = 1;      ///< pixels of a thin line; frames and rings grow with it
 };
 
 /// State passed to a painter: the visual state, or 5 for a normal button that has the focus.

@@ -1,5 +1,7 @@
 #include "controls/button/is_button_paint_win32.h"
 
+#include <vector>
+
 #include "base/system_win32.h"
 #include "controls/button/icon_picture_win32.h"
 #include "controls/button/is_button_layout.h"
@@ -58,6 +60,22 @@ class SystemButtonDrawing : public ButtonDrawing {
     ThemeLibrary& themes_;
 };
 
+OwnedRegion magnified(const OwnedRegion& region, int factor) {
+    std::vector<char> bytes(GetRegionData(region.get(), 0, nullptr));
+    auto* const data = reinterpret_cast<RGNDATA*>(bytes.data());
+    const auto size = static_cast<DWORD>(bytes.size());
+    if (size == 0 || GetRegionData(region.get(), size, data) == 0) return {};
+    const auto* const rectangles = reinterpret_cast<const RECT*>(data->Buffer);
+    OwnedRegion result(CreateRectRgn(0, 0, 0, 0));
+    for (DWORD i = 0; i < data->rdh.nCount; ++i) {
+        const RECT& small = rectangles[i];
+        const OwnedRegion part(CreateRectRgn(small.left * factor, small.top * factor,
+                                             small.right * factor, small.bottom * factor));
+        CombineRgn(result.get(), result.get(), part.get(), RGN_OR);
+    }
+    return result;
+}
+
 }  // namespace
 
 bool paintButton(const ButtonFace& face, const ButtonLook& look, const ButtonScene& scene,
@@ -66,7 +84,11 @@ bool paintButton(const ButtonFace& face, const ButtonLook& look, const ButtonSce
     return paintButton(face.pixels(), look, scene, system);
 }
 
-OwnedRegion buttonRegion(int style, int width, int height) {
+OwnedRegion buttonRegion(int style, int width, int height, int lineWidth) {
+    if (lineWidth > 1)
+        return magnified(buttonRegion(style, (width + lineWidth - 1) / lineWidth,
+                                      (height + lineWidth - 1) / lineWidth),
+                         lineWidth);
     const ButtonOutline outline = outlineOf(style, width, height);
     if (const auto* points = std::get_if<PolygonOutline>(&outline)) {
         POINT corners[8];

@@ -13,7 +13,7 @@ namespace velvox {
 bool paintButton(const ButtonFace& face, const ButtonLook& look, const ButtonScene& scene,
                  HWND window, ThemeLibrary& themes);
 
-/// The shape of a style's window.
-OwnedRegion buttonRegion(int style, int width, int height);
+/// The shape of a style's window; its corners grow with the pixels of a thin line.
+OwnedRegion buttonRegion(int style, int width, int height, int lineWidth = 1);
 
 }  // namespace velvox

@@ -355,14 +355,14 @@ void isButtonWindow::paintInto(HDC dc) {
     followContrast(look);
     const ButtonScene scene{model_.systemColours(),
                             surroundingsOf(handle(), dc, model_.systemColours()),
-                            model_.hasFocus() && focusCue_};
+                            model_.hasFocus() && focusCue_, thinLine()};
     const ButtonFace face(size.cx, size.cy);
     if (!paintButton(face, look, scene, handle(), services_.themes) && model_.userMode()) {
         model_.themeRefused();
         look = model_.look();
         paintButton(face, look, scene, handle(), services_.themes);
     }
-    face.copyTo(dc, 0, 0, buttonRegion(look.style, size.cx, size.cy).get());
+    face.copyTo(dc, 0, 0, buttonRegion(look.style, size.cx, size.cy, thinLine()).get());
 }
 
 // Sets the window's region where style or size have changed it.
@@ -375,7 +375,7 @@ void isButtonWindow::cutOutline() {
     outlined_ = true;
     outlineStyle_ = style;
     outlineSize_ = size;
-    OwnedRegion region = buttonRegion(style, size.cx, size.cy);
+    OwnedRegion region = buttonRegion(style, size.cx, size.cy, thinLine());
     // The system owns the region once it has taken it.
     if (SetWindowRgn(handle(), region.get(), TRUE)) static_cast<void>(region.release());
 }

@@ -52,9 +52,9 @@ ButtonLook focused(ButtonLook look) {
 // larger than they should be.
 struct Painted : ButtonDrawing {
     explicit Painted(const ButtonLook& look, bool cue = false, Size size = {w, h},
-                     Rgb around = surroundings)
+                     Rgb around = surroundings, int lineWidth = 1)
         : pixels(static_cast<std::size_t>(size.w * size.h)), face(pixels.data(), size.w, size.h) {
-        paintButton(face, look, {colours, around, cue}, *this);
+        paintButton(face, look, {colours, around, cue, lineWidth}, *this);
     }
     Rgb operator()(int x, int y) const { return face.at(x, y); }
 
@@ -79,6 +79,21 @@ struct Painted : ButtonDrawing {
     Rgb captionColour = -1;
     ButtonPoint lastIcon{-1, -1};
 };
+
+TEST(ButtonPaintTest, FramesAndRingsGrowWithTheLines) {
+    for (const int style : {3, 4, 5, 7, 8, 9, 10}) {
+        SCOPED_TRACE(style);
+        const ButtonLook look = focused(lookOf(style, Normal));
+        const Painted plain(look, true);
+        const Painted large(look, true, {2 * w, 2 * h}, surroundings, 2);
+        const Painted odd(look, true, {2 * w - 1, 2 * h - 1}, surroundings, 2);
+        int differences = 0;
+        for (int y = 0; y < 2 * h; ++y)
+            for (int x = 0; x < 2 * w; ++x) differences += large(x, y) != plain(x / 2, y / 2);
+        EXPECT_EQ(differences, 0);
+        EXPECT_EQ(odd(0, 0), plain(0, 0));
+    }
+}
 
 TEST(ButtonPaintTest, FacesEdgesAndOutlinesOfThePlainStyles) {
     const struct {

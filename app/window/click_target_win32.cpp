@@ -1,0 +1,54 @@
+#include "app/window/click_target_win32.h"
+
+#include <windowsx.h>
+
+#include <utility>
+
+#include "base/child_window_win32.h"
+#include "base/owned_win32.h"
+
+namespace velvox {
+
+ClickTarget::ClickTarget(HWND parent, const RECT& pixels, std::function<void()> click)
+    : click_(std::move(click)) {
+    registerWindowClass(L"ClickTarget");
+    WindowRequest request;
+    request.className = L"ClickTarget";
+    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+    request.bounds = pixels;
+    request.parent = parent;
+    create(request);
+    SetWindowPos(handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+ClickTarget::~ClickTarget() {
+    destroy();
+}
+
+std::optional<LRESULT> ClickTarget::onMessage(UINT message, WPARAM, LPARAM lParam) {
+    switch (message) {
+        case WM_ERASEBKGND: return 1;
+        case WM_PAINT: {
+            const Painting painting(handle());
+            paintParentBackground(handle(), painting.dc());
+            return 0;
+        }
+        case WM_LBUTTONDOWN:
+            SetCapture(handle());
+            pressed_ = true;
+            return 0;
+        case WM_CAPTURECHANGED: pressed_ = false; return 0;
+        case WM_LBUTTONUP: {
+            if (!std::exchange(pressed_, false)) return 0;
+            ReleaseCapture();
+            RECT area;
+            GetClientRect(handle(), &area);
+            const auto click = click_;  // it may destroy this object
+            if (PtInRect(&area, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) click();
+            return 0;
+        }
+        default: return std::nullopt;
+    }
+}
+
+}  // namespace velvox

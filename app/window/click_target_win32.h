@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+#include "base/window_win32.h"
+
+namespace velvox {
+
+/// A place behind a small button that is clicked like it: what misses the button by a little. It
+/// shows its parent's background and takes no focus.
+class ClickTarget : public Window {
+ public:
+    /// `pixels` is the place in the parent, behind all its other children.
+    ClickTarget(HWND parent, const RECT& pixels, std::function<void()> click);
+    ~ClickTarget() override;
+
+ private:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+    std::function<void()> click_;
+    bool pressed_ = false;
+};
+
+}  // namespace velvox
