@@ -42,6 +42,7 @@ void saveTextFile(HWND owner, const wchar_t* suggestedName, std::string_view tex
     request.lpstrFile = path.data();
     request.nMaxFile = maxPath;
     request.lpstrDefExt = L"txt";
+    request.lpstrTitle = L"Save all addresses";
     request.Flags = OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
     if (askForPath(request)) writeTextFile(path.c_str(), text);
 }
