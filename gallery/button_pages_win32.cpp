@@ -199,7 +199,7 @@ void layOutMainWindow(Sheet& sheet) {
         const Place& design = designOf(names[i]).place;
         places[i] = {14 + static_cast<int>(i) * 112, 64, design.width / designTwipsPerPixel,
                      design.height / designTwipsPerPixel};
-        buttons[i] = &sheet.add(places[i], names[i], storedProperties(names[i]));
+        buttons[i] = &sheet.add(places[i], names[i], designOf(names[i]).stored);
         sheet.show(*buttons[i]);
     }
     buttons[0]->Click = [close = buttons[1]] { close->Enabled(!close->Enabled()); };

@@ -1,11 +1,38 @@
 #include "app/form1/form1.h"
 
+#include <algorithm>
+
 #include "app/form1/form1_design.h"
+#include "base/runtime_failure.h"
 
 namespace velvox {
+namespace {
+
+std::deque<Label> designedLabels() {
+    std::deque<Label> labels;
+    for (const ControlDesign& design : controlDesigns()) {
+        if (!isLabel(design.kind)) continue;
+        Label& label = labels.emplace_back(design.name);
+        label.Caption(design.text.caption);
+        label.font(design.text.font);
+        label.ForeColor(design.text.colour);
+    }
+    return labels;
+}
+
+Label& labelOf(std::deque<Label>& labels, std::string_view name) {
+    return *std::ranges::find(labels, name, &Control::Name);
+}
+
+}  // namespace
 
 Form1::Form1(const Form1Surroundings& s)
     : Control("Form1"),
+      labels(designedLabels()),
+      vd(labelOf(labels, "vd")),
+      Label4(labelOf(labels, "Label4")),
+      Label5(labelOf(labels, "Label5")),
+      Label12(labelOf(labels, "Label12")),
       linkin("linkin", s.twipsPerPixel),
       UniXPButton1("UniXPButton1", s.colours),
       isButton1("isButton1", s.colours),
@@ -19,27 +46,26 @@ Form1::Form1(const Form1Surroundings& s)
     wireEvents();
 }
 
+Control& Form1::control(std::string_view name) {
+    for (Control* control : std::initializer_list<Control*>{this, &skinicon, &skinbar, &topendskin,
+                                                            &linkin, &UniXPButton1, &ds, &Picture1,
+                                                            &outer, &isButton1, &isButton2})
+        if (control->Name() == name) return *control;
+    for (Label& label : labels)
+        if (label.Name() == name) return label;
+    throw RuntimeFailure(Fault::InvalidCall, "The form has no " + std::string(name));
+}
+
 void Form1::applyDesign() {
-    for (Label* label : {&Label5, &Label1, &Label6, &Label7, &vd, &Label11, &Label12, &Label13,
-                         &Label4, &Label3, &Label2}) {
-        const ControlDesign& design = designOf(label->Name());
-        label->Caption(design.caption);
-        label->font(design.font);
-        label->ForeColor(design.foreColor);
+    for (const ControlDesign& design : controlDesigns()) {
+        if (design.kind == ControlKind::Pane || design.kind == ControlKind::Preview) continue;
+        Control& control = this->control(design.name);
+        if (auto* button = dynamic_cast<isButton*>(&control)) button->ReadProperties(design.stored);
+        if (auto* box = dynamic_cast<XPTextBox*>(&control)) box->ReadProperties(design.stored);
+        // A resize follows the reading of the stored values, as when a form loads.
+        control.Move(design.place);
+        control.Visible(design.shown != Shown::Result);
     }
-    for (Control* control : std::initializer_list<Control*>{
-             &skinicon, &skinbar, &topendskin, &Label5,  &Label1,    &UniXPButton1, &Label6,
-             &ds,       &Label7,  &vd,         &Label11, &Label12,   &Label13,      &Picture1,
-             &Label4,   &outer,   &Label3,     &Label2,  &isButton1, &isButton2}) {
-        const ControlDesign& design = designOf(control->Name());
-        control->Move(design.place);
-        control->Visible(design.visible);
-    }
-    for (isButton* button : {&UniXPButton1, &isButton1, &isButton2})
-        button->ReadProperties(storedProperties(button->Name()));
-    // A resize follows the reading of the stored values, as when a form loads.
-    linkin.ReadProperties(storedProperties(linkin.Name()));
-    linkin.Move(designOf(linkin.Name()).place);
     for (const TimerDesign& design : timerDesigns) {
         for (Timer* timer : {&Timer1, &Timer4, &Timer5, &Timer6, &Timer7}) {
             if (timer->Name() != design.name) continue;
@@ -47,7 +73,6 @@ void Form1::applyDesign() {
             timer->Enabled(design.enabled);
         }
     }
-    Move(designOf(Name()).place);
 }
 
 void Form1::wireEvents() {

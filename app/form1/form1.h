@@ -7,6 +7,7 @@
 // said to have no trap lets the failure through to the window, which reports it.
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -86,26 +87,23 @@ class Form1 : public Control {
     void MetaCafe();
     void ComicVuiLen();
 
-    // Controls, in the order of the tab key where they take the focus.
+    /// A control by its name. Throws InvalidCall for one that the form does not have.
+    Control& control(std::string_view name);
+
+    // Controls. Every label of the design is one of `labels`; those that handlers use follow.
+    std::deque<Label> labels;
+    Label& vd;
+    Label& Label4;
+    Label& Label5;
+    Label& Label12;
     Image skinicon{"skinicon"};
     Image skinbar{"skinbar"};
     PictureBox topendskin{"topendskin"};
-    Label Label5{"Label5"};
-    Label Label1{"Label1"};
     XPTextBox linkin;
     isButton UniXPButton1;
-    Label Label6{"Label6"};
     ComboBox ds{"ds"};
-    Label Label7{"Label7"};
-    Label vd{"vd"};
-    Label Label11{"Label11"};
-    Label Label12{"Label12"};
-    Label Label13{"Label13"};
     PictureBox Picture1{"Picture1"};
-    Label Label4{"Label4"};
     PictureBox outer{"outer"};
-    Label Label3{"Label3"};
-    Label Label2{"Label2"};
     isButton isButton1;
     isButton isButton2;
     HiddenText ketqua;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "app/form1/home_page.h"
 #include "app/form1/skin_palette.h"
@@ -11,98 +12,93 @@
 namespace velvox {
 namespace {
 
-constexpr OleColour textColour = palette::text;
-constexpr OleColour quietColour = palette::quietText;
-constexpr OleColour titleColour = palette::titleText;
-constexpr OleColour linkColour = palette::linkText;
+using enum ControlKind;
+using enum Shown;
 
-const Font normalFont{};
-const Font boldFont{.bold = true};
-const Font linkFont{.underline = true};
-const Font titleFont{.points = 9, .bold = true};
+LabelText plain(std::string_view caption) {
+    return {caption, palette::text, {}};
+}
+LabelText heading(std::string_view caption) {
+    return {caption, palette::text, {.bold = true}};
+}
+LabelText quiet(std::string_view caption) {
+    return {caption, palette::quietText, {}};
+}
+LabelText link(std::string_view caption) {
+    return {caption, palette::linkText, {.underline = true}};
+}
+LabelText title(std::string_view caption) {
+    return {caption, palette::titleText, {.points = 9, .bold = true}};
+}
+
+// What the buttons have in common. The host stores the keys in lower case.
+PropertyBag button(std::string_view caption, std::initializer_list<PropertyBag::Entry> more = {}) {
+    PropertyBag bag{{"style", 5},
+                    {"caption", std::string(caption)},
+                    {"iconalign", 1},
+                    {"inonthemestyle", 0},
+                    {"usecustomcolors", true},
+                    {"backcolor", palette::button},
+                    {"highlightcolor", palette::button},
+                    {"tooltiptitle", ""},
+                    {"tooltipicon", 0},
+                    {"tooltiptype", 0}};
+    for (const PropertyBag::Entry& entry : more) bag.write(entry.key, entry.value);
+    return bag;
+}
+
+PropertyBag downloadButton() {
+    return button("Download", {{"buttontype", 1}});
+}
+
+PropertyBag closeButton() {
+    return button("Close", {{"enabled", false}, {"fontcolor", 0x008000}});
+}
+
+constexpr std::string_view form = "Form1";
+constexpr std::string_view product = "Velvox " VELVOX_VERSION;
 
 // One grid: captions start at 240, what they name at 1800, and everything ends at 7215.
-const ControlDesign controls[] = {
-    // The client area: 497 x 297 pixels at 96 dots per inch.
-    {"Form1", {0, 0, 7455, 4455}},
+const std::vector<ControlDesign>& controls() {
+    static const std::vector<ControlDesign> rows = {
+        // The client area: 497 x 297 pixels at 96 dots per inch.
+        {form, Form, {}, {0, 0, 7455, 4455}},
 
-    // Title bar; Form_Resize stretches skinbar and moves topendskin to the right edge. The quit
-    // button rests in the middle of its height.
-    {"skinicon", {0, 0, 480, 510}},
-    {"skinbar", {480, 0, 6435, 510}},
-    {"topendskin", {6915, 0, 540, 510}},
-    {"isButton2", {120, 100, 300, 300}},
-    {"Label5", {540, 135, 3000, 270}, "Velvox " VELVOX_VERSION, true, titleColour, titleFont},
+        // Title bar; Form_Resize stretches skinbar and moves topendskin to the right edge. The quit
+        // button rests in the middle of its height.
+        {"skinicon", TitlePiece, form, {0, 0, 480, 510}},
+        {"skinbar", TitlePiece, form, {480, 0, 6435, 510}},
+        {"topendskin", Box, form, {6915, 0, 540, 510}},
+        {"isButton2", Button, "topendskin", {120, 100, 300, 300}, Always, {}, button("X")},
+        {"Label5", DragHandle, form, {540, 135, 3000, 270}, Always, title(product)},
 
-    // Asking: address, site and example.
-    {"Label1", {240, 735, 4500, 240}, "Paste Your URL Below : ", true, textColour, boldFont},
-    {"linkin", {240, 1020, 5520, 375}},
-    {"UniXPButton1", {5880, 1020, 1335, 375}},
-    {"Label6", {240, 1875, 1500, 240}, "Download From : ", true, textColour, normalFont},
-    {"ds", {1800, 1830, 5415, 330}},
-    {"Label7", {240, 2685, 1500, 240}, "Example : ", true, textColour, normalFont},
-    {"vd", {1800, 2685, 5415, 450}, "", true, linkColour, linkFont},
+        // Asking: address, site and example.
+        {"Label1", Text, form, {240, 735, 4500, 240}, Covered, heading("Paste Your URL Below : ")},
+        {"linkin", Address, form, {240, 1020, 5520, 375}, Covered, {}, {{"text", std::string()}}},
+        {"UniXPButton1", Button, form, {5880, 1020, 1335, 375}, Covered, {}, downloadButton()},
+        {"Label6", Text, form, {240, 1875, 1500, 240}, Covered, plain("Download From : ")},
+        {"ds", List, form, {1800, 1830, 5415, 330}, Covered},
+        {"Label7", Text, form, {240, 2685, 1500, 240}, Covered, plain("Example : ")},
+        {"vd", Link, form, {1800, 2685, 5415, 450}, Covered, link("")},
 
-    // Home page and news.
-    {"Label11", {240, 3600, 1500, 240}, "Please Visit ", true, quietColour, normalFont},
-    {"Label12", {1800, 3600, 2250, 240}, homePage, true, linkColour, linkFont},
-    {"Label13", {4080, 3600, 3135, 240}, "for forum and updates", true, quietColour, normalFont},
-    {"Picture1", {15, 4155, 7425, 285}},
-    {"Label4", {225, 30, 6975, 225}, "", true, quietColour, normalFont},
+        // Home page and news.
+        {"Label11", Text, form, {240, 3600, 1500, 240}, Covered, quiet("Please Visit ")},
+        {"Label12", Link, form, {1800, 3600, 2250, 240}, Covered, link(homePage)},
+        {"Label13", Text, form, {4080, 3600, 3135, 240}, Covered, quiet("for forum and updates")},
+        {"Picture1", Box, form, {15, 4155, 7425, 285}},
+        {"Label4", Strip, "Picture1", {225, 30, 6975, 225}, Always, quiet("")},
 
-    // The result area covers everything between title bar and news while it is shown. The skin
-    // draws its panel 60 twips below its top and 90 before its right and lower edges.
-    {"outer", {120, 4200, 7305, 3495}, "", false},
-    {"Label3", {180, 210, 2400, 240}, "Status", true, textColour, boldFont},
-    {"output", {180, 540, 4200, 2685}},
-    {"Label2", {4530, 210, 1350, 240}, "Preview", true, textColour, boldFont},
-    {"web", {4530, 540, 2505, 2685}},
-    {"isButton1", {5940, 150, 1095, 330}},
-};
-
-// The host stores the keys in lower case.
-const struct {
-    std::string_view name;
-    PropertyBag bag;
-} stored[] = {
-    {"linkin", {{"text", std::string()}}},
-    {"UniXPButton1",
-     {{"style", 5},
-      {"caption", "Download"},
-      {"iconalign", 1},
-      {"inonthemestyle", 0},
-      {"usecustomcolors", true},
-      {"backcolor", palette::button},
-      {"highlightcolor", palette::button},
-      {"tooltiptitle", ""},
-      {"tooltipicon", 0},
-      {"tooltiptype", 0},
-      {"buttontype", 1}}},
-    {"isButton1",
-     {{"style", 5},
-      {"caption", "Close"},
-      {"iconalign", 1},
-      {"inonthemestyle", 0},
-      {"enabled", false},
-      {"usecustomcolors", true},
-      {"backcolor", palette::button},
-      {"highlightcolor", palette::button},
-      {"fontcolor", 0x008000},
-      {"tooltiptitle", ""},
-      {"tooltipicon", 0},
-      {"tooltiptype", 0}}},
-    {"isButton2",
-     {{"style", 5},
-      {"caption", "X"},
-      {"iconalign", 1},
-      {"inonthemestyle", 0},
-      {"usecustomcolors", true},
-      {"backcolor", palette::button},
-      {"highlightcolor", palette::button},
-      {"tooltiptitle", ""},
-      {"tooltipicon", 0},
-      {"tooltiptype", 0}}},
-};
+        // The result area covers everything between title bar and news while it is shown. The skin
+        // draws its panel 60 twips below its top and 90 before its right and lower edges.
+        {"outer", Box, form, {120, 4200, 7305, 3495}, Result},
+        {"Label3", Text, "outer", {180, 210, 2400, 240}, Always, heading("Status")},
+        {"output", Pane, "outer", {180, 540, 4200, 2685}},
+        {"Label2", Text, "outer", {4530, 210, 1350, 240}, Always, heading("Preview")},
+        {"web", Preview, "outer", {4530, 540, 2505, 2685}},
+        {"isButton1", Button, "outer", {5940, 150, 1095, 330}, Always, {}, closeButton()},
+    };
+    return rows;
+}
 
 // Timer1 blinks the home link; the others drive the news ticker. Windows rounds the 1 ms poll up
 // to its own shortest period.
@@ -121,26 +117,25 @@ constexpr Line lines[] = {
     {"Line9", 15, 510, 7440, 510},     {"Line10", 15, 525, 7440, 525},
 };
 
-template <class Rows>
-const auto& rowOf(const Rows& rows, std::string_view name) {
-    const auto found = std::find_if(std::begin(rows), std::end(rows),
-                                    [&](const auto& row) { return row.name == name; });
-    if (found == std::end(rows))
-        throw RuntimeFailure(Fault::InvalidCall, "The form has no " + std::string(name));
-    return *found;
-}
-
 }  // namespace
 
 const std::span<const TimerDesign> timerDesigns = timers;
 const std::span<const Line> lineDesigns = lines;
 
-const ControlDesign& designOf(std::string_view name) {
-    return rowOf(controls, name);
+std::span<const ControlDesign> controlDesigns() {
+    return controls();
 }
 
-const PropertyBag& storedProperties(std::string_view name) {
-    return rowOf(stored, name).bag;
+const ControlDesign& designOf(std::string_view name) {
+    const auto row = std::ranges::find(controls(), name, &ControlDesign::name);
+    if (row == controls().end())
+        throw RuntimeFailure(Fault::InvalidCall, "The form has no " + std::string(name));
+    return *row;
+}
+
+ControlId controlId(std::string_view name) {
+    constexpr int firstId = 100;
+    return static_cast<ControlId>(firstId + (&designOf(name) - controls().data()));
 }
 
 }  // namespace velvox

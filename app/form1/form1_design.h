@@ -1,5 +1,4 @@
-// What the main window is designed with: the one table of places, captions, fonts, timers and
-// stored properties.
+// What the main window is designed with: the one table of its controls, and its timers and lines.
 #pragma once
 
 #include <span>
@@ -11,13 +10,43 @@
 
 namespace velvox {
 
+/// What a control is on the screen.
+enum class ControlKind {
+    Form,
+    TitlePiece,  ///< a picture that the form draws itself
+    Box,         ///< a container with a background of its own
+    Text,        ///< a label that is only read
+    Link,        ///< a label that is clicked; wraps at its right edge
+    DragHandle,  ///< a label that the window is dragged by
+    Strip,       ///< a label for one line of a longer text
+    Address,
+    Button,
+    List,
+    Pane,
+    Preview,
+};
+
+constexpr bool isLabel(ControlKind kind) {
+    return kind >= ControlKind::Text && kind <= ControlKind::Strip;
+}
+
+/// When a control is visible: the result area covers others while it is shown.
+enum class Shown { Always, Covered, Result };
+
+struct LabelText {
+    std::string_view caption;
+    OleColour colour = systemColour(ButtonTextColour);
+    Font font;
+};
+
 struct ControlDesign {
     std::string_view name;
-    Place place;  ///< twips, in its container
-    std::string_view caption = {};
-    bool visible = true;
-    OleColour foreColor = systemColour(ButtonTextColour);
-    Font font = {};
+    ControlKind kind;
+    std::string_view parent;
+    Place place;  ///< twips, in its parent
+    Shown shown = Shown::Always;
+    LabelText text = {};
+    PropertyBag stored = {};  ///< of a button or the address box
 };
 
 struct TimerDesign {
@@ -26,11 +55,15 @@ struct TimerDesign {
     bool enabled;
 };
 
-/// Throws InvalidCall for a name that is not on the form.
-const ControlDesign& designOf(std::string_view name);
+/// The number of a control's window.
+enum class ControlId : int {};
 
-/// The stored properties of a user control of the form.
-const PropertyBag& storedProperties(std::string_view name);
+/// The form first, then its controls: those with the same parent in the order of the tab key.
+std::span<const ControlDesign> controlDesigns();
+
+/// Both throw InvalidCall for a name that is not on the form.
+const ControlDesign& designOf(std::string_view name);
+ControlId controlId(std::string_view name);
 
 extern const std::span<const TimerDesign> timerDesigns;
 extern const std::span<const Line> lineDesigns;

@@ -3,9 +3,9 @@
 #include <windowsx.h>
 
 #include <array>
+#include <vector>
 
 #include "app/browser/web_browser_win32.h"
-#include "app/form1/control_ids.h"
 #include "app/form1/form1_design.h"
 #include "app/form1/given_address.h"
 #include "app/form1/skin_palette.h"
@@ -30,8 +30,8 @@
 namespace velvox {
 namespace {
 
-constexpr int id(ControlId control) {
-    return static_cast<int>(control);
+int idOf(std::string_view name) {
+    return static_cast<int>(controlId(name));
 }
 
 RECT designPixels(std::string_view name) {
@@ -72,9 +72,9 @@ RECT openingPlace(SIZE size) {
 }
 
 // What a screen reader says for a caption: without the colon and blanks at its end.
-std::wstring spokenOf(const Label& label) {
-    const std::string& caption = label.Caption();
-    return widen(std::string_view(caption).substr(0, caption.find_last_not_of(" :") + 1));
+std::wstring spokenOf(std::string_view label) {
+    const std::string_view caption = designOf(label).text.caption;
+    return widen(caption.substr(0, caption.find_last_not_of(" :") + 1));
 }
 
 // Whether a window and all its parents up to `form` are visible and enabled. Windows outside the
@@ -88,54 +88,35 @@ bool canTakeKeys(HWND window, HWND form) {
 
 }  // namespace
 
-// The order is that of the construction: the boxes that hold the pane and the browser stand before
-// the form that uses these, and the form before the windows that follow its controls.
+// The boxes that hold the pane and the preview come before the form that uses these, and the form
+// before the windows that follow its controls.
 struct Form1Window::Children {
-    using Kind = LabelWindow::Kind;
-
     explicit Children(Form1Window& owner)
         : window(owner.handle()),
-          topendskin(window, id(ControlId::topendskin), designOf("topendskin").place, true,
+          topendskin(designOf("topendskin"), window, idOf("topendskin"),
                      skinPainter(owner, Skin::Piece::RightEnd)),
-          Picture1(window, id(ControlId::Picture1), designOf("Picture1").place, true,
+          Picture1(designOf("Picture1"), window, idOf("Picture1"),
                    skinPainter(owner, Skin::Piece::NewsStrip)),
-          outer(window, id(ControlId::outer), designOf("outer").place, false,
+          outer(designOf("outer"), window, idOf("outer"),
                 [&owner](HDC dc, const RECT& client) { owner.paintResultArea(dc, client); }),
-          output(outer.handle(), designPixels("output"), id(ControlId::output), owner.desktop_),
-          web(outer.handle(), designPixels("web"), id(ControlId::web), owner.session_,
-              owner.limits_),
+          output(outer.handle(), designPixels("output"), idOf("output"), owner.desktop_),
+          web(outer.handle(), designPixels("web"), idOf("web"), owner.session_, owner.limits_),
           form({owner.transfer_, output, web, owner.desktop_, owner, owner.colours_,
                 twipsPerInch / screenDpi()}),
           titleView(window),
-          Label5(form.Label5, window, id(ControlId::Label5), Kind::Handle, owner.skin_),
-          Label1(form.Label1, window, id(ControlId::Label1), Kind::Text, owner.skin_),
-          linkin(form.linkin, window, id(ControlId::linkin), owner.colours_),
-          UniXPButton1(form.UniXPButton1, window, id(ControlId::UniXPButton1)),
-          Label6(form.Label6, window, id(ControlId::Label6), Kind::Text, owner.skin_),
-          ds(form.ds, window, id(ControlId::ds)),
-          Label7(form.Label7, window, id(ControlId::Label7), Kind::Text, owner.skin_),
-          vd(form.vd, window, id(ControlId::vd), Kind::Link, owner.skin_),
-          Label11(form.Label11, window, id(ControlId::Label11), Kind::Text, owner.skin_),
-          Label12(form.Label12, window, id(ControlId::Label12), Kind::Link, owner.skin_),
-          Label13(form.Label13, window, id(ControlId::Label13), Kind::Text, owner.skin_),
-          Label4(form.Label4, Picture1.handle(), id(ControlId::Label4), Kind::Strip, owner.skin_),
-          Label3(form.Label3, outer.handle(), id(ControlId::Label3), Kind::Text, owner.skin_),
-          Label2(form.Label2, outer.handle(), id(ControlId::Label2), Kind::Text, owner.skin_),
-          isButton1(form.isButton1, outer.handle(), id(ControlId::isButton1)),
-          isButton2(form.isButton2, topendskin.handle(), id(ControlId::isButton2)),
-          quitTarget(topendskin.handle(), quitPlace(), [this] { form.isButton2.activate(); }),
           timers{{{form.Timer1, window, 1},
                   {form.Timer4, window, 4},
                   {form.Timer5, window, 5},
                   {form.Timer6, window, 6},
                   {form.Timer7, window, 7}}} {
-        topendskin.bind(form.topendskin);
-        Picture1.bind(form.Picture1);
-        outer.bind(form.outer);
+        for (const ControlDesign& design : controlDesigns()) create(design, owner);
+        quitTarget.emplace(topendskin.handle(), quitPlace(), [this] { form.isButton2.activate(); });
         outer.onVisible = [&owner](bool visible) { owner.coverControls(visible); };
-        form.skinicon.setView(&titleView);
-        form.skinbar.setView(&titleView);
-        output.accessibleName(spokenOf(form.Label3));
+        output.accessibleName(spokenOf("Label3"));
+        // The list is named by the label before it; these have no such label.
+        names = {{{linkin->editHandle(), spokenOf("Label1")},
+                  {web.handle(), spokenOf("Label2"), ROLE_SYSTEM_PANE},
+                  {handle("isButton2"), L"Quit"}}};
     }
 
     static PictureBoxWindow::Painter skinPainter(const Form1Window& owner, Skin::Piece piece) {
@@ -144,11 +125,47 @@ struct Form1Window::Children {
         };
     }
 
-    // Controls that the result area lies over while it is shown.
-    std::array<HWND, 10> covered() const {
-        return {Label1.handle(),  linkin.handle(), UniXPButton1.handle(), Label6.handle(),
-                ds.handle(),      Label7.handle(), vd.handle(),           Label11.handle(),
-                Label12.handle(), Label13.handle()};
+    HWND handle(std::string_view name) const {
+        const std::string_view parent = name.empty() ? name : designOf(name).parent;
+        return parent.empty() ? window : GetDlgItem(handle(parent), idOf(name));
+    }
+
+    // A window that follows the control. Windows with the same parent are created in the order of
+    // the tab key.
+    void create(const ControlDesign& design, const Form1Window& owner) {
+        const HWND parent = handle(design.parent);
+        const int id = idOf(design.name);
+        switch (design.kind) {
+            case ControlKind::Form:
+            case ControlKind::Pane:
+            case ControlKind::Preview: break;
+            case ControlKind::TitlePiece: form.control(design.name).setView(&titleView); break;
+            case ControlKind::Box:
+                for (PictureBoxWindow* box : {&topendskin, &Picture1, &outer})
+                    if (GetDlgCtrlID(box->handle()) == id) box->bind(model<PictureBox>(design));
+                break;
+            case ControlKind::Address:
+                linkin = &add<XPTextBoxWindow>(form.linkin, parent, id, owner.colours_);
+                break;
+            case ControlKind::Button:
+                add<isButtonWindow>(model<isButton>(design), parent, id);
+                break;
+            case ControlKind::List: add<ComboBoxWindow>(form.ds, parent, id); break;
+            default: add<LabelWindow>(model<Label>(design), parent, id, design.kind, owner.skin_);
+        }
+    }
+
+    template <class Model>
+    Model& model(const ControlDesign& design) {
+        return dynamic_cast<Model&>(form.control(design.name));
+    }
+
+    template <class View, class... Arguments>
+    View& add(Arguments&&... arguments) {
+        auto view = std::make_unique<View>(std::forward<Arguments>(arguments)...);
+        View& added = *view;
+        windows.push_back(std::move(view));
+        return added;
     }
 
     HWND window;
@@ -157,25 +174,11 @@ struct Form1Window::Children {
     WebBrowserWindow web;
     Form1 form;
     RepaintingView titleView;
-    LabelWindow Label5, Label1;
-    XPTextBoxWindow linkin;
-    isButtonWindow UniXPButton1;
-    LabelWindow Label6;
-    ComboBoxWindow ds;
-    LabelWindow Label7, vd, Label11, Label12, Label13, Label4, Label3, Label2;
-    isButtonWindow isButton1, isButton2;
-    ClickTarget quitTarget;
+    std::vector<std::unique_ptr<ControlView>> windows;
+    XPTextBoxWindow* linkin = nullptr;  ///< one of them
+    std::optional<ClickTarget> quitTarget;
     std::array<WindowTimer, 5> timers;
-
-    // The list is named by the label before it; these have no such label, or a role
-    // that their class does not say.
-    std::array<AccessibleName, 5> names{{
-        {linkin.editHandle(), spokenOf(form.Label1)},
-        {web.handle(), spokenOf(form.Label2), ROLE_SYSTEM_PANE},
-        {isButton2.handle(), L"Quit"},
-        {vd.handle(), {}, ROLE_SYSTEM_LINK},
-        {Label12.handle(), {}, ROLE_SYSTEM_LINK},
-    }};
+    std::array<AccessibleName, 3> names;
 };
 
 Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
@@ -215,7 +218,7 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     };
     transfer_.onProgress = [this](const TransferProgress& now) { showProgress(progressText(now)); };
     pump_.intercept = [this](MSG& message) { return intercept(message); };
-    children_->linkin.onPaste(&givenAddress);
+    children_->linkin->onPaste(&givenAddress);
     const Place bar = form().skinbar.place();
     systemMenu_.emplace(handle(), toPixels({0, 0, form().Width(), bar.top + bar.height}),
                         toPixels(form().skinicon.place()), [this] { return input_.running(); });
@@ -239,7 +242,7 @@ void Form1Window::show() {
     form().Form_Load();
     ShowWindow(handle(), SW_SHOWDEFAULT);
     UpdateWindow(handle());
-    SetFocus(children_->linkin.editHandle());
+    SetFocus(children_->linkin->editHandle());
 }
 
 ScreenPoint Form1Window::cursorPosition() const {
@@ -375,15 +378,16 @@ void Form1Window::coverControls(bool covered) {
     const HWND area = children_->outer.handle();
     const HWND focus = GetFocus();
     if (covered && focus != area && !IsChild(area, focus)) SetFocus(children_->output.handle());
-    for (const HWND window : children_->covered())
-        ShowWindow(window, covered ? SW_HIDE : SW_SHOWNA);
+    for (const ControlDesign& design : controlDesigns())
+        if (design.shown == Shown::Covered)
+            ShowWindow(children_->handle(design.name), covered ? SW_HIDE : SW_SHOWNA);
     if (covered) return;
     if (!children_->form.linkin.Enabled()) {
-        SetFocus(children_->UniXPButton1.handle());
+        SetFocus(children_->handle("UniXPButton1"));
         return;
     }
     // The next address replaces the last one, as in a browser's address bar.
-    const HWND address = children_->linkin.editHandle();
+    const HWND address = children_->linkin->editHandle();
     SetFocus(address);
     Edit_SetSel(address, 0, -1);
 }
@@ -396,14 +400,14 @@ bool Form1Window::pastesAddress(const MSG& message) const {
     const bool paste = message.wParam == 'V'         ? control && !shift
                        : message.wParam == VK_INSERT ? shift && !control
                                                      : false;
-    return paste && message.hwnd != children_->linkin.editHandle() &&
+    return paste && message.hwnd != children_->linkin->editHandle() &&
            !IsChild(children_->web.handle(), message.hwnd);
 }
 
 void Form1Window::takeAddress(std::string_view text) {
     form().takeAddress(text);
     if (form().outer.Visible() || !form().linkin.Enabled()) return;
-    const HWND address = children_->linkin.editHandle();
+    const HWND address = children_->linkin->editHandle();
     SetFocus(address);
     const int end = GetWindowTextLengthW(address);
     Edit_SetSel(address, end, end);
@@ -429,7 +433,7 @@ bool Form1Window::intercept(MSG& message) {
         message.hwnd = handle();
     }
     if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
-        message.hwnd == children_->linkin.editHandle()) {
+        message.hwnd == children_->linkin->editHandle()) {
         // A held key presses it once.
         if ((HIWORD(message.lParam) & KF_REPEAT) == 0) form().UniXPButton1.activate();
         return true;
@@ -440,9 +444,9 @@ bool Form1Window::intercept(MSG& message) {
 InputEvent::Target Form1Window::inputTargetOf(HWND window) const {
     using Target = InputEvent::Target;
     if (!children_) return Target::Control;
-    if (window == children_->isButton2.handle() || window == children_->quitTarget.handle())
+    if (window == children_->handle("isButton2") || window == children_->quitTarget->handle())
         return Target::QuitButton;
-    const bool dragged = window == handle() || window == children_->Label5.handle() ||
+    const bool dragged = window == handle() || window == children_->handle("Label5") ||
                          window == children_->topendskin.handle();
     return dragged ? Target::Frame : Target::Control;
 }

@@ -12,31 +12,31 @@
 namespace velvox {
 namespace {
 
-DWORD styleOf(LabelWindow::Kind kind) {
+DWORD styleOf(ControlKind kind) {
     const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | SS_NOTIFY | SS_NOPREFIX;
-    return kind == LabelWindow::Kind::Link ? style | WS_TABSTOP : style;
+    return kind == ControlKind::Link ? style | WS_TABSTOP : style;
 }
 
-UINT drawFlagsOf(LabelWindow::Kind kind) {
+UINT drawFlagsOf(ControlKind kind) {
     const UINT flags = DT_NOPREFIX | DT_LEFT;
     switch (kind) {
-        case LabelWindow::Kind::Link: return flags | DT_WORDBREAK | DT_EDITCONTROL;
-        case LabelWindow::Kind::Strip: return flags | DT_SINGLELINE;
+        case ControlKind::Link: return flags | DT_WORDBREAK | DT_EDITCONTROL;
+        case ControlKind::Strip: return flags | DT_SINGLELINE;
         default: return flags | DT_SINGLELINE | DT_END_ELLIPSIS;
     }
 }
 
-Skin::TextRole roleOf(LabelWindow::Kind kind) {
+Skin::TextRole roleOf(ControlKind kind) {
     switch (kind) {
-        case LabelWindow::Kind::Link: return Skin::TextRole::Link;
-        case LabelWindow::Kind::Handle: return Skin::TextRole::Title;
+        case ControlKind::Link: return Skin::TextRole::Link;
+        case ControlKind::DragHandle: return Skin::TextRole::Title;
         default: return Skin::TextRole::Plain;
     }
 }
 
 }  // namespace
 
-LabelWindow::LabelWindow(Label& model, HWND parent, int id, Kind kind, const Skin& skin)
+LabelWindow::LabelWindow(Label& model, HWND parent, int id, ControlKind kind, const Skin& skin)
     : model_(model), kind_(kind), skin_(skin), font_(createFont(model.font())) {
     WindowRequest request;
     request.className = L"STATIC";
@@ -47,6 +47,7 @@ LabelWindow::LabelWindow(Label& model, HWND parent, int id, Kind kind, const Ski
     request.id = id;
     create(request);
     SetWindowFont(handle(), font_.get(), FALSE);
+    if (kind == ControlKind::Link) role_ = AccessibleName(handle(), {}, ROLE_SYSTEM_LINK);
     model_.setView(this);
 }
 
@@ -77,25 +78,26 @@ std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_SETFOCUS:
         case WM_KILLFOCUS: InvalidateRect(handle(), nullptr, FALSE); return 0;
         case WM_NCHITTEST:
-            return kind_ == Kind::Text || kind_ == Kind::Strip ? HTTRANSPARENT : HTCLIENT;
+            return kind_ == ControlKind::Text || kind_ == ControlKind::Strip ? HTTRANSPARENT
+                                                                             : HTCLIENT;
         case WM_SETCURSOR:
-            if (kind_ != Kind::Link) return std::nullopt;
+            if (kind_ != ControlKind::Link) return std::nullopt;
             SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
             return TRUE;
         case WM_GETDLGCODE:
-            if (kind_ == Kind::Link && lParam) {
+            if (kind_ == ControlKind::Link && lParam) {
                 const WPARAM key = reinterpret_cast<const MSG*>(lParam)->wParam;
                 if (key == VK_RETURN || key == VK_SPACE) return DLGC_WANTMESSAGE;
             }
             return DLGC_STATIC;
         case WM_KEYDOWN:
-            if (kind_ != Kind::Link || (wParam != VK_RETURN && wParam != VK_SPACE)) break;
+            if (kind_ != ControlKind::Link || (wParam != VK_RETURN && wParam != VK_SPACE)) break;
             // A held key opens a link once.
             if ((HIWORD(lParam) & KF_REPEAT) == 0 && model_.Click) model_.Click();
             return 0;
         case WM_LBUTTONDOWN:
-            if (kind_ == Kind::Handle) passMouse(model_.MouseDown, wParam, lParam);
-            if (kind_ == Kind::Link) {
+            if (kind_ == ControlKind::DragHandle) passMouse(model_.MouseDown, wParam, lParam);
+            if (kind_ == ControlKind::Link) {
                 SetCapture(handle());
                 pressed_ = true;
             }

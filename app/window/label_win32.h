@@ -1,7 +1,8 @@
 #pragma once
 
-#include "app/form1/controls.h"
+#include "app/form1/form1_design.h"
 #include "app/window/skin_win32.h"
+#include "base/accessible_name_win32.h"
 #include "base/owned_win32.h"
 #include "base/window_win32.h"
 
@@ -11,15 +12,8 @@ namespace velvox {
 /// that can be clicked takes the focus and is pressed with Enter or Space too.
 class LabelWindow : public SystemControl, public ControlView {
  public:
-    enum class Kind {
-        Text,    ///< only read
-        Link,    ///< clicked, wraps at its right edge
-        Handle,  ///< dragged by; passes its mouse events on
-        Strip,   ///< one line of a longer text, drawn without a flicker at every change
-    };
-
-    /// `skin` says in which colour the caption is legible.
-    LabelWindow(Label& model, HWND parent, int id, Kind kind, const Skin& skin);
+    /// `kind` is one of a label. `skin` says in which colour the caption is legible.
+    LabelWindow(Label& model, HWND parent, int id, ControlKind kind, const Skin& skin);
     ~LabelWindow() override;
 
     void follow(Aspect aspect) override;
@@ -31,9 +25,10 @@ class LabelWindow : public SystemControl, public ControlView {
     void passMouse(const MouseEvents::Handler& handler, WPARAM keys, LPARAM at) const;
 
     Label& model_;
-    Kind kind_;
+    ControlKind kind_;
     const Skin& skin_;
     OwnedFont font_;
+    AccessibleName role_;
     bool pressed_ = false;  ///< the left button went down on it and is still held
 };
 

@@ -8,15 +8,16 @@
 
 namespace velvox {
 
-PictureBoxWindow::PictureBoxWindow(HWND parent, int id, const Place& place, bool visible,
+PictureBoxWindow::PictureBoxWindow(const ControlDesign& design, HWND parent, int id,
                                    Painter painter)
     : painter_(std::move(painter)) {
     registerWindowClass(L"PictureBox");
     WindowRequest request;
     request.className = L"PictureBox";
-    request.style = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | (visible ? WS_VISIBLE : 0);
+    request.style = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN |
+                    (design.shown == Shown::Result ? 0 : WS_VISIBLE);
     request.extendedStyle = WS_EX_CONTROLPARENT;
-    request.bounds = toPixels(place);
+    request.bounds = toPixels(design.place);
     request.parent = parent;
     request.id = id;
     create(request);

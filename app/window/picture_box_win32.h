@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "app/form1/form1_design.h"
 #include "base/window_win32.h"
 #include "controls/picture_box.h"
 
@@ -14,7 +15,7 @@ class PictureBoxWindow : public Window, public ControlView {
     /// Draws the background of a client area of this size.
     using Painter = std::function<void(HDC dc, const RECT& client)>;
 
-    PictureBoxWindow(HWND parent, int id, const Place& place, bool visible, Painter painter);
+    PictureBoxWindow(const ControlDesign& design, HWND parent, int id, Painter painter);
     ~PictureBoxWindow() override;
 
     /// From now on the window follows `model` and passes its mouse events on.

@@ -32,14 +32,14 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
 
     // The site that leaves the box locked: there is a way on.
     program.startExample(sevenloadEntry);
-    EXPECT_NO_THROW(driver().waitPart(program.control(ControlId::output), "<a href="));
+    EXPECT_NO_THROW(driver().waitPart(program.control(controlId("output")), "<a href="));
     program.awaitEndOfRun();
     putIntoClipboard(exampleAddresses[3]);
     pasteUntil(program, exampleAddresses[3]);
     EXPECT_TRUE(program.addressLocked());
     EXPECT_FALSE(program.areaShown());
-    program.click(ControlId::UniXPButton1);
-    EXPECT_NO_THROW(driver().waitPart(program.control(ControlId::output), mp4));
+    program.click(controlId("UniXPButton1"));
+    EXPECT_NO_THROW(driver().waitPart(program.control(controlId("output")), mp4));
     program.awaitEndOfRun();
 
     // The links that are selected, as addresses.

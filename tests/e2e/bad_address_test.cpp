@@ -19,7 +19,7 @@ void expectRefusal(const Program& program, const std::string& address) {
     EXPECT_TRUE(program.areaShown());
     EXPECT_EQ(program.pane(), pleaseWait);
     dismissBox();
-    EXPECT_NO_THROW(driver().waitGone(program.control(ControlId::outer)));
+    EXPECT_NO_THROW(driver().waitGone(program.control(controlId("outer"))));
     EXPECT_NO_THROW(program.awaitEndOfRun());
     EXPECT_EQ(program.address(), address);
     EXPECT_FALSE(program.addressLocked());
@@ -42,7 +42,7 @@ TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
     const Point button = middleOf(driver().rect("#32770/Button"));
     Hands().click(button).act();
     driver().waitGone("#32770");
-    EXPECT_NO_THROW(driver().waitGone(program.control(ControlId::outer)));
+    EXPECT_NO_THROW(driver().waitGone(program.control(controlId("outer"))));
     // What is typed next replaces the address. Input during the run would be dropped.
     program.awaitEndOfRun();
     Hands().type("x").act();
@@ -103,7 +103,7 @@ TEST(BadAddressTest, OddCharactersAndLengthsGoOut) {
     Hands().key("ctrl+v").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "http://www.veoh.com/videos/v1"));
     Hands().key("Return").act();
-    driver().waitVisible(program.control(ControlId::outer));
+    driver().waitVisible(program.control(controlId("outer")));
     program.expectPane(failed);
     EXPECT_EQ(proxy.addresses().back(), "http://www.veoh.com/rest/video/v1/details");
 }

@@ -63,30 +63,30 @@ void expectAllLegible(const Program& program, double leastOfAll) {
     constexpr double designed = 3;
     program.enter("http://www.veoh.com/videos/v669398tRxFQc4d");
     expectLegible(program,
-                  {{"title", ControlId::Label5},
-                   {"quit button", ControlId::isButton2},
-                   {"address's caption", ControlId::Label1},
-                   {"address", ControlId::linkin},
-                   {"Download", ControlId::UniXPButton1},
-                   {"list's caption", ControlId::Label6},
-                   {"list", ControlId::ds},
-                   {"example's caption", ControlId::Label7},
-                   {"example", ControlId::vd},
-                   {"before the home link", ControlId::Label11},
-                   {"home link", ControlId::Label12, designed},
-                   {"after the home link", ControlId::Label13},
-                   {"news", ControlId::Label4}},
+                  {{"title", controlId("Label5")},
+                   {"quit button", controlId("isButton2")},
+                   {"address's caption", controlId("Label1")},
+                   {"address", controlId("linkin")},
+                   {"Download", controlId("UniXPButton1")},
+                   {"list's caption", controlId("Label6")},
+                   {"list", controlId("ds")},
+                   {"example's caption", controlId("Label7")},
+                   {"example", controlId("vd")},
+                   {"before the home link", controlId("Label11")},
+                   {"home link", controlId("Label12"), designed},
+                   {"after the home link", controlId("Label13")},
+                   {"news", controlId("Label4")}},
                   leastOfAll);
     program.startExample(0);
     EXPECT_TRUE(eventually([&] { return program.pane().find("<a href=") != std::string::npos; }));
     program.awaitEndOfRun();
     expectLegible(program,
-                  {{"pane's caption", ControlId::Label3},
-                   {"link", ControlId::output},
-                   {"preview's caption", ControlId::Label2},
-                   {"preview", ControlId::web},
-                   {"Close", ControlId::isButton1, designed},
-                   {"news", ControlId::Label4}},
+                  {{"pane's caption", controlId("Label3")},
+                   {"link", controlId("output")},
+                   {"preview's caption", controlId("Label2")},
+                   {"preview", controlId("web")},
+                   {"Close", controlId("isButton1"), designed},
+                   {"news", controlId("Label4")}},
                   leastOfAll);
 }
 

@@ -35,8 +35,8 @@ struct Source {
 
 TEST(FrameTest, EverySourceDragsTheWindowExactly) {
     const Program program;
-    const Rectangle title = driver().rect(program.control(ControlId::Label5));
-    const Rectangle end = driver().rect(program.control(ControlId::topendskin));
+    const Rectangle title = driver().rect(program.control(controlId("Label5")));
+    const Rectangle end = driver().rect(program.control(controlId("topendskin")));
     Rectangle place = driver().rect(program.window());
     const Source sources[] = {
         {"form background", {250, 210}},
@@ -92,7 +92,7 @@ TEST(FrameTest, AReleaseOverAnotherControlEndsTheDrag) {
     const Rectangle place = driver().rect(program.window());
     const Point from{place.left + 350, place.top + 12};
     // In one chain: the window has not followed yet when the button comes up over the list.
-    const Point list = middleOf(driver().rect(program.control(ControlId::ds)));
+    const Point list = middleOf(driver().rect(program.control(controlId("ds"))));
     grab(program, from);
     Hands().moveTo(list).release().act();
     const Rectangle after = moved(place, list.x - from.x, list.y - from.y);
@@ -100,7 +100,7 @@ TEST(FrameTest, AReleaseOverAnotherControlEndsTheDrag) {
     Hands().moveTo({list.x + 40, list.y + 40}).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), after);
-    EXPECT_EQ(driver().ask({"send", program.control(ControlId::ds), "0x157", "0", "0"}), "0")
+    EXPECT_EQ(driver().ask({"send", program.control(controlId("ds")), "0x157", "0", "0"}), "0")
         << "the list dropped down";
 }
 
@@ -117,7 +117,7 @@ TEST(FrameTest, LosingThePointerEndsTheDrag) {
     driver().waitBox();
     Hands().moveTo({from.x + 90, from.y + 70}).act();
     dismissBox();
-    driver().waitGone(program.control(ControlId::outer));
+    driver().waitGone(program.control(controlId("outer")));
     program.awaitEndOfRun();
     // The button is still down.
     Hands().moveTo({from.x + 40, from.y + 60}).act();
@@ -148,8 +148,8 @@ TEST(FrameTest, ACancelledModeEndsTheDrag) {
 
 TEST(FrameTest, TheQuitButtonDipsUnderThePointerAndEndsTheProgram) {
     Program program;
-    const std::string quit = program.control(ControlId::isButton2);
-    const Rectangle bar = driver().rect(program.control(ControlId::topendskin));
+    const std::string quit = program.control(controlId("isButton2"));
+    const Rectangle bar = driver().rect(program.control(controlId("topendskin")));
     const Rectangle atRest = driver().rect(quit);
     EXPECT_EQ(atRest.top - bar.top, 7);  // 100 twips
     Hands().moveTo(middleOf(atRest)).act();

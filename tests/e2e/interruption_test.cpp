@@ -29,10 +29,10 @@ TEST(InterruptionTest, ASecondPressOfDownloadDoesNothing) {
     program.start("http://comic.vuilen.com/view_book_detail.php?bookid=42&chapterid=354");
     ASSERT_TRUE(proxy.asked(1));
     EXPECT_TRUE(program.addressLocked());
-    EXPECT_FALSE(driver().enabled(program.control(ControlId::isButton1)));
+    EXPECT_FALSE(driver().enabled(program.control(controlId("isButton1"))));
     pressEnterInTheBox(program);
-    program.click(ControlId::isButton1);
-    program.click(ControlId::output);
+    program.click(controlId("isButton1"));
+    program.click(controlId("output"));
     Hands().key("Return").key("Escape").key("Tab").key("space").act();
     driver().ping(program.window());
     gate.open();
@@ -59,14 +59,14 @@ TEST(InterruptionTest, ADoubleClickOnDownloadDoesNotCloseTheResult) {
     const auto tryAt = [&](Point at) {
         program.enter("http://www.veoh.com/videos/v1?");
         Hands().moveTo(at).press().release().press().release().act();
-        driver().waitVisible(program.control(ControlId::outer));
+        driver().waitVisible(program.control(controlId("outer")));
         program.expectPane("<font face='tahoma' size='2' color='red'>Download Failed !</font>");
         driver().ping(program.window());
         EXPECT_TRUE(program.areaShown());
     };
-    const Rectangle button = driver().rect(program.control(ControlId::UniXPButton1));
+    const Rectangle button = driver().rect(program.control(controlId("UniXPButton1")));
     tryAt(middleOf(button));
-    const Rectangle close = driver().rect(program.control(ControlId::isButton1));
+    const Rectangle close = driver().rect(program.control(controlId("isButton1")));
     program.closeArea();
     tryAt({std::max(button.left, close.left) + 5, button.top + 1});
 }
@@ -119,7 +119,7 @@ TEST(InterruptionTest, TheProgramEndsAtOnceDuringASilentFetch) {
         const char* name;
         std::function<void(const Program&)> act;
     } ways[] = {
-        {"quit button", [](const Program& p) { p.click(ControlId::isButton2); }},
+        {"quit button", [](const Program& p) { p.click(controlId("isButton2")); }},
         {"Alt+F4", [](const Program&) { Hands().key("alt+F4").act(); }},
         {"WM_CLOSE",
          [](const Program& p) {
@@ -177,10 +177,10 @@ TEST(InterruptionTest, TheProgramEndsUnderAMenuOrABox) {
          [&](const Program& program) {
              program.start("http://www.veoh.com/videos/v669398tRxFQc4d?");
              program.awaitEndOfRun();
-             openMenu(program, ControlId::output);
+             openMenu(program, controlId("output"));
          }},
         {"menu of the address box",
-         [&](const Program& program) { openMenu(program, ControlId::linkin); }},
+         [&](const Program& program) { openMenu(program, controlId("linkin")); }},
         {"menu of the window",
          [](const Program& program) {
              Hands().key("alt+space").act();
@@ -208,14 +208,14 @@ TEST(InterruptionTest, AKeyThatHidesItsOwnControlLeavesTheWindowUsable) {
     for (const char* key : {"Return", "space"}) {
         SCOPED_TRACE(key);
         program.start("http://www.veoh.com/videos/v669398tRxFQc4d?");
-        const std::string close = program.control(ControlId::isButton1);
+        const std::string close = program.control(controlId("isButton1"));
         ASSERT_NO_THROW(program.awaitEndOfRun());
         Hands().key("Tab").act();
         ASSERT_TRUE(eventually([&] {
             return driver().focus(program.window()) == driver().ask({"find", close});
         }));
         Hands().key(key).act();
-        driver().waitGone(program.control(ControlId::outer));
+        driver().waitGone(program.control(controlId("outer")));
         for (const char* character : {"0x102", "0x106"}) {
             driver().ask({"post", close, character, "120", "0"});
             ASSERT_NO_THROW(driver().ping(program.window()));

@@ -8,7 +8,7 @@ namespace velvox::e2e {
 namespace {
 
 void expectStrip(const Program& program, const std::string& text) {
-    EXPECT_NO_THROW(driver().waitPart(program.control(ControlId::Label4), text));
+    EXPECT_NO_THROW(driver().waitPart(program.control(controlId("Label4")), text));
 }
 
 TEST(NewsTest, ShowsTheSitesNewsAndLaterOthers) {

@@ -84,24 +84,24 @@ void Program::enter(const std::string& address) const {
 
 void Program::closeArea() const {
     if (!areaShown()) return;
-    click(ControlId::isButton1);
-    driver().waitGone(control(ControlId::outer));
+    click(controlId("isButton1"));
+    driver().waitGone(control(controlId("outer")));
 }
 
 void Program::start(const std::string& address) const {
     closeArea();
     enter(address);
-    click(ControlId::UniXPButton1);
-    driver().waitVisible(control(ControlId::outer));
+    click(controlId("UniXPButton1"));
+    driver().waitVisible(control(controlId("outer")));
 }
 
 void Program::expectPane(const std::string& html, Milliseconds time) const {
-    EXPECT_NO_THROW(driver().waitText(control(ControlId::output), html, time));
+    EXPECT_NO_THROW(driver().waitText(control(controlId("output")), html, time));
     EXPECT_NO_THROW(awaitEndOfRun());
 }
 
 void Program::awaitEndOfRun() const {
-    if (!eventually([&] { return driver().enabled(control(ControlId::isButton1)); }))
+    if (!eventually([&] { return driver().enabled(control(controlId("isButton1"))); }))
         throw std::runtime_error("Close is not usable");
     // The handler returns a little later. Input is dropped until then; a message that is none, and
     // that leaves a mark, waits in the queue.
@@ -114,7 +114,7 @@ void Program::awaitEndOfRun() const {
 
 void Program::startExample(int entry) const {
     closeArea();
-    const std::string list = control(ControlId::ds);
+    const std::string list = control(controlId("ds"));
     const std::string entryText = driver().items(list).at(static_cast<std::size_t>(entry));
     Hands().click(middleOf(driver().rect(list))).act();
     const std::string handle = driver().ask({"find", list});
@@ -126,7 +126,7 @@ void Program::startExample(int entry) const {
     keys.key("Home");
     for (int i = 0; i < entry; ++i) keys.key("Down");
     keys.key("Return").act();
-    const std::string example = control(ControlId::vd);
+    const std::string example = control(controlId("vd"));
     // Wherever it is written: at the label's left end.
     const Rectangle place = driver().rect(example);
     Hands().click({place.left + place.width / 8, place.top + 5}).act();
@@ -136,8 +136,8 @@ void Program::startExample(int entry) const {
                    driver().text(edit()) == driver().text(example);
         }))
         throw std::runtime_error("the example does not reach the address box");
-    click(ControlId::UniXPButton1);
-    driver().waitVisible(control(ControlId::outer));
+    click(controlId("UniXPButton1"));
+    driver().waitVisible(control(controlId("outer")));
 }
 
 void Program::chooseFromMenu(const std::string& key) const {
@@ -164,12 +164,12 @@ void Program::runByMessages(const std::string& address) const {
         driver().ask({"post", control(button), "0xF5", "0", "0"});  // BM_CLICK
     };
     enter(address);
-    press(ControlId::UniXPButton1);
-    driver().waitVisible(control(ControlId::outer));
-    driver().waitPart(control(ControlId::output), "<a href=");
+    press(controlId("UniXPButton1"));
+    driver().waitVisible(control(controlId("outer")));
+    driver().waitPart(control(controlId("output")), "<a href=");
     awaitEndOfRun();
-    press(ControlId::isButton1);
-    driver().waitGone(control(ControlId::outer));
+    press(controlId("isButton1"));
+    driver().waitGone(control(controlId("outer")));
 }
 
 void Program::tick(int timer) const {

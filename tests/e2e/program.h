@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/form1/control_ids.h"
+#include "app/form1/form1_design.h"
 #include "tests/support/example_addresses.h"
 #include "tools/drive/client/driver.h"
 #include "tools/drive/client/input.h"
@@ -31,12 +31,12 @@ class Program {
 
     const std::string& window() const { return window_; }
     std::string control(ControlId id) const;
-    std::string edit() const { return control(ControlId::linkin) + "/Edit"; }
+    std::string edit() const { return control(controlId("linkin")) + "/Edit"; }
 
     std::string address() const { return driver().text(edit()); }
     /// The whole HTML of the result pane.
-    std::string pane() const { return driver().text(control(ControlId::output)); }
-    bool areaShown() const { return driver().visible(control(ControlId::outer)); }
+    std::string pane() const { return driver().text(control(controlId("output"))); }
+    bool areaShown() const { return driver().visible(control(controlId("outer"))); }
     bool addressLocked() const { return !driver().enabled(edit()); }
     /// Whether a drag or a menu has the pointer captured.
     bool holdsPointer() const { return driver().ask({"capture", window_}) != "none"; }

@@ -42,7 +42,7 @@ TEST(SystemMenuTest, OpensByKeyIconAndTitleAndSaysWhatThisIs) {
 
 TEST(SystemMenuTest, APressBesideTheQuitButtonEndsTheProgramToo) {
     Program program;
-    const Rectangle quit = driver().rect(program.control(ControlId::isButton2));
+    const Rectangle quit = driver().rect(program.control(controlId("isButton2")));
     const Point beside{quit.left - 2, quit.top + quit.height / 2};
     Hands().moveTo(beside).press().moveTo({beside.x - 60, beside.y}).release().act();
     Hands().type("x").act();

@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "app/form1/control_ids.h"
+#include "app/form1/form1_design.h"
 #include "app/pane/result_pane_win32.h"
 #include "app/window/form1_win32.h"
 
@@ -102,7 +102,7 @@ class AccessibleNameTest : public testing::Test {
             SendMessageW(window, WM_GETOBJECT, 0, OBJID_CLIENT);
             const Spoken spoken = record_.contains(window) ? record_[window] : Spoken{};
             // The system names a list after the label before it.
-            const bool isList = GetDlgCtrlID(window) == static_cast<int>(ControlId::ds);
+            const bool isList = GetDlgCtrlID(window) == static_cast<int>(controlId("ds"));
             const HWND namesake = isList ? GetWindow(window, GW_HWNDPREV) : window;
             roles[spoken.name.empty() ? windowText(namesake) : spoken.name] = spoken.role;
         }

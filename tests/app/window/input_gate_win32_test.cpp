@@ -1,7 +1,7 @@
 // What the user does while a run of Download is under way, in a real main window.
 #include <gtest/gtest.h>
 
-#include "app/form1/control_ids.h"
+#include "app/form1/form1_design.h"
 #include "app/pane/result_pane_win32.h"
 #include "app/window/form1_win32.h"
 #include "tests/support/local_server_win32.h"
@@ -72,13 +72,13 @@ class InputGateTest : public ::testing::Test {
     HWND control(ControlId id) const {
         HWND found = nullptr;
         for (const HWND parent :
-             {window.handle(), GetDlgItem(window.handle(), static_cast<int>(ControlId::outer)),
-              GetDlgItem(window.handle(), static_cast<int>(ControlId::topendskin))})
+             {window.handle(), GetDlgItem(window.handle(), static_cast<int>(controlId("outer"))),
+              GetDlgItem(window.handle(), static_cast<int>(controlId("topendskin")))})
             if (!found) found = GetDlgItem(parent, static_cast<int>(id));
         return found;
     }
-    HWND edit() const { return GetWindow(control(ControlId::linkin), GW_CHILD); }
-    HWND paneText() const { return GetWindow(control(ControlId::output), GW_CHILD); }
+    HWND edit() const { return GetWindow(control(controlId("linkin")), GW_CHILD); }
+    HWND paneText() const { return GetWindow(control(controlId("output")), GW_CHILD); }
 
     /// A run whose page is replied to after `act`, which another thread performs.
     void run(Act act) {
@@ -121,18 +121,18 @@ TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
     InputCounter counter(window.handle());
     const std::vector<HWND> targets = {edit(),
                                        paneText(),
-                                       control(ControlId::isButton1),
-                                       control(ControlId::UniXPButton1),
-                                       control(ControlId::vd),
-                                       control(ControlId::ds)};
+                                       control(controlId("isButton1")),
+                                       control(controlId("UniXPButton1")),
+                                       control(controlId("vd")),
+                                       control(controlId("ds"))};
     run([&] {
         for (const HWND target : targets) {
             for (const WPARAM code : {VK_RETURN, VK_SPACE, VK_ESCAPE, VK_TAB, VK_DOWN})
                 key(target, code);
             click(target);
         }
-        SendMessageW(control(ControlId::UniXPButton1), BM_CLICK, 0, 0);
-        post(control(ControlId::UniXPButton1), BM_CLICK);
+        SendMessageW(control(controlId("UniXPButton1")), BM_CLICK, 0, 0);
+        post(control(controlId("UniXPButton1")), BM_CLICK);
     });
     pump.yield();
     EXPECT_EQ(counter.take(), 0);
@@ -153,7 +153,7 @@ TEST_F(InputGateTest, SpaceOnDownloadStartsOneRun) {
     window.form().linkin.Text(server.address("/youtube.com/watch?v=a"));
     window.form().UniXPButton1.mouseUp(MouseButton::Left);
     for (int stroke = 1; stroke <= 2; ++stroke) {
-        post(control(ControlId::UniXPButton1), WM_CHAR, VK_SPACE, 1);
+        post(control(controlId("UniXPButton1")), WM_CHAR, VK_SPACE, 1);
         pump.yield();
         EXPECT_EQ(requests, stroke);
         window.form().isButton1.activate();
@@ -164,14 +164,14 @@ TEST_F(InputGateTest, TheBusyPointerIsShownDuringARun) {
     const HCURSOR busy = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_WAIT));
     const PointerProbe probe;
     RECT area;
-    GetWindowRect(control(ControlId::UniXPButton1), &area);
+    GetWindowRect(control(controlId("UniXPButton1")), &area);
     SetCursorPos((area.left + area.right) / 2, (area.top + area.bottom) / 2);
     pump.yield();
     const auto pointer = [&] {
         return reinterpret_cast<HCURSOR>(SendMessageW(probe.handle(), pointerAsked, 0, 0));
     };
-    const std::vector<HWND> places = {window.handle(), paneText(), control(ControlId::Label5),
-                                      control(ControlId::isButton1), control(ControlId::web)};
+    const std::vector<HWND> places = {window.handle(), paneText(), control(controlId("Label5")),
+                                      control(controlId("isButton1")), control(controlId("web"))};
     EXPECT_NE(pointer(), busy);
     run([&] {
         EXPECT_EQ(pointer(), busy) << "the pointer stands still";

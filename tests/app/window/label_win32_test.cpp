@@ -15,7 +15,7 @@ TEST(LabelWindowTest, AClickIsAFreshKeyOrAPressAndAReleaseOnTheLink) {
     model.Move({0, 0, 1500, 300});
     int clicks = 0;
     model.Click = [&] { ++clicks; };
-    const LabelWindow label(model, form.handle(), 1, LabelWindow::Kind::Link, skin);
+    const LabelWindow label(model, form.handle(), 1, ControlKind::Link, skin);
     const auto send = [&](UINT message, WPARAM wParam, LPARAM lParam) {
         SendMessageW(label.handle(), message, wParam, lParam);
         return std::exchange(clicks, 0);

@@ -20,11 +20,12 @@ constexpr const char* singleKeys[] = {
     "Delete", "BackSpace", "ctrl+a",       "ctrl+c",   "ctrl+v",    "F10",    "shift+F10",
     "Menu",   "alt",       "shift+Insert", "alt+Down", "alt+space", "ctrl+z", "shift+Down",
 };
-constexpr std::array<ControlId, 13> clickable = {
-    ControlId::linkin,  ControlId::UniXPButton1, ControlId::ds,        ControlId::vd,
-    ControlId::outer,   ControlId::isButton1,    ControlId::isButton1, ControlId::topendskin,
-    ControlId::Label12, ControlId::Label5,       ControlId::output,    ControlId::output,
-    ControlId::web,
+const std::array<ControlId, 13> clickable = {
+    controlId("linkin"),    controlId("UniXPButton1"), controlId("ds"),
+    controlId("vd"),        controlId("outer"),        controlId("isButton1"),
+    controlId("isButton1"), controlId("topendskin"),   controlId("Label12"),
+    controlId("Label5"),    controlId("output"),       controlId("output"),
+    controlId("web"),
 };
 const std::vector<std::string> chains[] = {
     {"Tab", "Return"},

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/form1/control_ids.h"
+#include "app/form1/form1_design.h"
 
 namespace velvox::e2e {
 
@@ -39,7 +39,7 @@ struct Act {
 
     Kind kind = Kind::Pause;
     Behaviour behaviour = Behaviour::Good;
-    ControlId control = ControlId::output;
+    ControlId control = controlId("output");
     int x = 0;  ///< per mille of the window or the control, as the other three
     int y = 0;
     int toX = 0;

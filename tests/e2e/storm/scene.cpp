@@ -46,7 +46,7 @@ Scene parseScene(const std::string& look) {
         }
         if (!words) throw std::runtime_error("not a look: " + line);
     }
-    if (!scene.controls.contains(static_cast<int>(ControlId::output)))
+    if (!scene.controls.contains(static_cast<int>(controlId("output"))))
         throw std::runtime_error("the window has no controls");
     return scene;
 }

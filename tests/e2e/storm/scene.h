@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/form1/control_ids.h"
+#include "app/form1/form1_design.h"
 #include "tools/drive/client/driver.h"
 #include "tools/drive/client/input.h"
 
@@ -37,8 +37,8 @@ struct Scene {
     std::set<std::string> links;  ///< addresses of the links in it
 
     const Control& operator[](ControlId id) const { return controls.at(static_cast<int>(id)); }
-    bool areaShown() const { return (*this)[ControlId::outer].visible; }
-    bool closable() const { return (*this)[ControlId::isButton1].enabled; }
+    bool areaShown() const { return (*this)[controlId("outer")].visible; }
+    bool closable() const { return (*this)[controlId("isButton1")].enabled; }
     bool hasFocus(ControlId id) const {
         return focus == static_cast<int>(id) || focusParent == static_cast<int>(id);
     }

@@ -144,7 +144,7 @@ void Storm::expectLife(bool mayHaveEnded) {
 }
 
 void Storm::performClose(Closing way) {
-    const Point quit = middleOf(scene_[ControlId::isButton2].bounds);
+    const Point quit = middleOf(scene_[controlId("isButton2")].bounds);
     // A menu or a box takes keys and clicks for itself, and a window that is no longer in front
     // does not get them.
     const bool certain =
@@ -210,20 +210,20 @@ void Storm::expectPatience() {
 
 // Without a run and without a box, the result area can be closed, or everything it covers be used.
 void Storm::expectUsable() {
-    constexpr ControlId covered[] = {
-        ControlId::linkin,  ControlId::UniXPButton1, ControlId::ds,     ControlId::vd,
-        ControlId::Label1,  ControlId::Label6,       ControlId::Label7, ControlId::Label11,
-        ControlId::Label12, ControlId::Label13,
+    const ControlId covered[] = {
+        controlId("linkin"),  controlId("UniXPButton1"), controlId("ds"),     controlId("vd"),
+        controlId("Label1"),  controlId("Label6"),       controlId("Label7"), controlId("Label11"),
+        controlId("Label12"), controlId("Label13"),
     };
     const auto usable = [&](ControlId id) {
         // The address stays locked after a page of which the player does not arrive.
-        return scene_[id].visible && (scene_[id].enabled || id == ControlId::linkin);
+        return scene_[id].visible && (scene_[id].enabled || id == controlId("linkin"));
     };
     const auto holds = [&] {
         if (server_.awaited() || scene_.iconic || !scene_.visible) return true;
         if (!scene_.box.empty()) return scene_.areaShown();
         if (!scene_.enabled) return false;
-        if (scene_.areaShown()) return scene_[ControlId::isButton1].visible && scene_.closable();
+        if (scene_.areaShown()) return scene_[controlId("isButton1")].visible && scene_.closable();
         return std::ranges::all_of(covered, usable);
     };
     if (scene_.box.find("Please Enter A Valid URL...") == std::string::npos && !scene_.box.empty())

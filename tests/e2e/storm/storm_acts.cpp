@@ -52,10 +52,10 @@ bool onScreen(Point at) {
 
 Point Storm::placeOf(const Act& act) const {
     switch (act.kind) {
-        case Kind::Start: return middleOf(scene_[ControlId::UniXPButton1].bounds);
+        case Kind::Start: return middleOf(scene_[controlId("UniXPButton1")].bounds);
         case Kind::ClickControl: return at(scene_[act.control].bounds, act.x, act.y);
         case Kind::ClickFirstLine: {
-            Rectangle lines = scene_[ControlId::output].bounds;
+            Rectangle lines = scene_[controlId("output")].bounds;
             lines.width = firstLinesWidth;
             lines.height = firstLinesHeight;
             return at(lines, act.x, act.y);
@@ -149,9 +149,9 @@ void Storm::permitPointer(const Act& act) {
     const Point up = endOf(act);
     std::set<std::string> links;
     const auto addShown = [&](std::set<std::string>& to, Point where) {
-        if (scene_.shows(ControlId::output, where))
+        if (scene_.shows(controlId("output"), where))
             to.insert(scene_.links.begin(), scene_.links.end());
-        if (scene_.shows(ControlId::Label12, where)) to.insert(homeAddress);
+        if (scene_.shows(controlId("Label12"), where)) to.insert(homeAddress);
     };
     if (scene_.menu) {
         links = menuLinks_;
@@ -177,12 +177,12 @@ void Storm::permitPointer(const Act& act) {
 // is shown when the chain begins.
 void Storm::permitKeys(const Act& act) {
     std::set<std::string> links = scene_.menu ? menuLinks_ : scene_.links;
-    if (scene_[ControlId::Label12].visible) links.insert(homeAddress);
+    if (scene_[controlId("Label12")].visible) links.insert(homeAddress);
     int times = 0;
     if (act.kind == Kind::Hold)
         times = 1;
     else if (act.kind == Kind::Type)
-        times = scene_.menu || scene_.hasFocus(ControlId::Label12) ? 1 : 0;
+        times = scene_.menu || scene_.hasFocus(controlId("Label12")) ? 1 : 0;
     else
         times = static_cast<int>(std::ranges::count_if(act.keys, presses));
     if (times > 0 && !links.empty()) permissions_.push_back({BrowserLog::now(), times, links});
@@ -194,11 +194,11 @@ bool Storm::mayEnd(const Act& act) const {
     switch (act.kind) {
         case Kind::Keys:
             return std::ranges::any_of(act.keys, presses) &&
-                   (act.keys.size() > 1 || scene_.hasFocus(ControlId::isButton2));
+                   (act.keys.size() > 1 || scene_.hasFocus(controlId("isButton2")));
         case Kind::Hold:
-        case Kind::Type: return scene_.hasFocus(ControlId::isButton2);
+        case Kind::Type: return scene_.hasFocus(controlId("isButton2"));
         case Kind::Start: return false;
-        default: return scene_.shows(ControlId::isButton2, endOf(act));
+        default: return scene_.shows(controlId("isButton2"), endOf(act));
     }
 }
 
