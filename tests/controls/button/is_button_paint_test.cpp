@@ -272,6 +272,8 @@ TEST(ButtonPaintTest, PicturesAreTheApprovedOnes) {
             << row.style << (row.custom ? " custom" : " system") << ' '
             << testing::PrintToString(seen);
     }
+    // The corners of a large pill are no rounder than those of one 48 pixels high.
+    EXPECT_NE(Painted(lookOf(10, Normal), false, {100, 60})(12, 4), surroundings);
 }
 
 // A user who chose a grey highlight must not see the blue of selections.
