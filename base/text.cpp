@@ -50,10 +50,6 @@ struct LowerCased {
         ++at;
         return *this;
     }
-    LowerCased& operator+=(Position count) {
-        at += count;
-        return *this;
-    }
     LowerCased operator+(Position count) const { return {at + count}; }
     Position operator-(LowerCased other) const { return at - other.at; }
     auto operator<=>(const LowerCased&) const = default;

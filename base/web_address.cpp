@@ -27,7 +27,7 @@ std::string percentEncode(std::string_view text, std::string_view unsafe) {
     result.reserve(text.size());
     for (const char c : text) {
         const auto byte = static_cast<unsigned char>(c);
-        if (byte > 126 || isControl(c) || unsafe.find(c) != unsafe.npos) {
+        if (byte > 127 || isControl(c) || unsafe.find(c) != unsafe.npos) {
             result.push_back('%');
             result.push_back(hex[byte >> 4]);
             result.push_back(hex[byte & 0xF]);

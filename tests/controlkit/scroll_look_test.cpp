@@ -56,11 +56,13 @@ TEST(ScrollLookTest, SizesAreThoseOfTheDesign) {
 }
 
 TEST(ScrollLookTest, AGlyphNeverVanishesInItsFill) {
-    const tsPrivateScroll bar;
+    tsPrivateScroll bar;
     const Rgb border = rgb(128, 128, 255);
     EXPECT_EQ(lookOf(bar, ScrollPart::LessArrow, PartState::None).glyph, rgb(255, 255, 255));
     EXPECT_EQ(lookOf(bar, ScrollPart::LessArrow, PartState::Hover).glyph, border);
     EXPECT_EQ(lookOf(bar, ScrollPart::Thumb, PartState::None).glyph, border);
+    bar.ArrowColor(rgb(255, 255, 255 - 24));
+    EXPECT_NE(lookOf(bar, ScrollPart::LessArrow, PartState::Hover).glyph, border) << "just seen";
 }
 
 }  // namespace
