@@ -1,12 +1,11 @@
 #include "gallery/event_list_win32.h"
 
-#include "base/font.h"
 #include "base/system_win32.h"
 
 namespace velvox {
 
-void PlainControl::create(const WindowRequest& request) {
-    font_ = createFont(Font{});
+void PlainControl::create(const WindowRequest& request, const Font& font) {
+    font_ = createFont(font);
     SystemControl::create(request);
     SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
 }

@@ -4,15 +4,16 @@
 #include <string>
 #include <string_view>
 
+#include "base/font.h"
 #include "base/owned_win32.h"
 #include "base/window_win32.h"
 
 namespace velvox {
 
-/// A control of the system's, as it is, with the form's font.
+/// A control of the system's, as it is.
 class PlainControl : public SystemControl {
  public:
-    void create(const WindowRequest& request);
+    void create(const WindowRequest& request, const Font& font = {});
 
  private:
     std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }

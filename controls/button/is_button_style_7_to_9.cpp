@@ -190,8 +190,7 @@ void paintBrushed(PixelView face, const FacePlan& plan) {
                                  : metal;
             if (ring > 2 || off) return fill;
             // Light falls from the upper left; a pressed bevel turns round.
-            const bool upperLeft = x + y < std::min(x + (h - 1 - y), (w - 1 - x) + y) ||
-                                   std::min(x, y) < std::min(w - 1 - x, h - 1 - y);
+            const bool upperLeft = std::min(x, y) < std::min(w - 1 - x, h - 1 - y);
             const bool lit = upperLeft == upright(plan.state);
             if (ring == 1) return lit ? light : dark;
             if (showsFocus(plan)) return mixed(fill, accent, brushed::focusParts);

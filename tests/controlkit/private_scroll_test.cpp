@@ -52,22 +52,6 @@ TEST(PrivateScrollTest, ChangeComesBeforeTheStoreAndSeesTheOldValue) {
     EXPECT_EQ(bar.assigned(60.0001), (Log{"Change 60", "Value", "draw 60.0001"}));
 }
 
-TEST(PrivateScrollTest, SuppressionServesOneAssignmentThatIsNotBlocked) {
-    Recorder bar;
-    bar.BlockVS(true);
-    EXPECT_EQ(bar.assigned(1), (Log{"Value", "draw 1"}));
-    bar.BlockVS(true);
-    bar.Value(1);
-    EXPECT_EQ(bar.assigned(2), (Log{"Change 1", "Value", "draw 2"}))
-        << "an assignment of the same value uses it up";
-    bar.BlockVS(true);
-    bar.BlockValue(true);
-    EXPECT_EQ(bar.assigned(3), Log{});
-    bar.BlockValue(false);
-    EXPECT_EQ(bar.assigned(3), (Log{"Value", "draw 3"}))
-        << "a blocked assignment is ignored entirely";
-}
-
 TEST(PrivateScrollTest, ValueIsKeptWithinTheBounds) {
     Recorder bar;
     bar.Value(1000);

@@ -83,16 +83,11 @@ struct Model {
     }
 };
 
-struct Recorder : ButtonHost, ControlView {
-    explicit Recorder(isButton& shown) : button(shown) {}
-    void requestLeaveNotice() override { log += 't'; }
-    void showToolTip() override { log += 'T'; }
-    void showAbout() override {}
-    void openAddress(std::string_view) override {}
-    void follow(Aspect) override { log += static_cast<char>('0' + int(button.visualState())); }
+struct Recorder : ButtonLog {
+    explicit Recorder(isButton& shown) : ButtonLog(shown), button(shown) {}
+    void follow(Aspect) override { text += static_cast<char>('0' + int(button.visualState())); }
 
     isButton& button;
-    std::string log;
 };
 
 void happen(char what, isButton& b, Model& m) {
@@ -132,28 +127,24 @@ void button(std::string_view input) {
     const NumberedColours colours;
     isButton control("b", colours);
     Model model;
-    Recorder recorder(control);
     if (!input.empty() && input.front() == 'd') {
         ButtonAmbient design;
         design.userMode = false;
         control.ReadProperties({}, design);
         model.style = 3, model.designed = true;
     }
-    control.setHost(&recorder);
-    control.setView(&recorder);
+    Recorder recorder(control);
     control.Click = [&] {
-        recorder.log += 'C';
+        recorder.text += 'C';
         if (model.disablesItself) control.Enabled(false);
     };
-    control.MouseEnter = [&] { recorder.log += 'E'; };
-    control.MouseLeave = [&] { recorder.log += 'L'; };
     for (const char what : input) {
         happen(what, control, model);
-        require(recorder.log == model.log, "another sequence of pictures and events");
+        require(recorder.text == model.log, "another sequence of pictures and events");
         require(static_cast<int>(control.visualState()) == model.shown(), "another state");
         require(control.Value() == model.value && control.mouseInside() == model.inside,
                 "another value, or the pointer is elsewhere");
-        recorder.log.clear(), model.log.clear();
+        recorder.text.clear(), model.log.clear();
     }
 }
 

@@ -56,6 +56,7 @@ TEST(RandomEventsTest, StateMachinesKeepTheirPromises) {
         Target* target;
         int runs;
     } rows[] = {{"navigation", navigation, 10'000},
+                {"button", button, 500},
                 {"scroll", scroll, 1'000},
                 {"scroll_geometry", scroll_geometry, 1'000}};
     std::mt19937 random;

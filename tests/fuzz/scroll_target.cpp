@@ -110,7 +110,7 @@ class Bar {
             case 4: return bar_.mouseDoubleClick(at, left);
             case 5: return bar_.mouseDown(at, {MouseButton::Right});
             case 6: return bar_.mouseUp(at, {MouseButton::Right});
-            case 7: return bar_.mouseLeave();
+            case 7: leavesSeen_ = host_.leaveRequests; return bar_.mouseLeave();
             case 8: return host_.capture(false);
             case 9: return bar_.hidden();
             case 10: return bar_.tick(a % 2 ? RepeatTimer::Arrow : RepeatTimer::Track);
@@ -149,6 +149,8 @@ class Bar {
         require(!host_.period[0] || isArrow(held), "the arrows' timer");
         require(!host_.period[1] || isTrack(held), "the track's timer");
         require(host_.enabled == bar_.Enabled(), "the window's state");
+        require(!inside_ || held != ScrollPart::None || host_.leaveRequests > leavesSeen_,
+                "the pointer may leave without a report");
         require(bar_.Enabled() || (held == ScrollPart::None && !inside_), "a disabled bar in use");
         require(drawn_.value == bar_.Value(), "the value is not drawn");
         // Otherwise what has changed may wait for the next redraw.
@@ -166,6 +168,7 @@ class Bar {
     ScrollControl bar_{Axis::Vertical, host_};
     Picture drawn_ = picture();
     int changes_ = 0;
+    int leavesSeen_ = 0;  // requests up to the last report that the pointer has left
     bool inside_ = false;
     std::array<std::uint8_t, 3> armed_{};
 };

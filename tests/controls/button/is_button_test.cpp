@@ -2,93 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cctype>
-#include <map>
+#include <functional>
 #include <memory>
-#include <sstream>
-#include <type_traits>
+#include <tuple>
 #include <vector>
 
 #include "controls/button/is_button_layout.h"
 #include "tests/controls/button/is_button_fakes.h"
+#include "tests/support/property_table.h"
 
 namespace velvox {
 namespace {
 
-using namespace std::string_literals;
-
 const NumberedColours colours;
-
-void run(isButton& button, const char* steps) {
-    static const std::map<std::string, std::function<void(isButton&)>> meanings = {
-        {"enter", &isButton::pointerMoved},
-        {"leave", &isButton::pointerLeft},
-        {"click", &isButton::click},
-        {"double", &isButton::doubleClick},
-        {"activate", &isButton::activate},
-        {"focus", &isButton::gotFocus},
-        {"blur", &isButton::lostFocus},
-        {"cancel", &isButton::pressCancelled},
-        {"down", [](isButton& b) { b.mouseDown(MouseButton::Left); }},
-        {"up", [](isButton& b) { b.mouseUp(MouseButton::Left); }},
-        {"right",
-         [](isButton& b) { b.mouseDown(MouseButton::Right), b.mouseUp(MouseButton::Right); }},
-        {"off-edge", [](isButton& b) { b.pointerDragged(false); }},
-        {"on-edge", [](isButton& b) { b.pointerDragged(true); }},
-        {"press", [](isButton& b) { b.keyDown(' '), b.keyPress(' '); }},
-        {"release", [](isButton& b) { b.keyUp(' '); }},
-        {"disable", [](isButton& b) { b.Enabled(false); }},
-        {"enable", [](isButton& b) { b.Enabled(true); }},
-        {"toggle", [](isButton& b) { b.ButtonType(1); }},
-        {"untracked", [](isButton& b) { b.tracking(Tracking::None); }}};
-    std::istringstream words(steps);
-    for (std::string word; words >> word;) meanings.at(word)(button);
-}
-
-// What a user does; the fuzz target compares all other sequences with a model.
-TEST(IsButtonTest, SequencesRaiseTheirEventsAndEndInTheirState) {
-    using enum ButtonState;
-    const struct {
-        const char* steps;
-        const char* log;  // C, E, L events; t leave notice, T tool tip, "." repaint
-        ButtonState state;
-        bool value = false;
-    } table[] = {
-        {"enter enter leave enter", "t.ET.Lt.ET", Hot},
-        // One press and release: the state changes three times, and so often it is painted.
-        {"enter down up click leave", "t.ET..C.L", Normal},
-        // The right button presses nothing and makes the click void.
-        {"down up click right click", "..C", Hot},
-        {"down up click double up click", "..C..C", Hot},
-        {"down off-edge off-edge on-edge", "...", Pressed},
-        {"enter down cancel", "t.ET..", Hot},
-        // Space clicks by its character; again, since its release counts as the left button.
-        {"press release press release", ".C..CC.", Hot},
-        // The focus says nothing about a press; the window ends one that has lost its release.
-        {"down blur", "..", Pressed},
-        {"focus press release blur cancel", "..C...", Normal},
-        // A toggle button stays pressed between the clicks and takes two to come back.
-        {"toggle enter down up click leave", ".t.ET...C.L", Pressed, true},
-        {"toggle down up click down up click", "....C...C", Hot},
-        // Disabled: nothing but the hover's events and the last button.
-        {"disable down up click double press release activate", ".", Disabled},
-        {"down up disable right enable click", "....", Hot},
-        {"enter down disable up click enable", "t.ET...", Pressed},
-        // Enter, mnemonics and tools click once, whatever came before.
-        {"toggle activate activate", "..C.C", Normal},
-        // Where nothing reports the leaving there is no hot look to get stuck in.
-        {"untracked down up click", "..C", Normal},
-    };
-    for (const auto& row : table) {
-        isButton button("b", colours);
-        ButtonLog log(button);
-        run(button, row.steps);
-        EXPECT_EQ(log.text, row.log) << row.steps;
-        EXPECT_EQ(button.visualState(), row.state) << row.steps;
-        EXPECT_EQ(button.Value(), row.value) << row.steps;
-    }
-}
 
 // A designed button is hot in every style but 5, and the themes' fallback is of run time alone.
 TEST(IsButtonTest, DesignTimeAndRefusedThemes) {
@@ -108,7 +35,11 @@ TEST(IsButtonTest, DesignTimeAndRefusedThemes) {
 }
 
 TEST(IsButtonTest, HandlersMayDestroyTheButton) {
-    for (const char* const sequence : {"up click", "press", "toggle up click", "enter"}) {
+    const std::function<void(isButton&)> causes[] = {
+        [](isButton& b) { b.mouseUp(MouseButton::Left), b.click(); },
+        [](isButton& b) { b.keyPress(' '); }, [](isButton& b) { b.activate(); },
+        [](isButton& b) { b.pointerMoved(); }};
+    for (const auto& cause : causes) {
         auto button = std::make_unique<isButton>("b", colours);
         ButtonLog log(*button);
         std::string after;
@@ -116,8 +47,8 @@ TEST(IsButtonTest, HandlersMayDestroyTheButton) {
             button.reset();
             after = captured;
         };
-        run(*button, sequence);
-        EXPECT_EQ(after, std::string(64, 'x')) << sequence;
+        cause(*button);
+        EXPECT_EQ(after, std::string(64, 'x'));
     }
     auto button = std::make_unique<isButton>("b", colours);
     button->PropertyChanged = [&](std::string_view) { button.reset(); };
@@ -127,6 +58,7 @@ TEST(IsButtonTest, HandlersMayDestroyTheButton) {
 
 TEST(IsButtonTest, CaptionFlagsBreakLinesUntilTheFirstResize) {
     isButton button("b", colours);
+    EXPECT_EQ(button.place(), (Place{0, 0, 0, 0}));
     button.CaptionAlign(2);
     EXPECT_EQ(button.captionFlags(), 17U);
     button.Move({10, 20, 100, 4000});
@@ -147,85 +79,46 @@ struct Pixels : Picture {
     bool hasImage() const override { return true; }
 };
 
-template <class Kept>
-PropertyValue valueOf(const Kept& kept) {
-    if constexpr (std::is_same_v<Kept, OleColour>)
-        return static_cast<std::int32_t>(kept);
-    else
-        return kept;
-}
-template <class Kept>
-Kept keptOf(const PropertyValue& value) {
-    if constexpr (std::is_same_v<Kept, OleColour>)
-        return static_cast<OleColour>(std::get<std::int32_t>(value));
-    else
-        return std::get<Kept>(value);
-}
-
-// One stored property: how it is set, read back and seen in the picture or in the tool tip.
-struct PropertyRow {
-    const char* key;
-    const char* notified;
-    PropertyValue readDefault;
-    PropertyValue writeDefault;
-    PropertyValue sample;
-    void (*set)(isButton&, const PropertyValue&);
-    PropertyValue (*get)(const isButton&);
-    PropertyValue (*shown)(const isButton&);
-};
-#define PROPERTY(member, key, notified, readDefault, writeDefault, sample, shown)   \
-    PropertyRow {                                                                   \
-        key, notified, readDefault, writeDefault, sample,                           \
-            [](isButton& b, const PropertyValue& value) {                           \
-                b.member(keptOf<std::remove_cvref_t<decltype(b.member())>>(value)); \
-            },                                                                      \
-            [](const isButton& b) { return valueOf(b.member()); },                  \
-            []([[maybe_unused]] const isButton& b) { return PropertyValue(shown); } \
-    }
+using testing::Property;
+using testing::property;
 
 const auto sys = NumberedColours::of;
-const std::int32_t system16 = static_cast<std::int32_t>(systemColour(16));
 const PicturePtr pixels = std::make_shared<Pixels>();
-const Font ambientFont{.name = "Ambient"};
-const PropertyValue always;  // no default: it is always written
-const PropertyValue hidden;  // neither picture nor tool tip shows it
 
-// In stored order.
-const PropertyRow propertyRows[] = {
-    PROPERTY(Icon, "Icon", "Icon", PicturePtr(), always, pixels, b.look().icon),
-    PROPERTY(Style, "Style", "Style", 3, 3, 9, b.look().style),
-    PROPERTY(Caption, "Caption", "Caption", "isButton"s, ""s, "cap"s, b.look().caption),
-    PROPERTY(IconSize, "IconSize", "IconSize", 16, 16, 32, b.look().iconSize),
-    PROPERTY(CaptionAlign, "CaptionAlign", "CaptionAlign", 0, 0, 4, hidden),
-    PROPERTY(IconAlign, "IconAlign", "IconAlign", 1, 0, 2, b.look().iconAlign),
-    PROPERTY(NonThemeStyle, "iNonThemeStyle", "NonThemeStyle", 5, 5, 7, hidden),
-    PROPERTY(Enabled, "Enabled", "Enabled", true, true, false,
-             b.visualState() != ButtonState::Disabled),
-    PROPERTY(ShowFocus, "ShowFocus", "ShowFocus", false, false, true, b.look().focusShown),
-    PROPERTY(UseCustomColors, "USeCustomColors", "UseCustomColors", false, false, true,
-             b.look().customColours),
-    PROPERTY(BackColor, "BackColor", "BackColor", sys(15), sys(15), system16,
-             b.look().colours.back),
-    PROPERTY(HighlightColor, "HighlightColor", "HighlightColor", sys(13), sys(13), 0xE0E0E0,
-             b.look().colours.highlight),
-    PROPERTY(FontColor, "FontColor", "FontColor", sys(18), sys(18), 0x008000,
-             b.look().colours.font),
-    PROPERTY(FontHighlightColor, "FontHighlightColor", "FontHighlightColor", sys(18), sys(18), 7,
-             b.look().colours.fontHighlight),
-    PROPERTY(ToolTip, "ToolTipText", "ToolTipText", "of the container"s, always, "tip"s,
-             b.toolTipRecord().text),
-    PROPERTY(ToolTipTitle, "Tooltiptitle", "TooltipTitle", ""s, always, "title"s,
-             b.toolTipRecord().title),
-    PROPERTY(ToolTipIcon, "ToolTipIcon", "TooltipIcon", 0, always, 2, b.toolTipRecord().icon),
-    PROPERTY(ToolTipType, "ToolTipType", "ToolTipType", 1, always, 3, b.toolTipRecord().type),
-    PROPERTY(ToolTipBackColor, "ttBackColor", "ToolTipBackColor", sys(23), sys(23), system16,
-             b.toolTipRecord().backColour.value()),
-    PROPERTY(ToolTipForeColor, "ttForeColor", "ToolTipForeColor", sys(24), sys(24), 0,
-             b.toolTipRecord().foreColour.value()),
-    PROPERTY(Font, "Font", "Font", ambientFont, always, Font{.points = 12}, b.look().font),
-    PROPERTY(ButtonType, "ButtonType", "ButtonType", 0, 0, 1, hidden),
-    PROPERTY(Value, "Value", "Value", false, false, true, hidden),
-};
+/// In stored order, each with the name that its setter notifies.
+std::vector<std::pair<const char*, Property<isButton>>> properties() {
+    using B = isButton;
+    const std::string cap = "cap", tip = "tip", title = "title";
+    const OleColour system16 = systemColour(16);
+    return {{"Icon", property("Icon", &B::Icon, &B::Icon, pixels)},
+            {"Style", property("Style", &B::Style, &B::Style, 9)},
+            {"Caption", property("Caption", &B::Caption, &B::Caption, cap)},
+            {"IconSize", property("IconSize", &B::IconSize, &B::IconSize, 32)},
+            {"CaptionAlign", property("CaptionAlign", &B::CaptionAlign, &B::CaptionAlign, 4)},
+            {"IconAlign", property("IconAlign", &B::IconAlign, &B::IconAlign, 2)},
+            {"NonThemeStyle", property("iNonThemeStyle", &B::NonThemeStyle, &B::NonThemeStyle, 7)},
+            {"Enabled", property("Enabled", &B::Enabled, &B::Enabled, false)},
+            {"ShowFocus", property("ShowFocus", &B::ShowFocus, &B::ShowFocus, true)},
+            {"UseCustomColors",
+             property("USeCustomColors", &B::UseCustomColors, &B::UseCustomColors, true)},
+            {"BackColor", property("BackColor", &B::BackColor, &B::BackColor, system16)},
+            {"HighlightColor",
+             property("HighlightColor", &B::HighlightColor, &B::HighlightColor, 0xE0E0E0)},
+            {"FontColor", property("FontColor", &B::FontColor, &B::FontColor, 0x008000)},
+            {"FontHighlightColor",
+             property("FontHighlightColor", &B::FontHighlightColor, &B::FontHighlightColor, 7)},
+            {"ToolTipText", property("ToolTipText", &B::ToolTip, &B::ToolTip, tip)},
+            {"TooltipTitle", property("Tooltiptitle", &B::ToolTipTitle, &B::ToolTipTitle, title)},
+            {"TooltipIcon", property("ToolTipIcon", &B::ToolTipIcon, &B::ToolTipIcon, 2)},
+            {"ToolTipType", property("ToolTipType", &B::ToolTipType, &B::ToolTipType, 3)},
+            {"ToolTipBackColor",
+             property("ttBackColor", &B::ToolTipBackColor, &B::ToolTipBackColor, system16)},
+            {"ToolTipForeColor",
+             property("ttForeColor", &B::ToolTipForeColor, &B::ToolTipForeColor, 0)},
+            {"Font", property("Font", &B::Font, &B::Font, Font{.points = 12})},
+            {"ButtonType", property("ButtonType", &B::ButtonType, &B::ButtonType, 1)},
+            {"Value", property("Value", &B::Value, &B::Value, true)}};
+}
 
 Aspect changeOf(std::string_view key) {
     if (key == "Caption") return Aspect::Text;
@@ -238,52 +131,53 @@ PropertyBag written(const isButton& button) {
     return bag;
 }
 
-// Each property alone: a setter stores, notifies and repaints once, in this order; what is set
-// shows, and is stored and read under its key.
-TEST(IsButtonTest, EveryPropertyIsNotifiedRepaintedShownAndStored) {
-    ButtonAmbient ambient;
-    ambient.font = ambientFont;
-    ambient.toolTipText = "of the container";
+// A setter stores, notifies and repaints once, in this order; what is set is stored and read under
+// its key and shows.
+TEST(IsButtonTest, EveryPropertyIsNotifiedRepaintedStoredAndShown) {
     isButton all("all", colours);
     std::vector<PropertyBag::Entry> stored;
-    for (const PropertyRow& row : propertyRows) {
-        SCOPED_TRACE(row.key);
+    for (const auto& [name, p] : properties()) {
+        SCOPED_TRACE(p.key);
         isButton button("b", colours);
-        button.gotFocus();
         ButtonLog log(button);
         std::string notified;
-        button.PropertyChanged = [&](std::string_view name) {
-            notified += name;
-            EXPECT_EQ(row.get(button), row.sample);
-            EXPECT_EQ(log.text, "");
+        button.PropertyChanged = [&, &p = p](std::string_view property) {
+            notified += property;
+            EXPECT_TRUE(p.isSet(button) && log.text.empty());
         };
-        row.set(button, row.sample);
-        EXPECT_EQ(notified, row.notified);
-        EXPECT_EQ(log.changes, std::vector{changeOf(row.key)});
-        const PropertyValue shown = row.shown(button);
-        const auto* number = std::get_if<std::int32_t>(&row.sample);
-        EXPECT_TRUE(shown == PropertyValue() || shown == row.sample ||
-                    (number && shown == PropertyValue(translate(OleColour(*number), colours))));
+        p.set(button);
+        EXPECT_EQ(notified, name);
+        EXPECT_EQ(log.changes, std::vector{changeOf(p.key)});
 
-        row.set(all, row.sample);
-        stored.push_back({row.key, row.sample});
-        std::string lowerCase(row.key);
+        p.set(all);
+        stored.push_back({p.key, p.value});
+        std::string lowerCase(p.key);
         for (char& c : lowerCase) c = static_cast<char>(std::tolower(c));
         isButton copy("c", colours);
-        copy.ReadProperties({{lowerCase, row.sample}}, ambient);
-        EXPECT_EQ(row.get(copy), row.sample);
-        copy.ReadProperties({}, ambient);
-        EXPECT_EQ(row.get(copy), row.readDefault);
-        const bool isAlways = row.writeDefault == always;
-        if (!isAlways) row.set(copy, row.writeDefault);
-        const PropertyBag bag = written(copy);
-        const auto isKey = [&](const auto& entry) { return entry.key == row.key; };
-        EXPECT_EQ(std::count_if(bag.entries().begin(), bag.entries().end(), isKey), isAlways);
+        copy.ReadProperties({{lowerCase, p.value}});
+        EXPECT_TRUE(p.isSet(copy));
     }
     EXPECT_EQ(written(all).entries(), stored);
+
+    EXPECT_EQ(all.visualState(), ButtonState::Disabled);
+    all.gotFocus();
+    const ButtonLook look = all.look();
+    EXPECT_TRUE(look.focusShown && look.customColours);
+    EXPECT_EQ(std::tuple(look.style, look.caption, look.icon, look.iconSize, look.iconAlign),
+              std::tuple(9, "cap", pixels, 32, 2));
+    const auto& [back, highlight, font, fontHighlight] = look.colours;
+    EXPECT_EQ(std::tuple(back, highlight, font, fontHighlight),
+              std::tuple(sys(16), 0xE0E0E0, 0x008000, 7));
+    EXPECT_EQ(look.font, Font{.points = 12});
+    const ButtonToolTip shown = all.toolTipRecord();
+    EXPECT_EQ(std::tuple(shown.text, shown.title, shown.icon, shown.type),
+              std::tuple("tip", "title", 2, 3));
+    EXPECT_EQ(std::tuple(shown.backColour, shown.foreColour), std::tuple(sys(16), 0));
 }
 
+// Two of the defaults of reading are not those of writing.
 TEST(IsButtonTest, FreshAndReadControls) {
+    using namespace std::string_literals;
     isButton button("fresh", colours);
     // Tool-tip colours that are not set are not written: as 0 they would come back black on black.
     const PropertyBag fresh{{"Icon", PicturePtr()}, {"Style", 0},         {"Caption", "fresh"s},
@@ -293,10 +187,24 @@ TEST(IsButtonTest, FreshAndReadControls) {
     EXPECT_FALSE(button.toolTipRecord().backColour || button.toolTipRecord().foreColour);
     EXPECT_FALSE(button.toolTipRecord().centred);
     ButtonLog log(button);
-    button.ReadProperties({});
+    ButtonAmbient ambient;
+    ambient.font = {.name = "Ambient"};
+    ambient.toolTipText = "of the container";
+    button.ReadProperties({}, ambient);
     EXPECT_EQ(log.changes, (std::vector{Aspect::Setting, Aspect::Text, Aspect::Enabled}));
+    const PropertyBag read{{"Icon", PicturePtr()}, {"Caption", "isButton"s},
+                           {"IconAlign", 1},       {"ToolTipText", ambient.toolTipText},
+                           {"Tooltiptitle", ""s},  {"ToolTipIcon", 0},
+                           {"ToolTipType", 1},     {"Font", ambient.font}};
+    EXPECT_EQ(written(button), read);
+    EXPECT_EQ(std::tuple(button.Style(), button.NonThemeStyle(), button.IconSize()),
+              std::tuple(3, 5, 16));
+    EXPECT_EQ(button.BackColor(), static_cast<OleColour>(sys(15)));
+    EXPECT_EQ(button.HighlightColor(), static_cast<OleColour>(sys(13)));
+    EXPECT_EQ(button.FontColor(), static_cast<OleColour>(sys(18)));
+    EXPECT_EQ(button.FontHighlightColor(), static_cast<OleColour>(sys(18)));
     EXPECT_EQ(button.toolTipRecord().backColour, 0) << "a black that is read counts as set";
-    EXPECT_EQ(button.toolTipRecord().foreColour, NumberedColours::of(InfoBackColour));
+    EXPECT_EQ(button.toolTipRecord().foreColour, sys(InfoBackColour));
     EXPECT_THROW(button.ReadProperties({{"style", "five"s}}), std::runtime_error);
 
     button.ShowFocus(true);
@@ -324,7 +232,7 @@ TEST(ButtonLayoutTest, OutlinesArePointByPointThoseOfTheirStyles) {
         {{0, 2}, {2, 0}, {77, 0}, {80, 3}, {80, 27}, {77, 30}, {4, 30}, {0, 26}}};
     for (const int style : {5, 7, 8, 9})
         EXPECT_EQ(std::get<PolygonOutline>(outlineOf(style, 80, 30)), style < 8 ? five : eight);
-    EXPECT_TRUE(std::holds_alternative<RoundOutline>(outlineOf(10, 80, 30)));
+    EXPECT_EQ(std::get<RoundOutline>(outlineOf(10, 80, 60)).ellipse, 48);
     for (const int style : {0, 4, 6, 11, -1})
         EXPECT_TRUE(std::holds_alternative<PlainOutline>(outlineOf(style, 80, 30))) << style;
 }
