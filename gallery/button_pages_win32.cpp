@@ -1,8 +1,9 @@
 #include "gallery/button_pages_win32.h"
 
+#include <algorithm>
 #include <functional>
-#include <iterator>
 #include <string>
+#include <vector>
 
 #include "app/form1/form1_design.h"
 #include "base/twips.h"
@@ -190,20 +191,29 @@ void layOutDesignTime(Sheet& sheet) {
 }
 
 void layOutMainWindow(Sheet& sheet) {
-    constexpr const char* names[] = {"UniXPButton1", "isButton1", "isButton2"};
     sheet.write({14, 14, 700, 0}, "The main window's buttons, live", true);
     sheet.write({14, 34, 700, 0}, "Press Download to enable Close, and X for the About box.");
-    isButton* buttons[3] = {};
-    SheetPlace places[3];
-    for (std::size_t i = 0; i < std::size(names); ++i) {
-        const Place& design = designOf(names[i]).place;
-        places[i] = {14 + static_cast<int>(i) * 112, 64, design.width / designTwipsPerPixel,
-                     design.height / designTwipsPerPixel};
-        buttons[i] = &sheet.add(places[i], names[i], designOf(names[i]).stored);
-        sheet.show(*buttons[i]);
+    struct Sample {
+        isButton* button;
+        SheetPlace place;
+    };
+    std::vector<Sample> samples;
+    for (const ControlDesign& design : controlDesigns()) {
+        if (design.kind != ControlKind::Button) continue;
+        const SheetPlace place = {14 + static_cast<int>(samples.size()) * 112, 64,
+                                  design.place.width / designTwipsPerPixel,
+                                  design.place.height / designTwipsPerPixel};
+        samples.push_back({&sheet.add(place, design.name, design.stored), place});
+        sheet.show(*samples.back().button);
     }
-    buttons[0]->Click = [close = buttons[1]] { close->Enabled(!close->Enabled()); };
-    buttons[2]->Click = [x = buttons[2]] { x->About(); };
+    const auto named = [&](std::string_view name) {
+        return std::ranges::find(samples, name, [](const Sample& s) { return s.button->Name(); })
+            ->button;
+    };
+    named("UniXPButton1")->Click = [close = named("isButton1")] {
+        close->Enabled(!close->Enabled());
+    };
+    named("isButton2")->Click = [x = named("isButton2")] { x->About(); };
 
     sheet.write({14, 112, 700, 0}, "In every state", true);
     struct Pose {
@@ -224,13 +234,15 @@ void layOutMainWindow(Sheet& sheet) {
     for (const Pose& pose : poses) {
         const int x = 14 + column++ * 112;
         sheet.write({x, 136, 97, 0}, pose.name);
-        for (int row = 0; row < 3; ++row) {
-            ButtonLook look = lookOf(*buttons[row], pose.state);
+        int y = 158;
+        for (const Sample& sample : samples) {
+            ButtonLook look = lookOf(*sample.button, pose.state);
             look.focused = pose.focusShown || pose.cue;
             look.focusShown = pose.focusShown;
-            SheetPlace at = places[row];
+            SheetPlace at = sample.place;
             at.x = x;
-            at.y = 158 + row * 38;
+            at.y = y;
+            y += 38;
             sheet.draw(at, look, pose.cue);
         }
     }
