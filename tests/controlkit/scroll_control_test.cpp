@@ -151,6 +151,7 @@ TEST_F(ScrollControlTest, TheThumbSitsUnderThePointerWhileTheValueIsWhole) {
 }
 
 TEST_F(ScrollControlTest, HoverIsShownUntilThePointerHasLeft) {
+    EXPECT_FALSE(bar.hasFocus());
     EXPECT_EQ(play("move 60 move 61"), "MouseHover;");
     EXPECT_EQ(bar.stateOf(ScrollPart::Thumb), PartState::Hover);
     EXPECT_EQ(bar.stateOf(ScrollPart::LessArrow), PartState::None);

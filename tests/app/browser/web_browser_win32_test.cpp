@@ -10,6 +10,8 @@
 #include <cstdlib>
 
 #include "base/runtime_failure.h"
+#include "base/system_win32.h"
+#include "base/twips.h"
 #include "tests/support/fallback_document_win32.h"
 #include "tests/support/window_fixture_win32.h"
 
@@ -257,8 +259,8 @@ TEST_F(WebBrowserTest, TheHandlerMayThrowNavigateOrDestroyTheWindow) {
 }
 
 TEST(PreviewPanelTest, ALongAddressLeavesRoomForTypeAndSize) {
-    constexpr int width = 220;
-    constexpr int height = 150;
+    const int width = MulDiv(220, screenDpi(), designDpi);
+    const int height = MulDiv(150, screenDpi(), designDpi);
     clsVirtualDC surface;
     surface.CreateMyDC(width, height);
     const PreviewPanel panel;

@@ -130,7 +130,9 @@ TEST_F(IsButtonWindowTest, CutsPaintsAndPrintsAsItsStyleSays) {
     UpdateWindow(window->handle());
     const unsigned after = window->paints();
     const ClientPrint print(window->handle());
-    EXPECT_EQ(print.at(client().cx / 2, client().cy - 2), 0xBBBBBB);
+    const int line = thinLine();
+    const int lines = (client().cy + line - 1) / line;
+    EXPECT_EQ(print.at(client().cx / 2, (lines - 2) * line), 0xBBBBBB);
     EXPECT_EQ(print.at(client().cx / 2, 0), 0x606060);
     EXPECT_EQ(window->paints(), after);
     for (const int twips : {1200, 3000}) {
@@ -138,7 +140,7 @@ TEST_F(IsButtonWindowTest, CutsPaintsAndPrintsAsItsStyleSays) {
         const int right = client().cx - 1;
         EXPECT_FALSE(regionHolds(0, 0) || regionHolds(right, 0) ||
                      regionHolds(right, client().cy - 1));
-        EXPECT_TRUE(regionHolds(1, 0) && regionHolds(right - 1, 0) && regionHolds(0, 15));
+        EXPECT_TRUE(regionHolds(line, 0) && regionHolds(right - line, 0) && regionHolds(0, 15));
     }
     model->Style(0);
     EXPECT_TRUE(regionHolds(0, 0));
