@@ -250,8 +250,8 @@ void clsVirtualDC::DrawGradient(OleColour Color1, OleColour Color2, int X, int Y
     const auto corners = gradientVertices(Color1, Color2, X, Y, Width, Height);
     TRIVERTEX vertices[] = {toPlatform(corners[0]), toPlatform(corners[1])};
     GRADIENT_RECT rectangle{0, 1};
-    GradientFill(dc_.get(), vertices, 2, &rectangle, 1,
-                 Direction == leftToRight ? GRADIENT_FILL_RECT_H : GRADIENT_FILL_RECT_V);
+    GdiGradientFill(dc_.get(), vertices, 2, &rectangle, 1,
+                    Direction == leftToRight ? GRADIENT_FILL_RECT_H : GRADIENT_FILL_RECT_V);
 }
 
 void clsVirtualDC::FillArea(const RECT& rectangle, OleColour colour) {

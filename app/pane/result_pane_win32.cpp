@@ -42,7 +42,6 @@ ResultPaneWindow::ResultPaneWindow(HWND parent, const RECT& pixels, int id, Desk
     request.parent = parent;
     request.id = id;
     create(request);
-    text_ = std::make_unique<LinkText>(handle(), textPlace(), desktop_);
 }
 
 ResultPaneWindow::~ResultPaneWindow() {
@@ -54,7 +53,7 @@ void ResultPaneWindow::DocumentHTML(std::string_view html) noexcept {
         html_ = html.substr(0, maxKeptHtml);
         colours_ = systemPaneColours();
         RichText text = toRichText(parseHtmlFragment(html), colours_);
-        if (text_->lines() > linesWorthClearing) renewText();
+        if (this->text().lines() > linesWorthClearing) renewText();
         text_->show(std::move(text));
         RedrawWindow(handle(), nullptr, nullptr,
                      RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
@@ -64,7 +63,15 @@ void ResultPaneWindow::DocumentHTML(std::string_view html) noexcept {
 }
 
 void ResultPaneWindow::systemColoursChanged() {
-    if (systemPaneColours() != colours_) DocumentHTML(std::string(html_));
+    if (text_ && systemPaneColours() != colours_) DocumentHTML(std::string(html_));
+}
+
+LinkText& ResultPaneWindow::text() const {
+    if (!text_) {
+        text_ = std::make_unique<LinkText>(handle(), textPlace(), desktop_);
+        textName_ = AccessibleName(text_->handle(), name_);
+    }
+    return *text_;
 }
 
 void ResultPaneWindow::renewText() {
@@ -77,7 +84,7 @@ void ResultPaneWindow::renewText() {
 
 void ResultPaneWindow::accessibleName(std::wstring name) {
     name_ = std::move(name);
-    textName_ = AccessibleName(text_->handle(), name_);
+    if (text_) textName_ = AccessibleName(text_->handle(), name_);
 }
 
 std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -85,9 +92,7 @@ std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, 
         case WM_GETTEXTLENGTH: return static_cast<LRESULT>(widen(html_).size());
         case WM_GETTEXT: return copyHtml(wParam, reinterpret_cast<wchar_t*>(lParam));
         case WM_SETTEXT: return FALSE;
-        case WM_SETFOCUS:
-            if (text_) SetFocus(text_->handle());
-            return 0;
+        case WM_SETFOCUS: SetFocus(text().handle()); return 0;
         case WM_SIZE:
             if (text_) {
                 const RECT place = textPlace();
@@ -108,7 +113,7 @@ std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, 
             const RECT place = textPlace();
             POINT origin;
             OffsetViewportOrgEx(dc, place.left, place.top, &origin);
-            SendMessageW(text_->handle(), WM_PRINTCLIENT, wParam, lParam);
+            SendMessageW(text().handle(), WM_PRINTCLIENT, wParam, lParam);
             SetViewportOrgEx(dc, origin.x, origin.y, nullptr);
             return 0;
         }

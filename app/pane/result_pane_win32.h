@@ -30,9 +30,9 @@ class ResultPaneWindow : public Window, public ResultPane {
     void systemColoursChanged();
 
     /// The control that shows the text; a later write may replace it by another.
-    HWND textWindow() const noexcept { return text_->handle(); }
+    HWND textWindow() const { return text().handle(); }
 
-    const std::vector<TextLink>& links() const noexcept { return text_->links(); }
+    const std::vector<TextLink>& links() const { return text().links(); }
 
     /// What screen readers call the text.
     void accessibleName(std::wstring name);
@@ -40,16 +40,17 @@ class ResultPaneWindow : public Window, public ResultPane {
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     RECT textPlace() const;
+    LinkText& text() const;
     void renewText();
     void paint(HDC dc) const;
     LRESULT copyHtml(std::size_t room, wchar_t* target) const;
 
     Desktop& desktop_;
     std::string html_;
-    PaneColours colours_;  ///< that the present content was shown with
-    std::unique_ptr<LinkText> text_;
+    PaneColours colours_;                     ///< that the present content was shown with
+    mutable std::unique_ptr<LinkText> text_;  ///< made when first used: it would delay the start
     std::wstring name_;
-    AccessibleName textName_;
+    mutable AccessibleName textName_;
 };
 
 }  // namespace velvox

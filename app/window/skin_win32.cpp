@@ -44,8 +44,8 @@ void veil(HDC dc, const RECT& area) {
     const OwnedBitmap pixel(CreateCompatibleBitmap(dc, 1, 1));
     const Selected selected(memory.get(), pixel.get());
     SetPixelV(memory.get(), 0, 0, static_cast<COLORREF>(palette::titleVeil));
-    AlphaBlend(dc, area.left, area.top, area.right - area.left, area.bottom - area.top,
-               memory.get(), 0, 0, 1, 1, {AC_SRC_OVER, 0, veilStrength, 0});
+    GdiAlphaBlend(dc, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                  memory.get(), 0, 0, 1, 1, {AC_SRC_OVER, 0, veilStrength, 0});
 }
 
 Rgb systemRgb(int index) {

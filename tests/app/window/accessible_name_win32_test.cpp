@@ -117,7 +117,8 @@ class AccessibleNameTest : public testing::Test {
 };
 
 TEST_F(AccessibleNameTest, EveryStopOfTheTabKeyHasANameAndOurClassesARole) {
-    const Form1Window form(pump_, {});
+    Form1Window form(pump_, {});
+    form.form().ShowStatus("");  // the pane's control is made when first used
     constexpr LONG button = ROLE_SYSTEM_PUSHBUTTON;
     const std::map<std::string, LONG> stops = {
         {"", ROLE_SYSTEM_LINK},  // the example, filled as the form loads
