@@ -14,7 +14,7 @@ inline constexpr UINT reflectedCommand = WM_APP + 1;
 /// Hands a notification to the child that sent it. True when there was one.
 bool reflectCommand(LPARAM child, WPARAM wParam);
 
-/// Has the parent paint what lies behind a child into the child's DC.
+/// Has the parent paint the background of a child into the child's DC.
 void paintParentBackground(HWND child, HDC dc);
 
 /// Carries out a change of place or visibility on a window.

@@ -1,4 +1,4 @@
-// Owners for COM: the apartment, interface pointers, strings, and the base of our own objects.
+// Owners for COM: the apartment, interface pointers, strings, and a base for objects.
 #pragma once
 
 #include <windows.h>

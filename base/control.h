@@ -68,7 +68,7 @@ class Control {
  protected:
     void changed(Aspect aspect);
 
-    /// Called after the size has changed, before the view is told.
+    /// Called after the size has changed, before the observer is notified.
     virtual void resized() {}
 
  private:

@@ -6,7 +6,7 @@
 
 namespace velvox {
 
-/// The pieces one behind the other, in one allocation.
+/// Concatenates the pieces in one allocation.
 inline std::string join(std::initializer_list<std::string_view> pieces) {
     std::size_t size = 0;
     for (const std::string_view piece : pieces) size += piece.size();

@@ -38,8 +38,8 @@ Rgb translateColour(OleColour colour);
 /// Whether the user has asked the system for high contrast.
 bool highContrast();
 
-/// Disables or enables a window. A disabled window keeps nobody's keys: where it has the focus,
-/// that goes on to the next stop of its form first.
+/// Disables or enables a window. A disabled window must not keep the focus: it
+/// moves to the next tab stop of the form first.
 void enableWindow(HWND window, bool enabled);
 
 /// Dots per inch that the system has for its screen.

@@ -15,7 +15,7 @@
 
 namespace velvox {
 
-/// How an error that reached the system's edge is told to the person. Set once by the program;
+/// Reports an exception that reached a callback boundary to the user. Set once by the program;
 /// without one the text goes to the debugger.
 using FailureReporter = std::function<void(std::string_view text)>;
 void setFailureReporter(FailureReporter reporter);
@@ -38,7 +38,7 @@ struct WindowRequest {
 void registerWindowClass(const wchar_t* name, UINT style = 0, HCURSOR cursor = nullptr,
                          HICON icon = nullptr, HICON smallIcon = nullptr);
 
-/// A window of one of our own classes.
+/// A window whose class this program registers.
 class Window {
  public:
     Window() = default;

@@ -24,7 +24,7 @@ void Form1::ClipVNCatcher() try {
     for (text::Position i = 1; i <= n; ++i) {
         p1 = text::find(page, "<enclosure url=", pos);
         p2 = text::find(page, ".flv", p1);
-        // From behind the opening quotation mark to the end of ".flv".
+        // From after the opening quotation mark to the end of ".flv".
         const auto url = text::slice(page, p1 + 15 + 1, ((p2 - p1) - 15) + 3);
         ketqua.append(join({"<a href='", url, "'><font face='tahoma' size='2'>Download Clip ",
                             count, "</a><br></font>"}));

@@ -1,4 +1,4 @@
-// The sites that the program knows: the one table behind the site list, its examples and the
+// The sites that the program knows: the one table for the site list, its examples and the
 // Download button. To add a site, declare its catcher in app/form1/form1.h, write it in a source of
 // its own in this folder, and add a row.
 #pragma once

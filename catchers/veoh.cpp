@@ -1,4 +1,4 @@
-// Veoh pages: the site's REST interface tells a video's details, one attribute a line.
+// Veoh pages: the site's REST interface returns a video's details, one attribute a line.
 #include "base/join.h"
 #include "base/text.h"
 #include "catchers/sites.h"

@@ -19,7 +19,7 @@ void Form1::YoutubeCatcher() try {
         ketqua.Text("");
     } else {
         ShowStatus("<font face='tahoma' size='2' >Getting Preview and Download Url..</font>");
-        // Everything behind the first "=", further parameters included.
+        // Everything after the first "=", further parameters included.
         const auto p = text::find(linkin.Text(), "=");
         const auto identifier = text::slice(linkin.Text(), p + 1, text::length(linkin.Text()));
         web.Navigate(join({servers::youtube, "/v/", identifier}));

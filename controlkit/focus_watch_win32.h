@@ -6,7 +6,7 @@
 
 namespace velvox {
 
-/// Observes where the keyboard focus goes, since windows report that to nobody but themselves.
+/// Observes where the keyboard focus goes, which only the window concerned is notified of.
 class FocusWatch {
  public:
     /// Invokes `moving` when a window of this thread is about to get the focus. The callback may

@@ -100,7 +100,7 @@ class GalleryWindow : public Window {
         if (number >= pages_.size())
             throw RuntimeFailure(Fault::InvalidCall, "There is no such page");
         SendMessageW(list_->handle(), LB_SETCURSEL, number, 0);
-        // The page before goes with everything on it: pages are made anew each time.
+        // Destroys the previous page; pages are recreated on every visit.
         pages_ = galleryPages();
         host_ = std::make_unique<PageHost>(handle());
         pages_[number]->create(host_->handle());
@@ -149,7 +149,7 @@ int run(int show) {
     const OleScope com;
     const Options options = readOptions();
     if (!options.file.empty())
-        // A script waits for the program: nobody is there to close a message box.
+        // A script waits for the program: no user is there to close a message box.
         setFailureReporter([](std::string_view text) {
             std::fprintf(stderr, "velvox-gallery: %.*s\n", static_cast<int>(text.size()),
                          text.data());

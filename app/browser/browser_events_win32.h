@@ -26,7 +26,7 @@ class BrowserEvents final : public ComDispatch<> {
     void dispatch(DISPID id, const DISPPARAMS& parameters);
     bool isTop(const VARIANT& frame) const noexcept;
 
-    IUnknown* control_;  // borrowed: its identity tells the top document from a frame
+    IUnknown* control_;  // borrowed: its identity distinguishes the top document from a frame
     NavigationTracker* tracker_;
     std::function<void()> changed_;
 };

@@ -20,7 +20,7 @@ void Form1::UniXPButton1_Click() {
     ketqua.Text("");
     bool matched = false;
     for (const Site& site : sites) {
-        // The box is read afresh for each test: a catcher may have changed its text.
+        // The box is read again for each test: a catcher may have changed its text.
         if (!site.catcher || !text::contains(linkin.Text(), join({site.host, site.path}))) continue;
         (this->*site.catcher)();
         matched = true;

@@ -1,4 +1,4 @@
-// YouTube and Metacafe redirect their player to an address that tells where the media file is:
+// YouTube and Metacafe redirect their player to an address that contains the media file's:
 // when the preview browser arrives there, the link is cut out of that address.
 #include "base/join.h"
 #include "base/text.h"

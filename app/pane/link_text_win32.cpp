@@ -152,7 +152,7 @@ std::optional<LRESULT> LinkText::onEvent(UINT message, WPARAM wParam, LPARAM lPa
             return DLGC_WANTARROWS | (enter && currentLink() ? DLGC_WANTMESSAGE : 0);
         }
         case WM_SETFOCUS:
-            // Coming by Tab, a person sees at once that there is something to open.
+            // Coming by Tab, the user sees at once that there is something to open.
             if (GetKeyState(VK_TAB) < 0 && !currentLink() && !links_.empty())
                 select(links_.front());
             return std::nullopt;

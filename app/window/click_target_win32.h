@@ -6,11 +6,11 @@
 
 namespace velvox {
 
-/// A place behind a small button that is clicked like it: what misses the button by a little. It
+/// A larger click target below a small button, for clicks that miss it by a little. It
 /// shows its parent's background and takes no focus.
 class ClickTarget : public Window {
  public:
-    /// `pixels` is the place in the parent, behind all its other children.
+    /// `pixels` are the bounds in the parent, below all its other children.
     ClickTarget(HWND parent, const RECT& pixels, std::function<void()> click);
     ~ClickTarget() override;
 

@@ -35,7 +35,7 @@ void WindowsDesktop::endProgram() {
     // ended.
     if (window_) ShowWindow(window_, SW_HIDE);
     TerminateProcess(GetCurrentProcess(), 0);
-    ExitProcess(0);  // tells the compiler that nothing comes back
+    ExitProcess(0);  // for the compiler: does not return
 }
 
 }  // namespace velvox

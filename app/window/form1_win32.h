@@ -1,5 +1,5 @@
 // The main window on the screen: one window of class Form1 with a child for every control that a
-// person can read or use. It decides nothing; Form1 does.
+// user can read or use. All logic is in Form1.
 #pragma once
 
 #include <memory>

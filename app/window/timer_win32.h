@@ -66,7 +66,7 @@ class WindowTimer : public ControlView {
 
     void restart() {
         running_ = wanted();
-        // Setting it anew also starts its interval anew.
+        // Setting it again also restarts its interval.
         if (running_ != 0)
             SetTimer(window_, id_, running_, nullptr);
         else

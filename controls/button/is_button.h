@@ -23,7 +23,7 @@ enum class ButtonState : std::int8_t { Normal = 1, Hot = 2, Pressed = 3, Disable
 /// Which entry point reports that the pointer has left a window.
 enum class Tracking : std::int8_t { None, UserInterface, CommonControls };
 
-/// What a container tells the controls it holds.
+/// Ambient properties supplied by the container.
 struct ButtonAmbient {
     bool userMode = true;  ///< false while the form is designed
     Font font;
@@ -74,7 +74,7 @@ class ButtonHost {
     /// Asks for one notice of the pointer's leaving.
     virtual void requestLeaveNotice() = 0;
 
-    /// Makes the tool tip anew from the button's record.
+    /// Recreates the tool tip from the button's record.
     virtual void showToolTip() = 0;
 
     /// The modal About box.
@@ -189,7 +189,7 @@ class isButton : public Control {
     /// shows that a release will do nothing.
     void pointerDragged(bool over);
     /// No release will follow: focus or capture moved to another window, or the button became
-    /// hidden or disabled. Ends the pressed look, and a hot look that a key has left behind.
+    /// hidden or disabled. Ends the pressed look, and a hot look that a key has left.
     void pressCancelled();
     /// The visual styles did not draw: at run time NonThemeStyle becomes Style.
     void themeRefused();

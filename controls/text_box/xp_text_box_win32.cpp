@@ -44,7 +44,7 @@ std::int32_t bytesOf(std::string_view text, DWORD units) {
     return static_cast<std::int32_t>(bytes);
 }
 
-// Characters: an EDIT's own limit where nobody sets one.
+// Characters: an EDIT's default limit.
 constexpr std::int32_t maxPasted = 30'000;
 
 /// What an EDIT of one line pastes of a text.

@@ -29,7 +29,7 @@ TEST(ClipVNCatcherTest, ListsEveryEnclosureUnderTheNumberOfAll) {
              "<enclosure url=\"http://a/1.flv\" /> <enclosure url=\"" + evil +
                  "\"/><enclosure url=\"http://a/3.flv\"",
              link("http://a/1.flv", 3) + link(evil, 3) + link("http://a/3.flv", 3)),
-         run("the next file is looked for behind the last one",
+         run("the next file is looked for after the last one",
              "<enclosure url=\"a.jpg\"/><enclosure url=\"b.flv\"/><enclosure url=\"c.flv\"/>",
              link("a.jpg\"/><enclosure url=\"b.flv", 2) + link("c.flv", 2)),
          run("no quotation mark: the first character goes", "<enclosure url=http://a/1.flv>",

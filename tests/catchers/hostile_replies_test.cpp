@@ -49,7 +49,7 @@ const Attack attacks[] = {
     {"servers without video", &Form1::GoogleCatcher, "", "http://vp.video.google.com", {"", "*"}},
 };
 
-/// Runs a catcher and tells how many seconds of the processor it took: other programs do not count.
+/// Runs a catcher and returns the seconds of processor time it took: other programs do not count.
 double timeOf(Form1Fixture& fixture, void (Form1::*catcher)(),
               const std::vector<std::string>& replies) {
     fixture.log.recording = false;

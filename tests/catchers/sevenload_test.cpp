@@ -5,7 +5,7 @@ namespace {
 
 const std::string address = "http://en.sevenload.com/videos/AbCdEfG-some-title";
 const std::string goodPage = ");<script>fo.addVariable(\"sess\", \"x1y2\");</script>";
-// The file stands behind the first "url" with a quote, in any case, up to the next ".flv".
+// The file follows the first "url" with a quote, in any case, up to the next ".flv".
 const std::string file = "a.FLV\"'><script>.flv";
 const std::string reply = "b.flv url=c.flv uRL=\"" + file + " url=\"d.flv";
 

@@ -1,4 +1,4 @@
-// What a person may paste instead of an address. The window survives it and serves the next one.
+// What a user may paste instead of an address. The window survives it and serves the next one.
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"

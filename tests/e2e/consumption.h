@@ -33,7 +33,7 @@ long privateKb(pid_t program);
 /// Time on a processor since the program's start.
 Milliseconds processorTime(pid_t program);
 
-/// The Wine server and the display's server of this session: children of our own parent, as
+/// The Wine server and the display's server of this session: children of the parent process, as
 /// tools/with-session starts them all. Throws std::runtime_error.
 pid_t wineServer();
 pid_t displayServer();

@@ -28,7 +28,7 @@ std::string arrivedLink(const std::string& address) {
     return "<a href='" + address + "'><font face='tahoma' size=2>Download</font></a>";
 }
 
-// What a person does: choose the site, click the example, press Download, close the area. The
+// What a user does: choose the site, click the example, press Download, close the area. The
 // address box stays locked after the catchers that leave it so; the example is copied all the same.
 TEST(ExamplesTest, EachSiteYieldsItsLinks) {
     const struct {

@@ -125,7 +125,7 @@ TEST(FrameTest, LosingThePointerEndsTheDrag) {
     EXPECT_EQ(driver().rect(program.window()), taken);
     Hands().release().act();
     settle(program);
-    // It can be dragged anew.
+    // It can be dragged again.
     const Point again{taken.left + 350, taken.top + 12};
     grab(program, again);
     Hands().moveTo({again.x - 15, again.y + 25}).release().act();

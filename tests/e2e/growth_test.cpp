@@ -1,4 +1,4 @@
-// Nothing is left behind by runs and ticks: a short form of what e2e_figures does at length.
+// Runs and ticks leak nothing: a short form of what e2e_figures does at length.
 #include <gtest/gtest.h>
 
 #include "tests/e2e/consumption.h"

@@ -112,7 +112,7 @@ TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
     EXPECT_TRUE(program.addressLocked());
 }
 
-// While a page is awaited the program ends at once, by whatever it is told to.
+// While a page is awaited the program ends at once, however it is closed.
 TEST(InterruptionTest, TheProgramEndsAtOnceDuringASilentFetch) {
     const Proxy proxy([](const Exchange& to) { to.staySilent(); });
     const struct {

@@ -180,7 +180,7 @@ struct RecordingView : ControlView {
     std::map<Aspect, std::function<void()>> records;
 };
 
-/// The address box's inner box, without a person who selects anything.
+/// The address box's inner box, without a user who selects anything.
 struct AddressView : Logging, TextBoxView {
     AddressView(EffectLog& effects, TextBox& followed) : Logging(effects), box(followed) {}
 

@@ -16,7 +16,7 @@ TEST(SkinnedFrameTest, TitleBarFollowsTheWidth) {
     EXPECT_EQ(form.skinbar.place(), (Place{480, 0, 8000 - 1020, form.skinbar.Height()}));
     EXPECT_EQ(form.topendskin.place(), (Place{8000 - 540, 0, 540, form.topendskin.Height()}));
 
-    // Too narrow: the bar keeps its width, the steps behind it are still made.
+    // Too narrow: the bar keeps its width, the steps after it are still made.
     form.Width(2000);
     form.topendskin.Left(5);
     form.Width(1019);

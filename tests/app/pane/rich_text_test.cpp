@@ -14,7 +14,7 @@ RichText written(std::string_view html) {
     return toRichText(parseHtmlFragment(html), {});
 }
 
-// The stream behind its tables and first settings.
+// The stream after its tables and first settings.
 std::string body(const RichText& text) {
     constexpr std::string_view start = "\\pard\\f0\\fs20 ";
     const auto at = text.rtf.find(start);

@@ -1,4 +1,4 @@
-// A person's hands: real pointer, keys and clipboard of the display.
+// Simulated user input: real pointer, keys and clipboard of the display.
 #pragma once
 
 #include <string>
