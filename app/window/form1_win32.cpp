@@ -2,56 +2,24 @@
 
 #include <windowsx.h>
 
-#include <array>
-#include <vector>
-
-#include "app/browser/web_browser_win32.h"
 #include "app/form1/form1_design.h"
 #include "app/form1/given_address.h"
 #include "app/form1/skin_palette.h"
-#include "app/pane/result_pane_win32.h"
 #include "app/resource.h"
-#include "app/window/click_target_win32.h"
-#include "app/window/combo_box_win32.h"
-#include "app/window/label_win32.h"
-#include "app/window/picture_box_win32.h"
+#include "app/window/form1_children_win32.h"
 #include "app/window/program.h"
-#include "app/window/timer_win32.h"
-#include "base/accessible_name_win32.h"
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
 #include "base/clipboard_win32.h"
 #include "base/mouse_win32.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
-#include "controls/button/is_button_win32.h"
-#include "controls/text_box/xp_text_box_win32.h"
 
 namespace velvox {
 namespace {
 
-int idOf(std::string_view name) {
-    return static_cast<int>(controlId(name));
-}
-
 RECT designPixels(std::string_view name) {
     return toPixels(designOf(name).place);
-}
-
-// The pieces of the title bar that are no windows are drawn by the form, which repaints as they
-// move.
-struct RepaintingView : ControlView {
-    explicit RepaintingView(HWND owner) : window(owner) {}
-    void follow(Aspect) override { InvalidateRect(window, nullptr, FALSE); }
-    HWND window;
-};
-
-// 24 pixels at 96 dots an inch, which a finger or an unsteady hand hits.
-RECT quitPlace() {
-    constexpr int margin = 30;
-    const Place button = designOf("isButton2").place;
-    return toPixels({button.left - margin, button.top - margin, button.width + 2 * margin,
-                     button.height + 2 * margin});
 }
 
 // Between the word Status and the right edge of the pane.
@@ -71,12 +39,6 @@ RECT openingPlace(SIZE size) {
     return {left, top, left + size.cx, top + size.cy};
 }
 
-// What a screen reader says for a caption: without the colon and blanks at its end.
-std::wstring spokenOf(std::string_view label) {
-    const std::string_view caption = designOf(label).text.caption;
-    return widen(caption.substr(0, caption.find_last_not_of(" :") + 1));
-}
-
 // Whether a window and all its parents up to `form` are visible and enabled. Windows outside the
 // form, such as a drop-down list, look after themselves.
 bool canTakeKeys(HWND window, HWND form) {
@@ -87,99 +49,6 @@ bool canTakeKeys(HWND window, HWND form) {
 }
 
 }  // namespace
-
-// The boxes that hold the pane and the preview come before the form that uses these, and the form
-// before the windows that follow its controls.
-struct Form1Window::Children {
-    explicit Children(Form1Window& owner)
-        : window(owner.handle()),
-          topendskin(designOf("topendskin"), window, idOf("topendskin"),
-                     skinPainter(owner, Skin::Piece::RightEnd)),
-          Picture1(designOf("Picture1"), window, idOf("Picture1"),
-                   skinPainter(owner, Skin::Piece::NewsStrip)),
-          outer(designOf("outer"), window, idOf("outer"),
-                [&owner](HDC dc, const RECT& client) { owner.paintResultArea(dc, client); }),
-          output(outer.handle(), designPixels("output"), idOf("output"), owner.desktop_),
-          web(outer.handle(), designPixels("web"), idOf("web"), owner.session_, owner.limits_),
-          form({owner.transfer_, output, web, owner.desktop_, owner, owner.colours_,
-                twipsPerInch / screenDpi()}),
-          titleView(window),
-          timers{{{form.Timer1, window, 1},
-                  {form.Timer4, window, 4},
-                  {form.Timer5, window, 5},
-                  {form.Timer6, window, 6},
-                  {form.Timer7, window, 7}}} {
-        for (const ControlDesign& design : controlDesigns()) create(design, owner);
-        quitTarget.emplace(topendskin.handle(), quitPlace(), [this] { form.isButton2.activate(); });
-        outer.onVisible = [&owner](bool visible) { owner.coverControls(visible); };
-        output.accessibleName(spokenOf("Label3"));
-        // The list is named by the label before it; these have no such label.
-        names = {{{linkin->editHandle(), spokenOf("Label1")},
-                  {web.handle(), spokenOf("Label2"), ROLE_SYSTEM_PANE},
-                  {handle("isButton2"), L"Quit"}}};
-    }
-
-    static PictureBoxWindow::Painter skinPainter(const Form1Window& owner, Skin::Piece piece) {
-        return [&skin = owner.skin_, piece](HDC dc, const RECT& client) {
-            skin.draw(dc, piece, client);
-        };
-    }
-
-    HWND handle(std::string_view name) const {
-        const std::string_view parent = name.empty() ? name : designOf(name).parent;
-        return parent.empty() ? window : GetDlgItem(handle(parent), idOf(name));
-    }
-
-    // A window that follows the control. Windows with the same parent are created in the order of
-    // the tab key.
-    void create(const ControlDesign& design, const Form1Window& owner) {
-        const HWND parent = handle(design.parent);
-        const int id = idOf(design.name);
-        switch (design.kind) {
-            case ControlKind::Form:
-            case ControlKind::Pane:
-            case ControlKind::Preview: break;
-            case ControlKind::TitlePiece: form.control(design.name).setView(&titleView); break;
-            case ControlKind::Box:
-                for (PictureBoxWindow* box : {&topendskin, &Picture1, &outer})
-                    if (GetDlgCtrlID(box->handle()) == id) box->bind(model<PictureBox>(design));
-                break;
-            case ControlKind::Address:
-                linkin = &add<XPTextBoxWindow>(form.linkin, parent, id, owner.colours_);
-                break;
-            case ControlKind::Button:
-                add<isButtonWindow>(model<isButton>(design), parent, id);
-                break;
-            case ControlKind::List: add<ComboBoxWindow>(form.ds, parent, id); break;
-            default: add<LabelWindow>(model<Label>(design), parent, id, design.kind, owner.skin_);
-        }
-    }
-
-    template <class Model>
-    Model& model(const ControlDesign& design) {
-        return dynamic_cast<Model&>(form.control(design.name));
-    }
-
-    template <class View, class... Arguments>
-    View& add(Arguments&&... arguments) {
-        auto view = std::make_unique<View>(std::forward<Arguments>(arguments)...);
-        View& added = *view;
-        windows.push_back(std::move(view));
-        return added;
-    }
-
-    HWND window;
-    PictureBoxWindow topendskin, Picture1, outer;
-    ResultPaneWindow output;
-    WebBrowserWindow web;
-    Form1 form;
-    RepaintingView titleView;
-    std::vector<std::unique_ptr<ControlView>> windows;
-    XPTextBoxWindow* linkin = nullptr;  ///< one of them
-    std::optional<ClickTarget> quitTarget;
-    std::array<WindowTimer, 5> timers;
-    std::array<AccessibleName, 3> names;
-};
 
 Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     : pump_(pump),

@@ -1,0 +1,68 @@
+// What is inside the main window: the form and a window for each of its controls.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/browser/web_browser_win32.h"
+#include "app/form1/form1_design.h"
+#include "app/pane/result_pane_win32.h"
+#include "app/window/click_target_win32.h"
+#include "app/window/form1_win32.h"
+#include "app/window/picture_box_win32.h"
+#include "app/window/timer_win32.h"
+#include "base/accessible_name_win32.h"
+#include "controls/text_box/xp_text_box_win32.h"
+
+namespace velvox {
+
+/// The boxes that hold the pane and the preview come before the form that uses these, and the form
+/// before the windows that follow its controls.
+struct Form1Window::Children {
+    explicit Children(Form1Window& owner);
+
+    /// The window of a control; the form's own for an empty name.
+    HWND handle(std::string_view name) const;
+
+    // The pieces of the title bar that are no windows are drawn by the form, which repaints as they
+    // move.
+    struct RepaintingView : ControlView {
+        explicit RepaintingView(HWND owner) : window(owner) {}
+        void follow(Aspect) override { InvalidateRect(window, nullptr, FALSE); }
+        HWND window;
+    };
+
+    HWND window;
+    PictureBoxWindow topendskin, Picture1, outer;
+    ResultPaneWindow output;
+    WebBrowserWindow web;
+    Form1 form;
+    RepaintingView titleView;
+    std::vector<std::unique_ptr<ControlView>> windows;
+    XPTextBoxWindow* linkin = nullptr;  ///< one of them
+    std::optional<ClickTarget> quitTarget;
+    std::array<WindowTimer, 5> timers;
+    std::array<AccessibleName, 3> names;
+
+ private:
+    void create(const ControlDesign& design, const Form1Window& owner);
+
+    template <class Model>
+    Model& model(const ControlDesign& design) {
+        return dynamic_cast<Model&>(form.control(design.name));
+    }
+
+    template <class View, class... Arguments>
+    View& add(Arguments&&... arguments) {
+        auto view = std::make_unique<View>(std::forward<Arguments>(arguments)...);
+        View& added = *view;
+        windows.push_back(std::move(view));
+        return added;
+    }
+};
+
+}  // namespace velvox
