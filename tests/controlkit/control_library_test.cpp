@@ -3,6 +3,7 @@
 
 #include "controlkit/fast_collection.h"
 #include "controlkit/list_item.h"
+#include "controlkit/private_scroll.h"
 #include "controlkit/sort.h"
 
 namespace velvox {
@@ -44,6 +45,19 @@ TEST(ControlLibraryTest, ListItem) {
     rows.Add(item, item.key);
     rows.Item("C:\\notes.txt").selected = true;
     EXPECT_TRUE(rows.Item(1).selected);
+}
+
+TEST(ControlLibraryTest, ScrollModel) {
+    std::string changes;
+    tsPrivateScroll model(Axis::Horizontal);
+    model.Max(400);
+    model.Change = [&](const FixedPoint& Value) { changes += Value.text() + " "; };
+    model.Value(60);
+    model.BlockVS(true);  // the next assignment raises no Change
+    model.Value(80);
+    model.BlockValue(true);  // until it is released
+    model.Value(100);
+    EXPECT_EQ(changes + model.Value().text(), "50 80");
 }
 
 }  // namespace
