@@ -25,8 +25,8 @@ class Fetch {
  public:
     explicit Fetch(HttpTransfer& transfer) : transfer_(transfer) {}
 
-    /// Takes the steps that are due and keeps a failure for `advance`. True past the deadline.
-    bool isOverdue() noexcept {
+    /// Takes the steps that are due. A failure is kept for `advance`.
+    bool isOver() noexcept {
         // A tick comes every 100 ms: several steps each, so that a page does not take minutes.
         constexpr int stepsOfATick = 16;
         try {
@@ -35,7 +35,7 @@ class Fetch {
         } catch (...) {
             failure_ = std::current_exception();
         }
-        return Clock::now() >= transfer_.deadline();
+        return done_ || failure_ || Clock::now() >= transfer_.deadline();
     }
 
     bool advance() {
@@ -76,7 +76,7 @@ std::string WinHttpTransfer::OpenURL(std::string_view address) {
                         std::chrono::duration_cast<milliseconds>(
                             Clock::now() - (transfer.deadline() - limits_.time)),
                         limits_.time});
-        whileWaiting_([&] { return fetch.isOverdue(); });
+        whileWaiting_([&] { return fetch.isOver(); });
         lastPoll = Clock::now();
     }
     return transfer.takeBody();

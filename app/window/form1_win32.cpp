@@ -55,7 +55,7 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
       input_(pump, [this](HWND window) { return inputTargetOf(window); }),
       desktop_(pump),
       limits_(limits),
-      transfer_(session_, limits, [&pump](const auto& isOverdue) { pump.serveInput(isOverdue); }) {
+      transfer_(session_, limits, [&pump](const auto& isOver) { pump.serveInput(isOver); }) {
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     const auto icon = [&](int width, int height) {
         return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(IDI_VELVOX), IMAGE_ICON,

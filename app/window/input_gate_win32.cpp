@@ -95,6 +95,7 @@ void InputGate::run(const std::function<void()>& handler) {
     if (running() || (message != 0 && message == lastStart_)) return;
     lastStart_ = message;
     filter_.setRunning(true);
+    pump_.setRunning(true);
     const struct End {
         InputGate& gate;
         ~End() {
@@ -102,6 +103,7 @@ void InputGate::run(const std::function<void()>& handler) {
             gate.pump_.serveInput();
             gate.pointer_.reset();
             gate.filter_.setRunning(false);
+            gate.pump_.setRunning(false);
         }
     } end{*this};
     pointer_.emplace();

@@ -52,12 +52,12 @@ void leaveModalLoop() noexcept {
     if (info.hwndMoveSize) PostMessageW(info.hwndMoveSize, WM_LBUTTONUP, 0, 0);
 }
 
-// `serveInput` leaves timers in the queue, so that this one ticks only inside a loop of the
-// system's that it has entered.
+// Ticks in the loop of a menu or of a move by keys, and ends that loop when the caller's wait is
+// over.
 class ModalLoopTimer {
  public:
-    explicit ModalLoopTimer(const std::function<bool()>& isOverdue)
-        : isOverdue_(isOverdue),
+    explicit ModalLoopTimer(const std::function<bool()>& isOver)
+        : isOver_(isOver),
           outer_(std::exchange(current, this)),
           id_(SetTimer(nullptr, 0, periodMs, &ModalLoopTimer::tick)) {}
     ModalLoopTimer(const ModalLoopTimer&) = delete;
@@ -72,7 +72,7 @@ class ModalLoopTimer {
 
     static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) noexcept {
         try {
-            if (current && current->isOverdue_()) leaveModalLoop();
+            if (current && current->isOver_()) leaveModalLoop();
         } catch (...) {
             reportCurrentFailure();
         }
@@ -80,7 +80,7 @@ class ModalLoopTimer {
 
     static inline ModalLoopTimer* current = nullptr;  // of the thread of the user interface
 
-    const std::function<bool()>& isOverdue_;
+    const std::function<bool()>& isOver_;
     ModalLoopTimer* outer_;
     UINT_PTR id_;
 };
@@ -131,17 +131,19 @@ void MessagePump::quit(int exitCode) {
 
 void MessagePump::yield() {
     if (serving_ || inForeignTick_) return;
+    const std::function<bool()> soon = [] { return true; };
+    std::optional<ModalLoopTimer> timer;
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (running_ && !timer) timer.emplace(soon);
         if (message.message == WM_QUIT) return quit(static_cast<int>(message.wParam));
         dispatch(message);
     }
 }
 
-void MessagePump::serveInput(const std::function<bool()>& isOverdue) {
+void MessagePump::serveInput(const std::function<bool()>& isOver) {
     const ValueScope serving(serving_, true);
-    std::optional<ModalLoopTimer> timer;
-    if (isOverdue) timer.emplace(isOverdue);
+    const ModalLoopTimer timer(isOver);
     MSG message;
     // WM_QUIT comes whatever the range.
     const auto dispatchAll = [&](UINT first, UINT last, UINT flags, int most) {

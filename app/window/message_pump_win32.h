@@ -25,11 +25,14 @@ class MessagePump {
     /// Handles all waiting messages, then returns. Inside `serveInput` it does nothing.
     void yield();
 
+    /// While a run is under way, a loop of the system's that starts in `yield` is soon ended.
+    void setRunning(bool running) { running_ = running; }
+
     /// Handles waiting input, system commands, closing and painting, then returns. All other
     /// messages stay in the queue: to those, the thread is blocked. While a loop of the system's,
-    /// such as that of an open menu, keeps this from returning, `isOverdue` is called every 100 ms;
+    /// such as that of an open menu, keeps this from returning, `isOver` is called every 100 ms;
     /// once it returns true that loop is ended.
-    void serveInput(const std::function<bool()>& isOverdue = {});
+    void serveInput(const std::function<bool()>& isOver = [] { return true; });
 
     /// Runs the handler of a timer's message. A menu, a message box or a scroll bar that is held
     /// has a loop of its own, which lets timers tick as well: a yield in such a tick does nothing,
@@ -48,6 +51,7 @@ class MessagePump {
     bool ownTimer_ = false;  ///< this pump's message to a timer is being dispatched
     bool inForeignTick_ = false;
     bool serving_ = false;
+    bool running_ = false;
     bool quitting_ = false;
     int exitCode_ = 0;
 };
