@@ -45,7 +45,7 @@ TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
     EXPECT_NO_THROW(driver().waitGone(program.control(controlId("outer"))));
     // What is typed next replaces the address. Input during the run would be dropped.
     program.awaitEndOfRun();
-    Hands().type("x").act();
+    driver().ask({"post", program.edit(), "0x102", "120", "0"});  // WM_CHAR
     EXPECT_NO_THROW(driver().waitText(program.edit(), "x"));
 
     for (const char* address :

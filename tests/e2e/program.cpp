@@ -65,8 +65,19 @@ Program::Program(const std::set<std::string>& before, const Network& network,
     : process_({places::wine(), file}, {proxyVariable(network)}), window_(newMainWindow(before)) {
     // Its first message is answered once the window has been painted.
     driver().ping(window_);
-    // Keys go to the display's focused window, which it becomes a little later.
-    if (!eventually([] { return focusedTitle() == title; }))
+    awaitKeyboard();
+}
+
+bool Program::takeKeyboard() {
+    if (focusedTitle() == title) return true;
+    outputOf({"sh", "-c",
+              "xdotool search --onlyvisible --name '^Velvox 1.00$' windowfocus > /dev/null 2>&1 || "
+              "true"});
+    return false;
+}
+
+void Program::awaitKeyboard() {
+    if (!eventually(takeKeyboard))
         throw std::runtime_error("the program does not get the keyboard");
 }
 
@@ -180,6 +191,7 @@ std::string dismissBox() {
     const std::string titleAndText = driver().waitBox();
     Hands().key("Return").act();
     driver().waitGone(messageBox);
+    Program::awaitKeyboard();
     return titleAndText;
 }
 

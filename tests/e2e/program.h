@@ -42,6 +42,10 @@ class Program {
     bool holdsPointer() const { return driver().ask({"capture", window_}) != "none"; }
 
     void click(ControlId id) const;
+    /// Gives the display's focus, where keys go, to the window, as a window manager does: without
+    /// one it is nowhere after a message box. Whether the window had it already.
+    static bool takeKeyboard();
+    static void awaitKeyboard();
     /// Puts a text into the address box without the clipboard.
     void enter(const std::string& address) const;
     /// Hides the result area if it is shown.

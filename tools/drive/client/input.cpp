@@ -15,10 +15,13 @@ constexpr Milliseconds toolTime{60'000};
 class Xdotool {
  public:
     // Returns once the display has taken the events: the answer to the question comes after them.
+    // A question about a window would send the keys that follow to that one, as events that are not
+    // those of a keyboard.
     void perform(const std::string& events) {
-        process_.write(events + "\ngetmouselocation\n");
+        process_.write(events + "\ngetdisplaygeometry\n");
         const std::string answer = process_.readLine(toolTime);
-        if (!answer.starts_with("x:")) throw std::runtime_error(events + " -> " + answer);
+        if (answer.find_first_not_of("0123456789 ") != answer.npos)
+            throw std::runtime_error(events + " -> " + answer);
     }
 
  private:
