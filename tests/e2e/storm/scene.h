@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "app/form1/form1_design.h"
@@ -45,6 +46,14 @@ struct Scene {
     /// Whether a point on the screen lies on a control that is shown.
     bool shows(ControlId id, Point at) const;
     bool running() const { return areaShown() && !closable(); }
+    /// But for what moves by itself.
+    bool sameMode(const Scene& other) const {
+        const auto mode = [](const Scene& s) {
+            return std::tuple(s.visible, s.enabled, s.iconic, s.menu, s.moving, s.list, s.capture,
+                              s.focus, s.focusParent, s.box, s.areaShown(), s.closable());
+        };
+        return mode(*this) == mode(other);
+    }
     /// Nothing stands between the user and the window.
     bool clear() const { return !menu && !moving && !list && !capture && !iconic && box.empty(); }
 };

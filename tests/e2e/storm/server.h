@@ -20,11 +20,14 @@ class StormServer {
     void behave(Behaviour behaviour) { behaviour_ = behaviour; }
     /// As long as the lock lives, no reply begins: what is awaited stays so.
     std::unique_lock<std::shared_mutex> hold() { return std::unique_lock(replies_); }
-    /// The number of the longest awaited page, nothing when none is.
+    /// The number of the page that a run certainly waits for: asked for last and not long ago. A
+    /// connection of which the program has given up the page may stay open.
     std::optional<long> awaited() const;
-    /// Runs of which the first page was asked for.
+    /// Pages asked for.
+    long requests() const;
     /// Addresses asked for last, a line each.
     std::string lastAddresses() const;
+    /// Runs of which the first page was asked for.
     int runs() const { return runs_; }
 
  private:
@@ -35,9 +38,10 @@ class StormServer {
     std::atomic<int> runs_ = 0;
     std::shared_mutex replies_;
     mutable std::mutex mutex_;
-    std::set<long> awaited_;
     std::set<std::string> redirected_;
-    long next_ = 0;
+    long requests_ = 0;
+    bool replied_ = true;  ///< to the last of them
+    Clock::time_point lastRequest_;
     Proxy proxy_;  // the last: its threads use the rest
 };
 

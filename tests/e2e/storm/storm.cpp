@@ -55,6 +55,7 @@ void Storm::startProgram() {
     atStart_ = consumptionOf(program().process().id(), program().window());
     browser_.take();
     permissions_.clear();
+    buttonDown_ = false;
     ending_ = false;
     mayChange_ = true;
     runsSeen_ = server_.runs();
@@ -94,10 +95,26 @@ void Storm::perform(const Act& act) {
 
 void Storm::observe() {
     const bool menuBefore = scene_.menu;
-    scene_ = parseScene(driver().ask({"look", program().window()}));
+    scene_ = settledScene();
     if (scene_.areaShown()) scene_.html = program().pane();
     scene_.links = linksOf(scene_.html);
     if (scene_.menu && !menuBefore) menuLinks_ = scene_.links;
+}
+
+// A message that is sent overtakes input: the window has dealt with the latter when nothing changes
+// from one message to the next.
+Scene Storm::settledScene() const {
+    constexpr int maxLooks = 5;
+    const auto look = [&] { return parseScene(driver().ask({"look", program().window()})); };
+    Scene scene = look();
+    for (int i = 1; i < maxLooks; ++i) {
+        driver().holds({"ping", program().window(), "200"});
+        Scene next = look();
+        const bool settled = next.sameMode(scene);
+        scene = std::move(next);
+        if (settled) break;
+    }
+    return scene;
 }
 
 Milliseconds Storm::machineTime() const {
@@ -132,11 +149,11 @@ void Storm::expectLife(bool mayHaveEnded) {
     if (!code) {
         try {
             observe();
-            return;
+            if (scene_.visible) return;
         } catch (const std::runtime_error&) {  // its windows are going away
-            code = exitSoon();
-            if (!code) throw Broken("the program has no window and does not end");
         }
+        code = exitSoon();
+        if (!code) throw Broken("the program has no window and does not end");
     }
     if (*code != 0) throw Broken("the program ended with code " + std::to_string(*code));
     if (!mayHaveEnded) throw Broken("the program ended by itself");
@@ -148,13 +165,16 @@ void Storm::performClose(Closing way) {
     // A menu or a box takes keys and clicks for itself, and a window that is no longer in front
     // does not get them.
     const bool certain =
-        way == Closing::Message ||
-        (scene_.clear() && scene_.focus != 0 && (way != Closing::QuitButton || onScreen(quit)));
+        way == Closing::Message || (scene_.clear() && scene_.focus != 0 && !buttonDown_ &&
+                                    (way != Closing::QuitButton || onScreen(quit)));
     switch (way) {
         case Closing::QuitButton:
             if (onScreen(quit)) Hands().click(quit).act();
             break;
-        case Closing::AltF4: Hands().key("alt+F4").act(); break;
+        case Closing::AltF4:
+            if (scene_.clear()) Program::takeKeyboard();
+            Hands().key("alt+F4").act();
+            break;
         case Closing::Message: post(program().window(), "0x10", "0"); break;
         case Closing::SystemCommand: post(program().window(), "0x112", "0xF060"); break;
     }
@@ -195,15 +215,13 @@ void Storm::expectNothingFromTheRun(const Scene& before) {
     runsSeen_ = runs;
 }
 
-// A page is given up in time. Only an open menu and a move by keys, which the user sees, hold a run
-// up.
+// A page is given up in time, whatever the window does.
 void Storm::expectPatience() {
-    const auto awaited = server_.awaited();
-    const bool waiting = scene_.running() && awaited && !scene_.menu && !scene_.moving;
-    if (!waiting || awaited_ != awaited) {
-        awaited_ = waiting ? awaited : std::nullopt;
-        awaitedSince_ = machineTime();
-    } else if (machineTime() - awaitedSince_ > pageTime + answerTime) {
+    const long requests = server_.requests();
+    if (!scene_.running() || requests != requestsSeen_) {
+        requestsSeen_ = requests;
+        lastProgress_ = machineTime();
+    } else if (machineTime() - lastProgress_ > pageTime + answerTime) {
         throw Broken("a page that does not come is not given up");
     }
 }
@@ -220,17 +238,23 @@ void Storm::expectUsable() {
         return scene_[id].visible && (scene_[id].enabled || id == controlId("linkin"));
     };
     const auto holds = [&] {
-        if (server_.awaited() || scene_.iconic || !scene_.visible) return true;
+        if (server_.awaited() || scene_.iconic) return true;
         if (!scene_.box.empty()) return scene_.areaShown();
         if (!scene_.enabled) return false;
         if (scene_.areaShown()) return scene_[controlId("isButton1")].visible && scene_.closable();
         return std::ranges::all_of(covered, usable);
     };
-    if (scene_.box.find("Please Enter A Valid URL...") == std::string::npos && !scene_.box.empty())
+    // The second one is an entry of Wine's system menu, the third one a button in that.
+    constexpr const char* expected[] = {"Please Enter A Valid URL...", "About Wine",
+                                        "Wine License"};
+    const auto named = [&](const char* text) { return scene_.box.find(text) != std::string::npos; };
+    if (!scene_.box.empty() && std::ranges::none_of(expected, named))
         throw Broken("a message box: " + scene_.box);
+    // The box of Wine's own takes time to appear.
+    const Milliseconds time = scene_.enabled ? answerTime : 5 * answerTime;
     const Milliseconds start = machineTime();
     while (!holds()) {
-        if (machineTime() - start >= answerTime)
+        if (machineTime() - start >= time)
             throw Broken(scene_.areaShown() ? "the result area cannot be closed"
                                             : "a control that was covered is not usable");
         std::this_thread::sleep_for(pollingPause);
@@ -241,14 +265,17 @@ void Storm::expectUsable() {
 void Storm::calmDown() {
     server_.behave(Behaviour::Good);
     Hands().release(1).release(2).release(3).letGo("Return").letGo("space").act();
+    buttonDown_ = false;
     bool restored = false;
     const bool calm = eventually([&] {
         expectLife(ending_);
         if (scene_.iconic && !std::exchange(restored, true))
             post(program().window(), "0x112", "0xF120");
-        if (!scene_.box.empty()) Hands().key("Return").act();
+        // The first one closes a menu, the second one leaves its mode.
         if (scene_.menu || scene_.moving || scene_.list || scene_.capture)
-            Hands().key("Escape").act();
+            Hands().key("Escape").key("Escape").act();
+        else if (!scene_.box.empty())
+            Hands().key("Return").act();
         return scene_.clear() && !scene_.running() && !server_.awaited();
     });
     if (!calm)
@@ -259,15 +286,17 @@ void Storm::calmDown() {
 
 void Storm::expectHealth() {
     calmDown();
+    Program::awaitKeyboard();
     program().closeArea();
-    const std::string address = exampleAddresses[3];
     program().expectGoodRun();
     for (const char* example : exampleAddresses) program().runByMessages(example);
     expectNothingOpened();
     const Consumption now = consumptionOf(program().process().id(), program().window());
     std::ostringstream difference;
     difference << "at the start: " << atStart_ << "\nnow: " << now;
-    constexpr int objects = 20;
+    // The system keeps up to 40 fonts, brushes, pens and bitmaps of the first menus, boxes and
+    // tips: after 1,000 acts on one program there are no more than after 300.
+    constexpr int objects = 45;
     constexpr long kilobytes = 16 * 1024;
     if (now.gdi > atStart_.gdi + objects || now.user > atStart_.user + objects ||
         now.files > atStart_.files + objects || now.threads > atStart_.threads + objects ||

@@ -64,6 +64,7 @@ class Storm {
     bool mayEnd(const Act& act) const;
 
     void observe();
+    Scene settledScene() const;
     void expectLife(bool mayHaveEnded);
     void expectAnswer();
     void expectNothingOpened();
@@ -87,11 +88,12 @@ class Storm {
     std::list<Permission> permissions_;
     std::set<std::string> pressedLinks_;  ///< shown when the button went down
     std::set<std::string> menuLinks_;     ///< shown when the menu opened
+    bool buttonDown_ = false;             ///< by an act that has not released it
     bool mayChange_ = false;              ///< an act outside a run since the last run began
     bool ending_ = false;                 ///< an act that may end the program is still on its way
     int runsSeen_ = 0;
-    std::optional<long> awaited_;  ///< the page that a run waits for
-    Milliseconds awaitedSince_{0};
+    long requestsSeen_ = 0;
+    Milliseconds lastProgress_{0};  ///< of a run
     StormCount count_;
 };
 

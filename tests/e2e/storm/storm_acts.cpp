@@ -71,6 +71,9 @@ Point Storm::endOf(const Act& act) const {
 void Storm::carryOut(const Act& act) {
     const Point down = placeOf(act);
     const std::string& window = program().window();
+    const bool keys = act.kind == Kind::Keys || act.kind == Kind::Hold || act.kind == Kind::Type ||
+                      act.kind == Kind::Paste;
+    if (keys && scene_.clear()) Program::takeKeyboard();
     Hands hands;
     switch (act.kind) {
         case Kind::Start:
@@ -81,8 +84,14 @@ void Storm::carryOut(const Act& act) {
         case Kind::Click:
         case Kind::ClickControl:
         case Kind::ClickFirstLine: pressAndRelease(down, act.button, act.count); break;
-        case Kind::Press: hands.moveTo(down).press(act.button).act(); break;
-        case Kind::Release: hands.moveTo(down).release(act.button).act(); break;
+        case Kind::Press:
+            hands.moveTo(down).press(act.button).act();
+            buttonDown_ = true;
+            break;
+        case Kind::Release:
+            hands.moveTo(down).release(act.button).act();
+            buttonDown_ = false;
+            break;
         case Kind::Drag: {
             const Point to = endOf(act);
             const Point half{(down.x + to.x) / 2, (down.y + to.y) / 2};

@@ -17,8 +17,8 @@ std::uint64_t firstSeed = 1;
 std::size_t actsOfEach = 200;
 std::uint64_t seeds = 3;
 
-constexpr std::size_t shownActs = 8;
-constexpr std::chrono::minutes shorteningTime{2};
+constexpr std::size_t shownActs = 20;
+constexpr std::chrono::seconds shorteningTime{40};
 
 /// Carries them out on a program of its own; what breaks, if anything, and after how many acts.
 struct Outcome {
@@ -46,6 +46,13 @@ Outcome run(BrowserLog& browser, std::span<const Act> acts) {
     }
     if (storm) outcome.count = storm->count();
     return outcome;
+}
+
+std::string endOf(const std::vector<std::string>& trace) {
+    std::string text;
+    for (const std::string& line : std::span(trace).last(std::min(shownActs, trace.size())))
+        text += "    " + line + '\n';
+    return text;
 }
 
 /// The shortest end of the acts that breaks the same on a fresh program, by doubling and halving;
@@ -79,19 +86,13 @@ TEST(StormTest, NothingAUserDoesHangsMisfiresOrRunsAway) {
                   << outcome.count.opened << " links opened, " << spent.count() << " ms"
                   << std::endl;
         if (outcome.problem.empty()) continue;
-        std::ostringstream trace;
-        for (const std::string& line :
-             std::span(outcome.trace).last(std::min(shownActs, outcome.trace.size())))
-            trace << "    " << line << '\n';
-        std::ostringstream tail;
-        for (const Act& act : shortestFailingTail(browser, std::span(acts).first(outcome.performed),
-                                                  outcome.problem))
-            tail << "    " << describe(act) << '\n';
         ADD_FAILURE() << "seed " << seed << ", act " << outcome.performed << ": " << outcome.problem
                       << "\nthe last acts:\n"
-                      << trace.str()
-                      << "\nthe shortest end of the acts that breaks a fresh program:\n"
-                      << tail.str();
+                      << endOf(outcome.trace);
+        std::cout << "the shortest end of the acts that breaks a fresh program:" << std::endl;
+        for (const Act& act : shortestFailingTail(browser, std::span(acts).first(outcome.performed),
+                                                  outcome.problem))
+            std::cout << "    " << describe(act) << std::endl;
     }
 }
 
