@@ -25,6 +25,10 @@ PaneColours systemPaneColours() {
     PaneColours colours;
     colours.background = static_cast<Rgb>(GetSysColor(COLOR_WINDOW));
     colours.link = static_cast<Rgb>(GetSysColor(COLOR_HOTLIGHT));
+    // The red of failures is what it is on a light background, and dim on a dark one.
+    const Rgb black = rgb(0, 0, 0), white = rgb(255, 255, 255);
+    if (contrast(white, colours.background) > contrast(black, colours.background))
+        colours.plainContrast = textContrast;
     if (highContrast()) colours.linkContrast = colours.plainContrast = highTextContrast;
     return colours;
 }

@@ -179,6 +179,7 @@ TEST_F(ScrollControlTest, AHandlerMayDisableTheBarAtAnyPoint) {
 }
 
 TEST_F(ScrollControlTest, WheelTurnsAddUpToNotches) {
+    EXPECT_EQ(play("wheel 119 wheel -119"), "");
     EXPECT_EQ(play("wheel 240"), "MouseWheel 1;Scroll 47;MouseWheel 1;Scroll 44;");
     // Turned back, the rest of the other way is forgotten.
     const std::pair<const char*, double> rows[] = {

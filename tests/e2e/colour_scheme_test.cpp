@@ -1,5 +1,5 @@
 // What the user can read in the system's colours, measured on the screen. Each test has a session
-// of its own with a file of tools/schemes; in another one it holds as well, but says little.
+// of its own with a file of tools/schemes.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -88,6 +88,11 @@ void expectAllLegible(const Program& program, double leastOfAll) {
                    {"Close", controlId("isButton1"), designed},
                    {"news", controlId("Label4")}},
                   leastOfAll);
+    program.closeArea();
+    program.start("http://www.veoh.com/videos/v000000gone0000");
+    EXPECT_TRUE(eventually([&] { return program.pane().find("color=") != std::string::npos; }));
+    program.awaitEndOfRun();
+    expectLegible(program, {{"failure", controlId("output")}}, leastOfAll);
 }
 
 TEST(DarkSchemeTest, EveryTextCanBeRead) {
