@@ -44,7 +44,10 @@ void ComboBoxWindow::follow(Aspect aspect) {
         followPlace(handle(), model_, aspect);
 }
 
-std::optional<LRESULT> ComboBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM) {
+std::optional<LRESULT> ComboBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    // Wine's class takes F4 for the list even with Alt, which ends the program.
+    if (message == WM_SYSKEYDOWN && wParam == VK_F4)
+        return DefWindowProcW(handle(), message, wParam, lParam);
     if (message != reflectedCommand) return std::nullopt;
     if (HIWORD(wParam) == CBN_SELCHANGE) model_.ListIndex(ComboBox_GetCurSel(handle()));
     return 0;
