@@ -38,6 +38,8 @@ struct Scene {
     std::set<std::string> links;  ///< addresses of the links in it
 
     const Control& operator[](ControlId id) const { return controls.at(static_cast<int>(id)); }
+    /// The message box of an address that matches nothing is shown.
+    bool refuses() const { return box.find("Please Enter A Valid URL...") != std::string::npos; }
     bool areaShown() const { return (*this)[controlId("outer")].visible; }
     bool closable() const { return (*this)[controlId("isButton1")].enabled; }
     bool hasFocus(ControlId id) const {

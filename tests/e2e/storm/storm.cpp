@@ -74,10 +74,12 @@ void Storm::perform(const Act& act) {
         const bool running = before.running();
         const auto awaited = server_.awaited();
         const auto time = BrowserLog::now();
-        permit(act);
+        permit(act, time);
         const bool mayHaveEnded = mayEnd(act);
         carryOut(act);
         expectLife(mayHaveEnded);
+        // A run may have ended while the keys came: the later ones open what it has shown.
+        if (running && !scene_.running()) permit(act, time);
         // In a run that is still waiting for the same page, the act must do nothing later either.
         if (running && awaited && server_.awaited() == awaited)
             std::erase_if(permissions_, [&](const Permission& p) { return p.time >= time; });
@@ -237,19 +239,16 @@ void Storm::expectUsable() {
         // The address stays locked after a page of which the player does not arrive.
         return scene_[id].visible && (scene_[id].enabled || id == controlId("linkin"));
     };
+    // Those of Wine's system menu come up without a run.
+    if (!scene_.box.empty() && !scene_.refuses() && scene_.box.find("Wine") == std::string::npos)
+        throw Broken("a message box: " + scene_.box);
     const auto holds = [&] {
         if (server_.awaited() || scene_.iconic) return true;
-        if (!scene_.box.empty()) return scene_.areaShown();
+        if (!scene_.box.empty()) return scene_.areaShown() || !scene_.refuses();
         if (!scene_.enabled) return false;
         if (scene_.areaShown()) return scene_[controlId("isButton1")].visible && scene_.closable();
         return std::ranges::all_of(covered, usable);
     };
-    // The second one is an entry of Wine's system menu, the third one a button in that.
-    constexpr const char* expected[] = {"Please Enter A Valid URL...", "About Wine",
-                                        "Wine License"};
-    const auto named = [&](const char* text) { return scene_.box.find(text) != std::string::npos; };
-    if (!scene_.box.empty() && std::ranges::none_of(expected, named))
-        throw Broken("a message box: " + scene_.box);
     // The box of Wine's own takes time to appear.
     const Milliseconds time = scene_.enabled ? answerTime : 5 * answerTime;
     const Milliseconds start = machineTime();

@@ -58,9 +58,9 @@ class Storm {
 
     void carryOut(const Act& act);
     void performClose(Closing way);
-    void permit(const Act& act);
-    void permitPointer(const Act& act);
-    void permitKeys(const Act& act);
+    void permit(const Act& act, BrowserLog::Time since);
+    void permitPointer(const Act& act, BrowserLog::Time since);
+    void permitKeys(const Act& act, BrowserLog::Time since);
     bool mayEnd(const Act& act) const;
 
     void observe();

@@ -136,8 +136,9 @@ void Storm::carryOut(const Act& act) {
     }
 }
 
-// What of these acts may open a link: computed before they are carried out.
-void Storm::permit(const Act& act) {
+// What of these acts may open a link: computed before they are carried out, and for a
+// run that ends meanwhile again after it.
+void Storm::permit(const Act& act, BrowserLog::Time since) {
     switch (act.kind) {
         case Kind::Start:
         case Kind::Click:
@@ -145,15 +146,15 @@ void Storm::permit(const Act& act) {
         case Kind::ClickFirstLine:
         case Kind::Press:
         case Kind::Release:
-        case Kind::Drag: permitPointer(act); break;
+        case Kind::Drag: permitPointer(act, since); break;
         case Kind::Keys:
         case Kind::Hold:
-        case Kind::Type: permitKeys(act); break;
+        case Kind::Type: permitKeys(act, since); break;
         default: break;
     }
 }
 
-void Storm::permitPointer(const Act& act) {
+void Storm::permitPointer(const Act& act, BrowserLog::Time since) {
     const Point down = placeOf(act);
     const Point up = endOf(act);
     std::set<std::string> links;
@@ -179,12 +180,12 @@ void Storm::permitPointer(const Act& act) {
         }
     }
     const int times = act.kind == Kind::Drag || act.kind == Kind::Release ? 1 : act.count;
-    if (!links.empty()) permissions_.push_back({BrowserLog::now(), times, links});
+    if (!links.empty()) permissions_.push_back({since, times, links});
 }
 
 // Where the keys of a chain go cannot be known: each that presses something may open one link that
 // is shown when the chain begins.
-void Storm::permitKeys(const Act& act) {
+void Storm::permitKeys(const Act& act, BrowserLog::Time since) {
     std::set<std::string> links = scene_.menu ? menuLinks_ : scene_.links;
     if (scene_[controlId("Label12")].visible) links.insert(homeAddress);
     int times = 0;
@@ -194,7 +195,7 @@ void Storm::permitKeys(const Act& act) {
         times = scene_.menu || scene_.hasFocus(controlId("Label12")) ? 1 : 0;
     else
         times = static_cast<int>(std::ranges::count_if(act.keys, presses));
-    if (times > 0 && !links.empty()) permissions_.push_back({BrowserLog::now(), times, links});
+    if (times > 0 && !links.empty()) permissions_.push_back({since, times, links});
 }
 
 // A press of the quit button, by the pointer or by a key, and the system menu's last entry.
