@@ -4,8 +4,8 @@
 
 namespace velvox {
 
-/// A picture that a control holds. The deciding code only passes it on and asks whether there is
-/// one; the platform's own class behind it owns the pixels.
+/// A picture that a control holds. The portable code only passes it on and asks whether there is
+/// one; the platform's own class owns the pixels.
 class Picture {
  public:
     virtual ~Picture() = default;

@@ -32,7 +32,7 @@ class PropertyBag {
     PropertyBag() = default;
     PropertyBag(std::initializer_list<Entry> entries) : entries_(entries) {}
 
-    /// The stored values. Each answers `fallback` for a missing key and throws TypeMismatch for a
+    /// The stored values. Each returns `fallback` for a missing key and throws TypeMismatch for a
     /// value that cannot be read as asked. Booleans and whole numbers convert into each other
     /// (true is -1).
     bool readBool(std::string_view key, bool fallback) const;

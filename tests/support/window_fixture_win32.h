@@ -29,7 +29,7 @@ class TestForm : public Window {
 /// For something that comes at once on an idle machine.
 constexpr DWORD patience = 30'000;
 
-/// Lets messages through until `done` or the deadline; answers whether it was done.
+/// Lets messages through until `done` or the deadline; returns whether it was done.
 inline bool pumpUntil(const std::function<bool()>& done, DWORD milliseconds = patience) {
     const DWORD start = GetTickCount();
     while (!done()) {
