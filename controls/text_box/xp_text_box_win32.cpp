@@ -44,7 +44,7 @@ std::int32_t bytesOf(std::string_view text, DWORD units) {
     return static_cast<std::int32_t>(bytes);
 }
 
-// Characters: an EDIT's default limit.
+// Characters that a paste inserts into a box without a limit: an EDIT's own default.
 constexpr std::int32_t maxPasted = 30'000;
 
 /// What an EDIT of one line pastes of a text.
@@ -215,7 +215,9 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             if (model_.Locked()) break;
             if (const auto text = clipboardText(handle())) {
                 const std::string inserted = pasted ? pasted(*text) : firstLine(*text);
-                if (!inserted.empty()) insert(firstCharacters(inserted, maxPasted));
+                if (!inserted.empty())
+                    insert(model_.MaxLength() > 0 ? inserted
+                                                  : firstCharacters(inserted, maxPasted));
             }
             return 0;
         case WM_UNDO:

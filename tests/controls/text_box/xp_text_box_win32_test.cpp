@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/clipboard_win32.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
 #include "tests/support/window_fixture_win32.h"
@@ -105,14 +106,7 @@ TEST_F(XPTextBoxWindowTest, LimitCountsCharactersHoweverTheyAreEntered) {
     type(L"\xD83D\xDE00");
     EXPECT_EQ(box.Text(), std::string("x") + fourBytes);
 
-    ASSERT_TRUE(OpenClipboard(form.handle()));
-    EmptyClipboard();
-    const std::wstring text = L"\xD83D\xDE00\x1EBFz\r\nline";
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, 2 * text.size() + 2);
-    text.copy(static_cast<wchar_t*>(GlobalLock(memory)), text.size());
-    GlobalUnlock(memory);
-    SetClipboardData(CF_UNICODETEXT, memory);
-    CloseClipboard();
+    copyToClipboard(form.handle(), fourBytes + std::string(threeBytes) + "z\r\nline");
     const std::string pasted = fourBytes + std::string(threeBytes) + "z";
     for (const auto& [limit, bytes] : {std::pair{1, 4}, {2, 7}, {9, 8}, {0, 8}}) {
         box.MaxLength(limit);
@@ -120,6 +114,12 @@ TEST_F(XPTextBoxWindowTest, LimitCountsCharactersHoweverTheyAreEntered) {
         send(WM_PASTE);
         EXPECT_EQ(box.Text(), pasted.substr(0, static_cast<std::size_t>(bytes))) << limit;
     }
+    const std::string many(40'000, 'x');
+    copyToClipboard(form.handle(), many);
+    box.MaxLength(50'000);
+    box.Focus();
+    send(WM_PASTE);
+    EXPECT_EQ(box.Text().size(), many.size());
 }
 
 TEST_F(XPTextBoxWindowTest, HandlersHearOfKeysAndThePointer) {
