@@ -14,11 +14,18 @@ namespace {
 constexpr DWORD maxPath = 32'768;  // the system's longest
 
 // The dialog's library costs every start some milliseconds where it is linked.
+// False: the user has cancelled it.
 bool askForPath(OPENFILENAMEW& request) {
-    using Ask = BOOL(WINAPI*)(OPENFILENAMEW*);
-    const auto ask = findProcedure<Ask>(loadSystemLibrary(L"comdlg32.dll"), "GetSaveFileNameW");
-    if (!ask) throwLastError("LoadLibrary of comdlg32");
-    return ask(&request) != FALSE;
+    const HMODULE dialogs = loadSystemLibrary(L"comdlg32.dll");
+    const auto ask = findProcedure<decltype(&GetSaveFileNameW)>(dialogs, "GetSaveFileNameW");
+    const auto errorOf =
+        findProcedure<decltype(&CommDlgExtendedError)>(dialogs, "CommDlgExtendedError");
+    if (!ask || !errorOf) throwLastError("LoadLibrary of comdlg32");
+    if (ask(&request)) return true;
+    if (const DWORD error = errorOf(); error != 0)
+        throw RuntimeFailure(Fault::Platform, "The dialog that asks for a file has failed: error " +
+                                                  std::to_string(error));
+    return false;
 }
 
 [[noreturn]] void failToSave(const wchar_t* path) {
