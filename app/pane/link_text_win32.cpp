@@ -164,6 +164,14 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
             if (!(wParam & (MK_SHIFT | MK_CONTROL)) && beganAfterPaint())
                 pressed_ = linkUnder(point);
             return std::nullopt;
+        case WM_LBUTTONDBLCLK: {
+            // Wine leaves the selection of the last word in a state in which the next Right ends
+            // the program. Selected by position it is sound.
+            const LRESULT answer = DefSubclassProc(handle(), message, wParam, lParam);
+            const auto [begin, end] = selection();
+            setSelection(handle(), begin, end);
+            return answer;
+        }
         case WM_LBUTTONUP: release(wParam, lParam); return 0;
         case WM_RBUTTONUP: {
             POINT screen = point;

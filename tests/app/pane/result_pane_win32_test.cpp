@@ -120,6 +120,21 @@ TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
     EXPECT_FALSE(hasCaret());
 }
 
+// Wine selects the last word so that the next Right reads beyond the text and ends the program.
+TEST_F(ResultPaneTest, ADoubleClickOnTheLastWordLeavesKeysUsable) {
+    pane.DocumentHTML("<a href='http://h/1'>Download FLV</a>");
+    SetFocus(pane.handle());
+    const LPARAM word = pointAt(10);
+    click(word);
+    post(WM_LBUTTONDBLCLK, MK_LBUTTON, word);
+    release(word);
+    CHARRANGE place{};
+    send(EM_EXGETSEL, 0, at(place));
+    EXPECT_EQ(shownAt(9, static_cast<std::size_t>(place.cpMax)), "FLV");
+    EXPECT_EQ(place.cpMin, 9);
+    key(VK_RIGHT);
+}
+
 TEST_F(ResultPaneTest, KeysGoFromLinkToLinkAndEnterOpens) {
     pane.DocumentHTML(
         "<font size=2>Three links: <a href='http://h/1'>One</a> "
