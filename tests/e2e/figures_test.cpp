@@ -111,6 +111,48 @@ void printGrowth(const Program& program, int times, const std::function<void(int
     std::cout << times << " took " << since(start) << " ms\n";
 }
 
+// From the user's act to the end of the process.
+TEST(Figures, ClosingDuringASilentFetch) {
+    constexpr int tries = 20;
+    const Proxy proxy([](const Exchange& to) { to.staySilent(); });
+    const auto command = [](const Program& p, const char* number) {
+        driver().ask({"post", p.window(), "0x112", number, "0"});
+    };
+    const struct {
+        const char* name;
+        bool minimised;
+        std::function<void(const Program&)> act;
+    } ways[] = {
+        {"quit button", false, [](const Program& p) { p.click(controlId("isButton2")); }},
+        {"Alt+F4", false, [](const Program&) { Hands().key("alt+F4").act(); }},
+        {"WM_CLOSE", false,
+         [](const Program& p) {
+             driver().ask({"close", p.window()});
+         }},
+        {"WM_CLOSE, minimised", true,
+         [](const Program& p) {
+             driver().ask({"close", p.window()});
+         }},
+        {"taskbar, minimised", true, [&](const Program& p) { command(p, "0xF060"); }},
+    };
+    std::size_t asked = 0;
+    for (const auto& way : ways) {
+        Times times;
+        for (int i = 0; i < tries; ++i) {
+            Program program(Network::proxy(proxy.port()));
+            program.start("http://www.youtube.com/watch?v=abc");
+            ASSERT_TRUE(proxy.asked(++asked));
+            if (way.minimised) command(program, "0xF020");
+            driver().ping(program.window());
+            const auto start = Clock::now();
+            way.act(program);
+            ASSERT_EQ(program.process().exitWithin(Driver::patience), 0);
+            times.all.push_back(since(start));
+        }
+        std::cout << way.name << ": " << times << std::endl;
+    }
+}
+
 TEST(Figures, GrowthOfRuns) {
     constexpr int runs = 1000;
     const Proxy proxy([](const Exchange& to) { to.forward(); });

@@ -5,6 +5,7 @@
 #include <thread>
 #include <utility>
 
+#include "app/form1/home_page.h"
 #include "tools/drive/client/places.h"
 
 namespace velvox::e2e {
@@ -100,7 +101,9 @@ void Storm::observe() {
     scene_ = settledScene();
     if (scene_.areaShown()) scene_.html = program().pane();
     scene_.links = linksOf(scene_.html);
-    if (scene_.menu && !menuBefore) menuLinks_ = scene_.links;
+    if (!scene_.menu || menuBefore) return;
+    menuLinks_ = scene_.links;
+    menuLinks_.insert(std::string(homePage));  // an entry of the system menu
 }
 
 // A message that is sent overtakes input: the window has dealt with the latter when nothing changes
@@ -239,8 +242,8 @@ void Storm::expectUsable() {
         // The address stays locked after a page of which the player does not arrive.
         return scene_[id].visible && (scene_[id].enabled || id == controlId("linkin"));
     };
-    // Those of Wine's system menu come up without a run.
-    if (!scene_.box.empty() && !scene_.refuses() && scene_.box.find("Wine") == std::string::npos)
+    // Other dialogs, such as those of Wine's system menu, come up without a run.
+    if (scene_.box.starts_with("box Velvox:") && !scene_.refuses())
         throw Broken("a message box: " + scene_.box);
     const auto holds = [&] {
         if (server_.awaited() || scene_.iconic) return true;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <span>
 
@@ -102,6 +103,8 @@ TEST(StormTest, NothingAUserDoesHangsMisfiresOrRunsAway) {
 int main(int count, char** arguments) {
     testing::InitGoogleTest(&count, arguments);
     using namespace velvox::e2e;
+    // The pane's menu saves files.
+    std::filesystem::current_path(std::filesystem::temp_directory_path());
     const auto number = [&](int at, auto standard) {
         return at < count ? std::strtoull(arguments[at], nullptr, 10) : standard;
     };
