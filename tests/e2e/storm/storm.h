@@ -89,6 +89,7 @@ class Storm {
     std::set<std::string> pressedLinks_;  ///< shown when the button went down
     std::set<std::string> menuLinks_;     ///< shown when the menu opened
     bool buttonDown_ = false;             ///< by an act that has not released it
+    bool dialogSeen_ = false;             ///< other than the program's message box
     bool mayChange_ = false;              ///< an act outside a run since the last run began
     bool ending_ = false;                 ///< an act that may end the program is still on its way
     int runsSeen_ = 0;
