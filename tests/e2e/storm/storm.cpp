@@ -80,8 +80,8 @@ void Storm::perform(const Act& act) {
         const bool mayHaveEnded = mayEnd(act);
         carryOut(act);
         expectLife(mayHaveEnded);
-        // A run may have ended while the keys came: the later ones open what it has shown.
-        if (running && !scene_.running()) permit(act, time);
+        // Links may have appeared while the keys came: the later ones open them.
+        if (scene_.links != before.links) permit(act, time);
         // In a run that is still waiting for the same page, the act must do nothing later either.
         if (running && awaited && server_.awaited() == awaited)
             std::erase_if(permissions_, [&](const Permission& p) { return p.time >= time; });

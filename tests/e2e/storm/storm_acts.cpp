@@ -136,8 +136,8 @@ void Storm::carryOut(const Act& act) {
     }
 }
 
-// What of these acts may open a link: computed before they are carried out, and for a
-// run that ends meanwhile again after it.
+// What of these acts may open a link: computed before they are carried out, and for
+// links that appear meanwhile again after it.
 void Storm::permit(const Act& act, BrowserLog::Time since) {
     switch (act.kind) {
         case Kind::Start:
