@@ -47,7 +47,7 @@ Scene parseScene(const std::string& look) {
         if (!words) throw std::runtime_error("not a look: " + line);
     }
     const auto has = [&](ControlId id) { return scene.controls.contains(static_cast<int>(id)); };
-    if (!has(controlId("output")) || !has(controlId("isButton2")) || !has(controlId("linkin")))
+    if (!has(controlId("output")) || !has(controlId("topendskin")) || !has(controlId("linkin")))
         throw std::runtime_error("the window has no controls");
     return scene;
 }

@@ -208,7 +208,8 @@ bool Storm::mayEnd(const Act& act) const {
         case Kind::Hold:
         case Kind::Type: return scene_.hasFocus(controlId("isButton2"));
         case Kind::Start: return false;
-        default: return scene_.shows(controlId("isButton2"), endOf(act));
+        // A target larger than the quit button lies around it.
+        default: return scene_.shows(controlId("topendskin"), endOf(act));
     }
 }
 
