@@ -55,9 +55,16 @@ void saveTextFile(HWND owner, const wchar_t* suggestedName, std::string_view tex
 }
 
 void writeTextFile(const wchar_t* path, std::string_view text) {
-    const std::wstring partial = std::wstring(path) + L".part";
-    const HANDLE opened = CreateFileW(partial.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    // A file of the user's may have the first name.
+    constexpr int maxTries = 100;
+    std::wstring partial;
+    HANDLE opened = INVALID_HANDLE_VALUE;
+    for (int i = 1; i <= maxTries; ++i) {
+        partial = std::wstring(path) + L".part" + (i == 1 ? L"" : std::to_wstring(i));
+        opened = CreateFileW(partial.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                             FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (opened != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) break;
+    }
     if (opened == INVALID_HANDLE_VALUE) failToSave(path);
     OwnedHandle file(opened);
     DWORD written = 0;

@@ -23,17 +23,21 @@ TEST(SaveTextFileTest, ReplacesAFileOnlyByAWholeOne) {
     wchar_t folder[MAX_PATH]{};
     GetTempPathW(MAX_PATH, folder);
     const std::wstring path = std::wstring(folder) + L"saved \x1ebf.txt";
+    const std::wstring other = path + L".part";  // another file of the user's
+    writeTextFile(other.c_str(), "kept");
     writeTextFile(path.c_str(), "http://a/\r\n");
     writeTextFile(path.c_str(), "b");
     EXPECT_EQ(contentOf(path.c_str()), "b");
-    EXPECT_EQ(contentOf((path + L".part").c_str()), "no file");
+    EXPECT_EQ(contentOf(other.c_str()), "kept");
     // A file that cannot be replaced keeps its content, and nothing is left beside it.
     const HANDLE used = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                     OPEN_EXISTING, 0, nullptr);
     EXPECT_THROW(writeTextFile(path.c_str(), "c"), RuntimeFailure);
     CloseHandle(used);
     EXPECT_EQ(contentOf(path.c_str()), "b");
-    EXPECT_EQ(contentOf((path + L".part").c_str()), "no file");
+    EXPECT_EQ(contentOf(other.c_str()), "kept");
+    EXPECT_EQ(contentOf((path + L".part2").c_str()), "no file");
+    DeleteFileW(other.c_str());
     DeleteFileW(path.c_str());
     EXPECT_THROW(writeTextFile((std::wstring(folder) + L"none\\a.txt").c_str(), ""),
                  RuntimeFailure);
