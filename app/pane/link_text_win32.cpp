@@ -274,6 +274,10 @@ void LinkText::trackHover() {
 }
 
 void LinkText::showTip(POINT point) {
+    // The rest of a pointer may be reported while a menu is open: the tip would cover it.
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    if (GetGUIThreadInfo(GetCurrentThreadId(), &thread) && thread.hwndMenuOwner) return;
     const TextLink* link = linkUnder(point);
     if (!link || link == tipped_) return;
     ClientToScreen(handle(), &point);
@@ -345,8 +349,10 @@ void LinkText::perform(LinkCommand command) {
 
 // What is selected, if there is a link in it that can be opened. False: it is mere text.
 bool LinkText::copySelectedAddresses() {
-    std::string list = addressList(links_, selection());
-    if (list.empty()) return false;
+    const CharacterRange selected = selection();
+    std::string list = addressList(links_, selected);
+    // Wine's control would empty the clipboard where nothing is selected.
+    if (list.empty()) return selected.begin == selected.end;
     constexpr std::size_t lineEnd = 2;
     list.resize(list.size() - lineEnd);
     copyToClipboard(handle(), list);

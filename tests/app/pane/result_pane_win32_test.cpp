@@ -169,16 +169,18 @@ TEST_F(ResultPaneTest, KeysGoFromLinkToLinkAndEnterOpens) {
     EXPECT_FALSE(wants(VK_TAB) || wants(VK_ESCAPE));
 }
 
+// What a tip of this thread shows.
+std::string tip() {
+    HWND window = nullptr;
+    while ((window = FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr)) != nullptr)
+        if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId() &&
+            IsWindowVisible(window))
+            return windowText(window);
+    return "hidden";
+}
+
 TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
     pane.DocumentHTML("text <a href='http://h/address?a&b'>Download</a>");
-    const auto tip = [&]() -> std::string {
-        HWND window = nullptr;
-        while ((window = FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr)) != nullptr)
-            if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId() &&
-                IsWindowVisible(window))
-                return windowText(window);
-        return "hidden";
-    };
     const HCURSOR hand = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND));
     // Where the pointer goes, and what is shown of it at once and after a rest.
     for (const bool onLink : {false, true}) {
@@ -193,6 +195,12 @@ TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
     EXPECT_EQ(tip(), "hidden");
     send(WM_MOUSEHOVER, 0, pointAt(7));
     pane.DocumentHTML("something else");
+    EXPECT_EQ(tip(), "hidden");
+    // The pointer came to rest just before the menu opened: no tip over the menu.
+    pane.DocumentHTML("<a href='http://h/1'>One</a>");
+    PostMessageW(text(), WM_MOUSEHOVER, 0, pointAt(1));
+    PostMessageW(text(), WM_KEYDOWN, VK_ESCAPE, 0);
+    send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(text()), -1);
     EXPECT_EQ(tip(), "hidden");
 }
 
@@ -229,6 +237,7 @@ TEST_F(ResultPaneTest, ContextMenuOpensAndCopies) {
     EXPECT_EQ(copy(2, 7), "ne he");
     EXPECT_EQ(copy(12, 13), "http://h/1");
     EXPECT_EQ(copy(14, 17), "Two") << "an address that is not opened is not copied";
+    EXPECT_EQ(copy(2, 2), "Two") << "nothing selected: the clipboard is kept";
     choose(19, 'C', true);
     EXPECT_EQ(clipboard(), "http://h/\xC3\xA9");
     // Only web addresses are opened or copied, even if the command comes without the menu.
