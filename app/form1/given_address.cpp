@@ -7,6 +7,9 @@ namespace {
 
 constexpr std::string_view lineEnds = "\r\n";
 
+// No address is longer, and a text field takes many seconds for megabytes.
+constexpr std::size_t maxAddressBytes = 64 * 1024;
+
 std::string_view takeLine(std::string_view& text) {
     const std::string_view line = text.substr(0, text.find_first_of(lineEnds));
     text.remove_prefix(std::min(text.size(), line.size() + 1));
@@ -16,8 +19,11 @@ std::string_view takeLine(std::string_view& text) {
 }  // namespace
 
 std::string givenAddress(std::string_view text) {
-    while (!text.empty())
-        if (const std::string_view line = takeLine(text); !line.empty()) return std::string(line);
+    while (!text.empty()) {
+        const std::string_view line = takeLine(text);
+        if (line.size() > maxAddressBytes) return {};
+        if (!line.empty()) return std::string(line);
+    }
     return {};
 }
 

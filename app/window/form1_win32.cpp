@@ -278,8 +278,8 @@ void Form1Window::takeAddress(std::string_view text) {
     if (form().outer.Visible() || !form().linkin.Enabled()) return;
     const HWND address = children_->linkin->editHandle();
     SetFocus(address);
-    const int end = GetWindowTextLengthW(address);
-    Edit_SetSel(address, end, end);
+    // The next paste is the text field's own: a second one in a hurry replaces this address.
+    Edit_SetSel(address, 0, -1);
 }
 
 // Before the dialog keys: Escape closes the result area, Enter in the address box presses Download.

@@ -50,6 +50,8 @@ TEST(StartUpTest, AGivenAddressReplacesTheTextAndUncoversIt) {
         {"a b\rmore", "a b"},         {" \t\r\n ", ""},
         {"\n\n\xC3\xA9", "\xC3\xA9"}, {"", ""}};
     for (const auto& [text, address] : texts) EXPECT_EQ(givenAddress(text), address) << text;
+    EXPECT_EQ(givenAddress(std::string(100'000, 'h') + "\nhttp://a/"), "")
+        << "no address is as long";
     const std::pair<const char*, const char*> shortcuts[] = {
         {"[InternetShortcut]\r\nURL=http://a/?b=c\r\n", "http://a/?b=c"},
         {"[Other]\nURL=no\n[internetshortcut]\nIDList=\nurl= http://b/ \nURL=late", "http://b/"},
