@@ -14,7 +14,7 @@ void pasteUntil(const Program& program, const std::string& address) {
     EXPECT_TRUE(eventually([&] {
         Hands().key("End").key("shift+Home").key("ctrl+v").act();
         return program.address() == address;
-    }));
+    })) << program.address() << " for " << address;
 }
 
 TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
@@ -45,6 +45,15 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
 
     // The links that are selected, as addresses.
     Hands().key("Tab").key("shift+Tab").key("Down").key("Down").key("ctrl+c").act();
+    // All of them, as a file in the session.
+    Hands().key("shift+F10").act();
+    program.chooseFromMenu("s");
+    dismissBox();
+    EXPECT_TRUE(eventually([] {
+        const std::string saved =
+            outputOf({"sh", "-c", "find \"$WINEPREFIX\" -name addresses.txt -exec cat {} +"});
+        return saved.find(std::string(mp4) + "\r\n") != std::string::npos;
+    }));
     program.closeArea();
     pasteUntil(program, mp4);
 }

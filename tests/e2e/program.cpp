@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <set>
 #include <sstream>
 #include <stdexcept>
@@ -44,6 +45,13 @@ std::string focusedTitle() {
     return name;
 }
 
+// Where a dialog saves unless another folder is chosen: in the session, not in the checkout.
+std::string currentFolder() {
+    const char* const prefix = std::getenv("WINEPREFIX");
+    if (!prefix) throw std::runtime_error("there is no session");
+    return prefix;
+}
+
 std::string newMainWindow(const std::set<std::string>& before) {
     std::string found;
     const bool came = eventually([&] {
@@ -62,7 +70,8 @@ Program::Program(Network network, const std::string& file)
 
 Program::Program(const std::set<std::string>& before, const Network& network,
                  const std::string& file)
-    : process_({places::wine(), file}, {proxyVariable(network)}), window_(newMainWindow(before)) {
+    : process_({"env", "-C", currentFolder(), places::wine(), file}, {proxyVariable(network)}),
+      window_(newMainWindow(before)) {
     // Its first message is answered once the window has been painted.
     driver().ping(window_);
     awaitKeyboard();

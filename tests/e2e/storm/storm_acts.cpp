@@ -44,6 +44,16 @@ void pressAndRelease(Point down, int button, int times) {
     hands.act();
 }
 
+// WM_SYSCOLORCHANGE, WM_SETTINGCHANGE of the work area and in general, WM_DISPLAYCHANGE and
+// WM_THEMECHANGED.
+void announceSettings(const std::string& window, int which) {
+    constexpr struct {
+        const char* message;
+        const char* w;
+    } news[] = {{"0x15", "0"}, {"0x1A", "47"}, {"0x1A", "0"}, {"0x7E", "32"}, {"0x31A", "0"}};
+    driver().ask({"send", window, news[which].message, news[which].w, "0"});
+}
+
 }  // namespace
 
 bool onScreen(Point at) {
@@ -118,18 +128,7 @@ void Storm::carryOut(const Act& act) {
             break;
         case Kind::Minimise: driver().ask({"post", window, "0x112", "0xF020", "0"}); break;
         case Kind::Restore: driver().ask({"post", window, "0x112", "0xF120", "0"}); break;
-        case Kind::Settings: {
-            // WM_SYSCOLORCHANGE, WM_SETTINGCHANGE of the work area and in general, WM_DISPLAYCHANGE
-            // and WM_THEMECHANGED.
-            constexpr struct {
-                const char* message;
-                const char* w;
-            } news[] = {
-                {"0x15", "0"}, {"0x1A", "47"}, {"0x1A", "0"}, {"0x7E", "32"}, {"0x31A", "0"}};
-            const auto& row = news[act.count];
-            driver().ask({"send", window, row.message, row.w, "0"});
-            break;
-        }
+        case Kind::Settings: announceSettings(window, act.count); break;
         case Kind::Serve:
         case Kind::Pause:
         case Kind::Close: break;
