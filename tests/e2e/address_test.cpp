@@ -10,21 +10,26 @@ constexpr int sevenloadEntry = 2;
 constexpr const char* mp4 = "http://content.veoh.com/ipod/v669398tRxFQc4d/h669398.mp4?ct=47aa9c01";
 
 // Wine learns a little later that another program has a new clipboard.
-void pasteUntil(const Program& program, const std::string& address) {
+bool pasted(const Program& program, const std::string& address) {
+    Hands().key("End").key("shift+Home").key("ctrl+v").act();
+    return program.address() == address;
+}
+
+// Wine may miss the new clipboard on a busy machine: it is offered again.
+void pasteOffered(const Program& program, const std::string& text, const std::string& address) {
     EXPECT_TRUE(eventually([&] {
-        Hands().key("End").key("shift+Home").key("ctrl+v").act();
-        return program.address() == address;
-    })) << program.address() << " for " << address;
+        putIntoClipboard(text);
+        return eventually([&] { return pasted(program, address); }, Milliseconds(5000));
+    })) << program.address();
 }
 
 TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
     const Program program;
     const auto edit = [&] { return driver().ask({"find", program.edit()}); };
     program.enter("what was there");
-    putIntoClipboard(" \n\thttp://a/1 \r\n");
     Hands().key("Tab").act();
     ASSERT_TRUE(eventually([&] { return driver().focus(program.window()) != edit(); }));
-    pasteUntil(program, "http://a/1");
+    pasteOffered(program, " \n\thttp://a/1 \r\n", "http://a/1");
     EXPECT_EQ(driver().focus(program.window()), edit());
     // In the box it is inserted, as clean: over the address of a paste before, so that an impatient
     // second one changes nothing. What is typed stays as it is.
@@ -35,8 +40,7 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
     program.startExample(sevenloadEntry);
     EXPECT_NO_THROW(driver().waitPart(program.control(controlId("output")), "<a href="));
     program.awaitEndOfRun();
-    putIntoClipboard(exampleAddresses[3]);
-    pasteUntil(program, exampleAddresses[3]);
+    pasteOffered(program, exampleAddresses[3], exampleAddresses[3]);
     EXPECT_TRUE(program.addressLocked());
     EXPECT_FALSE(program.areaShown());
     program.click(controlId("UniXPButton1"));
@@ -55,7 +59,7 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
         return saved.find(std::string(mp4) + "\r\n") != std::string::npos;
     }));
     program.closeArea();
-    pasteUntil(program, mp4);
+    EXPECT_TRUE(eventually([&] { return pasted(program, mp4); })) << program.address();
 }
 
 }  // namespace
