@@ -13,11 +13,19 @@ namespace {
 
 using Kind = Act::Kind;
 
-constexpr Milliseconds answerTime{2000};
 constexpr Milliseconds pageTime{3000};  // of places::impatientVelvox()
 // The scene is seen a little before or after what the browser's log is compared with.
 constexpr BrowserLog::Time permissionTime{3000};
 constexpr BrowserLog::Time clockTick{20};
+
+// The window's time to answer, where each processor has one program to run, and more where they
+// have more: what it waits for, such as the start of a browser, waits for them too.
+Milliseconds answerTime() {
+    double programs = 0;
+    std::ifstream("/proc/loadavg") >> programs;
+    const double each = programs / std::max(1U, std::thread::hardware_concurrency());
+    return Milliseconds(static_cast<long>(2000 * std::max(1.0, each)));
+}
 
 // Time that the main thread of a process was ready and had no processor.
 Milliseconds waitedForProcessor(pid_t process) {
@@ -134,7 +142,7 @@ std::optional<int> Storm::exitSoon() {
     const Milliseconds start = machineTime();
     std::optional<int> code;
     while (!(code = program_->process().exitWithin(Milliseconds(50))) &&
-           machineTime() - start < answerTime) {
+           machineTime() - start < answerTime()) {
     }
     return code;
 }
@@ -143,8 +151,8 @@ void Storm::expectAnswer() {
     const Milliseconds start = machineTime();
     while (!driver().holds({"ping", program().window(), "200"})) {
         if (program_->process().exitWithin(Milliseconds(0))) return;
-        if (machineTime() - start >= answerTime)
-            throw Broken("the window does not answer within two seconds");
+        if (machineTime() - start >= answerTime())
+            throw Broken("the window does not answer in time");
     }
 }
 
@@ -228,7 +236,7 @@ void Storm::expectPatience() {
     if (!scene_.running() || requests != requestsSeen_) {
         requestsSeen_ = requests;
         lastProgress_ = machineTime();
-    } else if (machineTime() - lastProgress_ > pageTime + answerTime) {
+    } else if (machineTime() - lastProgress_ > pageTime + answerTime()) {
         throw Broken("a page that does not come is not given up");
     }
 }
@@ -255,7 +263,7 @@ void Storm::expectUsable() {
         return std::ranges::all_of(covered, usable);
     };
     // The box of Wine's own takes time to appear.
-    const Milliseconds time = scene_.enabled ? answerTime : 5 * answerTime;
+    const Milliseconds time = scene_.enabled ? answerTime() : 5 * answerTime();
     const Milliseconds start = machineTime();
     while (!holds()) {
         if (machineTime() - start >= time)
