@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string_view>
+#include <type_traits>
 
 #include "base/property_bag.h"
 #include "controlkit/scroll_settings.h"
@@ -21,26 +22,26 @@ class tsPrivateScroll {
     Axis axis() const noexcept { return axis_; }
 
     OleColour BackColor() const noexcept { return settings_.backColor; }  ///< the track
-    void BackColor(OleColour colour);
+    void BackColor(OleColour colour) { set(&ScrollSettings::backColor, colour); }
     OleColour BorderColor() const noexcept { return settings_.borderColor; }  ///< the outlines
-    void BorderColor(OleColour colour);
+    void BorderColor(OleColour colour) { set(&ScrollSettings::borderColor, colour); }
     OleColour ArrowColor() const noexcept { return settings_.arrowColor; }  ///< the arrow glyphs
-    void ArrowColor(OleColour colour);
+    void ArrowColor(OleColour colour) { set(&ScrollSettings::arrowColor, colour); }
     OleColour FrontColor() const noexcept { return settings_.frontColor; }  ///< thumb and arrows
-    void FrontColor(OleColour colour);
+    void FrontColor(OleColour colour) { set(&ScrollSettings::frontColor, colour); }
     OleColour DownColor() const noexcept { return settings_.downColor; }  ///< a pressed part
-    void DownColor(OleColour colour);
+    void DownColor(OleColour colour) { set(&ScrollSettings::downColor, colour); }
     /// A thumb or an arrow under the mouse.
     OleColour MouseHoverColor() const noexcept { return settings_.mouseHoverColor; }
-    void MouseHoverColor(OleColour colour);
+    void MouseHoverColor(OleColour colour) { set(&ScrollSettings::mouseHoverColor, colour); }
     /// The piece of the track that is held down for a large change.
     OleColour LargeChangeColor() const noexcept { return settings_.largeChangeColor; }
-    void LargeChangeColor(OleColour colour);
+    void LargeChangeColor(OleColour colour) { set(&ScrollSettings::largeChangeColor, colour); }
 
     bool Enabled() const noexcept { return settings_.enabled; }
     void Enabled(bool enabled);
     bool EnableWheel() const noexcept { return settings_.enableWheel; }
-    void EnableWheel(bool enabled);
+    void EnableWheel(bool enabled) { set(&ScrollSettings::enableWheel, enabled); }
 
     /// The value stays within Min and Max. A Max below Min leaves nothing to scroll and holds
     /// the value at Min. A new bound takes a value outside along, by the rule of `Value`.
@@ -59,21 +60,23 @@ class tsPrivateScroll {
 
     /// Steps of an arrow, of the track and of one notch of the wheel.
     std::int32_t SmallChange() const noexcept { return settings_.smallChange; }
-    void SmallChange(std::int32_t change);
+    void SmallChange(std::int32_t change) { set(&ScrollSettings::smallChange, change); }
     std::int32_t LargeChange() const noexcept { return settings_.largeChange; }
-    void LargeChange(std::int32_t change);
+    void LargeChange(std::int32_t change) { set(&ScrollSettings::largeChange, change); }
     std::int32_t WheelChange() const noexcept { return settings_.wheelChange; }
-    void WheelChange(std::int32_t change);
+    void WheelChange(std::int32_t change) { set(&ScrollSettings::wheelChange, change); }
 
     /// Milliseconds between two steps while an arrow or the track is held; 0 repeats nothing.
     std::int32_t MouseInterval() const noexcept { return settings_.mouseInterval; }
-    void MouseInterval(std::int32_t milliseconds);
+    void MouseInterval(std::int32_t milliseconds) {
+        set(&ScrollSettings::mouseInterval, milliseconds);
+    }
 
     /// While true, whatever the name suggests, setting any property redraws; while false a new
     /// colour, length, bound or state waits for the next redraw or Refresh. A new Value is always
     /// drawn.
     bool UnRefreshControl() const noexcept { return settings_.unRefreshControl; }
-    void UnRefreshControl(bool redraws);
+    void UnRefreshControl(bool redraws) { set(&ScrollSettings::unRefreshControl, redraws); }
 
     /// Suppresses Change for the next assignment of Value alone, also for one that alters
     /// nothing. For a host that moves the bar after its own content.
@@ -101,7 +104,7 @@ class tsPrivateScroll {
 
  protected:
     std::int32_t arrowLength() const noexcept { return settings_.arrowLength; }
-    void arrowLength(std::int32_t pixels);
+    void arrowLength(std::int32_t pixels) { set(&ScrollSettings::arrowLength, pixels); }
 
     /// For the class that has a window.
     virtual void redraw() {}
@@ -109,9 +112,7 @@ class tsPrivateScroll {
 
  private:
     template <class T>
-    void set(std::string_view name, T ScrollSettings::*member, T value);
-    void setNotNegative(std::string_view name, std::int32_t ScrollSettings::*member,
-                        std::int32_t value);
+    void set(T ScrollSettings::*member, std::type_identity_t<T> value);
     void notify(std::string_view name);
     void keepWithinBounds();
 

@@ -37,9 +37,14 @@ constexpr std::string_view arrowLengthKey(Axis axis) {
     return axis == Axis::Vertical ? "ScrollHeight" : "ScrollWidth";
 }
 
-/// Calls visit(key, member) for each stored setting, in the order of storage.
+enum class Sign { Any, NotNegative };
+
+/// Calls visit(key, member, sign) for each stored setting, in the order of storage.
 template <class Visit>
-void eachStoredSetting(Axis axis, Visit visit) {
+void eachStoredSetting(Axis axis, Visit visitSigned) {
+    const auto visit = [&](std::string_view key, auto member, Sign sign = Sign::Any) {
+        visitSigned(key, member, sign);
+    };
     using S = ScrollSettings;
     visit("ArrowColor", &S::arrowColor);
     visit("BackColor", &S::backColor);
@@ -47,16 +52,16 @@ void eachStoredSetting(Axis axis, Visit visit) {
     visit("Enabled", &S::enabled);
     visit("EnableWheel", &S::enableWheel);
     visit("FrontColor", &S::frontColor);
-    visit("LargeChange", &S::largeChange);
+    visit("LargeChange", &S::largeChange, Sign::NotNegative);
     visit("Max", &S::max);
     visit("Min", &S::min);
-    visit(arrowLengthKey(axis), &S::arrowLength);
-    visit("SmallChange", &S::smallChange);
+    visit(arrowLengthKey(axis), &S::arrowLength, Sign::NotNegative);
+    visit("SmallChange", &S::smallChange, Sign::NotNegative);
     visit("Value", &S::value);
-    visit("WheelChange", &S::wheelChange);
+    visit("WheelChange", &S::wheelChange, Sign::NotNegative);
     visit("MouseHoverColor", &S::mouseHoverColor);
     visit("DownColor", &S::downColor);
-    visit("MouseInterval", &S::mouseInterval);
+    visit("MouseInterval", &S::mouseInterval, Sign::NotNegative);
     visit("LargeChangeColor", &S::largeChangeColor);
     visit("UnRefreshControl", &S::unRefreshControl);
 }

@@ -20,99 +20,24 @@ constexpr unsigned colourChangeMessage = 21;
 }  // namespace
 
 isButton::isButton(std::string_view name, const SystemColours& colours)
-    : Control(name),
-      colours_(&colours),
-      caption_(name),
-      backColor_(static_cast<OleColour>(rgbOf(ButtonFaceColour))),
-      highlightColor_(static_cast<OleColour>(rgbOf(HighlightColour))),
-      fontColor_(static_cast<OleColour>(rgbOf(ButtonTextColour))),
-      fontHighlightColor_(fontColor_),
-      captionFlags_(firstCaptionFlags) {}
+    : Control(name), colours_(&colours), captionFlags_(firstCaptionFlags) {
+    stored_.caption = name;
+    stored_.backColor = static_cast<OleColour>(rgbOf(ButtonFaceColour));
+    stored_.highlightColor = static_cast<OleColour>(rgbOf(HighlightColour));
+    stored_.fontColor = stored_.fontHighlightColor =
+        static_cast<OleColour>(rgbOf(ButtonTextColour));
+}
 
 // --- properties -----------------------------------------------------------------------------
 
-template <class Held, class Given>
-void isButton::set(Held& held, const Given& given, std::string_view property, Aspect aspect) {
-    held = given;
+void isButton::notify(std::string_view property, Aspect aspect) {
     if (PropertyChanged) {
         const std::weak_ptr<const void> alive = alive_;
-        const auto notify = PropertyChanged;
-        notify(property);
+        const auto handler = PropertyChanged;
+        handler(property);
         if (alive.expired()) return;
     }
     changed(aspect);
-}
-
-void isButton::Style(int style) {
-    set(style_, style, "Style");
-}
-void isButton::Caption(std::string_view text) {
-    set(caption_, text, "Caption", Aspect::Text);
-}
-void isButton::Icon(const PicturePtr& icon) {
-    set(icon_, icon, "Icon");
-}
-void isButton::IconAlign(int align) {
-    set(iconAlign_, align, "IconAlign");
-}
-void isButton::IconSize(int pixels) {
-    set(iconSize_, pixels, "IconSize");
-}
-void isButton::CaptionAlign(int align) {
-    set(captionAlign_, align, "CaptionAlign");
-}
-void isButton::NonThemeStyle(int style) {
-    set(nonThemeStyle_, style, "NonThemeStyle");
-}
-void isButton::Enabled(bool enabled) {
-    set(enabled_, enabled, "Enabled", Aspect::Enabled);
-}
-void isButton::ShowFocus(bool show) {
-    set(showFocus_, show, "ShowFocus");
-}
-void isButton::UseCustomColors(bool use) {
-    set(useCustomColors_, use, "UseCustomColors");
-}
-void isButton::BackColor(OleColour colour) {
-    set(backColor_, colour, "BackColor");
-}
-void isButton::HighlightColor(OleColour colour) {
-    set(highlightColor_, colour, "HighlightColor");
-}
-void isButton::FontColor(OleColour colour) {
-    set(fontColor_, colour, "FontColor");
-}
-void isButton::FontHighlightColor(OleColour colour) {
-    set(fontHighlightColor_, colour, "FontHighlightColor");
-}
-void isButton::ToolTip(std::string_view text) {
-    set(toolTip_, text, "ToolTipText");
-}
-void isButton::ToolTipTitle(std::string_view title) {
-    set(toolTipTitle_, title, "TooltipTitle");
-}
-void isButton::ToolTipIcon(int icon) {
-    set(toolTipIcon_, icon, "TooltipIcon");
-}
-void isButton::ToolTipType(int type) {
-    set(toolTipType_, type, "ToolTipType");
-}
-void isButton::ToolTipBackColor(OleColour colour) {
-    toolTipBackColorSet_ = true;
-    set(toolTipBackColor_, colour, "ToolTipBackColor");
-}
-void isButton::ToolTipForeColor(OleColour colour) {
-    toolTipForeColorSet_ = true;
-    set(toolTipForeColor_, colour, "ToolTipForeColor");
-}
-void isButton::Font(const velvox::Font& font) {
-    set(font_, font, "Font");
-}
-void isButton::ButtonType(int type) {
-    set(buttonType_, type, "ButtonType");
-}
-void isButton::Value(bool on) {
-    set(value_, on, "Value");
 }
 
 void isButton::About() {
@@ -134,7 +59,7 @@ void isButton::resized() {
               std::max(now.height, leastButtonTwips)});
         return;
     }
-    if (const unsigned flags = captionFlagsOf(captionAlign_)) captionFlags_ = flags;
+    if (const unsigned flags = captionFlagsOf(stored_.captionAlign)) captionFlags_ = flags;
 }
 
 // --- events ---------------------------------------------------------------------------------
@@ -164,22 +89,23 @@ void isButton::zSubclass_Proc(unsigned message) {
 }
 
 void isButton::mouseDown(MouseButton button) {
-    if (button != MouseButton::Left || !enabled_) return;
+    if (button != MouseButton::Left || !stored_.enabled) return;
     draggedOff_ = false;
     enter(ButtonState::Pressed);
 }
 
 void isButton::mouseUp(MouseButton button) {
     lastMouseButton_ = button;
-    if (button != MouseButton::Left || !enabled_) return;
+    if (button != MouseButton::Left || !stored_.enabled) return;
     draggedOff_ = false;
-    enter(buttonType_ != toggleType || value_ ? ButtonState::Hot : ButtonState::Pressed);
+    enter(stored_.buttonType != toggleType || stored_.value ? ButtonState::Hot
+                                                            : ButtonState::Pressed);
 }
 
 void isButton::click() {
-    if (lastMouseButton_ != MouseButton::Left || !enabled_) return;
-    if (buttonType_ == toggleType) {
-        value_ = !value_;
+    if (lastMouseButton_ != MouseButton::Left || !stored_.enabled) return;
+    if (stored_.buttonType == toggleType) {
+        stored_.value = !stored_.value;
         enter(ButtonState::Hot);
     }
     raise(Click);
@@ -194,20 +120,20 @@ void isButton::keyDown(int code) {
 }
 
 void isButton::keyUp(int code) {
-    if (code == keySpace && enabled_) mouseUp(MouseButton::Left);
+    if (code == keySpace && stored_.enabled) mouseUp(MouseButton::Left);
 }
 
 // Space raises Click by itself and then runs the click step, which raises it once more when the
 // last mouse button was the left one; stored programs count on both.
 void isButton::keyPress(char character) {
-    if (character != keySpace || !enabled_) return;
+    if (character != keySpace || !stored_.enabled) return;
     if (raise(Click)) click();
 }
 
 void isButton::activate() {
-    if (!enabled_) return;
-    if (buttonType_ == toggleType) {
-        value_ = !value_;
+    if (!stored_.enabled) return;
+    if (stored_.buttonType == toggleType) {
+        stored_.value = !stored_.value;
         enter(restingState());
     }
     raise(Click);
@@ -250,7 +176,7 @@ void isButton::pressCancelled() {
 }
 
 void isButton::themeRefused() {
-    if (userMode_) style_ = nonThemeStyle_;
+    if (userMode_) stored_.style = stored_.nonThemeStyle;
 }
 
 void isButton::tracking(Tracking available) {
@@ -260,9 +186,9 @@ void isButton::tracking(Tracking available) {
 // --- what is shown --------------------------------------------------------------------------
 
 ButtonState isButton::visualState() const noexcept {
-    if (!enabled_) return ButtonState::Disabled;
-    if (buttonType_ == toggleType && value_) return ButtonState::Pressed;
-    if (!userMode_ && style_ != undisturbedStyle) return ButtonState::Hot;
+    if (!stored_.enabled) return ButtonState::Disabled;
+    if (stored_.buttonType == toggleType && stored_.value) return ButtonState::Pressed;
+    if (!userMode_ && stored_.style != undisturbedStyle) return ButtonState::Hot;
     const bool isOff = state_ == ButtonState::Pressed && draggedOff_;
     const ButtonState state = isOff ? restingState() : state_;
     // Without leave notifications nothing would end a hot look.
@@ -272,32 +198,34 @@ ButtonState isButton::visualState() const noexcept {
 
 ButtonToolTip isButton::toolTipRecord() const {
     ButtonToolTip record;
-    record.text = toolTip_;
-    record.title = toolTipTitle_;
-    record.icon = toolTipIcon_;
-    record.type = toolTipType_;
-    if (toolTipBackColorSet_) record.backColour = translate(toolTipBackColor_, *colours_);
-    if (toolTipForeColorSet_) record.foreColour = translate(toolTipForeColor_, *colours_);
+    record.text = stored_.toolTip;
+    record.title = stored_.toolTipTitle;
+    record.icon = stored_.toolTipIcon;
+    record.type = stored_.toolTipType;
+    if (stored_.toolTipBackColor)
+        record.backColour = translate(*stored_.toolTipBackColor, *colours_);
+    if (stored_.toolTipForeColor)
+        record.foreColour = translate(*stored_.toolTipForeColor, *colours_);
     return record;
 }
 
 ButtonLook isButton::look() const {
     const auto rgbFrom = [&](OleColour colour) { return translate(colour, *colours_); };
     ButtonLook look;
-    look.style = style_;
+    look.style = stored_.style;
     look.state = visualState();
     look.focused = hasFocus_;
-    look.focusShown = hasFocus_ && showFocus_;
+    look.focusShown = hasFocus_ && stored_.showFocus;
     look.userMode = userMode_;
-    look.customColours = useCustomColors_;
-    look.colours = {rgbFrom(backColor_), rgbFrom(highlightColor_), rgbFrom(fontColor_),
-                    rgbFrom(fontHighlightColor_)};
-    look.caption = caption_;
+    look.customColours = stored_.useCustomColors;
+    look.colours = {rgbFrom(stored_.backColor), rgbFrom(stored_.highlightColor),
+                    rgbFrom(stored_.fontColor), rgbFrom(stored_.fontHighlightColor)};
+    look.caption = stored_.caption;
     look.captionFlags = captionFlags_;
-    look.font = font_;
-    look.icon = icon_;
-    look.iconSize = iconSize_;
-    look.iconAlign = iconAlign_;
+    look.font = stored_.font;
+    look.icon = stored_.icon;
+    look.iconSize = stored_.iconSize;
+    look.iconAlign = stored_.iconAlign;
     return look;
 }
 

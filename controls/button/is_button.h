@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "base/colour.h"
 #include "base/control.h"
@@ -66,6 +67,34 @@ struct ButtonLook {
     int iconAlign = 0;
 };
 
+/// What a button stores, with the values of a freshly placed one. Keys, order and defaults of the
+/// stored form are rows of the table in is_button_bag.cpp.
+struct ButtonSettings {
+    PicturePtr icon;
+    int style = 0;
+    std::string caption;
+    int iconSize = 16;
+    int captionAlign = 0;
+    int iconAlign = 0;
+    int nonThemeStyle = 0;
+    bool enabled = true;
+    bool showFocus = false;
+    bool useCustomColors = false;
+    OleColour backColor = 0;
+    OleColour highlightColor = 0;
+    OleColour fontColor = 0;
+    OleColour fontHighlightColor = 0;
+    std::string toolTip;
+    std::string toolTipTitle;
+    int toolTipIcon = 0;
+    int toolTipType = 0;
+    std::optional<OleColour> toolTipBackColor;
+    std::optional<OleColour> toolTipForeColor;
+    velvox::Font font;
+    int buttonType = 0;
+    bool value = false;
+};
+
 /// What the button asks of its window.
 class ButtonHost {
  public:
@@ -105,60 +134,62 @@ class isButton : public Control {
     std::string_view Version() const noexcept { return "3.0"; }
 
     /// 0 to 10 choose a painter; any other number shows caption and icon alone.
-    int Style() const noexcept { return style_; }
-    void Style(int style);
-    const std::string& Caption() const noexcept { return caption_; }
-    void Caption(std::string_view text);
-    const PicturePtr& Icon() const noexcept { return icon_; }
-    void Icon(const PicturePtr& icon);
+    int Style() const noexcept { return stored_.style; }
+    void Style(int style) { set(&ButtonSettings::style, style); }
+    const std::string& Caption() const noexcept { return stored_.caption; }
+    void Caption(std::string_view text) { set(&ButtonSettings::caption, std::string(text)); }
+    const PicturePtr& Icon() const noexcept { return stored_.icon; }
+    void Icon(const PicturePtr& icon) { set(&ButtonSettings::icon, icon); }
     /// 0 centre, 1 left, 2 right, 3 top, 4 bottom.
-    int IconAlign() const noexcept { return iconAlign_; }
-    void IconAlign(int align);
+    int IconAlign() const noexcept { return stored_.iconAlign; }
+    void IconAlign(int align) { set(&ButtonSettings::iconAlign, align); }
     /// Edge length of the drawn icon, pixels.
-    int IconSize() const noexcept { return iconSize_; }
-    void IconSize(int pixels);
+    int IconSize() const noexcept { return stored_.iconSize; }
+    void IconSize(int pixels) { set(&ButtonSettings::iconSize, pixels); }
     /// As IconAlign; takes effect with the next resize.
-    int CaptionAlign() const noexcept { return captionAlign_; }
-    void CaptionAlign(int align);
+    int CaptionAlign() const noexcept { return stored_.captionAlign; }
+    void CaptionAlign(int align) { set(&ButtonSettings::captionAlign, align); }
     /// The style taken at run time when the system's visual styles do not draw (Style 6).
-    int NonThemeStyle() const noexcept { return nonThemeStyle_; }
-    void NonThemeStyle(int style);
-    bool Enabled() const noexcept { return enabled_; }
-    void Enabled(bool enabled);
-    bool ShowFocus() const noexcept { return showFocus_; }
-    void ShowFocus(bool show);
-    bool UseCustomColors() const noexcept { return useCustomColors_; }
-    void UseCustomColors(bool use);
-    OleColour BackColor() const noexcept { return backColor_; }
-    void BackColor(OleColour colour);
-    OleColour HighlightColor() const noexcept { return highlightColor_; }
-    void HighlightColor(OleColour colour);
-    OleColour FontColor() const noexcept { return fontColor_; }
-    void FontColor(OleColour colour);
-    OleColour FontHighlightColor() const noexcept { return fontHighlightColor_; }
-    void FontHighlightColor(OleColour colour);
-    const std::string& ToolTip() const noexcept { return toolTip_; }
-    void ToolTip(std::string_view text);
-    const std::string& ToolTipTitle() const noexcept { return toolTipTitle_; }
-    void ToolTipTitle(std::string_view title);
-    int ToolTipIcon() const noexcept { return toolTipIcon_; }
-    void ToolTipIcon(int icon);
-    int ToolTipType() const noexcept { return toolTipType_; }
-    void ToolTipType(int type);
+    int NonThemeStyle() const noexcept { return stored_.nonThemeStyle; }
+    void NonThemeStyle(int style) { set(&ButtonSettings::nonThemeStyle, style); }
+    bool Enabled() const noexcept { return stored_.enabled; }
+    void Enabled(bool enabled) { set(&ButtonSettings::enabled, enabled); }
+    bool ShowFocus() const noexcept { return stored_.showFocus; }
+    void ShowFocus(bool show) { set(&ButtonSettings::showFocus, show); }
+    bool UseCustomColors() const noexcept { return stored_.useCustomColors; }
+    void UseCustomColors(bool use) { set(&ButtonSettings::useCustomColors, use); }
+    OleColour BackColor() const noexcept { return stored_.backColor; }
+    void BackColor(OleColour colour) { set(&ButtonSettings::backColor, colour); }
+    OleColour HighlightColor() const noexcept { return stored_.highlightColor; }
+    void HighlightColor(OleColour colour) { set(&ButtonSettings::highlightColor, colour); }
+    OleColour FontColor() const noexcept { return stored_.fontColor; }
+    void FontColor(OleColour colour) { set(&ButtonSettings::fontColor, colour); }
+    OleColour FontHighlightColor() const noexcept { return stored_.fontHighlightColor; }
+    void FontHighlightColor(OleColour colour) { set(&ButtonSettings::fontHighlightColor, colour); }
+    const std::string& ToolTip() const noexcept { return stored_.toolTip; }
+    void ToolTip(std::string_view text) { set(&ButtonSettings::toolTip, std::string(text)); }
+    const std::string& ToolTipTitle() const noexcept { return stored_.toolTipTitle; }
+    void ToolTipTitle(std::string_view title) {
+        set(&ButtonSettings::toolTipTitle, std::string(title));
+    }
+    int ToolTipIcon() const noexcept { return stored_.toolTipIcon; }
+    void ToolTipIcon(int icon) { set(&ButtonSettings::toolTipIcon, icon); }
+    int ToolTipType() const noexcept { return stored_.toolTipType; }
+    void ToolTipType(int type) { set(&ButtonSettings::toolTipType, type); }
     /// A freshly placed control leaves these two to the system; a value that is assigned or read
     /// from a bag counts as set, black included.
-    OleColour ToolTipBackColor() const noexcept { return toolTipBackColor_; }
-    void ToolTipBackColor(OleColour colour);
-    OleColour ToolTipForeColor() const noexcept { return toolTipForeColor_; }
-    void ToolTipForeColor(OleColour colour);
-    const velvox::Font& Font() const noexcept { return font_; }
-    void Font(const velvox::Font& font);
+    OleColour ToolTipBackColor() const noexcept { return stored_.toolTipBackColor.value_or(0); }
+    void ToolTipBackColor(OleColour colour) { set(&ButtonSettings::toolTipBackColor, colour); }
+    OleColour ToolTipForeColor() const noexcept { return stored_.toolTipForeColor.value_or(0); }
+    void ToolTipForeColor(OleColour colour) { set(&ButtonSettings::toolTipForeColor, colour); }
+    const velvox::Font& Font() const noexcept { return stored_.font; }
+    void Font(const velvox::Font& font) { set(&ButtonSettings::font, font); }
     /// 0 plain, 1 toggle.
-    int ButtonType() const noexcept { return buttonType_; }
-    void ButtonType(int type);
+    int ButtonType() const noexcept { return stored_.buttonType; }
+    void ButtonType(int type) { set(&ButtonSettings::buttonType, type); }
     /// Toggled state of a toggle button.
-    bool Value() const noexcept { return value_; }
-    void Value(bool on);
+    bool Value() const noexcept { return stored_.value; }
+    void Value(bool on) { set(&ButtonSettings::value, on); }
 
     void OpenLink(std::string_view address);
 
@@ -219,9 +250,9 @@ class isButton : public Control {
     void resized() override;
 
  private:
-    template <class Held, class Given>
-    void set(Held& held, const Given& given, std::string_view property,
-             Aspect aspect = Aspect::Face);
+    template <class T>
+    void set(T ButtonSettings::*member, const std::type_identity_t<T>& value);
+    void notify(std::string_view property, Aspect aspect);
     void enter(ButtonState state);
     bool raise(const std::function<void()>& event);
     ButtonState restingState() const noexcept {
@@ -233,31 +264,7 @@ class isButton : public Control {
     ButtonHost* host_ = nullptr;
     std::shared_ptr<const void> alive_ = std::make_shared<char>();
 
-    PicturePtr icon_;
-    int style_ = 0;
-    std::string caption_;
-    int iconSize_ = 16;
-    int captionAlign_ = 0;
-    int iconAlign_ = 0;
-    int nonThemeStyle_ = 0;
-    bool enabled_ = true;
-    bool showFocus_ = false;
-    bool useCustomColors_ = false;
-    OleColour backColor_;
-    OleColour highlightColor_;
-    OleColour fontColor_;
-    OleColour fontHighlightColor_;
-    std::string toolTip_;
-    std::string toolTipTitle_;
-    int toolTipIcon_ = 0;
-    int toolTipType_ = 0;
-    OleColour toolTipBackColor_ = 0;
-    OleColour toolTipForeColor_ = 0;
-    bool toolTipBackColorSet_ = false;
-    bool toolTipForeColorSet_ = false;
-    velvox::Font font_;
-    int buttonType_ = 0;
-    bool value_ = false;
+    ButtonSettings stored_;
 
     bool userMode_ = true;
     ButtonState state_ = ButtonState::Normal;

@@ -1,50 +1,117 @@
 // The stored form of a push button. Keys, their odd letter case, their order and the differing
 // defaults of reading and writing are those of forms already stored.
+#include "base/stored_value.h"
 #include "controls/button/is_button.h"
 
 namespace velvox {
 namespace {
 
-// Keeps the bits: a system colour has the top one set.
-std::int32_t stored(OleColour colour) {
-    return static_cast<std::int32_t>(colour);
+// Defaults besides plain values: the colour that the system has at the time, a member of the
+// ambient values, and none, for a property that is always written.
+struct SystemDefault {
+    int index;
+};
+template <class Value>
+using AmbientDefault = Value ButtonAmbient::*;
+constexpr std::monostate always;
+
+template <class Value, class ReadDefault, class WriteDefault>
+struct Row {
+    std::string_view key;
+    Value ButtonSettings::*member;
+    ReadDefault readDefault;
+    WriteDefault writeDefault;
+    std::string_view property;  ///< the name in notifications
+    Aspect aspect = Aspect::Face;
+};
+
+// In stored order. Stored forms count on the tool tip's two colours, although the system's own tips
+// have them the other way round.
+template <class Visit>
+void eachProperty(Visit visit) {
+    using S = ButtonSettings;
+    constexpr SystemDefault face{ButtonFaceColour}, highlight{HighlightColour};
+    constexpr SystemDefault text{ButtonTextColour}, tipBack{InfoTextColour},
+        tipFore{InfoBackColour};
+    visit(Row{"Icon", &S::icon, nullptr, always, "Icon"});
+    visit(Row{"Style", &S::style, 3, 3, "Style"});
+    visit(Row{"Caption", &S::caption, "isButton", "", "Caption", Aspect::Text});
+    visit(Row{"IconSize", &S::iconSize, 16, 16, "IconSize"});
+    visit(Row{"CaptionAlign", &S::captionAlign, 0, 0, "CaptionAlign"});
+    visit(Row{"IconAlign", &S::iconAlign, 1, 0, "IconAlign"});
+    visit(Row{"iNonThemeStyle", &S::nonThemeStyle, 5, 5, "NonThemeStyle"});
+    visit(Row{"Enabled", &S::enabled, true, true, "Enabled", Aspect::Enabled});
+    visit(Row{"ShowFocus", &S::showFocus, false, false, "ShowFocus"});
+    visit(Row{"USeCustomColors", &S::useCustomColors, false, false, "UseCustomColors"});
+    visit(Row{"BackColor", &S::backColor, face, face, "BackColor"});
+    visit(Row{"HighlightColor", &S::highlightColor, highlight, highlight, "HighlightColor"});
+    visit(Row{"FontColor", &S::fontColor, text, text, "FontColor"});
+    visit(Row{"FontHighlightColor", &S::fontHighlightColor, text, text, "FontHighlightColor"});
+    visit(Row{"ToolTipText", &S::toolTip, &ButtonAmbient::toolTipText, always, "ToolTipText"});
+    visit(Row{"Tooltiptitle", &S::toolTipTitle, "", always, "TooltipTitle"});
+    visit(Row{"ToolTipIcon", &S::toolTipIcon, 0, always, "TooltipIcon"});
+    visit(Row{"ToolTipType", &S::toolTipType, 1, always, "ToolTipType"});
+    visit(Row{"ttBackColor", &S::toolTipBackColor, tipBack, tipBack, "ToolTipBackColor"});
+    visit(Row{"ttForeColor", &S::toolTipForeColor, tipFore, tipFore, "ToolTipForeColor"});
+    visit(Row{"Font", &S::font, &ButtonAmbient::font, always, "Font"});
+    visit(Row{"ButtonType", &S::buttonType, 0, 0, "ButtonType"});
+    visit(Row{"Value", &S::value, false, false, "Value"});
 }
 
-// Stored forms count on these two, although the system's own tips have them the other way round.
-constexpr int toolTipBackDefault = InfoTextColour;
-constexpr int toolTipForeDefault = InfoBackColour;
+// A row's default as a value of its member.
+struct Defaults {
+    const SystemColours& colours;
+    const ButtonAmbient& ambient;
+
+    template <class Value>
+    Value of(SystemDefault system) const {
+        return static_cast<OleColour>(colours.colour(system.index));
+    }
+    template <class Value>
+    Value of(AmbientDefault<Value> member) const {
+        return ambient.*member;
+    }
+    template <class Value, class Plain>
+    Value of(const Plain& plain) const {
+        return plain;
+    }
+};
+
+OleColour readStored(const PropertyBag& bag, std::string_view key,
+                     const std::optional<OleColour>& fallback) {
+    return velvox::readStored(bag, key, *fallback);
+}
 
 }  // namespace
 
-void isButton::ReadProperties(const PropertyBag& bag, const ButtonAmbient& ambient) {
-    const auto readColour = [&](std::string_view key, int systemIndex) {
-        return static_cast<OleColour>(bag.readNumber(key, rgbOf(systemIndex)));
-    };
-    icon_ = bag.readPicture("Icon", nullptr);
-    style_ = bag.readNumber("Style", 3);
-    caption_ = bag.readText("Caption", "isButton");
-    iconSize_ = bag.readNumber("IconSize", 16);
-    captionAlign_ = bag.readNumber("CaptionAlign", 0);
-    iconAlign_ = bag.readNumber("IconAlign", 1);
-    nonThemeStyle_ = bag.readNumber("iNonThemeStyle", 5);
-    enabled_ = bag.readBool("Enabled", true);
-    showFocus_ = bag.readBool("ShowFocus", false);
-    useCustomColors_ = bag.readBool("USeCustomColors", false);
-    backColor_ = readColour("BackColor", ButtonFaceColour);
-    highlightColor_ = readColour("HighlightColor", HighlightColour);
-    fontColor_ = readColour("FontColor", ButtonTextColour);
-    fontHighlightColor_ = readColour("FontHighlightColor", ButtonTextColour);
-    toolTip_ = bag.readText("ToolTipText", ambient.toolTipText);
-    toolTipTitle_ = bag.readText("Tooltiptitle", "");
-    toolTipIcon_ = bag.readNumber("ToolTipIcon", 0);
-    toolTipType_ = bag.readNumber("ToolTipType", 1);
-    toolTipBackColor_ = readColour("ttBackColor", toolTipBackDefault);
-    toolTipForeColor_ = readColour("ttForeColor", toolTipForeDefault);
-    toolTipBackColorSet_ = toolTipForeColorSet_ = true;
-    font_ = bag.readFont("Font", ambient.font);
-    buttonType_ = bag.readNumber("ButtonType", 0);
-    value_ = bag.readBool("Value", false);
+template <class T>
+void isButton::set(T ButtonSettings::*member, const std::type_identity_t<T>& value) {
+    stored_.*member = value;
+    std::string_view property;
+    Aspect aspect{};
+    eachProperty([&](const auto& row) {
+        if constexpr (std::is_same_v<decltype(row.member), T ButtonSettings::*>)
+            if (row.member == member) property = row.property, aspect = row.aspect;
+    });
+    notify(property, aspect);
+}
 
+template void isButton::set(bool ButtonSettings::*, const bool&);
+template void isButton::set(int ButtonSettings::*, const int&);
+template void isButton::set(OleColour ButtonSettings::*, const OleColour&);
+template void isButton::set(std::optional<OleColour> ButtonSettings::*,
+                            const std::optional<OleColour>&);
+template void isButton::set(std::string ButtonSettings::*, const std::string&);
+template void isButton::set(velvox::Font ButtonSettings::*, const velvox::Font&);
+template void isButton::set(PicturePtr ButtonSettings::*, const PicturePtr&);
+
+void isButton::ReadProperties(const PropertyBag& bag, const ButtonAmbient& ambient) {
+    const Defaults defaults{*colours_, ambient};
+    eachProperty([&](const auto& row) {
+        auto& held = stored_.*row.member;
+        using Value = std::remove_reference_t<decltype(held)>;
+        held = readStored(bag, row.key, defaults.of<Value>(row.readDefault));
+    });
     userMode_ = ambient.userMode;
     // Notify only when all is read: the window of a form about to be shown may already follow.
     changed(Aspect::Setting);
@@ -53,32 +120,24 @@ void isButton::ReadProperties(const PropertyBag& bag, const ButtonAmbient& ambie
 }
 
 void isButton::WriteProperties(PropertyBag& bag) const {
-    bag.write("Icon", icon_);
-    bag.write("Style", style_, 3);
-    bag.write("Caption", caption_, std::string());
-    bag.write("IconSize", iconSize_, 16);
-    bag.write("CaptionAlign", captionAlign_, 0);
-    bag.write("IconAlign", iconAlign_, 0);
-    bag.write("iNonThemeStyle", nonThemeStyle_, 5);
-    bag.write("Enabled", enabled_, true);
-    bag.write("ShowFocus", showFocus_, false);
-    bag.write("USeCustomColors", useCustomColors_, false);
-    bag.write("BackColor", stored(backColor_), rgbOf(ButtonFaceColour));
-    bag.write("HighlightColor", stored(highlightColor_), rgbOf(HighlightColour));
-    bag.write("FontColor", stored(fontColor_), rgbOf(ButtonTextColour));
-    bag.write("FontHighlightColor", stored(fontHighlightColor_), rgbOf(ButtonTextColour));
-    bag.write("ToolTipText", toolTip_);
-    bag.write("Tooltiptitle", toolTipTitle_);
-    bag.write("ToolTipIcon", toolTipIcon_);
-    bag.write("ToolTipType", toolTipType_);
-    // Unset colours, written as 0, would come back as black on black.
-    if (toolTipBackColorSet_)
-        bag.write("ttBackColor", stored(toolTipBackColor_), rgbOf(toolTipBackDefault));
-    if (toolTipForeColorSet_)
-        bag.write("ttForeColor", stored(toolTipForeColor_), rgbOf(toolTipForeDefault));
-    bag.write("Font", font_);
-    bag.write("ButtonType", buttonType_, 0);
-    bag.write("Value", value_, false);
+    const ButtonAmbient ambient;
+    const Defaults defaults{*colours_, ambient};
+    eachProperty([&](const auto& row) {
+        const auto& held = stored_.*row.member;
+        using Value = std::remove_cvref_t<decltype(held)>;
+        using Default = std::remove_cvref_t<decltype(row.writeDefault)>;
+        if constexpr (std::is_same_v<Default, std::monostate>) {
+            bag.write(row.key, storedValue(held));
+        } else if constexpr (std::is_same_v<Value, std::optional<OleColour>>) {
+            // An unset colour, written as 0, would come back as black.
+            if (held)
+                bag.write(row.key, storedValue(*held),
+                          storedValue(*defaults.of<Value>(row.writeDefault)));
+        } else {
+            bag.write(row.key, storedValue(held),
+                      storedValue(defaults.of<Value>(row.writeDefault)));
+        }
+    });
 }
 
 }  // namespace velvox

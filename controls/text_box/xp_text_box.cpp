@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "base/runtime_failure.h"
+#include "base/stored_value.h"
 
 namespace velvox {
 namespace {
@@ -17,8 +18,47 @@ constexpr Rgb disabledBack = rgb(235, 235, 228);
 constexpr Rgb disabledText = rgb(161, 161, 146);
 constexpr int insetPixels = 3;
 constexpr int newInstanceHeight = 330;  // twips
-constexpr auto windowBack = static_cast<std::int32_t>(systemColour(WindowColour));
-constexpr auto windowText = static_cast<std::int32_t>(systemColour(WindowTextColour));
+
+// In stored order, between Alignment and DataFields: key, getter and setter of the inner box, and
+// default.
+template <class Visit>
+void eachInnerProperty(const Font& ambient, Visit visit) {
+    using T = TextBox;
+    visit("BackColor", &T::BackColor, &T::BackColor, systemColour(WindowColour));
+    visit("Enabled", &T::Enabled, &T::Enabled, true);
+    visit("Font", &T::font, &T::font, ambient);
+    visit("ForeColor", &T::ForeColor, &T::ForeColor, systemColour(WindowTextColour));
+    visit("Locked", &T::Locked, &T::Locked, false);
+    visit("MaxLength", &T::MaxLength, &T::MaxLength, std::int32_t{0});
+    visit("PasswordChar", &T::PasswordChar, &T::PasswordChar, std::string());
+    visit("SelStart", &T::SelStart, &T::SelStart, std::int32_t{0});
+    visit("SelText", &T::SelText, &T::SelText, std::string());
+    visit("SelLength", &T::SelLength, &T::SelLength, std::int32_t{0});
+    visit("Text", &T::Text, &T::Text, std::string("Text1"));
+    visit("ToolTipText", &T::ToolTipText, &T::ToolTipText, std::string());
+}
+
+struct StoredReader {
+    TextBox& box;
+    const PropertyBag& bag;
+
+    template <class Got, class Set, class Value>
+    void operator()(std::string_view key, Got (TextBox::*)() const, void (TextBox::*set)(Set),
+                    const Value& fallback) const {
+        (box.*set)(readStored(bag, key, fallback));
+    }
+};
+
+struct StoredWriter {
+    const TextBox& box;
+    PropertyBag& bag;
+
+    template <class Got, class Set, class Value>
+    void operator()(std::string_view key, Got (TextBox::*get)() const, void (TextBox::*)(Set),
+                    const Value& fallback) const {
+        bag.write(key, storedValue((box.*get)()), storedValue(fallback));
+    }
+};
 
 }  // namespace
 
@@ -59,35 +99,13 @@ void XPTextBox::ReadProperties(const PropertyBag& bag, const velvox::Font& ambie
     const std::int32_t alignment = bag.readNumber("Alignment", 0);
     const bool isKnown = alignment >= 0 && alignment <= 2;
     MyTxt.Alignment(isKnown ? static_cast<std::int16_t>(alignment) : std::int16_t{0});
-    MyTxt.BackColor(static_cast<OleColour>(bag.readNumber("BackColor", windowBack)));
-    MyTxt.Enabled(bag.readBool("Enabled", true));
-    MyTxt.font(bag.readFont("Font", ambient));
-    MyTxt.ForeColor(static_cast<OleColour>(bag.readNumber("ForeColor", windowText)));
-    MyTxt.Locked(bag.readBool("Locked", false));
-    MyTxt.MaxLength(bag.readNumber("MaxLength", 0));
-    MyTxt.PasswordChar(bag.readText("PasswordChar", ""));
-    MyTxt.SelStart(bag.readNumber("SelStart", 0));
-    MyTxt.SelText(bag.readText("SelText", ""));
-    MyTxt.SelLength(bag.readNumber("SelLength", 0));
-    MyTxt.Text(bag.readText("Text", "Text1"));
-    MyTxt.ToolTipText(bag.readText("ToolTipText", ""));
+    eachInnerProperty(ambient, StoredReader{MyTxt, bag});
     dataFields_ = bag.readText("DataFields", "");
 }
 
 void XPTextBox::WriteProperties(PropertyBag& bag, const velvox::Font& ambient) const {
     bag.write("Alignment", std::int32_t{Alignment()}, 0);
-    bag.write("BackColor", static_cast<std::int32_t>(BackColor()), windowBack);
-    bag.write("Enabled", Enabled(), true);
-    bag.write("Font", Font(), ambient);
-    bag.write("ForeColor", static_cast<std::int32_t>(ForeColor()), windowText);
-    bag.write("Locked", Locked(), false);
-    bag.write("MaxLength", MaxLength(), 0);
-    bag.write("PasswordChar", PasswordChar(), std::string());
-    bag.write("SelStart", SelStart(), 0);
-    bag.write("SelText", SelText(), std::string());
-    bag.write("SelLength", SelLength(), 0);
-    bag.write("Text", Text(), std::string("Text1"));
-    bag.write("ToolTipText", ToolTipText(), std::string());
+    eachInnerProperty(ambient, StoredWriter{MyTxt, bag});
     bag.write("DataFields", dataFields_, std::string());
 }
 
@@ -148,65 +166,10 @@ void XPTextBox::Alignment(std::int16_t alignment) {
     notify("Alignment");
 }
 
-void XPTextBox::Enabled(bool enabled) {
-    MyTxt.Enabled(enabled);
-    notify("Enabled");
-}
-
-void XPTextBox::Font(const velvox::Font& font) {
-    MyTxt.font(font);
-    notify("Font");
-}
-
-void XPTextBox::BackColor(OleColour colour) {
-    MyTxt.BackColor(colour);
-    notify("BackColor");
-}
-
-void XPTextBox::ForeColor(OleColour colour) {
-    MyTxt.ForeColor(colour);
-    notify("ForeColor");
-}
-
 void XPTextBox::Locked(bool locked) {
     MyTxt.Locked(locked);
     Pic.Enabled(!locked);
     notify("Locked");
-}
-
-void XPTextBox::MaxLength(std::int32_t length) {
-    MyTxt.MaxLength(length);
-    notify("MaxLength");
-}
-
-void XPTextBox::PasswordChar(std::string_view character) {
-    MyTxt.PasswordChar(character);
-    notify("PasswordChar");
-}
-
-void XPTextBox::SelStart(std::int32_t start) {
-    MyTxt.SelStart(start);
-    notify("SelStart");
-}
-
-void XPTextBox::SelText(std::string_view text) {
-    MyTxt.SelText(text);
-    notify("SelText");
-}
-
-void XPTextBox::SelLength(std::int32_t length) {
-    MyTxt.SelLength(length);
-    notify("SelLength");
-}
-
-void XPTextBox::Text(std::string_view text) {
-    MyTxt.Text(text);
-    notify("Text");
-}
-
-void XPTextBox::ToolTipText(std::string_view text) {
-    MyTxt.ToolTipText(text);
-    notify("ToolTipText");
 }
 
 void XPTextBox::DataFields(std::string_view name) {

@@ -50,29 +50,31 @@ class XPTextBox : public Control {
     std::int16_t Alignment() const { return MyTxt.Alignment(); }
     void Alignment(std::int16_t alignment);
     bool Enabled() const { return MyTxt.Enabled(); }
-    void Enabled(bool enabled);
+    void Enabled(bool enabled) { MyTxt.Enabled(enabled), notify("Enabled"); }
     const velvox::Font& Font() const { return MyTxt.font(); }
-    void Font(const velvox::Font& font);
+    void Font(const velvox::Font& font) { MyTxt.font(font), notify("Font"); }
     OleColour BackColor() const { return MyTxt.BackColor(); }
-    void BackColor(OleColour colour);
+    void BackColor(OleColour colour) { MyTxt.BackColor(colour), notify("BackColor"); }
     OleColour ForeColor() const { return MyTxt.ForeColor(); }
-    void ForeColor(OleColour colour);
+    void ForeColor(OleColour colour) { MyTxt.ForeColor(colour), notify("ForeColor"); }
     bool Locked() const { return MyTxt.Locked(); }
     void Locked(bool locked);
     std::int32_t MaxLength() const { return MyTxt.MaxLength(); }
-    void MaxLength(std::int32_t length);
+    void MaxLength(std::int32_t length) { MyTxt.MaxLength(length), notify("MaxLength"); }
     const std::string& PasswordChar() const { return MyTxt.PasswordChar(); }
-    void PasswordChar(std::string_view character);
+    void PasswordChar(std::string_view character) {
+        MyTxt.PasswordChar(character), notify("PasswordChar");
+    }
     std::int32_t SelStart() const { return MyTxt.SelStart(); }
-    void SelStart(std::int32_t start);
+    void SelStart(std::int32_t start) { MyTxt.SelStart(start), notify("SelStart"); }
     std::string SelText() const { return MyTxt.SelText(); }
-    void SelText(std::string_view text);
+    void SelText(std::string_view text) { MyTxt.SelText(text), notify("SelText"); }
     std::int32_t SelLength() const { return MyTxt.SelLength(); }
-    void SelLength(std::int32_t length);
+    void SelLength(std::int32_t length) { MyTxt.SelLength(length), notify("SelLength"); }
     const std::string& Text() const { return MyTxt.Text(); }
-    void Text(std::string_view text);
+    void Text(std::string_view text) { MyTxt.Text(text), notify("Text"); }
     const std::string& ToolTipText() const { return MyTxt.ToolTipText(); }
-    void ToolTipText(std::string_view text);
+    void ToolTipText(std::string_view text) { MyTxt.ToolTipText(text), notify("ToolTipText"); }
     const std::string& DataFields() const noexcept { return dataFields_; }
     void DataFields(std::string_view name);
 
