@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -33,12 +34,16 @@ constexpr bool startsWithIgnoringCase(std::string_view text, std::string_view pr
     return equalIgnoringCase(text.substr(0, prefix.size()), prefix);
 }
 
-/// `text` without blanks, tabs and line ends around it.
-constexpr std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
-    const auto first = text.find_first_not_of(blanks);
-    if (first == text.npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+constexpr bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+/// `text` without the blanks around it: by default spaces, tabs and line ends.
+template <class Blank = bool (*)(char)>
+constexpr std::string_view trimmed(std::string_view text, Blank blank = isBlank) {
+    const auto first = std::ranges::find_if_not(text, blank);
+    const auto last = std::find_if_not(text.rbegin(), std::make_reverse_iterator(first), blank);
+    return {first, last.base()};
 }
 
 }  // namespace velvox::ascii

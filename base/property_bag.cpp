@@ -2,16 +2,11 @@
 
 #include <algorithm>
 
+#include "base/ascii.h"
 #include "base/runtime_failure.h"
 
 namespace velvox {
 namespace {
-
-bool sameKey(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return lower(x) == lower(y); });
-}
 
 RuntimeFailure mismatch(std::string_view key) {
     return {Fault::TypeMismatch, "The stored property " + std::string(key) + " has another type"};
@@ -20,8 +15,9 @@ RuntimeFailure mismatch(std::string_view key) {
 }  // namespace
 
 const PropertyValue* PropertyBag::lookUp(std::string_view key) const {
-    const auto found = std::find_if(entries_.begin(), entries_.end(),
-                                    [&](const Entry& entry) { return sameKey(entry.key, key); });
+    const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+        return ascii::equalIgnoringCase(entry.key, key);
+    });
     return found == entries_.end() ? nullptr : &found->value;
 }
 
@@ -63,7 +59,8 @@ PicturePtr PropertyBag::readPicture(std::string_view key, const PicturePtr& fall
 }
 
 void PropertyBag::write(std::string_view key, PropertyValue value, const PropertyValue& fallback) {
-    std::erase_if(entries_, [&](const Entry& entry) { return sameKey(entry.key, key); });
+    std::erase_if(entries_,
+                  [&](const Entry& entry) { return ascii::equalIgnoringCase(entry.key, key); });
     const bool isDefault = !std::holds_alternative<std::monostate>(fallback) && value == fallback;
     if (!isDefault) entries_.push_back({std::string(key), std::move(value)});
 }

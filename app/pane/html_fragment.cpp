@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "app/pane/html_tag.h"
+#include "base/ascii.h"
 #include "base/utf16.h"
 
 namespace velvox {
@@ -45,16 +46,8 @@ constexpr std::pair<string_view, string_view> entityNames[] = {
 // Longest reference that is looked at, from "&" to ";". Bounds the search for the semicolon.
 constexpr size_t longestReference = 12;
 
-constexpr string_view blanks = " \t\r\n\f";
-
-bool isLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
 string_view trimmed(string_view text) {
-    const auto first = text.find_first_not_of(blanks);
-    if (first == text.npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return ascii::trimmed(text, isHtmlBlank);
 }
 
 template <class Number>
@@ -173,7 +166,8 @@ class Parser {
         if (tagsEnded_ || rest_.size() < 2) return false;
         const char next = rest_[1];
         if (next == '!' || next == '?') return takeDeclaration();
-        if (!isLetter(next) && (next != '/' || rest_.size() < 3 || !isLetter(rest_[2])))
+        if (!ascii::isLetter(next) &&
+            (next != '/' || rest_.size() < 3 || !ascii::isLetter(rest_[2])))
             return false;
         const auto tag = takeHtmlTag(rest_);
         if (!tag) {
@@ -203,14 +197,14 @@ class Parser {
     }
 
     void handle(const HtmlTag& tag) {
-        if (sameWord(tag.name, "br")) {
+        if (ascii::equalIgnoringCase(tag.name, "br")) {
             breakLine();
-        } else if (sameWord(tag.name, "font")) {
+        } else if (ascii::equalIgnoringCase(tag.name, "font")) {
             if (!tag.closes)
                 openFont(tag);
             else
                 closeFont();
-        } else if (sameWord(tag.name, "a")) {
+        } else if (ascii::equalIgnoringCase(tag.name, "a")) {
             // Links do not nest: each "a", closing or without an address too, ends the one before.
             // So a link that is ended by a second "<a>" has its own text and no more.
             link_ = TextRun::noLink;
@@ -248,8 +242,9 @@ class Parser {
     std::uint16_t faceIndex(string_view list) {
         const std::string name = withReferencesResolved(trimmed(list.substr(0, list.find(','))));
         if (name.empty()) return fonts_.look.face;
-        const auto known = std::find_if(result_.faces.begin(), result_.faces.end(),
-                                        [&](const auto& face) { return sameWord(face, name); });
+        const auto known =
+            std::find_if(result_.faces.begin(), result_.faces.end(),
+                         [&](const auto& face) { return ascii::equalIgnoringCase(face, name); });
         const auto index = static_cast<std::uint16_t>(known - result_.faces.begin());
         if (known != result_.faces.end()) return index;
         if (result_.faces.size() == maxFaces) return 0;
@@ -273,7 +268,7 @@ class Parser {
     static std::optional<Rgb> colourOf(string_view text) {
         text = trimmed(text);
         for (const auto& [name, colour] : colourNames)
-            if (sameWord(text, name)) return colour;
+            if (ascii::equalIgnoringCase(text, name)) return colour;
         if (text.size() != 7 || text.front() != '#') return std::nullopt;
         const auto value = number<std::uint32_t>(text.substr(1), 16);
         if (!value) return std::nullopt;

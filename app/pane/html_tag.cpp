@@ -1,7 +1,8 @@
 #include "app/pane/html_tag.h"
 
-#include <algorithm>
 #include <utility>
+
+#include "base/ascii.h"
 
 namespace velvox {
 namespace {
@@ -66,7 +67,7 @@ class TagReader {
         const std::pair<string_view, std::optional<string_view>&> known[] = {
             {"href", tag.href}, {"face", tag.face}, {"size", tag.size}, {"color", tag.colour}};
         for (const auto& [word, slot] : known)
-            if (!slot && sameWord(name, word)) slot = value;
+            if (!slot && ascii::equalIgnoringCase(name, word)) slot = value;
         return true;
     }
 
@@ -74,19 +75,10 @@ class TagReader {
     size_t at_ = 0;
 };
 
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 }  // namespace
 
 bool isHtmlBlank(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r' && c != '\v');
-}
-
-bool sameWord(string_view a, string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lower(x) == lower(y); });
 }
 
 std::optional<HtmlTag> takeHtmlTag(string_view& rest) {

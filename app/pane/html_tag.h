@@ -9,9 +9,6 @@ namespace velvox {
 /// White space between words and attributes.
 bool isHtmlBlank(char c);
 
-/// Whether two words are equal but for the case of ASCII letters.
-bool sameWord(std::string_view a, std::string_view b);
-
 struct HtmlTag {
     std::string_view name;
     bool closes = false;
