@@ -129,7 +129,7 @@ LRESULT CALLBACK tsScrollContainer::contentThunk(HWND window, UINT message, WPAR
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
-ScrollArea tsScrollContainer::contentSize() const {
+Size tsScrollContainer::contentSize() const {
     if (!content_) return {};
     if (drawn_) return {drawn_->cx, drawn_->cy};
     RECT size{};

@@ -78,7 +78,7 @@ class tsScrollContainer : private Window {
     void detach() noexcept;
     static LRESULT CALLBACK contentThunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                          UINT_PTR id, DWORD_PTR self) noexcept;
-    ScrollArea contentSize() const;
+    Size contentSize() const;
     void arrange();
     void place(ScrollBarWindow& bar, const RECT& at, const ScrollExtent& extent);
     void follow();

@@ -22,7 +22,7 @@ ScrollExtent extent(int room, int content, int takenByOther, bool hasBar) {
 
 }  // namespace
 
-ScrollLayout layOutScroll(const ScrollArea& room, const ScrollArea& content, int thickness) {
+ScrollLayout layOutScroll(const Size& room, const Size& content, int thickness) {
     bool horizontal = false;
     bool vertical = false;
     // A bar that shows never hides the other, so the second round is the last that alters anything.

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "base/geometry.h"
 #include "controlkit/scroll_geometry.h"
 
 namespace velvox {
@@ -24,15 +25,9 @@ struct ScrollLayout {
     bool operator==(const ScrollLayout&) const = default;
 };
 
-/// Pixels.
-struct ScrollArea {
-    int width = 0;
-    int height = 0;
-};
-
 /// A bar shows where the content does not fit. It takes `thickness` of the room in the other
 /// direction, which may be why the other bar shows too.
-ScrollLayout layOutScroll(const ScrollArea& room, const ScrollArea& content, int thickness);
+ScrollLayout layOutScroll(const Size& room, const Size& content, int thickness);
 
 /// The position nearest to `position` at which a part of the content can be seen. Of a part larger
 /// than the view its start is, unless the view lies within it.

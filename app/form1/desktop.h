@@ -6,21 +6,9 @@
 #include <string_view>
 
 #include "app/form1/xml_http_request.h"
+#include "base/geometry.h"
 
 namespace velvox {
-
-/// Screen pixels.
-struct ScreenPoint {
-    int x = 0;
-    int y = 0;
-};
-
-struct ScreenRect {
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
-};
 
 class Desktop {
  public:
@@ -50,11 +38,11 @@ class FormFrame {
  public:
     virtual ~FormFrame() = default;
 
-    virtual ScreenPoint cursorPosition() const = 0;
-    virtual ScreenRect windowRect() const = 0;
+    virtual Point cursorPosition() const = 0;
+    virtual Rect windowRect() const = 0;
 
     /// Moves the window, keeping its size and its place in the stack.
-    virtual void moveTo(ScreenPoint topLeft) = 0;
+    virtual void moveTo(Point topLeft) = 0;
     virtual void setCapture() = 0;
     virtual void releaseCapture() = 0;
 };

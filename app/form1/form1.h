@@ -134,8 +134,8 @@ class Form1 : public Control {
 
     Desktop& desktop_;
     FormFrame& frame_;
-    ScreenPoint DragStartCursor;
-    ScreenRect DragStartRect;
+    Point DragStartCursor;
+    Rect DragStartRect;
     std::unique_ptr<XmlHttpRequest> newsRequest_;
 };
 

@@ -24,7 +24,7 @@ void Form1::Form_MouseMove(MouseButton button, int, float, float) {
     if (button != MouseButton::Left || !Dragging || Moving) return;
     Moving = true;
     desktop_.yield();
-    const ScreenPoint cursor = frame_.cursorPosition();
+    const Point cursor = frame_.cursorPosition();
     frame_.moveTo({DragStartRect.left - DragStartCursor.x + cursor.x,
                    DragStartRect.top - DragStartCursor.y + cursor.y});
     Moving = false;

@@ -114,19 +114,19 @@ void Form1Window::show() {
     SetFocus(children_->linkin->editHandle());
 }
 
-ScreenPoint Form1Window::cursorPosition() const {
+Point Form1Window::cursorPosition() const {
     POINT at{};
     GetCursorPos(&at);
     return {at.x, at.y};
 }
 
-ScreenRect Form1Window::windowRect() const {
+Rect Form1Window::windowRect() const {
     RECT at{};
     GetWindowRect(handle(), &at);
     return {at.left, at.top, at.right, at.bottom};
 }
 
-void Form1Window::moveTo(ScreenPoint topLeft) {
+void Form1Window::moveTo(Point topLeft) {
     SetWindowPos(handle(), nullptr, topLeft.x, topLeft.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
 }
 

@@ -31,9 +31,9 @@ class Form1Window : public Window, public FormFrame {
 
     Form1& form();
 
-    ScreenPoint cursorPosition() const override;
-    ScreenRect windowRect() const override;
-    void moveTo(ScreenPoint topLeft) override;
+    Point cursorPosition() const override;
+    Rect windowRect() const override;
+    void moveTo(Point topLeft) override;
     void setCapture() override;
     void releaseCapture() override;
 

@@ -32,7 +32,7 @@ struct InputEvent {
     bool repeat = false;           ///< from a key that is held down
     bool alt = false;              ///< Alt is held down
     const void* window = nullptr;  ///< target
-    ScreenPoint at;                ///< position of the pointer
+    Point at;                      ///< position of the pointer
     std::uint32_t timeMs = 0;      ///< since the system has started; wraps around
 };
 
@@ -64,7 +64,7 @@ class InputFilter {
     struct Press {
         unsigned button;
         const void* window;
-        ScreenPoint at;
+        Point at;
         std::uint32_t timeMs;
         bool dropped;
     };

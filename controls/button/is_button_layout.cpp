@@ -17,7 +17,7 @@ unsigned captionFlagsOf(int captionAlign) {
     return captionAlign >= 0 && captionAlign < 5 ? captionFlagTable[captionAlign] : 0;
 }
 
-ButtonRect captionRect(int width, int height) {
+Rect captionRect(int width, int height) {
     return {captionInset, captionInset, width - captionInset, height - captionInset};
 }
 
@@ -31,7 +31,7 @@ int iconMargin(int style) {
     }
 }
 
-ButtonPoint iconPlace(int iconAlign, int width, int height, int size, int margin) {
+Point iconPlace(int iconAlign, int width, int height, int size, int margin) {
     size = std::min(size, maxIconSize);
     const int middleX = (width - size) / 2;
     const int middleY = (height - size) / 2;

@@ -4,25 +4,10 @@
 #include <array>
 #include <variant>
 
+#include "base/geometry.h"
 #include "controls/button/is_button.h"
 
 namespace velvox {
-
-struct ButtonPoint {
-    int x = 0;
-    int y = 0;
-
-    bool operator==(const ButtonPoint&) const = default;
-};
-
-struct ButtonRect {
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
-
-    bool operator==(const ButtonRect&) const = default;
-};
 
 /// Neither side of a button is shorter, in twips.
 inline constexpr int leastButtonTwips = 300;
@@ -34,20 +19,20 @@ inline constexpr unsigned firstCaptionFlags = 17;
 unsigned captionFlagsOf(int captionAlign);
 
 /// The caption keeps four pixels from each edge.
-ButtonRect captionRect(int width, int height);
+Rect captionRect(int width, int height);
 
 /// Distance of the icon from the edge it is aligned to.
 int iconMargin(int style);
 
 /// Top left corner of the icon. An alignment above 4 puts it at (0, 0).
-ButtonPoint iconPlace(int iconAlign, int width, int height, int size, int margin);
+Point iconPlace(int iconAlign, int width, int height, int size, int margin);
 
 /// Outlines that cut the window. Polygons are filled alternately.
 struct PlainOutline {};
 struct RoundOutline {
     int ellipse = 0;  ///< width and height of the corner's ellipse
 };
-using PolygonOutline = std::array<ButtonPoint, 8>;
+using PolygonOutline = std::array<Point, 8>;
 using ButtonOutline = std::variant<PlainOutline, RoundOutline, PolygonOutline>;
 ButtonOutline outlineOf(int style, int width, int height);
 

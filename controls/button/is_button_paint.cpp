@@ -101,7 +101,7 @@ Rgb captionColour(const ButtonLook& look, const SystemColours& system) {
 // The pixels of a square of the face. A stored icon size may be any number: what lies outside the
 // face is left out before it is counted.
 template <class Change>
-void eachPixel(PixelView face, ButtonPoint corner, std::int64_t size, Change change) {
+void eachPixel(PixelView face, Point corner, std::int64_t size, Change change) {
     const auto end = [size](int start, int limit) {
         return static_cast<int>(std::min<std::int64_t>(start + size, limit));
     };
@@ -110,7 +110,7 @@ void eachPixel(PixelView face, ButtonPoint corner, std::int64_t size, Change cha
 }
 
 // The icon in greys that stand out from the face by a part of their strength.
-void paintDisabledIcon(PixelView face, const Picture& icon, ButtonPoint at, int size,
+void paintDisabledIcon(PixelView face, const Picture& icon, Point at, int size,
                        ButtonDrawing& system) {
     std::vector<Rgb> before;
     eachPixel(face, at, size, [&](int x, int y) { before.push_back(face.at(x, y)); });
@@ -129,8 +129,7 @@ void paintIcon(PixelView face, const ButtonLook& look, ButtonDrawing& system) {
     const int size = look.iconSize;
     if (!look.icon || !look.icon->hasImage() || size <= 0) return;
     const Picture& icon = *look.icon;
-    ButtonPoint at =
-        iconPlace(look.iconAlign, face.width(), face.height(), size, iconMargin(look.style));
+    Point at = iconPlace(look.iconAlign, face.width(), face.height(), size, iconMargin(look.style));
     if (look.state == ButtonState::Disabled) return paintDisabledIcon(face, icon, at, size, system);
     if (look.state == ButtonState::Pressed) at = {at.x + pressedShift, at.y + pressedShift};
     if (look.state == ButtonState::Hot && look.style == shadowStyle) {

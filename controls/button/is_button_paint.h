@@ -33,10 +33,10 @@ class ButtonDrawing {
     virtual bool themedFace(FaceState state) = 0;
 
     /// The look's caption in the look's font.
-    virtual void caption(const ButtonLook& look, const ButtonRect& area, Rgb colour) = 0;
+    virtual void caption(const ButtonLook& look, const Rect& area, Rgb colour) = 0;
 
     /// A picture scaled to a square of `size` pixels.
-    virtual void icon(const Picture& picture, ButtonPoint corner, int size) = 0;
+    virtual void icon(const Picture& picture, Point corner, int size) = 0;
 };
 
 /// What a painter draws from.

@@ -35,7 +35,7 @@ class SystemButtonDrawing : public ButtonDrawing {
         return drawn;
     }
 
-    void caption(const ButtonLook& look, const ButtonRect& at, Rgb colour) override {
+    void caption(const ButtonLook& look, const Rect& at, Rgb colour) override {
         const OwnedFont font = createFont(look.font);
         const Selected selected(dc_, font.get());
         const int mode = SetBkMode(dc_, TRANSPARENT);
@@ -47,7 +47,7 @@ class SystemButtonDrawing : public ButtonDrawing {
         GdiFlush();
     }
 
-    void icon(const Picture& picture, ButtonPoint corner, int size) override {
+    void icon(const Picture& picture, Point corner, int size) override {
         const auto* drawable = dynamic_cast<const DrawablePicture*>(&picture);
         if (drawable) drawable->draw(dc_, corner.x, corner.y, size, size);
         GdiFlush();

@@ -27,15 +27,10 @@ constexpr int focusReach = 3 * one;
 constexpr int disabledWhite = 90;
 }  // namespace pill
 
-struct Point {
-    int x;
-    int y;
-};
-
 // A rectangle with round ends.
 class RoundRect {
  public:
-    RoundRect(const ButtonRect& at, int maxRadius)
+    RoundRect(const Rect& at, int maxRadius)
         : at_(at), radius_(std::min({at.right - at.left, at.bottom - at.top, 2 * maxRadius}) / 2) {}
 
     int radius() const { return radius_; }
@@ -51,7 +46,7 @@ class RoundRect {
     }
 
  private:
-    ButtonRect at_;
+    Rect at_;
     int radius_;
 };
 

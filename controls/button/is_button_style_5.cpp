@@ -46,11 +46,6 @@ constexpr int hotTopWhite = 130, hotBottomWhite = 40;
 constexpr int focusTopWhite = 200, focusBottomWhite = 120;
 }  // namespace plain
 
-struct Size {
-    int w;
-    int h;
-};
-
 Size sizeOf(PixelView face) {
     return {face.width(), face.height()};
 }
@@ -178,7 +173,7 @@ void paintSystem(PixelView face, const FacePlan& plan) {
     const Rgb accent = plan.sys(HighlightColour);
     Rgb frame = shift(shadow, plain::borderShift);
     face.fill(face.rect(), base);
-    const ButtonRect inner{1, 1, w - 1, h - 1};
+    const Rect inner{1, 1, w - 1, h - 1};
     switch (plan.state) {
         case FaceState::Pressed:
             face.gradient(inner, shift(base, plain::pressedTop), shift(base, plain::pressedBottom));

@@ -20,7 +20,7 @@ void PixelView::frame(int left, int top, int right, int bottom, Rgb colour) cons
     line(left, bottom, left, top, colour);
 }
 
-void PixelView::fill(const ButtonRect& area, Rgb colour) const {
+void PixelView::fill(const Rect& area, Rgb colour) const {
     const int left = std::max(area.left, 0);
     const int right = std::min(area.right, width_);
     if (left >= right) return;
@@ -29,7 +29,7 @@ void PixelView::fill(const ButtonRect& area, Rgb colour) const {
         std::fill_n(pixels_ + offset(left, y), right - left, value);
 }
 
-void PixelView::gradient(const ButtonRect& area, Rgb top, Rgb bottom) const {
+void PixelView::gradient(const Rect& area, Rgb top, Rgb bottom) const {
     const int rows = area.bottom - area.top;
     for (int row = 0; row < rows; ++row)
         fill({area.left, area.top + row, area.right, area.top + row + 1},

@@ -18,7 +18,7 @@ class PixelView {
 
     int width() const noexcept { return width_; }
     int height() const noexcept { return height_; }
-    ButtonRect rect() const noexcept { return {0, 0, width_, height_}; }
+    Rect rect() const noexcept { return {0, 0, width_, height_}; }
 
     /// -1 outside.
     Rgb at(int x, int y) const {
@@ -35,10 +35,10 @@ class PixelView {
     void frame(int left, int top, int right, int bottom, Rgb colour) const;
 
     /// Right and bottom are outside.
-    void fill(const ButtonRect& area, Rgb colour) const;
+    void fill(const Rect& area, Rgb colour) const;
 
     /// Horizontal lines over the rows of `area`, from `top` to `bottom` colour.
-    void gradient(const ButtonRect& area, Rgb top, Rgb bottom) const;
+    void gradient(const Rect& area, Rgb top, Rgb bottom) const;
 
  private:
     bool holds(int x, int y) const noexcept {

@@ -119,7 +119,7 @@ void XPTextBox::RePos() {
 
 // The four distances are rounded, not the edges: a window can be a pixel smaller than its size in
 // twips says, and the margin must not pay for that.
-PixelBounds XPTextBox::textBounds(int width, int height, int dpi) const {
+Rect XPTextBox::textBounds(int width, int height, int dpi) const {
     const Place text = MyTxt.place();
     return {toPixels(text.left, dpi), toPixels(text.top, dpi),
             width - toPixels(Pic.Width() - text.left - text.width, dpi),

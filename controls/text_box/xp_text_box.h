@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/geometry.h"
 #include "base/property_bag.h"
 #include "base/twips.h"
 #include "controls/picture_box.h"
@@ -20,13 +21,6 @@ struct DrawnLine {
     Rgb colour;
 
     bool operator==(const DrawnLine&) const = default;
-};
-
-/// A rectangle in pixels of a window; right and bottom lie outside it.
-struct PixelBounds {
-    int left, top, right, bottom;
-
-    bool operator==(const PixelBounds&) const = default;
 };
 
 class XPTextBox : public Control {
@@ -101,7 +95,7 @@ class XPTextBox : public Control {
 
     /// Where MyTxt lies in a window whose client area came out as `width` by `height` pixels. Empty
     /// or inside out where there is no room.
-    PixelBounds textBounds(int width, int height, int dpi) const;
+    Rect textBounds(int width, int height, int dpi) const;
 
     /// Draws the frame and sets the look of the inner box. The program itself only ever asks for
     /// Normal.

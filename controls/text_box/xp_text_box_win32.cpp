@@ -169,7 +169,7 @@ void TextBoxWindow::applyFace() {
 RECT TextBoxWindow::place() const {
     RECT client{};
     GetClientRect(GetParent(handle()), &client);
-    const PixelBounds at = box_.textBounds(client.right, client.bottom, screenDpi());
+    const Rect at = box_.textBounds(client.right, client.bottom, screenDpi());
     return {at.left, at.top, std::max(at.left, at.right), std::max(at.top, at.bottom)};
 }
 

@@ -10,7 +10,7 @@ namespace {
 TEST(ScrollLayoutTest, ABarShowsWhereTheContentDoesNotFit) {
     constexpr struct {
         const char* what;
-        ScrollArea room, content;
+        Size room, content;
         ScrollLayout expected;
     } rows[] = {
         {"fits", {100, 80}, {100, 80}, {{100, false, 0}, {80, false, 0}}},

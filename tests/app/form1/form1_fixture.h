@@ -155,16 +155,16 @@ struct FakeDesktop : Logging, Desktop {
 struct FakeFrame : Logging, FormFrame {
     using Logging::Logging;
 
-    ScreenPoint cursorPosition() const override { return cursor; }
-    ScreenRect windowRect() const override { return rect; }
-    void moveTo(ScreenPoint to) override {
+    Point cursorPosition() const override { return cursor; }
+    Rect windowRect() const override { return rect; }
+    void moveTo(Point to) override {
         log.add({"move ", std::to_string(to.x), ",", std::to_string(to.y)});
     }
     void setCapture() override { log.add({"capture"}); }
     void releaseCapture() override { log.add({"release"}); }
 
-    ScreenPoint cursor;
-    ScreenRect rect;
+    Point cursor;
+    Rect rect;
 };
 
 /// Every system colour is its own number.

@@ -27,11 +27,11 @@ TEST(SkinnedFrameTest, TitleBarFollowsTheWidth) {
 class DragTest : public ::testing::Test {
  protected:
     DragTest() { fixture.frame.rect = {100, -50, 597, 247}; }
-    void press(MouseButton button = left, ScreenPoint cursor = {500, 400}) {
+    void press(MouseButton button = left, Point cursor = {500, 400}) {
         fixture.frame.cursor = cursor;
         form.Form_MouseDown(button, 0, 1, 2);
     }
-    void moveTo(ScreenPoint cursor, MouseButton button = left) {
+    void moveTo(Point cursor, MouseButton button = left) {
         fixture.frame.cursor = cursor;
         form.Form_MouseMove(button, 0, 3, 4);
     }

@@ -35,7 +35,7 @@ InputEvent repeated(unsigned key) {
 constexpr int download = 0;
 constexpr int closeButton = 0;
 
-InputEvent pressAt(ScreenPoint at, std::uint32_t timeMs, const int& window = closeButton,
+InputEvent pressAt(Point at, std::uint32_t timeMs, const int& window = closeButton,
                    unsigned button = left) {
     InputEvent event = input(Kind::Press, button);
     event.window = &window;
@@ -112,7 +112,7 @@ TEST(InputFilterTest, WhatBelongsToADroppedPressIsDroppedAfterTheRun) {
 }
 
 TEST(InputFilterTest, ADoubleClickEndsOnNoOtherControl) {
-    constexpr ScreenPoint there{100, 200};
+    constexpr Point there{100, 200};
     const struct {
         const char* name;
         InputEvent second;

@@ -25,11 +25,6 @@ constexpr Rgb surroundings = 0x00FF00;
 constexpr ButtonState states[] = {Normal, Hot, Pressed, Disabled};
 constexpr auto sys = NumberedColours::of;
 
-struct Size {
-    int w;
-    int h;
-};
-
 struct SomePicture : Picture {
     bool hasImage() const override { return true; }
 };
@@ -53,7 +48,8 @@ ButtonLook focused(ButtonLook look) {
 struct Painted : ButtonDrawing {
     explicit Painted(const ButtonLook& look, bool cue = false, Size size = {w, h},
                      Rgb around = surroundings, int lineWidth = 1)
-        : pixels(static_cast<std::size_t>(size.w * size.h)), face(pixels.data(), size.w, size.h) {
+        : pixels(static_cast<std::size_t>(size.width * size.height)),
+          face(pixels.data(), size.width, size.height) {
         paintButton(face, look, {colours, around, cue, lineWidth}, *this);
     }
     Rgb operator()(int x, int y) const { return face.at(x, y); }
@@ -63,11 +59,11 @@ struct Painted : ButtonDrawing {
         face.frame(0, 0, face.width() - 1, face.height() - 1, lastEdge);
     }
     bool themedFace(FaceState) override { return false; }
-    void caption(const ButtonLook&, const ButtonRect& area, Rgb colour) override {
+    void caption(const ButtonLook&, const Rect& area, Rgb colour) override {
         captionArea = area;
         captionColour = colour;
     }
-    void icon(const Picture&, ButtonPoint at, int size) override {
+    void icon(const Picture&, Point at, int size) override {
         if (size < 64) face.fill({at.x, at.y, at.x + size + 1, at.y + size + 1}, iconRed);
         lastIcon = at;
     }
@@ -75,9 +71,9 @@ struct Painted : ButtonDrawing {
     std::vector<std::uint32_t> pixels;
     PixelView face;
     int lastEdge = 0;
-    ButtonRect captionArea;
+    Rect captionArea;
     Rgb captionColour = -1;
-    ButtonPoint lastIcon{-1, -1};
+    Point lastIcon{-1, -1};
 };
 
 TEST(ButtonPaintTest, FramesAndRingsGrowWithTheLines) {
@@ -186,7 +182,7 @@ TEST(ButtonPaintTest, CaptionColoursFollowTheState) {
                 look.caption = "m";
                 const Painted painted(look);
                 EXPECT_EQ(painted.captionColour, custom ? inks[i] : sys(i == 3 ? 17 : 18)) << style;
-                EXPECT_EQ(painted.captionArea, (ButtonRect{4, 4, w - 4, h - 4}));
+                EXPECT_EQ(painted.captionArea, (Rect{4, 4, w - 4, h - 4}));
             }
 }
 
@@ -205,7 +201,7 @@ TEST(ButtonPaintTest, IconsMoveWhilePressedAndHover) {
         for (const ButtonState state : states) {
             const Painted painted(iconLook(style, state));
             const int by = state == Pressed ? 1 : state == Hot && style == 4 ? -2 : 0;
-            EXPECT_EQ(painted.lastIcon, (ButtonPoint{margins[style] + by, y + by})) << style;
+            EXPECT_EQ(painted.lastIcon, (Point{margins[style] + by, y + by})) << style;
         }
     // A hot flat button's icon floats over a grey shadow, which takes in the column and the row
     // just beyond the icon.

@@ -218,11 +218,11 @@ TEST(IsButtonTest, FreshAndReadControls) {
 }
 
 TEST(ButtonLayoutTest, IconsArePlacedWithHalvesCutTowardsZero) {
-    const ButtonPoint places[] = {{42, 7}, {4, 7}, {81, 7}, {42, 4}, {42, 10}};
+    const Point places[] = {{42, 7}, {4, 7}, {81, 7}, {42, 4}, {42, 10}};
     for (int align = 0; align < 5; ++align)
         EXPECT_EQ(iconPlace(align, 101, 30, 16, 4), places[align]) << align;
     // An icon larger than the button: -3 / 2 is -1.
-    EXPECT_EQ(iconPlace(0, 13, 13, 16, 4), (ButtonPoint{-1, -1}));
+    EXPECT_EQ(iconPlace(0, 13, 13, 16, 4), (Point{-1, -1}));
 }
 
 TEST(ButtonLayoutTest, OutlinesArePointByPointThoseOfTheirStyles) {

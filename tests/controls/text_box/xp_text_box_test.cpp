@@ -93,8 +93,7 @@ TEST(XPTextBoxMarginTest, TextKeepsThreePixelsFromEveryEdgeAtEveryResolution) {
             box.Move({at, at, 2900 + 7 * at, 250 + 3 * at});
             const int width = toPixels(at + box.Width(), dpi) - toPixels(at, dpi);
             const int height = toPixels(at + box.Height(), dpi) - toPixels(at, dpi);
-            ASSERT_EQ(box.textBounds(width, height, dpi),
-                      (PixelBounds{3, 3, width - 3, height - 3}))
+            ASSERT_EQ(box.textBounds(width, height, dpi), (Rect{3, 3, width - 3, height - 3}))
                 << dpi << ' ' << at;
         }
     }
