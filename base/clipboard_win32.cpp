@@ -4,6 +4,7 @@
 #include <cwchar>
 
 #include "base/owned_win32.h"
+#include "base/runtime_failure.h"
 #include "base/system_win32.h"
 
 namespace velvox {
@@ -42,12 +43,12 @@ std::string textOfMemory(HGLOBAL memory) {
     return narrow(all);
 }
 
-std::optional<std::string> clipboardText(HWND owner) {
-    if (!IsClipboardFormatAvailable(CF_UNICODETEXT) || !OpenClipboard(owner)) return std::nullopt;
-    const struct Close {
-        ~Close() { CloseClipboard(); }
-    } close;
+std::optional<std::string> clipboardText(HWND owner) try {
+    if (!IsClipboardFormatAvailable(CF_UNICODETEXT)) return std::nullopt;
+    const OpenedClipboard clipboard(owner);
     return textOfMemory(GetClipboardData(CF_UNICODETEXT));
+} catch (const RuntimeFailure&) {
+    return std::nullopt;  // another program holds it
 }
 
 void copyToClipboard(HWND owner, std::string_view text) {

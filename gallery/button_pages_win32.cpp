@@ -45,6 +45,9 @@ void colourLikeMainWindow(isButton& button) {
     button.UseCustomColors(true);
     button.BackColor(polishedGrey);
     button.HighlightColor(polishedGrey);
+    // Black on the light face, also where the scheme's own text is light.
+    button.FontColor(rgb(0, 0, 0));
+    button.FontHighlightColor(rgb(0, 0, 0));
 }
 
 // The look of a button in a state, as its own model gives it.

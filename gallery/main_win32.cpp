@@ -14,6 +14,7 @@
 #include "base/library_win32.h"
 #include "base/runtime_failure.h"
 #include "base/system_win32.h"
+#include "base/twips.h"
 #include "base/window_win32.h"
 #include "gallery/page_win32.h"
 #include "gallery/print_win32.h"
@@ -69,6 +70,9 @@ class PageHost : public Window {
 class GalleryWindow : public Window {
  public:
     GalleryWindow() : pages_(galleryPages()) {
+        constexpr int captionRoom = 40;
+        fitScreenDpi({(listWidth + pageWidth) * designTwipsPerPixel,
+                      (pageHeight + captionRoom) * designTwipsPerPixel});
         const auto icon = [](int width, int height) {
             return static_cast<HICON>(
                 LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_VELVOX), IMAGE_ICON,

@@ -272,7 +272,7 @@ constexpr Card cards[] = {
 
 void drawCard(clsVirtualDC& on, const Card& card, RECT area) {
     font(on, sizes.captionPoints);
-    on.ForeColor(ink);
+    on.ForeColor(systemColour(WindowTextColour));
     RECT caption{area.left, area.top, area.right, area.top + px(sizes.captionHeight)};
     on.DrawText(card.caption, caption, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
     area.top = caption.bottom;

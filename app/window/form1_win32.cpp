@@ -264,7 +264,8 @@ void Form1Window::coverControls(bool covered) {
 // Whether a key pastes where there is no text field. Pages in the browser have fields of their own.
 bool Form1Window::pastesAddress(const MSG& message) const {
     if (message.message != WM_KEYDOWN || (HIWORD(message.lParam) & KF_REPEAT) != 0) return false;
-    const bool control = GetKeyState(VK_CONTROL) < 0;
+    // AltGr is Control with Alt.
+    const bool control = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
     const bool shift = GetKeyState(VK_SHIFT) < 0;
     const bool paste = message.wParam == 'V'         ? control && !shift
                        : message.wParam == VK_INSERT ? shift && !control
