@@ -31,9 +31,8 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
     ASSERT_TRUE(eventually([&] { return driver().focus(program.window()) != edit(); }));
     pasteOffered(program, " \n\thttp://a/1 \r\n", "http://a/1");
     EXPECT_EQ(driver().focus(program.window()), edit());
-    // In the box it is inserted, as clean: over the address of a paste before, so that an impatient
-    // second one changes nothing. What is typed stays as it is.
-    Hands().key("ctrl+v").key("End").type(" ").key("ctrl+v").type(" ").act();
+    // In the box it is inserted, as clean; what is typed stays as it is.
+    Hands().key("End").type(" ").key("ctrl+v").type(" ").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "http://a/1 http://a/1 "));
 
     // The site that leaves the box locked: there is a way on.
