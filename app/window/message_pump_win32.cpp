@@ -49,7 +49,9 @@ void leaveModalLoop() noexcept {
     // Wine ends neither the menu mode of a window without a menu bar by EndMenu nor a move by
     // WM_CANCELMODE.
     if (info.hwndMenuOwner) PostMessageW(info.hwndMenuOwner, WM_CANCELMODE, 0, 0);
-    if (info.hwndMoveSize) PostMessageW(info.hwndMoveSize, WM_LBUTTONUP, 0, 0);
+    // A menu inside a move hides the move from this.
+    const HWND moved = info.hwndMoveSize ? info.hwndMoveSize : info.hwndActive;
+    if (moved) PostMessageW(moved, WM_LBUTTONUP, 0, 0);
 }
 
 // Ticks in the loop of a menu or of a move by keys, and ends that loop when the caller's wait is
