@@ -90,7 +90,7 @@ void drawFocusRing(HDC dc, RECT area) {
 
 void fitScreenDpi(SIZE twips) {
     RECT work{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    if (!SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0) || IsRectEmpty(&work)) return;
     const LONG across = (work.right - work.left) * twipsPerInch / twips.cx;
     const LONG down = (work.bottom - work.top) * twipsPerInch / twips.cy;
     layoutDpi() = static_cast<int>(std::min({static_cast<LONG>(systemDpi()), across, down}));

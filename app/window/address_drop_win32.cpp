@@ -49,9 +49,10 @@ std::string contentOf(const wchar_t* file) {
 
 std::string shortcutAddress(HGLOBAL droppedFiles) {
     const auto drop = static_cast<HDROP>(droppedFiles);
-    wchar_t file[MAX_PATH]{};
-    if (!drop || DragQueryFileW(drop, 0, file, MAX_PATH) == 0) return {};
-    return velvox::shortcutAddress(contentOf(file));
+    std::wstring file(drop ? DragQueryFileW(drop, 0, nullptr, 0) : 0, L'\0');
+    if (file.empty()) return {};
+    DragQueryFileW(drop, 0, file.data(), static_cast<UINT>(file.size()) + 1);
+    return velvox::shortcutAddress(contentOf(file.c_str()));
 }
 
 class DropTarget final : public ComObject<IDropTarget> {

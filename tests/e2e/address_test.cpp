@@ -9,27 +9,13 @@ namespace {
 constexpr int sevenloadEntry = 2;
 constexpr const char* mp4 = "http://content.veoh.com/ipod/v669398tRxFQc4d/h669398.mp4?ct=47aa9c01";
 
-// Wine learns a little later that another program has a new clipboard.
-bool pasted(const Program& program, const std::string& address) {
-    Hands().key("End").key("shift+Home").key("ctrl+v").act();
-    return program.address() == address;
-}
-
-// Wine may miss the new clipboard on a busy machine: it is offered again.
-void pasteOffered(const Program& program, const std::string& text, const std::string& address) {
-    EXPECT_TRUE(eventually([&] {
-        putIntoClipboard(text);
-        return eventually([&] { return pasted(program, address); }, Milliseconds(5000));
-    })) << program.address();
-}
-
 TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
     const Program program;
     const auto edit = [&] { return driver().ask({"find", program.edit()}); };
     program.enter("what was there");
     Hands().key("Tab").act();
     ASSERT_TRUE(eventually([&] { return driver().focus(program.window()) != edit(); }));
-    pasteOffered(program, " \n\thttp://a/1 \r\n", "http://a/1");
+    program.pasteNew(" \n\thttp://a/1 \r\n", "http://a/1");
     EXPECT_EQ(driver().focus(program.window()), edit());
     // In the box it is inserted, as clean; what is typed stays as it is.
     Hands().key("End").type(" ").key("ctrl+v").type(" ").act();
@@ -39,7 +25,7 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
     program.startExample(sevenloadEntry);
     EXPECT_NO_THROW(driver().waitPart(program.control(controlId("output")), "<a href="));
     program.awaitEndOfRun();
-    pasteOffered(program, exampleAddresses[3], exampleAddresses[3]);
+    program.pasteNew(exampleAddresses[3], exampleAddresses[3]);
     EXPECT_TRUE(program.addressLocked());
     EXPECT_FALSE(program.areaShown());
     program.click(controlId("UniXPButton1"));
@@ -58,7 +44,7 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
         return saved.find(std::string(mp4) + "\r\n") != std::string::npos;
     }));
     program.closeArea();
-    EXPECT_TRUE(eventually([&] { return pasted(program, mp4); })) << program.address();
+    EXPECT_TRUE(eventually([&] { return program.paste(mp4); })) << program.address();
 }
 
 }  // namespace

@@ -102,6 +102,19 @@ void Program::enter(const std::string& address) const {
     driver().ask({"set", edit(), address});
 }
 
+bool Program::paste(const std::string& address) const {
+    Hands().key("End").key("shift+Home").key("ctrl+v").act();
+    return eventually([&] { return this->address() == address; }, Milliseconds(1000));
+}
+
+// On a busy machine Wine may miss a new clipboard: it is offered again.
+void Program::pasteNew(const std::string& text, const std::string& address) const {
+    EXPECT_TRUE(eventually([&] {
+        putIntoClipboard(text);
+        return eventually([&] { return paste(address); }, Milliseconds(5000));
+    })) << this->address();
+}
+
 void Program::closeArea() const {
     if (!areaShown()) return;
     click(controlId("isButton1"));

@@ -48,6 +48,10 @@ class Program {
     static void awaitKeyboard();
     /// Puts a text into the address box without the clipboard.
     void enter(const std::string& address) const;
+    /// Replaces the address by the clipboard's, with the keyboard; whether it is `address` then.
+    bool paste(const std::string& address) const;
+    /// The same with a new clipboard, until Wine has seen that.
+    void pasteNew(const std::string& text, const std::string& address) const;
     /// Hides the result area if it is shown.
     void closeArea() const;
     /// Enters the address, presses Download and waits for the result area.

@@ -54,18 +54,15 @@ TEST(StartUpTest, ChoosingASiteChangesTheExampleAloneAndClickingThatCopiesIt) {
 TEST(StartUpTest, PastesByKeyAndByMenuAndEnterPressesDownload) {
     const Program program;
     const Point box = middleOf(driver().rect(program.edit()));
-    putIntoClipboard("from the menu");
+    program.pasteNew("by key and by menu", "by key and by menu");
+    // Once this has come, no paste is on its way any more.
+    Hands().key("End").type("x").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), "by key and by menux"));
+    program.enter("");
     Hands().click(box, 3).act();
     program.chooseFromMenu("p");
-    EXPECT_NO_THROW(driver().waitText(program.edit(), "from the menu"));
-
-    putIntoClipboard(veohExample);
-    Hands().click(box).act();
-    // Wine learns a little later that another program has a new clipboard.
-    EXPECT_TRUE(eventually([&] {
-        Hands().key("End").key("shift+Home").key("ctrl+v").act();
-        return program.address() == veohExample;
-    }));
+    EXPECT_NO_THROW(driver().waitText(program.edit(), "by key and by menu"));
+    program.pasteNew(veohExample, veohExample);
     Hands().key("Return").act();
     driver().waitVisible(program.control(controlId("outer")));
     waitForLinks(program);
@@ -75,16 +72,19 @@ TEST(StartUpTest, PastesByKeyAndByMenuAndEnterPressesDownload) {
 TEST(StartUpTest, EscapeAndCloseHideTheResultArea) {
     const Program program;
     const std::string area = program.control(controlId("outer"));
+    program.pasteNew("the next address", "the next address");
+    Hands().key("End").type("x").act();
+    EXPECT_NO_THROW(driver().waitText(program.edit(), "the next addressx"));
     program.start(veohExample);
     waitForLinks(program);
     Hands().key("Escape").act();
     EXPECT_NO_THROW(driver().waitGone(area));
     EXPECT_EQ(driver().focus(program.window()), driver().ask({"find", program.edit()}));
     // The next paste replaces the address, not adds to it.
-    putIntoClipboard(veohExample);
     Hands().key("ctrl+v").act();
-    EXPECT_NO_THROW(driver().waitText(program.edit(), veohExample));
+    EXPECT_NO_THROW(driver().waitText(program.edit(), "the next address"));
     // What the area covered can be used again.
+    program.enter(veohExample);
     program.click(controlId("UniXPButton1"));
     driver().waitVisible(area);
     waitForLinks(program);

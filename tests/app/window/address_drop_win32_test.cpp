@@ -105,6 +105,9 @@ TEST(AddressDropTest, ADropIsTakenOnlyWhileTheWindowAcceptsOne) {
     EXPECT_EQ(dragAndDrop(DROPEFFECT_MOVE), DWORD{DROPEFFECT_NONE});
     accepting = false;
     EXPECT_EQ(dragAndDrop(DROPEFFECT_COPY), DWORD{DROPEFFECT_NONE});
+    DWORD effect = DROPEFFECT_COPY;
+    target->Drop(dragged.data().get(), 0, {}, &effect);
+    EXPECT_EQ(effect, DWORD{DROPEFFECT_NONE});
     EXPECT_EQ(taken, "");
 }
 
