@@ -159,19 +159,7 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
     const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     switch (message) {
         case WM_LBUTTONDOWN:
-            hideTip();
-            pressed_ = nullptr;
-            if (!(wParam & (MK_SHIFT | MK_CONTROL)) && beganAfterPaint())
-                pressed_ = linkUnder(point);
-            return std::nullopt;
-        case WM_LBUTTONDBLCLK: {
-            // Wine leaves the selection of the last word in a state in which the next Right ends
-            // the program. Selected by position it is sound.
-            const LRESULT answer = DefSubclassProc(handle(), message, wParam, lParam);
-            const auto [begin, end] = selection();
-            setSelection(handle(), begin, end);
-            return answer;
-        }
+        case WM_LBUTTONDBLCLK: return press(message, wParam, lParam);
         case WM_LBUTTONUP: release(wParam, lParam); return 0;
         case WM_RBUTTONUP: {
             POINT screen = point;
@@ -197,6 +185,31 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
 // not meant for them.
 bool LinkText::beganAfterPaint() const {
     return painted_ && static_cast<LONG>(static_cast<DWORD>(GetMessageTime()) - paintedAt_) >= 0;
+}
+
+// Wine's control counts clicks itself. The word or line that it selects then lies beyond the text,
+// and the next Right ends the program: a double click selects a link, other clicks nothing.
+LRESULT LinkText::press(UINT message, WPARAM wParam, LPARAM lParam) {
+    const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    const bool extending = (wParam & (MK_SHIFT | MK_CONTROL)) != 0;
+    hideTip();
+    pressed_ = nullptr;
+    if (message == WM_LBUTTONDOWN && !extending && beganAfterPaint()) pressed_ = linkUnder(point);
+    const HWND control = handle();
+    const LRESULT answer = DefSubclassProc(control, message, wParam, lParam);
+    const auto [begin, end] = selection();
+    if (extending || begin == end) return answer;
+    pressed_ = nullptr;
+    const TextLink* link = message == WM_LBUTTONDBLCLK ? linkUnder(point) : nullptr;
+    if (link) {
+        select(*link);
+    } else {
+        POINTL asked{point.x, point.y};
+        const auto nearest = static_cast<std::size_t>(
+            SendMessageW(control, EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&asked)));
+        setSelection(control, nearest, nearest);
+    }
+    return answer;
 }
 
 // The button came up: a click when that is where it went down and nothing was selected meanwhile.

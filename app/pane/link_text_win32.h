@@ -44,6 +44,7 @@ class LinkText : public SystemControl {
     std::optional<LRESULT> onPointer(UINT message, WPARAM wParam, LPARAM lParam);
     bool beganAfterPaint() const;
     void markLinks(const RichText& text, bool streamedAsLinks);
+    LRESULT press(UINT message, WPARAM wParam, LPARAM lParam);
     void release(WPARAM wParam, LPARAM lParam);
     bool goToLink(bool down);
     void select(const TextLink& link);

@@ -120,19 +120,28 @@ TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
     EXPECT_FALSE(hasCaret());
 }
 
-// Wine selects the last word so that the next Right reads beyond the text and ends the program.
-TEST_F(ResultPaneTest, ADoubleClickOnTheLastWordLeavesKeysUsable) {
-    pane.DocumentHTML("<a href='http://h/1'>Download FLV</a>");
+// Wine selects words so that the next Right reads beyond the text and ends the program.
+TEST_F(ResultPaneTest, ADoubleClickSelectsALinkAndLeavesKeysUsable) {
+    pane.DocumentHTML("plain<br><a href='http://h/1'>Download FLV</a>");
     SetFocus(pane.handle());
-    const LPARAM word = pointAt(10);
-    click(word);
-    post(WM_LBUTTONDBLCLK, MK_LBUTTON, word);
-    release(word);
-    CHARRANGE place{};
-    send(EM_EXGETSEL, 0, at(place));
-    EXPECT_EQ(shownAt(9, static_cast<std::size_t>(place.cpMax)), "FLV");
-    EXPECT_EQ(place.cpMin, 9);
-    key(VK_RIGHT);
+    const auto clickedAgain = [&](std::size_t character, UINT message) {
+        const LPARAM point = pointAt(character);
+        post(message, MK_LBUTTON, point);
+        release(point);
+        CHARRANGE place{};
+        send(EM_EXGETSEL, 0, at(place));
+        return shownAt(static_cast<std::size_t>(place.cpMin),
+                       static_cast<std::size_t>(place.cpMax));
+    };
+    for (const std::size_t character : {16U, 2U}) {
+        click(pointAt(character));
+        EXPECT_EQ(clickedAgain(character, WM_LBUTTONDBLCLK), character == 16 ? "Download FLV" : "");
+        key(VK_RIGHT);
+        click(pointAt(character));
+        EXPECT_EQ(clickedAgain(character, WM_LBUTTONDOWN), "");
+        EXPECT_EQ(clickedAgain(character, WM_LBUTTONDOWN), "") << "the third click";
+        key(VK_RIGHT);
+    }
 }
 
 TEST_F(ResultPaneTest, KeysGoFromLinkToLinkAndEnterOpens) {
