@@ -1,6 +1,7 @@
 #include "gallery/print_win32.h"
 
-#include <fstream>
+#include <cstdio>
+#include <memory>
 
 #include "base/owned_win32.h"
 #include "base/runtime_failure.h"
@@ -55,14 +56,15 @@ void writePicture(HWND window, const std::string& path) {
     head.bfType = 0x4D42;  // "BM"
     head.bfOffBits = sizeof head + sizeof info.bmiHeader;
     head.bfSize = head.bfOffBits + size;
-    std::ofstream file(path, std::ios::binary);
-    const auto write = [&](const void* data, DWORD bytes) {
-        file.write(static_cast<const char*>(data), static_cast<std::streamsize>(bytes));
+    // A stream of the standard library would add a megabyte to the program.
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(_wfopen(widen(path).c_str(), L"wb"),
+                                                               &std::fclose);
+    const auto write = [&](const void* data, std::size_t bytes) {
+        return std::fwrite(data, 1, bytes, file.get()) == bytes;
     };
-    write(&head, sizeof head);
-    write(&info.bmiHeader, sizeof info.bmiHeader);
-    write(bits, size);
-    if (!file.flush()) throw RuntimeFailure(Fault::Platform, path + " cannot be written");
+    if (!file || !write(&head, sizeof head) || !write(&info.bmiHeader, sizeof info.bmiHeader) ||
+        !write(bits, size) || std::fflush(file.get()) != 0)
+        throw RuntimeFailure(Fault::Platform, path + " cannot be written");
 }
 
 }  // namespace velvox
