@@ -10,6 +10,7 @@
 #include "controlkit/file_win32.h"
 #include "controlkit/scroll_look.h"
 #include "controls/button/icon_picture_win32.h"
+#include "gallery/sheet_win32.h"
 
 namespace velvox {
 namespace {
@@ -30,10 +31,6 @@ constexpr struct {
 } sizes;
 
 enum CommandId : int { ByNameId = 100, BySizeId };
-
-int px(int design) {
-    return scaled(design, screenDpi());
-}
 
 void write(HDC dc, std::string_view text, RECT at, UINT format) {
     DrawTextW(dc, widen(text).c_str(), -1, &at,
@@ -65,15 +62,15 @@ FileListWindow::FileListWindow(tsScrollContainer& container, FileRows& rows)
     request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
     request.parent = container.view();
     create(request);
-    container_.vertical().SmallChange(px(sizes.row));
-    container_.vertical().WheelChange(3 * px(sizes.row));
+    container_.vertical().SmallChange(Sheet::pixels(sizes.row));
+    container_.vertical().WheelChange(3 * Sheet::pixels(sizes.row));
     refresh();
 }
 
 void FileListWindow::refresh() {
-    const int row = px(sizes.row);
-    container_.setDrawnContent(handle(),
-                               {px(sizes.listWidth), row * static_cast<LONG>(rows_.count())});
+    const int row = Sheet::pixels(sizes.row);
+    container_.setDrawnContent(
+        handle(), {Sheet::pixels(sizes.listWidth), row * static_cast<LONG>(rows_.count())});
     const LONG top = row * static_cast<LONG>(rows_.selected());
     container_.scrollIntoView({container_.position().x, top, container_.position().x, top + row});
     InvalidateRect(handle(), nullptr, FALSE);
@@ -100,7 +97,7 @@ std::optional<LRESULT> FileListWindow::onMessage(UINT message, WPARAM wParam, LP
 }
 
 std::optional<LRESULT> FileListWindow::onKey(WPARAM code) {
-    const int page = container_.viewSize().cy / px(sizes.row);
+    const int page = container_.viewSize().cy / Sheet::pixels(sizes.row);
     if (rows_.key(static_cast<std::int16_t>(code), std::max(page - 1, 1)))
         refresh();
     else if (code == VK_RETURN && Open)
@@ -114,7 +111,7 @@ std::optional<LRESULT> FileListWindow::onKey(WPARAM code) {
 
 void FileListWindow::press(LPARAM at) {
     SetFocus(handle());
-    const LONG row = (container_.position().y + GET_Y_LPARAM(at)) / px(sizes.row);
+    const LONG row = (container_.position().y + GET_Y_LPARAM(at)) / Sheet::pixels(sizes.row);
     if (row < static_cast<LONG>(rows_.count()) && rows_.select(std::ptrdiff_t{row})) refresh();
 }
 
@@ -127,8 +124,8 @@ void FileListWindow::paint(HDC target) {
     SetBkMode(buffer.dc(), TRANSPARENT);
     const Selected font(buffer.dc(), font_.get());
     const POINT from = container_.position();
-    const int height = px(sizes.row);
-    const LONG width = std::max<LONG>(client.right, px(sizes.listWidth));
+    const int height = Sheet::pixels(sizes.row);
+    const LONG width = std::max<LONG>(client.right, Sheet::pixels(sizes.listWidth));
     for (auto i = static_cast<std::size_t>(from.y / height); i < rows_.count(); ++i) {
         const LONG top = height * static_cast<LONG>(i) - from.y;
         if (top >= client.bottom) break;
@@ -148,10 +145,11 @@ void FileListWindow::paintRow(HDC dc, const RECT& at, std::size_t index) {
     if (!item.icon)
         item.icon =
             std::make_shared<IconPicture>(clsFile::GetIcon(item.key, clsFile::IconSize::Small));
-    const int icon = px(sizes.icon), gap = px(sizes.gap);
+    const int icon = Sheet::pixels(sizes.icon), gap = Sheet::pixels(sizes.gap);
     if (const auto* picture = dynamic_cast<const DrawablePicture*>(item.icon.get()))
-        picture->draw(dc, at.left + gap, at.top + (px(sizes.row) - icon) / 2, icon, icon);
-    const LONG sizeLeft = at.right - px(sizes.sizeColumn);
+        picture->draw(dc, at.left + gap, at.top + (Sheet::pixels(sizes.row) - icon) / 2, icon,
+                      icon);
+    const LONG sizeLeft = at.right - Sheet::pixels(sizes.sizeColumn);
     write(dc, item.text, {at.left + 2 * gap + icon, at.top, sizeLeft - gap, at.bottom}, DT_LEFT);
     if (item.size > 0 || !rows_.isFolder(index))
         write(dc, sizeText(item.size), {sizeLeft, at.top, at.right - 2 * gap, at.bottom}, DT_RIGHT);
@@ -160,10 +158,11 @@ void FileListWindow::paintRow(HDC dc, const RECT& at, std::size_t index) {
 /// Where everything lies, in pixels of the page.
 struct FilesPage::Layout {
     explicit Layout(RECT area) {
-        InflateRect(&area, -px(sizes.margin), -px(sizes.margin));
-        const int line = px(sizes.line), header = px(sizes.header);
+        InflateRect(&area, -Sheet::pixels(sizes.margin), -Sheet::pixels(sizes.margin));
+        const int line = Sheet::pixels(sizes.line), header = Sheet::pixels(sizes.header);
         path = {area.left, area.top, area.right, area.top + line};
-        byName = {area.left, path.bottom, area.right - px(sizes.sizeColumn), path.bottom + header};
+        byName = {area.left, path.bottom, area.right - Sheet::pixels(sizes.sizeColumn),
+                  path.bottom + header};
         bySize = {byName.right, byName.top, area.right, byName.bottom};
         status = {area.left, area.bottom - line, area.right, area.bottom};
         container = {area.left, byName.bottom, area.right, status.top};

@@ -7,6 +7,7 @@
 #include "base/twips.h"
 #include "controlkit/gradient.h"
 #include "controlkit/scroll_look.h"
+#include "gallery/sheet_win32.h"
 
 namespace velvox {
 namespace {
@@ -36,10 +37,6 @@ constexpr OleColour gridLine = rgb(0xFF, 0xFF, 0xFF);
 
 enum CommandId : int { EnabledId = 100, WheelId, LaunchId };
 
-int px(int design) {
-    return scaled(design, screenDpi());
-}
-
 OleColour plain(Rgb colour) {
     return static_cast<OleColour>(colour);
 }
@@ -49,12 +46,13 @@ OleColour plain(Rgb colour) {
 /// Where everything lies, in pixels of the page.
 struct ScrollPage::Layout {
     explicit Layout(const RECT& page) {
-        const int margin = px(sizes.margin), caption = px(sizes.captionHeight);
-        const int bar = px(sizes.bar);
+        const int margin = Sheet::pixels(sizes.margin),
+                  caption = Sheet::pixels(sizes.captionHeight);
+        const int bar = Sheet::pixels(sizes.bar);
         RECT area = page;
         InflateRect(&area, -margin, -margin);
-        const int side = area.right - px(sizes.sideColumn);
-        const int checks = 3 * px(sizes.checkBox);
+        const int side = area.right - Sheet::pixels(sizes.sideColumn);
+        const int checks = 3 * Sheet::pixels(sizes.checkBox);
 
         samplesCaption = {area.left, area.bottom - bar - caption, side - margin, area.bottom - bar};
         const int half = (side - margin - area.left - margin) / 2;
@@ -68,8 +66,8 @@ struct ScrollPage::Layout {
         events = {side, eventsCaption.bottom, area.right, area.bottom - checks - margin};
         for (int i = 0; i < 3; ++i)
             check[static_cast<std::size_t>(i)] = {
-                side, area.bottom - checks + i * px(sizes.checkBox), area.right,
-                area.bottom - checks + (i + 1) * px(sizes.checkBox)};
+                side, area.bottom - checks + i * Sheet::pixels(sizes.checkBox), area.right,
+                area.bottom - checks + (i + 1) * Sheet::pixels(sizes.checkBox)};
     }
 
     RECT pictureCaption, container;
@@ -123,7 +121,8 @@ LargePicture::LargePicture(HWND parent) {
         request.text = place.text;
         const int x = place.column * step + (step - sizes.buttonWidth) / 2;
         const int y = place.row * step + (step - sizes.buttonHeight) / 2;
-        request.bounds = {px(x), px(y), px(x + sizes.buttonWidth), px(y + sizes.buttonHeight)};
+        request.bounds = {Sheet::pixels(x), Sheet::pixels(y), Sheet::pixels(x + sizes.buttonWidth),
+                          Sheet::pixels(y + sizes.buttonHeight)};
         buttons_.emplace_back().create(request);
     }
 }
@@ -144,7 +143,8 @@ std::optional<LRESULT> LargePicture::onMessage(UINT message, WPARAM wParam, LPAR
 }
 
 void LargePicture::draw() {
-    const int width = px(sizes.pictureWidth), height = px(sizes.pictureHeight);
+    const int width = Sheet::pixels(sizes.pictureWidth),
+              height = Sheet::pixels(sizes.pictureHeight);
     picture_.CreateMyDC(width, height);
     picture_.BackMode(TRANSPARENT);
     Font font;
@@ -161,18 +161,19 @@ void LargePicture::draw() {
                 return plain(
                     rgb(160 + across * 95 / 255, 200 - down * 60 / 255, 250 - across * 110 / 255));
             };
-            RECT cell{px(x * step), px(y * step), px((x + 1) * step), px((y + 1) * step)};
+            RECT cell{Sheet::pixels(x * step), Sheet::pixels(y * step),
+                      Sheet::pixels((x + 1) * step), Sheet::pixels((y + 1) * step)};
             picture_.DrawGradient(tone(0, 0), tone(1, 0), cell.left, cell.top,
                                   cell.right - cell.left, cell.bottom - cell.top, leftToRight);
             picture_.DrawLine(cell.left, cell.top, cell.right, cell.top);
             picture_.DrawLine(cell.left, cell.top, cell.left, cell.bottom);
-            OffsetRect(&cell, px(5), px(4));
+            OffsetRect(&cell, Sheet::pixels(5), Sheet::pixels(4));
             picture_.DrawText(std::to_string(x * step) + ", " + std::to_string(y * step), cell,
                               DT_LEFT | DT_TOP | DT_SINGLELINE);
         }
-    picture_.PenWidth(px(2));
+    picture_.PenWidth(Sheet::pixels(2));
     for (int ring = 1; ring <= 6; ++ring) {
-        const int radius = px(ring * step);
+        const int radius = Sheet::pixels(ring * step);
         picture_.DrawEllipse(width / 2 - radius, height / 2 - radius, width / 2 + radius,
                              height / 2 + radius);
     }
@@ -302,7 +303,7 @@ void ScrollPage::paint(HDC target) {
     if (surface_.Width() != client.right || surface_.Height() != client.bottom) {
         surface_.CreateMyDC(client.right, client.bottom);
         surface_.BackMode(TRANSPARENT);
-        surface_.ForeColor(ink);
+        surface_.ForeColor(systemColour(WindowTextColour));
     }
     surface_.BackColor(systemColour(WindowColour));
     surface_.Cls();

@@ -7,6 +7,7 @@
 
 #include "base/system_win32.h"
 #include "controlkit/scroll_look.h"
+#include "gallery/sheet_win32.h"
 
 namespace velvox {
 namespace {
@@ -31,10 +32,6 @@ constexpr OleColour teal = rgb(0x16, 0x9B, 0x8F);
 constexpr OleColour orange = rgb(0xE8, 0x85, 0x1C);
 constexpr OleColour crimson = rgb(0xC2, 0x2F, 0x4E);
 constexpr OleColour pale = rgb(0xE4, 0xEC, 0xF8);
-
-int px(int design) {
-    return scaled(design, screenDpi());
-}
 
 int width(const RECT& r) {
     return r.right - r.left;
@@ -75,14 +72,14 @@ void font(clsVirtualDC& on, double points) {
 }
 
 void drawLines(clsVirtualDC& on, RECT area) {
-    const RECT fan = column(area, px(12), 2, 0);
+    const RECT fan = column(area, Sheet::pixels(12), 2, 0);
     constexpr int rays = 14;
     for (int i = 0; i <= rays; ++i) {
         pen(on, PS_SOLID, 1, i % 2 ? blue : teal);
         on.DrawLine(fan.left, fan.bottom - 1, fan.left + width(fan) * i / rays,
                     fan.top + height(fan) * i / rays);
     }
-    const RECT list = column(area, px(12), 2, 1);
+    const RECT list = column(area, Sheet::pixels(12), 2, 1);
     const std::array styles{PS_SOLID, PS_DASH, PS_DOT, PS_DASHDOT};
     const std::array widths{2, 3, 5, 8};
     const std::array colours{crimson, orange, teal, blue};
@@ -93,9 +90,9 @@ void drawLines(clsVirtualDC& on, RECT area) {
         on.DrawLine(line.left, (line.top + line.bottom) / 2, line.right,
                     (line.top + line.bottom) / 2);
         const RECT thick = row(list, 0, 8, i + 4);
-        pen(on, PS_SOLID, px(widths[at]), colours[at]);
-        on.DrawLine(thick.left + px(4), (thick.top + thick.bottom) / 2, thick.right - px(4),
-                    (thick.top + thick.bottom) / 2);
+        pen(on, PS_SOLID, Sheet::pixels(widths[at]), colours[at]);
+        on.DrawLine(thick.left + Sheet::pixels(4), (thick.top + thick.bottom) / 2,
+                    thick.right - Sheet::pixels(4), (thick.top + thick.bottom) / 2);
     }
 }
 
@@ -103,17 +100,20 @@ void drawGradients(clsVirtualDC& on, RECT area, int direction) {
     const std::array<std::pair<OleColour, OleColour>, 3> pairs{
         {{blue, pale}, {crimson, orange}, {rgb(0, 0, 0), rgb(255, 255, 255)}}};
     for (int i = 0; i < 3; ++i) {
-        const RECT band = direction == 1 ? row(area, px(8), 3, i) : column(area, px(8), 3, i);
+        const RECT band = direction == 1 ? row(area, Sheet::pixels(8), 3, i)
+                                         : column(area, Sheet::pixels(8), 3, i);
         const auto& [from, to] = pairs[static_cast<std::size_t>(i)];
         on.DrawGradient(from, to, band.left, band.top, width(band), height(band), direction);
     }
 }
 
 void drawShapes(clsVirtualDC& on, RECT area) {
-    const auto cell = [&](int x, int y) { return row(column(area, px(12), 3, x), px(12), 2, y); };
+    const auto cell = [&](int x, int y) {
+        return row(column(area, Sheet::pixels(12), 3, x), Sheet::pixels(12), 2, y);
+    };
     on.BkColor(pale);
     for (int y = 0; y < 2; ++y) {
-        const int thick = y == 0 ? 1 : px(3);
+        const int thick = y == 0 ? 1 : Sheet::pixels(3);
         const RECT a = cell(0, y), b = cell(1, y), c = cell(2, y);
         pen(on, PS_SOLID, thick, blue);
         brush(on, y == 0 ? BS_SOLID : BS_HATCHED, y == 0 ? pale : blue, HS_BDIAGONAL);
@@ -123,7 +123,8 @@ void drawShapes(clsVirtualDC& on, RECT area) {
         on.DrawRectangle(b.left, b.top, b.right, b.bottom);
         pen(on, PS_SOLID, thick, crimson);
         brush(on, BS_SOLID, y == 0 ? orange : paper);
-        on.DrawRoundRectangle(c.left, c.top, c.right, c.bottom, px(24), px(24));
+        on.DrawRoundRectangle(c.left, c.top, c.right, c.bottom, Sheet::pixels(24),
+                              Sheet::pixels(24));
     }
 }
 
@@ -138,11 +139,11 @@ void drawEdges(clsVirtualDC& on, RECT area) {
     on.ForeColor(systemColour(ButtonTextColour));
     font(on, sizes.captionPoints);
     for (int i = 0; i < 4; ++i) {
-        RECT box = row(column(area, px(12), 2, i % 2), px(12), 2, i / 2);
+        RECT box = row(column(area, Sheet::pixels(12), 2, i % 2), Sheet::pixels(12), 2, i / 2);
         on.FillArea(box, systemColour(ButtonFaceColour));
         on.DrawEdge(box, edges[i].edge, BF_RECT);
         if (i == 0) {
-            const int inset = px(5);
+            const int inset = Sheet::pixels(5);
             on.DrawFocusRect(
                 {box.left + inset, box.top + inset, box.right - inset, box.bottom - inset});
         }
@@ -155,13 +156,13 @@ void drawText(clsVirtualDC& on, RECT area) {
     const auto write = [&](RECT& line, std::string_view words, OleColour colour) {
         on.Font(sample);
         on.ForeColor(colour);
-        line.top += on.DrawText(words, line, DT_LEFT | DT_TOP | DT_SINGLELINE) + px(3);
+        line.top += on.DrawText(words, line, DT_LEFT | DT_TOP | DT_SINGLELINE) + Sheet::pixels(3);
     };
     sample.points = 20;
     write(area, "Twenty points", ink);
     sample.points = 13;
     sample.name = "Arial";
-    RECT left = column(area, px(12), 2, 0);
+    RECT left = column(area, Sheet::pixels(12), 2, 0);
     sample.bold = true;
     write(left, "Bold in blue", blue);
     sample.bold = false;
@@ -170,7 +171,7 @@ void drawText(clsVirtualDC& on, RECT area) {
     sample = {};
     sample.points = 13;
     write(left, "Plain Tahoma", ink);
-    RECT right = column(area, px(12), 2, 1);
+    RECT right = column(area, Sheet::pixels(12), 2, 1);
     sample.underline = true;
     write(right, "Underlined", crimson);
     sample.underline = false;
@@ -202,13 +203,13 @@ PicturePtr scene(int sceneWidth, int sceneHeight) {
 }
 
 void drawPictures(clsVirtualDC& on, RECT area) {
-    const RECT large = column(area, px(8), 2, 0);
+    const RECT large = column(area, Sheet::pixels(8), 2, 0);
     const PicturePtr picture = scene(width(large), height(large));
     on.DrawImageToVirtualDC(picture, large.left, large.top);
-    const RECT pieces = column(area, px(8), 2, 1);
+    const RECT pieces = column(area, Sheet::pixels(8), 2, 1);
     for (int i = 0; i < 4; ++i) {
         // The four quarters, drawn apart.
-        const RECT to = row(column(pieces, px(8), 2, i % 2), px(8), 2, i / 2);
+        const RECT to = row(column(pieces, Sheet::pixels(8), 2, i % 2), Sheet::pixels(8), 2, i / 2);
         on.DrawImageToVirtualDC(picture, to.left, to.top, width(to), height(to),
                                 i % 2 * (width(large) - width(to)),
                                 i / 2 * (height(large) - height(to)));
@@ -226,7 +227,7 @@ void drawInversion(clsVirtualDC& on, RECT area) {
     const RECT middle = row(column(area, 0, columns, 3), 0, rows, 2);
     const RECT twice{middle.left, middle.top, middle.left + 2 * width(middle), middle.bottom};
     on.InvertArea(row(column(area, 0, columns, 4), 0, rows, 2));
-    pen(on, PS_SOLID, px(2), paper);
+    pen(on, PS_SOLID, Sheet::pixels(2), paper);
     brush(on, BS_HOLLOW, 0);
     on.DrawRectangle(twice.left, twice.top, twice.right, twice.bottom);
 }
@@ -273,13 +274,13 @@ constexpr Card cards[] = {
 void drawCard(clsVirtualDC& on, const Card& card, RECT area) {
     font(on, sizes.captionPoints);
     on.ForeColor(systemColour(WindowTextColour));
-    RECT caption{area.left, area.top, area.right, area.top + px(sizes.captionHeight)};
+    RECT caption{area.left, area.top, area.right, area.top + Sheet::pixels(sizes.captionHeight)};
     on.DrawText(card.caption, caption, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
     area.top = caption.bottom;
     on.FillArea(area, cardBorder);
     InflateRect(&area, -1, -1);
     on.FillArea(area, paper);
-    InflateRect(&area, -px(sizes.padding), -px(sizes.padding));
+    InflateRect(&area, -Sheet::pixels(sizes.padding), -Sheet::pixels(sizes.padding));
     card.draw(on, area);
 }
 
@@ -321,7 +322,7 @@ void SurfacePage::draw() {
     surface_.BackColor(systemColour(WindowColour));
     surface_.Cls();
     surface_.BackMode(TRANSPARENT);
-    const int margin = px(sizes.margin);
+    const int margin = Sheet::pixels(sizes.margin);
     InflateRect(&area, -margin, -margin);
     for (int i = 0; i < sizes.columns * sizes.rows; ++i)
         drawCard(surface_, cards[i],

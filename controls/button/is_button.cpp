@@ -216,7 +216,6 @@ ButtonLook isButton::look() const {
     look.state = visualState();
     look.focused = hasFocus_;
     look.focusShown = hasFocus_ && stored_.showFocus;
-    look.userMode = userMode_;
     look.customColours = stored_.useCustomColors;
     look.colours = {rgbFrom(stored_.backColor), rgbFrom(stored_.highlightColor),
                     rgbFrom(stored_.fontColor), rgbFrom(stored_.fontHighlightColor)};

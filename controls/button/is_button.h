@@ -56,7 +56,6 @@ struct ButtonLook {
     ButtonState state = ButtonState::Normal;
     bool focused = false;     ///< has the focus, shown or not
     bool focusShown = false;  ///< has the focus and shows it
-    bool userMode = true;
     bool customColours = false;
     ButtonColours colours;
     std::string caption;
