@@ -22,7 +22,7 @@ int runVelvox(const TransferLimits& limits) {
                                             ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
         InitCommonControlsEx(&controls);
         const OleScope ole;
-        const Place form = designOf("Form1").place;
+        const Bounds form = designOf("Form1").bounds;
         fitScreenDpi({form.width, form.height});
         MessagePump pump;
         Form1Window window(pump, limits);

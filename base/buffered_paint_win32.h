@@ -33,7 +33,7 @@ class BufferedPaint {
     RECT area_;
     OwnedMemoryDc dc_;
     OwnedBitmap bitmap_;
-    Selected selected_;
+    ScopedSelectObject selected_;
 };
 
 }  // namespace velvox

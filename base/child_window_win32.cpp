@@ -20,12 +20,12 @@ void paintParentBackground(HWND child, HDC dc) {
     SetWindowOrgEx(dc, before.x, before.y, nullptr);
 }
 
-void followPlace(HWND window, const Control& control, Aspect aspect) {
-    if (aspect == Aspect::Place) {
-        const RECT at = toPixels(control.place());
+void followBounds(HWND window, const Control& control, ControlChange change) {
+    if (change == ControlChange::Bounds) {
+        const RECT at = toPixels(control.bounds());
         SetWindowPos(window, nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
                      SWP_NOZORDER | SWP_NOACTIVATE);
-    } else if (aspect == Aspect::Visible) {
+    } else if (change == ControlChange::Visible) {
         ShowWindow(window, control.Visible() ? SW_SHOWNA : SW_HIDE);
     }
 }

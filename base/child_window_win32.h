@@ -11,13 +11,13 @@ namespace velvox {
 /// same parameters.
 inline constexpr UINT reflectedCommand = WM_APP + 1;
 
-/// Hands a notification to the child that sent it. True when there was one.
+/// InputSimulator a notification to the child that sent it. True when there was one.
 bool reflectCommand(LPARAM child, WPARAM wParam);
 
 /// Has the parent paint the background of a child into the child's DC.
 void paintParentBackground(HWND child, HDC dc);
 
 /// Carries out a change of place or visibility on a window.
-void followPlace(HWND window, const Control& control, Aspect aspect);
+void followBounds(HWND window, const Control& control, ControlChange change);
 
 }  // namespace velvox

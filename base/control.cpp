@@ -5,35 +5,35 @@
 namespace velvox {
 
 void Control::Left(int twips) {
-    Move({twips, place_.top, place_.width, place_.height});
+    Move({twips, bounds_.top, bounds_.width, bounds_.height});
 }
 void Control::Top(int twips) {
-    Move({place_.left, twips, place_.width, place_.height});
+    Move({bounds_.left, twips, bounds_.width, bounds_.height});
 }
 void Control::Width(int twips) {
-    Move({place_.left, place_.top, twips, place_.height});
+    Move({bounds_.left, bounds_.top, twips, bounds_.height});
 }
 void Control::Height(int twips) {
-    Move({place_.left, place_.top, place_.width, twips});
+    Move({bounds_.left, bounds_.top, bounds_.width, twips});
 }
 
-void Control::Move(const Place& place) {
-    if (place.width < 0 || place.height < 0)
+void Control::Move(const Bounds& bounds) {
+    if (bounds.width < 0 || bounds.height < 0)
         throw RuntimeFailure(Fault::InvalidProperty, "The size of " + name_ + " is negative");
-    if (place == place_) return;
-    const bool newSize = place.width != place_.width || place.height != place_.height;
-    place_ = place;
+    if (bounds == bounds_) return;
+    const bool newSize = bounds.width != bounds_.width || bounds.height != bounds_.height;
+    bounds_ = bounds;
     if (newSize) resized();
-    changed(Aspect::Place);
+    changed(ControlChange::Bounds);
 }
 
 void Control::Visible(bool visible) {
     visible_ = visible;
-    changed(Aspect::Visible);
+    changed(ControlChange::Visible);
 }
 
-void Control::changed(Aspect aspect) {
-    if (view_) view_->follow(aspect);
+void Control::changed(ControlChange change) {
+    if (observer_) observer_->controlChanged(change);
 }
 
 }  // namespace velvox

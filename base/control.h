@@ -1,5 +1,5 @@
-// The deciding half of a control: its values, and the view that a window registers to follow
-// them. Without a view a control is complete and can be tested as it is.
+// The portable part of a control: its values, and the observer that a window registers to follow
+// them. Without one a control is complete and can be tested as it is.
 #pragma once
 
 #include <string>
@@ -8,33 +8,33 @@
 namespace velvox {
 
 /// What of a control has changed.
-enum class Aspect {
-    Place,  ///< left, top, width or height
+enum class ControlChange {
+    Bounds,  ///< left, top, width or height
     Visible,
     Enabled,
-    Text,     ///< text or caption
-    Face,     ///< anything else that is drawn: colours, font, state
-    Items,    ///< entries of a list
-    Choice,   ///< selected entry of a list, or selection in a text
-    Setting,  ///< a value that is not drawn at once, such as a length limit
+    Text,        ///< text or caption
+    Appearance,  ///< anything else that is drawn: colours, font, state
+    Items,       ///< entries of a list
+    Selection,   ///< selected entry of a list, or selection in a text
+    Other,       ///< a value that is not drawn at once, such as a length limit
 };
 
-class ControlView {
+class ControlObserver {
  public:
-    virtual ~ControlView() = default;
+    virtual ~ControlObserver() = default;
 
     /// Called after the control has taken its new value.
-    virtual void follow(Aspect aspect) = 0;
+    virtual void controlChanged(ControlChange change) = 0;
 };
 
 /// A rectangle of the layout, in twips, relative to the container.
-struct Place {
+struct Bounds {
     int left = 0;
     int top = 0;
     int width = 0;
     int height = 0;
 
-    bool operator==(const Place&) const = default;
+    bool operator==(const Bounds&) const = default;
 };
 
 class Control {
@@ -48,34 +48,34 @@ class Control {
     const std::string& Name() const noexcept { return name_; }
 
     /// Twips. A negative width or height throws InvalidProperty and changes nothing.
-    int Left() const noexcept { return place_.left; }
+    int Left() const noexcept { return bounds_.left; }
     void Left(int twips);
-    int Top() const noexcept { return place_.top; }
+    int Top() const noexcept { return bounds_.top; }
     void Top(int twips);
-    int Width() const noexcept { return place_.width; }
+    int Width() const noexcept { return bounds_.width; }
     void Width(int twips);
-    int Height() const noexcept { return place_.height; }
+    int Height() const noexcept { return bounds_.height; }
     void Height(int twips);
-    Place place() const noexcept { return place_; }
-    void Move(const Place& place);
+    Bounds bounds() const noexcept { return bounds_; }
+    void Move(const Bounds& bounds);
 
     bool Visible() const noexcept { return visible_; }
     void Visible(bool visible);
 
     /// The window that follows this control, or none. Held, not owned.
-    void setView(ControlView* view) noexcept { view_ = view; }
+    void setObserver(ControlObserver* observer) noexcept { observer_ = observer; }
 
  protected:
-    void changed(Aspect aspect);
+    void changed(ControlChange change);
 
     /// Called after the size has changed, before the observer is notified.
     virtual void resized() {}
 
  private:
     std::string name_;
-    Place place_;
+    Bounds bounds_;
     bool visible_ = true;
-    ControlView* view_ = nullptr;
+    ControlObserver* observer_ = nullptr;
 };
 
 }  // namespace velvox

@@ -1,4 +1,4 @@
-// Points, sizes and rectangles in pixels. The layout's own unit is twips: see `Place`.
+// Points, sizes and rectangles in pixels. The layout's own unit is twips: see `Bounds`.
 #pragma once
 
 namespace velvox {

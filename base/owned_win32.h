@@ -46,7 +46,7 @@ class Owned {
         count(1);
     }
 
-    /// Hands the handle over to a caller (or a system call) that releases it.
+    /// InputSimulator the handle over to a caller (or a system call) that releases it.
     [[nodiscard]] Handle release() noexcept {
         count(-1);
         return std::exchange(handle_, Handle{});
@@ -88,12 +88,13 @@ using OwnedIcon = Owned<HICON, &destroyIcon>;
 using OwnedMenu = Owned<HMENU, &destroyMenu>;
 
 /// Selects an object into a DC for the length of a scope.
-class Selected {
+class ScopedSelectObject {
  public:
-    Selected(HDC dc, HGDIOBJ object) noexcept : dc_(dc), previous_(SelectObject(dc, object)) {}
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-    ~Selected() { SelectObject(dc_, previous_); }
+    ScopedSelectObject(HDC dc, HGDIOBJ object) noexcept
+        : dc_(dc), previous_(SelectObject(dc, object)) {}
+    ScopedSelectObject(const ScopedSelectObject&) = delete;
+    ScopedSelectObject& operator=(const ScopedSelectObject&) = delete;
+    ~ScopedSelectObject() { SelectObject(dc_, previous_); }
 
  private:
     HDC dc_;
@@ -118,12 +119,12 @@ class WindowDc {
 };
 
 /// The pair BeginPaint and EndPaint.
-class Painting {
+class PaintScope {
  public:
-    explicit Painting(HWND window) noexcept : window_(window) { BeginPaint(window, &paint_); }
-    Painting(const Painting&) = delete;
-    Painting& operator=(const Painting&) = delete;
-    ~Painting() { EndPaint(window_, &paint_); }
+    explicit PaintScope(HWND window) noexcept : window_(window) { BeginPaint(window, &paint_); }
+    PaintScope(const PaintScope&) = delete;
+    PaintScope& operator=(const PaintScope&) = delete;
+    ~PaintScope() { EndPaint(window_, &paint_); }
 
     HDC dc() const noexcept { return paint_.hdc; }
     const RECT& invalid() const noexcept { return paint_.rcPaint; }

@@ -1,4 +1,4 @@
-// The one exception of the deciding code: an operation that cannot be carried out on the values
+// The one exception of the portable code: an operation that cannot be carried out on the values
 // it was given. A catcher's single trap turns it into its red status line.
 #pragma once
 

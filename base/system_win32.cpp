@@ -96,10 +96,10 @@ void fitScreenDpi(SIZE twips) {
     layoutDpi() = static_cast<int>(std::min({static_cast<LONG>(systemDpi()), across, down}));
 }
 
-RECT toPixels(const Place& place) {
+RECT toPixels(const Bounds& bounds) {
     const int dpi = screenDpi();
-    return {toPixels(place.left, dpi), toPixels(place.top, dpi),
-            toPixels(place.left + place.width, dpi), toPixels(place.top + place.height, dpi)};
+    return {toPixels(bounds.left, dpi), toPixels(bounds.top, dpi),
+            toPixels(bounds.left + bounds.width, dpi), toPixels(bounds.top + bounds.height, dpi)};
 }
 
 OwnedFont createFont(const Font& font) {

@@ -60,7 +60,7 @@ void fitScreenDpi(SIZE twips);
 
 /// A layout place in pixels of this screen. Edges are rounded, not lengths, so that neighbours
 /// that touch in twips touch in pixels.
-RECT toPixels(const Place& place);
+RECT toPixels(const Bounds& bounds);
 
 /// The platform font; its character height follows the points at the screen's resolution.
 OwnedFont createFont(const Font& font);

@@ -71,7 +71,7 @@ std::optional<LRESULT> ScrollBarWindow::WindowProc(UINT message, WPARAM wParam, 
     switch (message) {
         case WM_SIZE: measure(); return 0;
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: paint(Painting(handle()).dc()); return 0;
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_SYSCOLORCHANGE: repaint(); return std::nullopt;
 

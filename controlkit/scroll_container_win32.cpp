@@ -218,7 +218,7 @@ std::optional<LRESULT> tsScrollContainer::onMessage(UINT message, WPARAM wParam,
         case WM_SIZE: arrange(); return 0;
         case WM_DESTROY: detach(); return std::nullopt;
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: paint(Painting(handle()).dc()); return 0;
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_SYSCOLORCHANGE: InvalidateRect(handle(), nullptr, TRUE); return std::nullopt;
         case WM_MOUSEWHEEL:

@@ -84,7 +84,7 @@ void clsVirtualDC::resize(int width, int height) {
     if (!old || !next) return releaseSurface();
     // A bitmap can be selected into one DC alone: the old one moves over to be copied from.
     SelectObject(dc_.get(), next.get());
-    const Selected copied(old.get(), bitmap_.get());
+    const ScopedSelectObject copied(old.get(), bitmap_.get());
     BitBlt(dc_.get(), 0, 0, width, height, old.get(), 0, 0, SRCCOPY);
     std::swap(bitmap_, next);
 }
@@ -195,7 +195,7 @@ PicturePtr clsVirtualDC::Picture() const {
         RealizePalette(copy.get());
     }
     {
-        const Selected target(copy.get(), bitmap.get());
+        const ScopedSelectObject target(copy.get(), bitmap.get());
         BitBlt(copy.get(), 0, 0, width_, height_, dc_.get(), 0, 0, SRCCOPY);
     }
     if (palette)
@@ -223,7 +223,7 @@ void clsVirtualDC::DrawImageToVirtualDC(const PicturePtr& picture, int x, int y,
     if (!dc_ || !image || !image->hasImage()) return;
     const WindowDc screen(nullptr);
     const OwnedMemoryDc source(CreateCompatibleDC(screen.get()));
-    const Selected selected(source.get(), image->bitmap());
+    const ScopedSelectObject selected(source.get(), image->bitmap());
     BitBlt(dc_.get(), x, y, width, height, source.get(), sourceX, sourceY, operation);
 }
 

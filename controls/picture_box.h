@@ -24,13 +24,13 @@ class PictureBox : public Control, public MouseEvents {
     bool Enabled() const noexcept { return enabled_; }
     void Enabled(bool enabled) {
         enabled_ = enabled;
-        changed(Aspect::Enabled);
+        changed(ControlChange::Enabled);
     }
 
     OleColour BackColor() const noexcept { return backColor_; }
     void BackColor(OleColour colour) {
         backColor_ = colour;
-        changed(Aspect::Face);
+        changed(ControlChange::Appearance);
     }
 
  private:

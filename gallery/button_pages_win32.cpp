@@ -204,8 +204,8 @@ void layOutMainWindow(Sheet& sheet) {
     for (const ControlDesign& design : controlDesigns()) {
         if (design.kind != ControlKind::Button) continue;
         const SheetPlace place = {14 + static_cast<int>(samples.size()) * 112, 64,
-                                  design.place.width / designTwipsPerPixel,
-                                  design.place.height / designTwipsPerPixel};
+                                  design.bounds.width / designTwipsPerPixel,
+                                  design.bounds.height / designTwipsPerPixel};
         samples.push_back({&sheet.add(place, design.name, design.stored), place});
         sheet.show(*samples.back().button);
     }

@@ -79,7 +79,7 @@ void FileListWindow::refresh() {
 std::optional<LRESULT> FileListWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: paint(Painting(handle()).dc()); return 0;
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
@@ -122,7 +122,7 @@ void FileListWindow::paint(HDC target) {
     const BufferedPaint buffer(target, client);
     FillRect(buffer.dc(), &client, GetSysColorBrush(COLOR_WINDOW));
     SetBkMode(buffer.dc(), TRANSPARENT);
-    const Selected font(buffer.dc(), font_.get());
+    const ScopedSelectObject font(buffer.dc(), font_.get());
     const POINT from = container_.position();
     const int height = Sheet::pixels(sizes.row);
     const LONG width = std::max<LONG>(client.right, Sheet::pixels(sizes.listWidth));
@@ -257,7 +257,7 @@ void FilesPage::nameColumns() {
 std::optional<LRESULT> FilesPage::onMessage(UINT message, WPARAM wParam, LPARAM) {
     switch (message) {
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: paint(Painting(handle()).dc()); return 0;
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_SYSCOLORCHANGE: InvalidateRect(handle(), nullptr, TRUE); return 0;
         case WM_COMMAND:
@@ -277,7 +277,7 @@ void FilesPage::paint(HDC target) {
     FillRect(buffer.dc(), &client, GetSysColorBrush(COLOR_WINDOW));
     SetBkMode(buffer.dc(), TRANSPARENT);
     SetTextColor(buffer.dc(), GetSysColor(COLOR_WINDOWTEXT));
-    const Selected font(buffer.dc(), font_.get());
+    const ScopedSelectObject font(buffer.dc(), font_.get());
     write(buffer.dc(), folder_.empty() ? "Drives" : folder_, layout.path, DT_PATH_ELLIPSIS);
     write(buffer.dc(), status_, layout.status, DT_LEFT);
 }

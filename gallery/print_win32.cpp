@@ -47,7 +47,7 @@ void writePicture(HWND window, const std::string& path) {
     const OwnedBitmap bitmap(CreateDIBSection(dc.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     if (!bitmap) throwLastError("CreateDIBSection");
     {
-        const Selected selected(dc.get(), bitmap.get());
+        const ScopedSelectObject selected(dc.get(), bitmap.get());
         print(window, dc.get(), {0, 0});
         GdiFlush();
     }

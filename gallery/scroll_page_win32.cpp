@@ -131,7 +131,7 @@ std::optional<LRESULT> LargePicture::onMessage(UINT message, WPARAM wParam, LPAR
     switch (message) {
         case WM_ERASEBKGND: return 1;
         case WM_PAINT: {
-            const Painting painting(handle());
+            const PaintScope painting(handle());
             const RECT& part = painting.invalid();
             picture_.PaintToDC(painting.dc(), part.left, part.top, part.right - part.left,
                                part.bottom - part.top, part.left, part.top);
@@ -265,7 +265,7 @@ void ScrollPage::listen(ScrollBarWindow& bar, std::string_view name) {
 std::optional<LRESULT> ScrollPage::onMessage(UINT message, WPARAM wParam, LPARAM) {
     switch (message) {
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: paint(Painting(handle()).dc()); return 0;
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_SYSCOLORCHANGE: InvalidateRect(handle(), nullptr, TRUE); return 0;
         // What a child leaves of the wheel comes here: the picture follows it too.

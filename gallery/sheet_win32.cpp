@@ -79,7 +79,7 @@ void Sheet::paint(HDC dc) {
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
     for (const Text& text : texts_) {
-        const Selected font(dc, (text.bold ? boldFont_ : font_).get());
+        const ScopedSelectObject font(dc, (text.bold ? boldFont_ : font_).get());
         RECT at = text.at;
         DrawTextW(dc, text.text.c_str(), -1, &at,
                   (text.centred ? DT_CENTER : DT_LEFT) | DT_WORDBREAK | DT_NOPREFIX);
@@ -100,7 +100,7 @@ std::optional<LRESULT> Sheet::onMessage(UINT message, WPARAM wParam, LPARAM) {
     switch (message) {
         case WM_ERASEBKGND: return 1;
         case WM_PAINT: {
-            const Painting painting(handle());
+            const PaintScope painting(handle());
             paint(painting.dc());
             return 0;
         }

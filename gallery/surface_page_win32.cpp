@@ -304,7 +304,7 @@ std::optional<LRESULT> SurfacePage::onMessage(UINT message, WPARAM wParam, LPARA
             InvalidateRect(handle(), nullptr, FALSE);
             return 0;
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: paint(Painting(handle()).dc()); return 0;
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         default: return std::nullopt;
     }

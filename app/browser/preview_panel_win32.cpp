@@ -146,7 +146,7 @@ class Painter {
 }  // namespace
 
 void PreviewPanel::paint(HDC dc, const RECT& bounds, const PreviewContent& content) const {
-    const Selected font(dc, font_.get());
+    const ScopedSelectObject font(dc, font_.get());
     Painter painter(dc, bounds);
     const std::string note = noteFor(content);
     if (content.kind <= PreviewContent::Kind::Loading) return painter.centredNote(note);

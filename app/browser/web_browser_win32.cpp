@@ -156,7 +156,7 @@ std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, 
             return 0;
         case WM_NCPAINT: paintFrame(); return 0;
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: paint(Painting(handle()).dc()); return 0;
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_DESTROY:
             transfer_.reset();

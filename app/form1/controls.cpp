@@ -9,17 +9,17 @@ namespace velvox {
 void Label::Caption(std::string_view text) {
     if (caption_ == text) return;
     caption_ = text;
-    changed(Aspect::Text);
+    changed(ControlChange::Text);
 }
 
 void Label::ForeColor(OleColour colour) {
     foreColor_ = colour;
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 void Label::font(const Font& font) {
     font_ = font;
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 void HiddenText::Text(std::string text) {
@@ -29,14 +29,14 @@ void HiddenText::Text(std::string text) {
 
 void ComboBox::AddItem(std::string_view text) {
     items_.emplace_back(text);
-    changed(Aspect::Items);
+    changed(ControlChange::Items);
 }
 
 void ComboBox::ListIndex(int index) {
     if (index < -1 || index >= static_cast<int>(items_.size()))
         throw RuntimeFailure(Fault::InvalidProperty, Name() + " has no such entry");
     index_ = index;
-    changed(Aspect::Choice);
+    changed(ControlChange::Selection);
     if (Click) Click();
 }
 
@@ -46,12 +46,12 @@ std::string_view ComboBox::Text() const {
 
 void Timer::Interval(unsigned milliseconds) {
     interval_ = milliseconds;
-    if (view_) view_->follow(Aspect::Setting);
+    if (observer_) observer_->controlChanged(ControlChange::Other);
 }
 
 void Timer::Enabled(bool enabled) {
     enabled_ = enabled;
-    if (view_) view_->follow(Aspect::Enabled);
+    if (observer_) observer_->controlChanged(ControlChange::Enabled);
 }
 
 }  // namespace velvox

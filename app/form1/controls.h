@@ -102,7 +102,7 @@ class Timer {
     void Interval(unsigned milliseconds);
     bool Enabled() const noexcept { return enabled_; }
     void Enabled(bool enabled);
-    void setView(ControlView* view) noexcept { view_ = view; }
+    void setObserver(ControlObserver* observer) noexcept { observer_ = observer; }
 
     std::function<void()> Tick;
 
@@ -110,7 +110,7 @@ class Timer {
     std::string name_;
     unsigned interval_ = 0;
     bool enabled_ = false;
-    ControlView* view_ = nullptr;
+    ControlObserver* observer_ = nullptr;
 };
 
 }  // namespace velvox

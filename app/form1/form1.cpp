@@ -26,7 +26,7 @@ Label& labelOf(std::deque<Label>& labels, std::string_view name) {
 
 }  // namespace
 
-Form1::Form1(const Form1Surroundings& s)
+Form1::Form1(const Form1Services& s)
     : Control("Form1"),
       labels(designedLabels()),
       vd(labelOf(labels, "vd")),
@@ -63,7 +63,7 @@ void Form1::applyDesign() {
         if (auto* button = dynamic_cast<isButton*>(&control)) button->ReadProperties(design.stored);
         if (auto* box = dynamic_cast<XPTextBox*>(&control)) box->ReadProperties(design.stored);
         // A resize follows the reading of the stored values, as when a form loads.
-        control.Move(design.place);
+        control.Move(design.bounds);
         control.Visible(design.shown != Shown::Result);
     }
     for (const TimerDesign& design : timerDesigns) {

@@ -26,7 +26,7 @@
 namespace velvox {
 
 /// What the main window needs of the system. All of it outlives the form.
-struct Form1Surroundings {
+struct Form1Services {
     TransferControl& transfer;
     ResultPane& resultPane;
     WebBrowser& webBrowser;
@@ -38,7 +38,7 @@ struct Form1Surroundings {
 
 class Form1 : public Control {
  public:
-    explicit Form1(const Form1Surroundings& surroundings);
+    explicit Form1(const Form1Services& services);
 
     // Start-up and the small click handlers (start_up.cpp).
     void Form_Load();

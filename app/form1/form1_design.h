@@ -43,7 +43,7 @@ struct ControlDesign {
     std::string_view name;
     ControlKind kind;
     std::string_view parent;
-    Place place;  ///< twips, in its parent
+    Bounds bounds;  ///< twips, in its parent
     Shown shown = Shown::Always;
     LabelText text = {};
     PropertyBag stored = {};  ///< of a button or the address box

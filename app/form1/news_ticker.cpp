@@ -17,7 +17,7 @@ constexpr int complete = 4;
 
 /// The place behind the character at a place: the strip moves by whole characters, whatever number
 /// of bytes they have. Outside the news it is the next place.
-text::Position placeBehind(std::string_view news, text::Position place) {
+text::Position nextCharacterPosition(std::string_view news, text::Position place) {
     if (place < 1 || place > text::length(news)) return place + 1;
     return place +
            text::length(firstCharacters(news.substr(static_cast<std::size_t>(place - 1)), 1));
@@ -86,8 +86,9 @@ void Form1::Timer5_Timer() {
         const auto rest = text::slice(NewsText, text::toNumber(NewsPos), text::length(NewsText));
         Label4.Caption(firstCharacters(rest, shownCharacters));
     });
-    ignoringErrors(
-        [&] { NewsPos = std::to_string(placeBehind(NewsText, text::toNumber(NewsPos))); });
+    ignoringErrors([&] {
+        NewsPos = std::to_string(nextCharacterPosition(NewsText, text::toNumber(NewsPos)));
+    });
     bool pastEnd = true;
     ignoringErrors([&] { pastEnd = text::length(NewsText) < text::toNumber(NewsPos); });
     if (pastEnd) NewsPos = "1";

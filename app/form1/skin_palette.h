@@ -18,7 +18,7 @@ inline constexpr Rgb titleEdge = rgb(27, 68, 83);
 inline constexpr Rgb titleShine = rgb(103, 158, 174);
 inline constexpr Rgb titleTop = rgb(60, 125, 143);
 inline constexpr Rgb titleBottom = rgb(36, 88, 107);
-inline constexpr Rgb titleVeil = rgb(104, 115, 120);
+inline constexpr Rgb inactiveOverlay = rgb(104, 115, 120);
 
 // Surfaces.
 inline constexpr Rgb form = rgb(242, 241, 238);

@@ -44,7 +44,7 @@ constexpr std::pair<string_view, string_view> entityNames[] = {
 };
 
 // Longest reference that is looked at, from "&" to ";". Bounds the search for the semicolon.
-constexpr size_t longestReference = 12;
+constexpr size_t maxReferenceLength = 12;
 
 string_view trimmed(string_view text) {
     return ascii::trimmed(text, isHtmlBlank);
@@ -82,7 +82,7 @@ std::string resolved(string_view reference) {
 // Takes a reference off the front of a text that starts with "&". Only one that ends with its
 // semicolon counts: addresses are full of "&name=" that mean themselves.
 std::optional<std::string> takeReference(string_view& rest) {
-    const auto end = rest.substr(0, longestReference).find(';');
+    const auto end = rest.substr(0, maxReferenceLength).find(';');
     if (end == rest.npos) return std::nullopt;
     std::string text = resolved(rest.substr(1, end - 1));
     if (text.empty()) return std::nullopt;

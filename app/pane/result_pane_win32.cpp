@@ -107,7 +107,7 @@ std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, 
             return 0;
         case WM_ERASEBKGND: return 1;
         case WM_PAINT: {
-            const Painting painting(handle());
+            const PaintScope painting(handle());
             paint(painting.dc());
             return 0;
         }

@@ -14,16 +14,16 @@ namespace {
 using std::size_t;
 
 // More colours than this show as plain text does.
-constexpr size_t mostColours = 250;
+constexpr size_t maxColours = 250;
 
 // What a font is called is written into the stream's table without whatever could end its entry.
 std::string tableName(std::string_view face) {
-    constexpr size_t longestFace = 31;  // the system's own limit
+    constexpr size_t maxFaceNameLength = 31;  // the system's own limit
     std::string name;
     for (const char c : face)
         if (c >= ' ' && c <= '~' && std::string_view("\\{};").find(c) == std::string_view::npos)
             name += c;
-    return name.substr(0, longestFace);
+    return name.substr(0, maxFaceNameLength);
 }
 
 // Columns that a character takes: 1 up to size 3, 4 in size 7.
@@ -94,7 +94,8 @@ class Writer {
             if (c == u'\n') {
                 breakLine();
             } else if (c >= u' ' && c != 0x7F) {
-                if (isLong_ && startsCharacter && column_ >= (c == u' ' ? longLine : longestLine)) {
+                if (isLong_ && startsCharacter &&
+                    column_ >= (c == u' ' ? longLine : maxLineLength)) {
                     breakLine();
                     if (c == u' ') continue;
                 }
@@ -174,7 +175,7 @@ class Writer {
     size_t colourIndex(Rgb colour, bool inLink) {
         const auto known = colourIndices_.find({colour, inLink});
         if (known != colourIndices_.end()) return known->second;
-        if (colours_.size() == mostColours) return 0;
+        if (colours_.size() == maxColours) return 0;
         colours_.push_back(
             legible(colour, paneColours_.background,
                     inLink ? paneColours_.linkContrast : paneColours_.plainContrast));

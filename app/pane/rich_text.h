@@ -40,11 +40,11 @@ struct RichText {
 };
 
 /// A text longer than this has its long lines broken: at the first blank after `longLine`
-/// characters, after `longestLine` anywhere. Wine's control lays a line out in time that grows with
-/// the square of its length. Larger characters count as several.
+/// characters, after `maxLineLength` anywhere. Wine's control lays a line out in time that grows
+/// with the square of its length. Larger characters count as several.
 inline constexpr std::size_t longText = 1000;
 inline constexpr std::size_t longLine = 200;
-inline constexpr std::size_t longestLine = 250;
+inline constexpr std::size_t maxLineLength = 250;
 
 /// Only so many stretches of links get the control's own link format, in a second pass.
 inline constexpr std::size_t maxMarkedSpans = 200;

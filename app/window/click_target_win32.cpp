@@ -29,7 +29,7 @@ std::optional<LRESULT> ClickTarget::onMessage(UINT message, WPARAM, LPARAM lPara
     switch (message) {
         case WM_ERASEBKGND: return 1;
         case WM_PAINT: {
-            const Painting painting(handle());
+            const PaintScope painting(handle());
             paintParentBackground(handle(), painting.dc());
             return 0;
         }

@@ -18,7 +18,7 @@ ComboBoxWindow::ComboBoxWindow(ComboBox& model, HWND parent, int id)
     request.className = L"COMBOBOX";
     request.style = WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST |
                     (model.Visible() ? WS_VISIBLE : 0);
-    request.bounds = toPixels(model.place());
+    request.bounds = toPixels(model.bounds());
     // The height of a drop-down list's window is that of the list pulled down.
     request.bounds.bottom += (request.bounds.bottom - request.bounds.top) * droppedRows;
     request.parent = parent;
@@ -27,21 +27,22 @@ ComboBoxWindow::ComboBoxWindow(ComboBox& model, HWND parent, int id)
     SetWindowFont(handle(), font_.get(), FALSE);
     for (const std::string& item : model_.items())
         ComboBox_AddString(handle(), widen(item).c_str());
-    follow(Aspect::Choice);
-    model_.setView(this);
+    controlChanged(ControlChange::Selection);
+    model_.setObserver(this);
 }
 
 ComboBoxWindow::~ComboBoxWindow() {
-    model_.setView(nullptr);
+    model_.setObserver(nullptr);
 }
 
-void ComboBoxWindow::follow(Aspect aspect) {
-    if (aspect == Aspect::Items)
+void ComboBoxWindow::controlChanged(ControlChange change) {
+    if (change == ControlChange::Items)
         ComboBox_AddString(handle(), widen(model_.items().back()).c_str());
-    else if (aspect == Aspect::Choice && ComboBox_GetCurSel(handle()) != model_.ListIndex())
+    else if (change == ControlChange::Selection &&
+             ComboBox_GetCurSel(handle()) != model_.ListIndex())
         ComboBox_SetCurSel(handle(), model_.ListIndex());
     else
-        followPlace(handle(), model_, aspect);
+        followBounds(handle(), model_, change);
 }
 
 std::optional<LRESULT> ComboBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {

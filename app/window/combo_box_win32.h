@@ -7,12 +7,12 @@
 namespace velvox {
 
 /// The window of the site list.
-class ComboBoxWindow : public SystemControl, public ControlView {
+class ComboBoxWindow : public SystemControl, public ControlObserver {
  public:
     ComboBoxWindow(ComboBox& model, HWND parent, int id);
     ~ComboBoxWindow() override;
 
-    void follow(Aspect aspect) override;
+    void controlChanged(ControlChange change) override;
 
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

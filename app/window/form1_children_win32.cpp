@@ -14,13 +14,13 @@ int idOf(std::string_view name) {
 }
 
 RECT designPixels(std::string_view name) {
-    return toPixels(designOf(name).place);
+    return toPixels(designOf(name).bounds);
 }
 
 // 24 pixels at 96 dots an inch, which a finger or an unsteady hand hits.
 RECT quitPlace() {
     constexpr int margin = 30;
-    const Place button = designOf("isButton2").place;
+    const Bounds button = designOf("isButton2").bounds;
     return toPixels({button.left - margin, button.top - margin, button.width + 2 * margin,
                      button.height + 2 * margin});
 }
@@ -49,7 +49,7 @@ Form1Window::Children::Children(Form1Window& owner)
       web(outer.handle(), designPixels("web"), idOf("web"), owner.session_, owner.limits_),
       form({owner.transfer_, output, web, owner.desktop_, owner, owner.colours_,
             twipsPerInch / screenDpi()}),
-      titleView(window),
+      titleObserver(window),
       timers{{{form.Timer1, window, 1},
               {form.Timer4, window, 4},
               {form.Timer5, window, 5},
@@ -79,7 +79,7 @@ void Form1Window::Children::create(const ControlDesign& design, const Form1Windo
         case ControlKind::Form:
         case ControlKind::Pane:
         case ControlKind::Preview: break;
-        case ControlKind::TitlePiece: form.control(design.name).setView(&titleView); break;
+        case ControlKind::TitlePiece: form.control(design.name).setObserver(&titleObserver); break;
         case ControlKind::Box:
             for (PictureBoxWindow* box : {&topendskin, &Picture1, &outer})
                 if (GetDlgCtrlID(box->handle()) == id) box->bind(model<PictureBox>(design));

@@ -30,9 +30,9 @@ struct Form1Window::Children {
 
     // The pieces of the title bar that are no windows are drawn by the form, which repaints as they
     // move.
-    struct RepaintingView : ControlView {
+    struct RepaintingView : ControlObserver {
         explicit RepaintingView(HWND owner) : window(owner) {}
-        void follow(Aspect) override { InvalidateRect(window, nullptr, FALSE); }
+        void controlChanged(ControlChange) override { InvalidateRect(window, nullptr, FALSE); }
         HWND window;
     };
 
@@ -41,8 +41,8 @@ struct Form1Window::Children {
     ResultPaneWindow output;
     WebBrowserWindow web;
     Form1 form;
-    RepaintingView titleView;
-    std::vector<std::unique_ptr<ControlView>> windows;
+    RepaintingView titleObserver;
+    std::vector<std::unique_ptr<ControlObserver>> windows;
     XPTextBoxWindow* linkin = nullptr;  ///< one of them
     std::optional<ClickTarget> quitTarget;
     std::array<WindowTimer, 5> timers;

@@ -19,13 +19,13 @@ namespace velvox {
 namespace {
 
 RECT designPixels(std::string_view name) {
-    return toPixels(designOf(name).place);
+    return toPixels(designOf(name).bounds);
 }
 
 // Between the word Status and the right edge of the pane.
 RECT progressPlace() {
-    const Place word = designOf("Label3").place;
-    const Place pane = designOf("output").place;
+    const Bounds word = designOf("Label3").bounds;
+    const Bounds pane = designOf("output").bounds;
     const int left = word.left + word.width;
     return toPixels({left, word.top, pane.left + pane.width - left, word.height});
 }
@@ -88,9 +88,9 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     transfer_.onProgress = [this](const TransferProgress& now) { showProgress(progressText(now)); };
     pump_.intercept = [this](MSG& message) { return intercept(message); };
     children_->linkin->onPaste(&givenAddress);
-    const Place bar = form().skinbar.place();
+    const Bounds bar = form().skinbar.bounds();
     systemMenu_.emplace(handle(), toPixels({0, 0, form().Width(), bar.top + bar.height}),
-                        toPixels(form().skinicon.place()), [this] { return input_.running(); });
+                        toPixels(form().skinicon.bounds()), [this] { return input_.running(); });
     addressDrop_.emplace(
         handle(), [this] { return !input_.running() && IsWindowEnabled(handle()); },
         [this](std::string_view text) { takeAddress(text); });
@@ -144,7 +144,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
         if (const auto result = systemMenu_->onMessage(message, wParam, lParam)) return result;
     switch (message) {
         case WM_PAINT: {
-            const Painting painting(handle());
+            const PaintScope painting(handle());
             RECT client;
             GetClientRect(handle(), &client);
             const BufferedPaint buffer(painting.dc(), client);
@@ -205,8 +205,8 @@ void Form1Window::paint(HDC dc) const {
     GetClientRect(handle(), &client);
     skin_.draw(dc, Skin::Piece::Form, client);
     const Form1& form = children_->form;
-    skin_.draw(dc, Skin::Piece::Icon, toPixels(form.skinicon.place()));
-    skin_.draw(dc, Skin::Piece::Bar, toPixels(form.skinbar.place()));
+    skin_.draw(dc, Skin::Piece::Icon, toPixels(form.skinicon.bounds()));
+    skin_.draw(dc, Skin::Piece::Bar, toPixels(form.skinbar.bounds()));
     int number = 0;
     for (const Line& line : lineDesigns) {
         const RECT at = toPixels({line.x1, line.y1, line.x2 - line.x1, line.y2 - line.y1});
@@ -220,7 +220,7 @@ void Form1Window::paintResultArea(HDC dc, const RECT& client) const {
     if (progress_.empty()) return;
     const std::wstring text = widen(progress_);
     RECT place = progressPlace();
-    const Selected font(dc, progressFont_.get());
+    const ScopedSelectObject font(dc, progressFont_.get());
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(
         dc, static_cast<COLORREF>(skin_.textColour(Skin::TextRole::Plain, palette::quietText)));

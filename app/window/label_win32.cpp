@@ -42,30 +42,30 @@ LabelWindow::LabelWindow(Label& model, HWND parent, int id, ControlKind kind, co
     request.className = L"STATIC";
     request.text = widen(model.Caption());
     request.style = styleOf(kind) | (model.Visible() ? WS_VISIBLE : 0);
-    request.bounds = toPixels(model.place());
+    request.bounds = toPixels(model.bounds());
     request.parent = parent;
     request.id = id;
     create(request);
     SetWindowFont(handle(), font_.get(), FALSE);
     if (kind == ControlKind::Link) role_ = AccessibleName(handle(), {}, ROLE_SYSTEM_LINK);
-    model_.setView(this);
+    model_.setObserver(this);
 }
 
 LabelWindow::~LabelWindow() {
-    model_.setView(nullptr);
+    model_.setObserver(nullptr);
 }
 
-void LabelWindow::follow(Aspect aspect) {
-    followPlace(handle(), model_, aspect);
-    if (aspect == Aspect::Text) SetWindowTextW(handle(), widen(model_.Caption()).c_str());
-    if (aspect == Aspect::Text || aspect == Aspect::Face)
+void LabelWindow::controlChanged(ControlChange change) {
+    followBounds(handle(), model_, change);
+    if (change == ControlChange::Text) SetWindowTextW(handle(), widen(model_.Caption()).c_str());
+    if (change == ControlChange::Text || change == ControlChange::Appearance)
         RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_NOERASE);
 }
 
 std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_PAINT: {
-            const Painting painting(handle());
+            const PaintScope painting(handle());
             paint(painting.dc());
             return 0;
         }
@@ -131,7 +131,7 @@ void LabelWindow::paint(HDC target) {
     const BufferedPaint buffer(target, area);
     const HDC dc = buffer.dc();
     paintParentBackground(handle(), dc);
-    const Selected font(dc, font_.get());
+    const ScopedSelectObject font(dc, font_.get());
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, static_cast<COLORREF>(skin_.textColour(roleOf(kind_), model_.ForeColor())));
     const std::wstring text = widen(model_.Caption());

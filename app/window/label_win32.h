@@ -10,13 +10,13 @@ namespace velvox {
 
 /// The window of a label: a STATIC that draws its caption over its parent's background. A label
 /// that can be clicked takes the focus and is pressed with Enter or Space too.
-class LabelWindow : public SystemControl, public ControlView {
+class LabelWindow : public SystemControl, public ControlObserver {
  public:
     /// `kind` is one of a label. `skin` says in which colour the caption is legible.
     LabelWindow(Label& model, HWND parent, int id, ControlKind kind, const Skin& skin);
     ~LabelWindow() override;
 
-    void follow(Aspect aspect) override;
+    void controlChanged(ControlChange change) override;
 
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

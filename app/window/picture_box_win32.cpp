@@ -17,40 +17,40 @@ PictureBoxWindow::PictureBoxWindow(const ControlDesign& design, HWND parent, int
     request.style = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN |
                     (design.shown == Shown::Result ? 0 : WS_VISIBLE);
     request.extendedStyle = WS_EX_CONTROLPARENT;
-    request.bounds = toPixels(design.place);
+    request.bounds = toPixels(design.bounds);
     request.parent = parent;
     request.id = id;
     create(request);
 }
 
 PictureBoxWindow::~PictureBoxWindow() {
-    if (model_) model_->setView(nullptr);
+    if (model_) model_->setObserver(nullptr);
 }
 
 void PictureBoxWindow::bind(PictureBox& model) {
     model_ = &model;
-    model.setView(this);
-    follow(Aspect::Place);
+    model.setObserver(this);
+    controlChanged(ControlChange::Bounds);
 }
 
-void PictureBoxWindow::follow(Aspect aspect) {
-    if (aspect == Aspect::Visible) {
+void PictureBoxWindow::controlChanged(ControlChange change) {
+    if (change == ControlChange::Visible) {
         const bool visible = model_->Visible();
         if (!visible && onVisible) onVisible(false);
         // A box comes to the front as it is shown.
         if (visible) SetWindowPos(handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-        followPlace(handle(), *model_, aspect);
+        followBounds(handle(), *model_, change);
         if (visible && onVisible) onVisible(true);
         return;
     }
-    followPlace(handle(), *model_, aspect);
-    if (aspect == Aspect::Face) InvalidateRect(handle(), nullptr, FALSE);
+    followBounds(handle(), *model_, change);
+    if (change == ControlChange::Appearance) InvalidateRect(handle(), nullptr, FALSE);
 }
 
 std::optional<LRESULT> PictureBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_PAINT: {
-            const Painting painting(handle());
+            const PaintScope painting(handle());
             paint(painting.dc());
             return 0;
         }

@@ -10,7 +10,7 @@ namespace velvox {
 
 /// The window of a picture box: a container that draws its own background and hands its children's
 /// notifications back to them. It is created before the model that it later follows.
-class PictureBoxWindow : public Window, public ControlView {
+class PictureBoxWindow : public Window, public ControlObserver {
  public:
     /// Draws the background of a client area of this size.
     using Painter = std::function<void(HDC dc, const RECT& client)>;
@@ -21,7 +21,7 @@ class PictureBoxWindow : public Window, public ControlView {
     /// From now on the window follows `model` and passes its mouse events on.
     void bind(PictureBox& model);
 
-    void follow(Aspect aspect) override;
+    void controlChanged(ControlChange change) override;
 
     /// Called before the box is hidden and after it has been shown.
     std::function<void(bool visible)> onVisible;

@@ -19,8 +19,8 @@ constexpr int areaMarginTop = 60;
 constexpr int areaMarginRight = 90;
 constexpr int areaMarginBottom = 90;
 
-// How far an inactive title bar is on its way to titleVeil, of 255.
-constexpr BYTE veilStrength = 150;
+// How far an inactive title bar is on its way to inactiveOverlay, of 255.
+constexpr BYTE overlayStrength = 150;
 
 int twipsInPixels(int twips) {
     return toPixels(twips, screenDpi());
@@ -39,13 +39,13 @@ void frame(HDC dc, RECT area, Rgb colour) {
     }
 }
 
-void veil(HDC dc, const RECT& area) {
+void drawInactiveOverlay(HDC dc, const RECT& area) {
     const OwnedMemoryDc memory(CreateCompatibleDC(dc));
     const OwnedBitmap pixel(CreateCompatibleBitmap(dc, 1, 1));
-    const Selected selected(memory.get(), pixel.get());
-    SetPixelV(memory.get(), 0, 0, static_cast<COLORREF>(palette::titleVeil));
+    const ScopedSelectObject selected(memory.get(), pixel.get());
+    SetPixelV(memory.get(), 0, 0, static_cast<COLORREF>(palette::inactiveOverlay));
     GdiAlphaBlend(dc, area.left, area.top, area.right - area.left, area.bottom - area.top,
-                  memory.get(), 0, 0, 1, 1, {AC_SRC_OVER, 0, veilStrength, 0});
+                  memory.get(), 0, 0, 1, 1, {AC_SRC_OVER, 0, overlayStrength, 0});
 }
 
 Rgb systemRgb(int index) {
@@ -86,8 +86,9 @@ Skin::Picture Skin::load(int piece) {
 
 Skin::Surfaces Skin::surfaces() const {
     if (contrast_ == Contrast::Normal)
-        return {palette::form,     palette::titleEdge, palette::titleVeil, palette::area,
-                palette::areaEdge, palette::strip,     palette::lineDark,  palette::lineLight};
+        return {palette::form,     palette::titleEdge, palette::inactiveOverlay,
+                palette::area,     palette::areaEdge,  palette::strip,
+                palette::lineDark, palette::lineLight};
     const Rgb back = systemRgb(COLOR_WINDOW);
     const Rgb text = systemRgb(COLOR_WINDOWTEXT);
     return {back, text, text, back, text, back, text, back};
@@ -124,13 +125,13 @@ void Skin::draw(HDC dc, Piece piece, const RECT& area) const {
 void Skin::drawTitle(HDC dc, Piece piece, const RECT& area) const {
     const Picture& picture = piece == Piece::Icon ? corner_ : piece == Piece::Bar ? bar_ : end_;
     const OwnedMemoryDc memory(CreateCompatibleDC(dc));
-    const Selected selected(memory.get(), picture.bitmap.get());
+    const ScopedSelectObject selected(memory.get(), picture.bitmap.get());
     // One column repeated needs no smoothing; a picture for another resolution does.
     SetStretchBltMode(dc, piece == Piece::Bar ? COLORONCOLOR : HALFTONE);
     SetBrushOrgEx(dc, 0, 0, nullptr);
     StretchBlt(dc, area.left, area.top, area.right - area.left, area.bottom - area.top,
                memory.get(), 0, 0, picture.size.cx, picture.size.cy, SRCCOPY);
-    if (!active_) veil(dc, area);
+    if (!active_) drawInactiveOverlay(dc, area);
 }
 
 void Skin::drawContrastTitle(HDC dc, Piece piece, const RECT& area) const {

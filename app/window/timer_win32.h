@@ -10,20 +10,20 @@
 namespace velvox {
 
 /// A window timer that follows a timer of the form. Its owner passes WM_TIMER on to `tick`.
-class WindowTimer : public ControlView {
+class WindowTimer : public ControlObserver {
  public:
     WindowTimer(Timer& model, HWND window, UINT_PTR id) : model_(model), window_(window), id_(id) {
-        model_.setView(this);
+        model_.setObserver(this);
         restart();
     }
     WindowTimer(const WindowTimer&) = delete;
     WindowTimer& operator=(const WindowTimer&) = delete;
     ~WindowTimer() override {
-        model_.setView(nullptr);
+        model_.setObserver(nullptr);
         KillTimer(window_, id_);
     }
 
-    void follow(Aspect) override {
+    void controlChanged(ControlChange) override {
         if (!ticking_) restart();
     }
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int keySpace = 32;
 constexpr int toggleType = 1;
-constexpr int undisturbedStyle = 5;  // the one style that looks the same while designed
+constexpr int styleWithoutDesignTimeHover = 5;  // the one style that looks the same while designed
 
 // Message numbers of the subclass; the window's half asserts that they are the system's.
 constexpr unsigned mouseMoveMessage = 512;
@@ -30,14 +30,14 @@ isButton::isButton(std::string_view name, const SystemColours& colours)
 
 // --- properties -----------------------------------------------------------------------------
 
-void isButton::notify(std::string_view property, Aspect aspect) {
+void isButton::notify(std::string_view property, ControlChange change) {
     if (PropertyChanged) {
         const std::weak_ptr<const void> alive = alive_;
         const auto handler = PropertyChanged;
         handler(property);
         if (alive.expired()) return;
     }
-    changed(aspect);
+    changed(change);
 }
 
 void isButton::About() {
@@ -45,7 +45,7 @@ void isButton::About() {
 }
 
 void isButton::Refresh() {
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 void isButton::OpenLink(std::string_view address) {
@@ -53,10 +53,10 @@ void isButton::OpenLink(std::string_view address) {
 }
 
 void isButton::resized() {
-    const Place now = place();
-    if (now.width < leastButtonTwips || now.height < leastButtonTwips) {
-        Move({now.left, now.top, std::max(now.width, leastButtonTwips),
-              std::max(now.height, leastButtonTwips)});
+    const Bounds now = bounds();
+    if (now.width < minButtonTwips || now.height < minButtonTwips) {
+        Move({now.left, now.top, std::max(now.width, minButtonTwips),
+              std::max(now.height, minButtonTwips)});
         return;
     }
     if (const unsigned flags = captionFlagsOf(stored_.captionAlign)) captionFlags_ = flags;
@@ -66,7 +66,7 @@ void isButton::resized() {
 
 void isButton::enter(ButtonState state) {
     state_ = state;
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 // False when the handler has destroyed the button. The copy outlives the member it came from.
@@ -141,12 +141,12 @@ void isButton::activate() {
 
 void isButton::gotFocus() {
     hasFocus_ = true;
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 void isButton::lostFocus() {
     hasFocus_ = false;
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 void isButton::pointerMoved() {
@@ -166,7 +166,7 @@ void isButton::pointerLeft() {
 void isButton::pointerDragged(bool over) {
     if (state_ != ButtonState::Pressed || draggedOff_ == !over) return;
     draggedOff_ = !over;
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 void isButton::pressCancelled() {
@@ -188,7 +188,7 @@ void isButton::tracking(Tracking available) {
 ButtonState isButton::visualState() const noexcept {
     if (!stored_.enabled) return ButtonState::Disabled;
     if (stored_.buttonType == toggleType && stored_.value) return ButtonState::Pressed;
-    if (!userMode_ && stored_.style != undisturbedStyle) return ButtonState::Hot;
+    if (!userMode_ && stored_.style != styleWithoutDesignTimeHover) return ButtonState::Hot;
     const bool isOff = state_ == ButtonState::Pressed && draggedOff_;
     const ButtonState state = isOff ? restingState() : state_;
     // Without leave notifications nothing would end a hot look.

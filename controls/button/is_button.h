@@ -1,5 +1,5 @@
 // The owner-drawn push button: its stored settings, its visual state machine and its events. The
-// window, the painting and the tool tip follow it through `ButtonHost` and `ControlView`.
+// window, the painting and the tool tip follow it through `ButtonHost` and `ControlObserver`.
 #pragma once
 
 #include <cstdint>
@@ -251,7 +251,7 @@ class isButton : public Control {
  private:
     template <class T>
     void set(T ButtonSettings::*member, const std::type_identity_t<T>& value);
-    void notify(std::string_view property, Aspect aspect);
+    void notify(std::string_view property, ControlChange change);
     void enter(ButtonState state);
     bool raise(const std::function<void()>& event);
     ButtonState restingState() const noexcept {

@@ -22,7 +22,7 @@ struct Row {
     ReadDefault readDefault;
     WriteDefault writeDefault;
     std::string_view property;  ///< the name in notifications
-    Aspect aspect = Aspect::Face;
+    ControlChange change = ControlChange::Appearance;
 };
 
 // In stored order. Stored forms count on the tool tip's two colours, although the system's own tips
@@ -35,12 +35,12 @@ void eachProperty(Visit visit) {
         tipFore{InfoBackColour};
     visit(Row{"Icon", &S::icon, nullptr, always, "Icon"});
     visit(Row{"Style", &S::style, 3, 3, "Style"});
-    visit(Row{"Caption", &S::caption, "isButton", "", "Caption", Aspect::Text});
+    visit(Row{"Caption", &S::caption, "isButton", "", "Caption", ControlChange::Text});
     visit(Row{"IconSize", &S::iconSize, 16, 16, "IconSize"});
     visit(Row{"CaptionAlign", &S::captionAlign, 0, 0, "CaptionAlign"});
     visit(Row{"IconAlign", &S::iconAlign, 1, 0, "IconAlign"});
     visit(Row{"iNonThemeStyle", &S::nonThemeStyle, 5, 5, "NonThemeStyle"});
-    visit(Row{"Enabled", &S::enabled, true, true, "Enabled", Aspect::Enabled});
+    visit(Row{"Enabled", &S::enabled, true, true, "Enabled", ControlChange::Enabled});
     visit(Row{"ShowFocus", &S::showFocus, false, false, "ShowFocus"});
     visit(Row{"USeCustomColors", &S::useCustomColors, false, false, "UseCustomColors"});
     visit(Row{"BackColor", &S::backColor, face, face, "BackColor"});
@@ -88,12 +88,12 @@ template <class T>
 void isButton::set(T ButtonSettings::*member, const std::type_identity_t<T>& value) {
     stored_.*member = value;
     std::string_view property;
-    Aspect aspect{};
+    ControlChange change{};
     eachProperty([&](const auto& row) {
         if constexpr (std::is_same_v<decltype(row.member), T ButtonSettings::*>)
-            if (row.member == member) property = row.property, aspect = row.aspect;
+            if (row.member == member) property = row.property, change = row.change;
     });
-    notify(property, aspect);
+    notify(property, change);
 }
 
 template void isButton::set(bool ButtonSettings::*, const bool&);
@@ -114,9 +114,9 @@ void isButton::ReadProperties(const PropertyBag& bag, const ButtonAmbient& ambie
     });
     userMode_ = ambient.userMode;
     // Notify only when all is read: the window of a form about to be shown may already follow.
-    changed(Aspect::Setting);
-    changed(Aspect::Text);
-    changed(Aspect::Enabled);
+    changed(ControlChange::Other);
+    changed(ControlChange::Text);
+    changed(ControlChange::Enabled);
 }
 
 void isButton::WriteProperties(PropertyBag& bag) const {

@@ -7,13 +7,13 @@ namespace velvox {
 namespace {
 
 constexpr int maxParts = 255;
-constexpr int leastDifference = 48;  // of the three channels together
+constexpr int minDifference = 48;  // of the three channels together
 constexpr int lightnessStep = 72;
 
 bool standsOut(Rgb colour, Rgb from) {
     return std::abs(redOf(colour) - redOf(from)) + std::abs(greenOf(colour) - greenOf(from)) +
                std::abs(blueOf(colour) - blueOf(from)) >=
-           leastDifference;
+           minDifference;
 }
 
 bool isDark(Rgb colour) {

@@ -10,7 +10,7 @@
 namespace velvox {
 
 /// Neither side of a button is shorter, in twips.
-inline constexpr int leastButtonTwips = 300;
+inline constexpr int minButtonTwips = 300;
 
 /// DT_CENTER + DT_WORDBREAK, in force until the first resize.
 inline constexpr unsigned firstCaptionFlags = 17;

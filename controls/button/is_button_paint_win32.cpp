@@ -37,7 +37,7 @@ class SystemButtonDrawing : public ButtonDrawing {
 
     void caption(const ButtonLook& look, const Rect& at, Rgb colour) override {
         const OwnedFont font = createFont(look.font);
-        const Selected selected(dc_, font.get());
+        const ScopedSelectObject selected(dc_, font.get());
         const int mode = SetBkMode(dc_, TRANSPARENT);
         const COLORREF saved = SetTextColor(dc_, static_cast<COLORREF>(colour));
         RECT area{at.left, at.top, at.right, at.bottom};

@@ -60,11 +60,11 @@ isButtonWindow::isButtonWindow(isButton& model, HWND parent, int id, const Butto
     request.style = WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS;
     if (model.Visible()) request.style |= WS_VISIBLE;
     if (!model.Enabled()) request.style |= WS_DISABLED;
-    request.bounds = toPixels(model.place());
+    request.bounds = toPixels(model.bounds());
     request.parent = parent;
     request.id = id;
     create(request);
-    model_.setView(this);
+    model_.setObserver(this);
     model_.setHost(this);
     detectTracking();
     cutOutline();
@@ -72,7 +72,7 @@ isButtonWindow::isButtonWindow(isButton& model, HWND parent, int id, const Butto
 
 isButtonWindow::~isButtonWindow() {
     if (!modelAlive_.expired()) {
-        model_.setView(nullptr);
+        model_.setObserver(nullptr);
         model_.setHost(nullptr);
     }
     // Messages that arrive from here on are ignored.
@@ -82,27 +82,29 @@ isButtonWindow::~isButtonWindow() {
     destroy();
 }
 
-void isButtonWindow::follow(Aspect aspect) {
+void isButtonWindow::controlChanged(ControlChange change) {
     if (!handle()) return;
-    switch (aspect) {
-        case Aspect::Place: {
-            const RECT at = toPixels(model_.place());
+    switch (change) {
+        case ControlChange::Bounds: {
+            const RECT at = toPixels(model_.bounds());
             SetWindowPos(handle(), nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
                          SWP_NOZORDER | SWP_NOACTIVATE);
             break;
         }
-        case Aspect::Visible: ShowWindow(handle(), model_.Visible() ? SW_SHOWNA : SW_HIDE); break;
-        case Aspect::Enabled: {
+        case ControlChange::Visible:
+            ShowWindow(handle(), model_.Visible() ? SW_SHOWNA : SW_HIDE);
+            break;
+        case ControlChange::Enabled: {
             const std::weak_ptr<const void> alive = alive_;
             enableWindow(handle(), model_.Enabled());
             if (!alive.expired()) repaint();
             break;
         }
-        case Aspect::Text:
+        case ControlChange::Text:
             SetWindowTextW(handle(), widen(model_.Caption()).c_str());
             repaint();
             break;
-        case Aspect::Setting: detectTracking(); break;
+        case ControlChange::Other: detectTracking(); break;
         default: repaint(); break;
     }
 }
@@ -341,7 +343,7 @@ void isButtonWindow::repaint() {
 void isButtonWindow::paintOnScreen() {
     ++paints_;
     {
-        const Painting painting(handle());
+        const PaintScope painting(handle());
         paintInto(painting.dc());
     }
     // The fallback of refused visual styles may have another outline.

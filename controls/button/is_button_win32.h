@@ -22,14 +22,14 @@ struct ButtonServices {
     ToolTipSystem& toolTips = systemToolTips();
 };
 
-class isButtonWindow : public Window, public ControlView, private ButtonHost {
+class isButtonWindow : public Window, public ControlObserver, private ButtonHost {
  public:
     /// A child window of class "isButton" whose text is the caption; it follows `model`. A
     /// handler may destroy both, in any order.
     isButtonWindow(isButton& model, HWND parent, int id, const ButtonServices& services = {});
     ~isButtonWindow() override;
 
-    void follow(Aspect aspect) override;
+    void controlChanged(ControlChange change) override;
 
     HWND toolTip() const noexcept { return toolTip_.handle(); }
     /// How often the button has been painted on the screen.

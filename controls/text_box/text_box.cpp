@@ -15,11 +15,11 @@ void TextBox::Text(std::string_view text) {
 void TextBox::store(std::string_view text) {
     selection_ = {};
     if (text_ == text) {
-        changed(Aspect::Choice);
+        changed(ControlChange::Selection);
         return;
     }
     text_ = text;
-    changed(Aspect::Text);
+    changed(ControlChange::Text);
     if (Change) Change();
 }
 
@@ -33,48 +33,48 @@ void TextBox::Alignment(std::int16_t alignment) {
     if (alignment < 0 || alignment > 2)
         throw RuntimeFailure(Fault::InvalidProperty, "The alignment is not left, right or centred");
     alignment_ = alignment;
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 void TextBox::Enabled(bool enabled) {
     enabled_ = enabled;
-    changed(Aspect::Enabled);
+    changed(ControlChange::Enabled);
 }
 
 void TextBox::Locked(bool locked) {
     locked_ = locked;
-    changed(Aspect::Setting);
+    changed(ControlChange::Other);
 }
 
 void TextBox::font(const Font& font) {
     font_ = font;
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 void TextBox::BackColor(OleColour colour) {
     backColor_ = colour;
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 void TextBox::ForeColor(OleColour colour) {
     foreColor_ = colour;
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 void TextBox::MaxLength(std::int32_t length) {
     if (length < 0) throw RuntimeFailure(Fault::InvalidProperty, "The length limit is negative");
     maxLength_ = length;
-    changed(Aspect::Setting);
+    changed(ControlChange::Other);
 }
 
 void TextBox::PasswordChar(std::string_view character) {
     passwordChar_ = character;
-    changed(Aspect::Setting);
+    changed(ControlChange::Other);
 }
 
 void TextBox::ToolTipText(std::string_view text) {
     toolTipText_ = text;
-    changed(Aspect::Setting);
+    changed(ControlChange::Other);
 }
 
 void TextBox::SelStart(std::int32_t start) {
@@ -118,7 +118,7 @@ void TextBox::SetFocus() {
 
 void TextBox::setTextView(TextBoxView* view) noexcept {
     textView_ = view;
-    setView(view);
+    setObserver(view);
 }
 
 Selection TextBox::selection() const {
@@ -134,7 +134,7 @@ void TextBox::select(Selection wanted) {
     const auto size = static_cast<std::int32_t>(text_.size());
     selection_.start = std::min(wanted.start, size);
     selection_.length = std::min(wanted.length, size - selection_.start);
-    changed(Aspect::Choice);
+    changed(ControlChange::Selection);
 }
 
 }  // namespace velvox

@@ -21,7 +21,7 @@ struct Selection {
 };
 
 /// The window of a text box reports the selection that the user has made.
-class TextBoxView : public ControlView {
+class TextBoxView : public ControlObserver {
  public:
     virtual Selection selection() const = 0;
     virtual void focus() = 0;

@@ -120,7 +120,7 @@ void XPTextBox::RePos() {
 // The four distances are rounded, not the edges: a window can be a pixel smaller than its size in
 // twips says, and the margin must not pay for that.
 Rect XPTextBox::textBounds(int width, int height, int dpi) const {
-    const Place text = MyTxt.place();
+    const Bounds text = MyTxt.bounds();
     return {toPixels(text.left, dpi), toPixels(text.top, dpi),
             width - toPixels(Pic.Width() - text.left - text.width, dpi),
             height - toPixels(Pic.Height() - text.top - text.height, dpi)};
@@ -151,7 +151,7 @@ void XPTextBox::PaintFrame(OleColour margin, Look look) {
             MyTxt.Locked(true);
             break;
     }
-    changed(Aspect::Face);
+    changed(ControlChange::Appearance);
 }
 
 // The normal look at every resize, the one after loading included, makes the box white, enabled

@@ -64,9 +64,9 @@ TextBoxWindow::TextBoxWindow(XPTextBox& box, HWND parent, const SystemColours& c
     request.parent = parent;
     request.id = 1;
     create(request);
-    follow(Aspect::Setting);
-    follow(Aspect::Face);
-    follow(Aspect::Enabled);
+    controlChanged(ControlChange::Other);
+    controlChanged(ControlChange::Appearance);
+    controlChanged(ControlChange::Enabled);
     model_.setTextView(this);
 }
 
@@ -74,23 +74,23 @@ TextBoxWindow::~TextBoxWindow() {
     model_.setTextView(nullptr);
 }
 
-void TextBoxWindow::follow(Aspect aspect) {
-    switch (aspect) {
-        case Aspect::Text:
+void TextBoxWindow::controlChanged(ControlChange change) {
+    switch (change) {
+        case ControlChange::Text:
             setting_ = true;
             SetWindowTextW(handle(), widen(model_.Text()).c_str());
             setting_ = false;
             limitText();
             break;
-        case Aspect::Choice: {
+        case ControlChange::Selection: {
             const std::string_view text = std::as_const(model_).Text();
             const Selection wanted = model_.wantedSelection();
             Edit_SetSel(handle(), unitsOf(text, wanted.start),
                         unitsOf(text, wanted.start + wanted.length));
             break;
         }
-        case Aspect::Enabled: EnableWindow(handle(), model_.Enabled()); break;
-        case Aspect::Setting:
+        case ControlChange::Enabled: EnableWindow(handle(), model_.Enabled()); break;
+        case ControlChange::Other:
             Edit_SetReadOnly(handle(), model_.Locked());
             limitText();
             Edit_SetPasswordChar(handle(),
@@ -99,9 +99,9 @@ void TextBoxWindow::follow(Aspect aspect) {
                                      : static_cast<UINT>(widen(model_.PasswordChar())[0]));
             applyToolTip();
             break;
-        case Aspect::Face: applyFace(); break;
-        case Aspect::Place: fit(); break;
-        default: followPlace(handle(), model_, aspect); break;
+        case ControlChange::Appearance: applyFace(); break;
+        case ControlChange::Bounds: fit(); break;
+        default: followBounds(handle(), model_, change); break;
     }
 }
 
@@ -166,7 +166,7 @@ void TextBoxWindow::applyFace() {
     InvalidateRect(handle(), nullptr, TRUE);
 }
 
-RECT TextBoxWindow::place() const {
+RECT TextBoxWindow::bounds() const {
     RECT client{};
     GetClientRect(GetParent(handle()), &client);
     const Rect at = box_.textBounds(client.right, client.bottom, screenDpi());
@@ -176,9 +176,9 @@ RECT TextBoxWindow::place() const {
 // The EDIT writes at its top: as tall as its text and centred in its place it leaves as much room
 // above the text as below.
 void TextBoxWindow::fit() {
-    RECT at = place();
+    RECT at = bounds();
     const WindowDc dc(handle());
-    const Selected font(dc.get(), font_.get());
+    const ScopedSelectObject font(dc.get(), font_.get());
     TEXTMETRICW metrics{};
     GetTextMetricsW(dc.get(), &metrics);
     const LONG spare = std::max<LONG>(0, at.bottom - at.top - metrics.tmHeight);
@@ -304,33 +304,33 @@ XPTextBoxWindow::XPTextBoxWindow(XPTextBox& model, HWND parent, int id,
     request.style =
         WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | (model.Visible() ? WS_VISIBLE : 0);
     request.extendedStyle = WS_EX_CONTROLPARENT;
-    request.bounds = toPixels(model.place());
+    request.bounds = toPixels(model.bounds());
     request.parent = parent;
     request.id = id;
     create(request);
     edit_.emplace(model, handle(), colours_);
-    model_.setView(this);
-    model_.Pic.setView(&picView_);
+    model_.setObserver(this);
+    model_.Pic.setObserver(&picObserver_);
 }
 
 XPTextBoxWindow::~XPTextBoxWindow() {
-    model_.Pic.setView(nullptr);
-    model_.setView(nullptr);
+    model_.Pic.setObserver(nullptr);
+    model_.setObserver(nullptr);
 }
 
-void XPTextBoxWindow::PicView::follow(Aspect aspect) {
-    if (aspect == Aspect::Face) InvalidateRect(window.handle(), nullptr, FALSE);
+void XPTextBoxWindow::PicObserver::controlChanged(ControlChange change) {
+    if (change == ControlChange::Appearance) InvalidateRect(window.handle(), nullptr, FALSE);
 }
 
-void XPTextBoxWindow::follow(Aspect aspect) {
-    followPlace(handle(), model_, aspect);
-    if (aspect == Aspect::Face) InvalidateRect(handle(), nullptr, FALSE);
+void XPTextBoxWindow::controlChanged(ControlChange change) {
+    followBounds(handle(), model_, change);
+    if (change == ControlChange::Appearance) InvalidateRect(handle(), nullptr, FALSE);
 }
 
 std::optional<LRESULT> XPTextBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_PAINT: {
-            const Painting painting(handle());
+            const PaintScope painting(handle());
             paint(painting.dc());
             return 0;
         }
@@ -365,11 +365,11 @@ void XPTextBoxWindow::paint(HDC target) const {
     const OwnedBrush margin(CreateSolidBrush(rgbOf(model_.Pic.BackColor(), WindowColour)));
     FillRect(dc, &client, margin.get());
     // The EDIT is as tall as its text only; the rest of its place looks like it.
-    const RECT inner = edit_->place();
+    const RECT inner = edit_->bounds();
     FillRect(dc, &inner, edit_->background());
     for (const DrawnLine& line : model_.frame()) {
         const OwnedPen pen(CreatePen(PS_SOLID, 1, rgbOf(line.colour, WindowTextColour)));
-        const Selected selected(dc, pen.get());
+        const ScopedSelectObject selected(dc, pen.get());
         // Scaled by the window as it came out in pixels, so that the far edges lie on its last
         // ones.
         const auto x = [&](int twips) { return MulDiv(twips, client.right, model_.Pic.Width()); };

@@ -19,12 +19,12 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     TextBoxWindow(XPTextBox& box, HWND parent, const SystemColours& colours);
     ~TextBoxWindow() override;
 
-    void follow(Aspect aspect) override;
+    void controlChanged(ControlChange change) override;
     Selection selection() const override;
     void focus() override;
 
     /// The place of the text in the parent's client area, of which the EDIT takes the middle.
-    RECT place() const;
+    RECT bounds() const;
 
     /// Places the EDIT; after a new size of the parent.
     void fit();
@@ -65,13 +65,13 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
 };
 
 /// The window of an XPTextBox: frame and margin around the EDIT.
-class XPTextBoxWindow : public Window, public ControlView {
+class XPTextBoxWindow : public Window, public ControlObserver {
  public:
     /// `colours` are the system's for all that the box paints; they must outlive it.
     XPTextBoxWindow(XPTextBox& model, HWND parent, int id, const SystemColours& colours);
     ~XPTextBoxWindow() override;
 
-    void follow(Aspect aspect) override;
+    void controlChanged(ControlChange change) override;
     HWND editHandle() const noexcept { return edit_->handle(); }
     /// From now on a paste of a text inserts what `pasted` returns for it.
     void onPaste(std::function<std::string(std::string_view text)> pasted) {
@@ -85,15 +85,15 @@ class XPTextBoxWindow : public Window, public ControlView {
     void paint(HDC target) const;
 
     // Pic has no window of its own: its colour shows in this one, and disabling it alters nothing.
-    struct PicView : ControlView {
-        explicit PicView(XPTextBoxWindow& owner) : window(owner) {}
-        void follow(Aspect aspect) override;
+    struct PicObserver : ControlObserver {
+        explicit PicObserver(XPTextBoxWindow& owner) : window(owner) {}
+        void controlChanged(ControlChange change) override;
         XPTextBoxWindow& window;
     };
 
     XPTextBox& model_;
     const SystemColours& colours_;
-    PicView picView_{*this};
+    PicObserver picObserver_{*this};
     std::optional<TextBoxWindow> edit_;
 };
 

@@ -13,12 +13,12 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
     const Program program;
     const auto edit = [&] { return driver().ask({"find", program.edit()}); };
     program.enter("what was there");
-    Hands().key("Tab").act();
+    InputSimulator().key("Tab").act();
     ASSERT_TRUE(eventually([&] { return driver().focus(program.window()) != edit(); }));
     program.pasteNew(" \n\thttp://a/1 \r\n", "http://a/1");
     EXPECT_EQ(driver().focus(program.window()), edit());
     // In the box it is inserted, as clean; what is typed stays as it is.
-    Hands().key("End").type(" ").key("ctrl+v").type(" ").act();
+    InputSimulator().key("End").type(" ").key("ctrl+v").type(" ").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "http://a/1 http://a/1 "));
 
     // The site that leaves the box locked: there is a way on.
@@ -33,9 +33,9 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
     program.awaitEndOfRun();
 
     // The links that are selected, as addresses.
-    Hands().key("Tab").key("shift+Tab").key("Down").key("Down").key("ctrl+c").act();
+    InputSimulator().key("Tab").key("shift+Tab").key("Down").key("Down").key("ctrl+c").act();
     // All of them, as a file in the session.
-    Hands().key("shift+F10").act();
+    InputSimulator().key("shift+F10").act();
     program.chooseFromMenu("s");
     dismissBox();
     EXPECT_TRUE(eventually([] {

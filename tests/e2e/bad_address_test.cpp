@@ -40,7 +40,7 @@ TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
     EXPECT_TRUE(driver().visible("#32770/Static#0"));
     EXPECT_NE(driver().ask({"send", "#32770/Static#0", "0x171", "0", "0"}), "0");
     const Point button = middleOf(driver().rect("#32770/Button"));
-    Hands().click(button).act();
+    InputSimulator().click(button).act();
     driver().waitGone("#32770");
     EXPECT_NO_THROW(driver().waitGone(program.control(controlId("outer"))));
     // What is typed next replaces the address. Input during the run would be dropped.
@@ -99,13 +99,13 @@ TEST(BadAddressTest, OddCharactersAndLengthsGoOut) {
     // A NUL ends the text that is pasted.
     program.closeArea();
     putIntoClipboard(std::string_view("http://www.veoh.com/videos/v1\0?v2", 33));
-    Hands().click(middleOf(driver().rect(program.edit()))).act();
+    InputSimulator().click(middleOf(driver().rect(program.edit()))).act();
     // Wine learns a little later that another program has a new clipboard.
     EXPECT_TRUE(eventually([&] {
-        Hands().key("End").key("shift+Home").key("ctrl+v").act();
+        InputSimulator().key("End").key("shift+Home").key("ctrl+v").act();
         return program.address() == "http://www.veoh.com/videos/v1";
     }));
-    Hands().key("Return").act();
+    InputSimulator().key("Return").act();
     driver().waitVisible(program.control(controlId("outer")));
     program.expectPane(failed);
     EXPECT_EQ(proxy.addresses().back(), "http://www.veoh.com/rest/video/v1/details");

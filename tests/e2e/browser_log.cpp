@@ -6,7 +6,7 @@
 #include <ctime>
 #include <sstream>
 
-#include "tools/drive/client/places.h"
+#include "tools/drive/client/paths.h"
 #include "tools/drive/client/process.h"
 
 namespace velvox::e2e {
@@ -32,7 +32,7 @@ BrowserLog::BrowserLog() {
                           << "printf '%s|%s\\n' \"$stat\" \"$*\" >> " << file_.string() << '\n';
     std::filesystem::permissions(script, std::filesystem::perms::owner_all);
     for (const std::string scheme : {"http", "https"})
-        drive::outputOf({drive::places::wine(), "reg", "add",
+        drive::outputOf({drive::paths::wine(), "reg", "add",
                          "HKLM\\Software\\Classes\\" + scheme + "\\shell\\open\\command", "/ve",
                          "/f", "/d", "Z:" + script.string() + " \"%1\""});
 }

@@ -6,7 +6,7 @@
 
 #include "base/colour.h"
 #include "tests/e2e/program.h"
-#include "tools/drive/client/places.h"
+#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -77,7 +77,7 @@ TEST(DarkSchemeTest, EveryTextCanBeRead) {
 }
 
 TEST(HighContrastTest, EveryTextCanBeRead) {
-    expectAllLegible(Program(Network::sites(), places::highContrastVelvox()), highTextContrast);
+    expectAllLegible(Program(Network::sites(), paths::highContrastVelvox()), highTextContrast);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include "base/join.h"
 #include "tests/e2e/program.h"
 #include "tests/e2e/proxy.h"
-#include "tools/drive/client/places.h"
+#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -87,10 +87,10 @@ TEST(ExamplesTest, ArrivalsAtPlayersAndPagesGiveTheSameLink) {
     const struct {
         std::string file, type;
         bool viewed;
-    } rows[] = {{places::velvox(), flash, false},
-                {places::velvox(), page, false},
-                {places::renderingVelvox(), flash, false},
-                {places::renderingVelvox(), page, true}};
+    } rows[] = {{paths::velvox(), flash, false},
+                {paths::velvox(), page, false},
+                {paths::renderingVelvox(), flash, false},
+                {paths::renderingVelvox(), page, true}};
     for (const auto& [file, type, viewed] : rows) {
         SCOPED_TRACE(join({file, " ", type}));
         const std::string contentType = "Content-Type: " + type + "\r\n";

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
-#include "tools/drive/client/places.h"
+#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -17,14 +17,14 @@ bool comesTo(const Program& program, const Rectangle& place) {
 
 // The drag starts from where the pointer is as the press is handled, so no move may come before.
 void grab(const Program& program, Point at) {
-    Hands().moveTo(at).press().act();
+    InputSimulator().moveTo(at).press().act();
     EXPECT_TRUE(eventually([&] { return program.holdsPointer(); })) << "no drag";
 }
 
 // All events so far have been handled once a key after them has come to the address box.
 void settle(const Program& program) {
     const std::string expected = program.address() + "x";
-    Hands().key("x").act();
+    InputSimulator().key("x").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), expected));
 }
 
@@ -52,13 +52,16 @@ TEST(FrameTest, EverySourceDragsTheWindowExactly) {
         const int x = 37 * step - 90;
         const int y = 111 - 41 * step;
         grab(program, from);
-        Hands().moveTo({from.x + 5, from.y + 1}).moveTo({from.x - 200, from.y + 150}).act();
+        InputSimulator()
+            .moveTo({from.x + 5, from.y + 1})
+            .moveTo({from.x - 200, from.y + 150})
+            .act();
         EXPECT_TRUE(comesTo(program, moved(place, -200, 150)));
-        Hands().moveTo({from.x + x, from.y + y}).release().act();
+        InputSimulator().moveTo({from.x + x, from.y + y}).release().act();
         place = moved(place, x, y);
         EXPECT_TRUE(comesTo(program, place));
         // No longer held.
-        Hands().moveTo({from.x + x + 60, from.y + y - 30}).act();
+        InputSimulator().moveTo({from.x + x + 60, from.y + y - 30}).act();
         settle(program);
         EXPECT_EQ(driver().rect(program.window()), place);
         ++step;
@@ -69,21 +72,21 @@ TEST(FrameTest, ARightPressDragsNothing) {
     const Program program;
     const Rectangle place = driver().rect(program.window());
     const Point from{place.left + 350, place.top + 12};
-    Hands().moveTo(from).press(3).act();
+    InputSimulator().moveTo(from).press(3).act();
     settle(program);
     EXPECT_FALSE(program.holdsPointer());
-    Hands().moveTo({from.x + 50, from.y + 50}).release(3).act();
+    InputSimulator().moveTo({from.x + 50, from.y + 50}).release(3).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), place);
     // A right press within a left drag holds it up but does not end it, nor does its release.
     grab(program, from);
-    Hands().moveTo({from.x + 10, from.y}).act();
+    InputSimulator().moveTo({from.x + 10, from.y}).act();
     EXPECT_TRUE(comesTo(program, moved(place, 10, 0)));
-    Hands().press(3).moveTo({from.x + 80, from.y + 40}).act();
+    InputSimulator().press(3).moveTo({from.x + 80, from.y + 40}).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), moved(place, 10, 0));
-    Hands().release(3).act();
-    Hands().moveTo({from.x + 30, from.y + 5}).release().act();
+    InputSimulator().release(3).act();
+    InputSimulator().moveTo({from.x + 30, from.y + 5}).release().act();
     EXPECT_TRUE(comesTo(program, moved(place, 30, 5)));
 }
 
@@ -94,10 +97,10 @@ TEST(FrameTest, AReleaseOverAnotherControlEndsTheDrag) {
     // In one chain: the window has not followed yet when the button comes up over the list.
     const Point list = middleOf(driver().rect(program.control(controlId("ds"))));
     grab(program, from);
-    Hands().moveTo(list).release().act();
+    InputSimulator().moveTo(list).release().act();
     const Rectangle after = moved(place, list.x - from.x, list.y - from.y);
     EXPECT_TRUE(comesTo(program, after));
-    Hands().moveTo({list.x + 40, list.y + 40}).act();
+    InputSimulator().moveTo({list.x + 40, list.y + 40}).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), after);
     EXPECT_EQ(driver().ask({"send", program.control(controlId("ds")), "0x157", "0", "0"}), "0")
@@ -109,26 +112,26 @@ TEST(FrameTest, LosingThePointerEndsTheDrag) {
     const Rectangle place = driver().rect(program.window());
     const Point from{place.left + 350, place.top + 12};
     grab(program, from);
-    Hands().moveTo({from.x + 20, from.y + 10}).act();
+    InputSimulator().moveTo({from.x + 20, from.y + 10}).act();
     const Rectangle taken = moved(place, 20, 10);
     EXPECT_TRUE(comesTo(program, taken));
     // A message box comes up in the middle of the drag, as by an Enter in the empty address box.
     driver().ask({"post", program.edit(), "0x100", "13", "0"});
     driver().waitBox();
-    Hands().moveTo({from.x + 90, from.y + 70}).act();
+    InputSimulator().moveTo({from.x + 90, from.y + 70}).act();
     dismissBox();
     driver().waitGone(program.control(controlId("outer")));
     program.awaitEndOfRun();
     // The button is still down.
-    Hands().moveTo({from.x + 40, from.y + 60}).act();
+    InputSimulator().moveTo({from.x + 40, from.y + 60}).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), taken);
-    Hands().release().act();
+    InputSimulator().release().act();
     settle(program);
     // It can be dragged again.
     const Point again{taken.left + 350, taken.top + 12};
     grab(program, again);
-    Hands().moveTo({again.x - 15, again.y + 25}).release().act();
+    InputSimulator().moveTo({again.x - 15, again.y + 25}).release().act();
     EXPECT_TRUE(comesTo(program, moved(taken, -15, 25)));
 }
 
@@ -140,10 +143,10 @@ TEST(FrameTest, ACancelledModeEndsTheDrag) {
     grab(program, from);
     driver().ask({"send", program.window(), "0x1F", "0", "0"});
     EXPECT_FALSE(program.holdsPointer());
-    Hands().moveTo({from.x + 40, from.y + 60}).act();
+    InputSimulator().moveTo({from.x + 40, from.y + 60}).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), place);
-    Hands().release().act();
+    InputSimulator().release().act();
 }
 
 TEST(FrameTest, TheQuitButtonDipsUnderThePointerAndEndsTheProgram) {
@@ -152,24 +155,24 @@ TEST(FrameTest, TheQuitButtonDipsUnderThePointerAndEndsTheProgram) {
     const Rectangle bar = driver().rect(program.control(controlId("topendskin")));
     const Rectangle atRest = driver().rect(quit);
     EXPECT_EQ(atRest.top - bar.top, 7);  // 100 twips
-    Hands().moveTo(middleOf(atRest)).act();
+    InputSimulator().moveTo(middleOf(atRest)).act();
     EXPECT_TRUE(eventually([&] { return driver().rect(quit) == moved(atRest, 0, 2); }));
-    Hands().moveTo({bar.left - 100, bar.top + 10}).act();
+    InputSimulator().moveTo({bar.left - 100, bar.top + 10}).act();
     EXPECT_TRUE(eventually([&] { return driver().rect(quit) == atRest; }));
-    Hands().click(middleOf(atRest)).act();
+    InputSimulator().click(middleOf(atRest)).act();
     EXPECT_EQ(program.process().exitWithin(Driver::patience), 0);
 }
 
 // Wine 10 ends the move mode at the first message that finds no mouse button held, in its own
 // Notepad too, so that keys move no window there.
 TEST(FrameTest, CanBeMovedByKeys) {
-    if (places::platform() == "wine10") GTEST_SKIP() << "keys move no window under Wine 10";
+    if (paths::platform() == "wine10") GTEST_SKIP() << "keys move no window under Wine 10";
     const Program program;
     const Rectangle place = driver().rect(program.window());
-    Hands().key("alt+space").act();
+    InputSimulator().key("alt+space").act();
     program.chooseFromMenu("m");
     EXPECT_TRUE(eventually([&] {
-        Hands().key("Right").act();
+        InputSimulator().key("Right").act();
         return driver().rect(program.window()).left > place.left;
     }));
 }
@@ -180,13 +183,13 @@ TEST(FrameTest, AltF4AndTheSystemMenuEndIt) {
     for (const int tabs : {0, 2}) {
         SCOPED_TRACE(tabs);
         Program program;
-        Hands keys;
+        InputSimulator keys;
         for (int i = 0; i < tabs; ++i) keys.key("Tab");
         keys.key("alt+F4").act();
         EXPECT_EQ(program.process().exitWithin(Driver::patience), 0);
     }
     Program program;
-    Hands().key("alt+space").act();
+    InputSimulator().key("alt+space").act();
     program.chooseFromMenu("c");
     EXPECT_EQ(program.process().exitWithin(Driver::patience), 0);
 }

@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "tests/e2e/consumption.h"
-#include "tools/drive/client/places.h"
+#include "tests/e2e/resource_usage.h"
+#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -15,18 +15,18 @@ constexpr Milliseconds maxAnswer{1000};
 constexpr long maxPrivateKb = 200 * 1024;
 constexpr std::intmax_t maxDiskBytes = 1 << 20;
 
-struct TargetFacts {
+struct TargetTraits {
     const char* address;
     std::string link, failure, waiting;
 };
 
-const TargetFacts& factsOf(const HostileReply& reply) {
-    static const TargetFacts page{
+const TargetTraits& traitsOf(const HostileReply& reply) {
+    static const TargetTraits page{
         "http://www.veoh.com/videos/v1?",
         std::string("<font face='tahoma' size='2'><a href='") + hostileLink +
             "'>Download FLV</a></font>",
         "<font face='tahoma' size='2' color='red'>Download Failed !</font>", ""};
-    static const TargetFacts navigation{
+    static const TargetTraits navigation{
         "http://www.metacafe.com/watch/1/x/",
         std::string("<a href='") + hostileLink + "'><font face='tahoma' size=2>Download</font></a>",
         "", "<font face='tahoma' size='2'>Sending URL Request...</font>"};
@@ -87,12 +87,12 @@ void HostileServer::start(bool isHasty) {
     if (program_ && isHasty == hasty_) return;
     program_.reset();
     program_.emplace(Network::proxy(proxy_.port()),
-                     isHasty ? places::impatientVelvox() : places::velvox());
+                     isHasty ? paths::velvoxShortTimeout() : paths::velvox());
     hasty_ = isHasty;
 }
 
 Observation HostileServer::run(const HostileReply& reply, Milliseconds limit) {
-    const TargetFacts& facts = factsOf(reply);
+    const TargetTraits& facts = traitsOf(reply);
     const PeakMemory memory(program_->process().id());
     const auto disk = bytesOnDisk();
     const std::size_t before = proxy_.addresses().size();

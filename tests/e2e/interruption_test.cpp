@@ -3,7 +3,7 @@
 
 #include "tests/e2e/program.h"
 #include "tests/e2e/proxy.h"
-#include "tools/drive/client/places.h"
+#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -33,7 +33,7 @@ TEST(InterruptionTest, ASecondPressOfDownloadDoesNothing) {
     pressEnterInTheBox(program);
     program.click(controlId("isButton1"));
     program.click(controlId("output"));
-    Hands().key("Return").key("Escape").key("Tab").key("space").act();
+    InputSimulator().key("Return").key("Escape").key("Tab").key("space").act();
     driver().ping(program.window());
     gate.open();
 
@@ -58,7 +58,7 @@ TEST(InterruptionTest, ADoubleClickOnDownloadDoesNotCloseTheResult) {
     const Program program(Network::proxy(proxy.port()));
     const auto tryAt = [&](Point at) {
         program.enter("http://www.veoh.com/videos/v1?");
-        Hands().moveTo(at).press().release().press().release().act();
+        InputSimulator().moveTo(at).press().release().press().release().act();
         driver().waitVisible(program.control(controlId("outer")));
         program.expectPane("<font face='tahoma' size='2' color='red'>Download Failed !</font>");
         driver().ping(program.window());
@@ -95,19 +95,19 @@ TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
     EXPECT_TRUE(eventually([&] { return !minimised(); }));
     EXPECT_TRUE(comesTo(0, 0));
     const Point bar{place.left + 350, place.top + 12};
-    Hands().moveTo(bar).press().act();
+    InputSimulator().moveTo(bar).press().act();
     EXPECT_TRUE(eventually([&] { return program.holdsPointer(); }));
-    Hands().moveTo({bar.x + 30, bar.y - 20}).release().act();
+    InputSimulator().moveTo({bar.x + 30, bar.y - 20}).release().act();
     EXPECT_TRUE(comesTo(30, -20));
     EXPECT_TRUE(eventually([&] { return !program.holdsPointer(); }));
-    if (places::platform() != "wine10") {  // where keys move no window
-        Hands().key("alt+space").act();
+    if (paths::platform() != "wine10") {  // where keys move no window
+        InputSimulator().key("alt+space").act();
         program.chooseFromMenu("m");
         EXPECT_TRUE(eventually([&] {
-            Hands().key("Right").act();
+            InputSimulator().key("Right").act();
             return driver().rect(program.window()).left > place.left + 30;
         }));
-        Hands().key("Return").act();
+        InputSimulator().key("Return").act();
     }
     EXPECT_TRUE(program.addressLocked());
 }
@@ -120,7 +120,7 @@ TEST(InterruptionTest, TheProgramEndsAtOnceDuringASilentFetch) {
         std::function<void(const Program&)> act;
     } ways[] = {
         {"quit button", [](const Program& p) { p.click(controlId("isButton2")); }},
-        {"Alt+F4", [](const Program&) { Hands().key("alt+F4").act(); }},
+        {"Alt+F4", [](const Program&) { InputSimulator().key("alt+F4").act(); }},
         {"WM_CLOSE",
          [](const Program& p) {
              driver().ask({"close", p.window()});
@@ -165,7 +165,7 @@ TEST(InterruptionTest, TheProgramEndsInTheMiddleOfALongComicBook) {
 // The loop of a menu or of a message box does not keep the program from ending.
 TEST(InterruptionTest, TheProgramEndsUnderAMenuOrABox) {
     const auto openMenu = [](const Program& program, ControlId over) {
-        Hands().click(middleOf(driver().rect(program.control(over))), 3).act();
+        InputSimulator().click(middleOf(driver().rect(program.control(over))), 3).act();
         driver().waitVisible("#32768");
         EXPECT_TRUE(eventually([&] { return program.holdsPointer(); }));
     };
@@ -183,7 +183,7 @@ TEST(InterruptionTest, TheProgramEndsUnderAMenuOrABox) {
          [&](const Program& program) { openMenu(program, controlId("linkin")); }},
         {"menu of the window",
          [](const Program& program) {
-             Hands().key("alt+space").act();
+             InputSimulator().key("alt+space").act();
              driver().waitVisible("#32768");
              EXPECT_TRUE(eventually([&] { return program.holdsPointer(); }));
          }},
@@ -210,11 +210,11 @@ TEST(InterruptionTest, AKeyThatHidesItsOwnControlLeavesTheWindowUsable) {
         program.start("http://www.veoh.com/videos/v669398tRxFQc4d?");
         const std::string close = program.control(controlId("isButton1"));
         ASSERT_NO_THROW(program.awaitEndOfRun());
-        Hands().key("Tab").act();
+        InputSimulator().key("Tab").act();
         ASSERT_TRUE(eventually([&] {
             return driver().focus(program.window()) == driver().ask({"find", close});
         }));
-        Hands().key(key).act();
+        InputSimulator().key(key).act();
         driver().waitGone(program.control(controlId("outer")));
         for (const char* character : {"0x102", "0x106"}) {
             driver().ask({"post", close, character, "120", "0"});

@@ -7,7 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tools/drive/client/places.h"
+#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -31,7 +31,7 @@ std::set<std::string> mainWindows() {
 }  // namespace
 
 Network Network::sites() {
-    return {places::sitesPort()};
+    return {paths::sitesPort()};
 }
 
 namespace {
@@ -66,11 +66,11 @@ std::string newMainWindow(const std::set<std::string>& before) {
 }  // namespace
 
 Program::Program(Network network, const std::string& file)
-    : Program(mainWindows(), network, file.empty() ? places::velvox() : file) {}
+    : Program(mainWindows(), network, file.empty() ? paths::velvox() : file) {}
 
 Program::Program(const std::set<std::string>& before, const Network& network,
                  const std::string& file)
-    : process_({"env", "-C", currentFolder(), places::wine(), file}, {proxyVariable(network)}),
+    : process_({"env", "-C", currentFolder(), paths::wine(), file}, {proxyVariable(network)}),
       window_(newMainWindow(before)) {
     // Its first message is answered once the window has been painted.
     driver().ping(window_);
@@ -95,7 +95,7 @@ std::string Program::control(ControlId id) const {
 }
 
 void Program::click(ControlId id) const {
-    Hands().click(middleOf(driver().rect(control(id)))).act();
+    InputSimulator().click(middleOf(driver().rect(control(id)))).act();
 }
 
 void Program::enter(const std::string& address) const {
@@ -103,7 +103,7 @@ void Program::enter(const std::string& address) const {
 }
 
 bool Program::paste(const std::string& address) const {
-    Hands().key("End").key("shift+Home").key("ctrl+v").act();
+    InputSimulator().key("End").key("shift+Home").key("ctrl+v").act();
     return eventually([&] { return this->address() == address; }, Milliseconds(1000));
 }
 
@@ -149,20 +149,20 @@ void Program::startExample(int entry) const {
     closeArea();
     const std::string list = control(controlId("ds"));
     const std::string entryText = driver().items(list).at(static_cast<std::size_t>(entry));
-    Hands().click(middleOf(driver().rect(list))).act();
+    InputSimulator().click(middleOf(driver().rect(list))).act();
     const std::string handle = driver().ask({"find", list});
     // The keys go to whatever has the keyboard when they come: with the click it passes to the
     // list.
     if (!eventually([&] { return driver().focus(window_) == handle; }))
         throw std::runtime_error("the site list does not get the keyboard");
-    Hands keys;
+    InputSimulator keys;
     keys.key("Home");
     for (int i = 0; i < entry; ++i) keys.key("Down");
     keys.key("Return").act();
     const std::string example = control(controlId("vd"));
     // Wherever it is written: at the label's left end.
     const Rectangle place = driver().rect(example);
-    Hands().click({place.left + place.width / 8, place.top + 5}).act();
+    InputSimulator().click({place.left + place.width / 8, place.top + 5}).act();
     // Both change with each key, and the keys may still be on their way.
     if (!eventually([&] {
             return driver().text(list) == entryText &&
@@ -177,7 +177,7 @@ void Program::chooseFromMenu(const std::string& key) const {
     driver().waitVisible(menu);
     // It is visible a little before it takes keys.
     EXPECT_TRUE(eventually([&] { return holdsPointer(); }));
-    Hands().key(key).act();
+    InputSimulator().key(key).act();
 }
 
 void Program::expectGoodRun() const {
@@ -211,7 +211,7 @@ void Program::tick(int timer) const {
 
 std::string dismissBox() {
     const std::string titleAndText = driver().waitBox();
-    Hands().key("Return").act();
+    InputSimulator().key("Return").act();
     driver().waitGone(messageBox);
     Program::awaitKeyboard();
     return titleAndText;

@@ -11,7 +11,7 @@
 #include <cstdint>
 #include <stdexcept>
 
-#include "tools/drive/client/places.h"
+#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -102,7 +102,7 @@ void Exchange::staySilent() const {
 
 void Exchange::forward() const {
     const int server = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    const sockaddr_in at = loopback(places::sitesPort());
+    const sockaddr_in at = loopback(paths::sitesPort());
     // The server ends its answer by closing, so that it needs no understanding here.
     std::string request = request_.substr(0, request_.find("\r\n"));
     request.replace(request.rfind("HTTP/"), request.npos, "HTTP/1.0");

@@ -40,14 +40,14 @@ TEST(StartUpTest, ChoosingASiteChangesTheExampleAloneAndClickingThatCopiesIt) {
     const std::string list = program.control(controlId("ds"));
     const std::string example = program.control(controlId("vd"));
     program.enter("what was there");
-    Hands().click(middleOf(driver().rect(list))).key("Escape").act();
+    InputSimulator().click(middleOf(driver().rect(list))).key("Escape").act();
     for (std::size_t entry = 0; entry < std::size(exampleAddresses); ++entry) {
-        Hands().key(entry == 0 ? "Home" : "Down").act();
+        InputSimulator().key(entry == 0 ? "Home" : "Down").act();
         EXPECT_NO_THROW(driver().waitText(example, exampleAddresses[entry]));
         EXPECT_EQ(program.address(), "what was there");
     }
     const Rectangle place = driver().rect(example);
-    Hands().click({place.left + 20, place.top + 5}).act();
+    InputSimulator().click({place.left + 20, place.top + 5}).act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), exampleAddresses[5]));
 }
 
@@ -56,14 +56,14 @@ TEST(StartUpTest, PastesByKeyAndByMenuAndEnterPressesDownload) {
     const Point box = middleOf(driver().rect(program.edit()));
     program.pasteNew("by key and by menu", "by key and by menu");
     // Once this has come, no paste is on its way any more.
-    Hands().key("End").type("x").act();
+    InputSimulator().key("End").type("x").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "by key and by menux"));
     program.enter("");
-    Hands().click(box, 3).act();
+    InputSimulator().click(box, 3).act();
     program.chooseFromMenu("p");
     EXPECT_NO_THROW(driver().waitText(program.edit(), "by key and by menu"));
     program.pasteNew(veohExample, veohExample);
-    Hands().key("Return").act();
+    InputSimulator().key("Return").act();
     driver().waitVisible(program.control(controlId("outer")));
     waitForLinks(program);
     EXPECT_EQ(program.address(), std::string(veohExample) + "?");
@@ -73,15 +73,15 @@ TEST(StartUpTest, EscapeAndCloseHideTheResultArea) {
     const Program program;
     const std::string area = program.control(controlId("outer"));
     program.pasteNew("the next address", "the next address");
-    Hands().key("End").type("x").act();
+    InputSimulator().key("End").type("x").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "the next addressx"));
     program.start(veohExample);
     waitForLinks(program);
-    Hands().key("Escape").act();
+    InputSimulator().key("Escape").act();
     EXPECT_NO_THROW(driver().waitGone(area));
     EXPECT_EQ(driver().focus(program.window()), driver().ask({"find", program.edit()}));
     // The next paste replaces the address, not adds to it.
-    Hands().key("ctrl+v").act();
+    InputSimulator().key("ctrl+v").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "the next address"));
     // What the area covered can be used again.
     program.enter(veohExample);
@@ -103,7 +103,7 @@ TEST(StartUpTest, TabGoesRoundThroughAllThatCanBeUsed) {
                                    Milliseconds(3000)))
                 << "stop " << i << " is not "
                 << driver().ask({"class", driver().focus(program.window())});
-            if (i < stops.size()) Hands().key("Tab").act();
+            if (i < stops.size()) InputSimulator().key("Tab").act();
         }
     };
     const auto handle = [&](ControlId id) { return driver().ask({"find", program.control(id)}); };
@@ -111,7 +111,7 @@ TEST(StartUpTest, TabGoesRoundThroughAllThatCanBeUsed) {
                  handle(controlId("ds")), handle(controlId("vd")), handle(controlId("Label12")),
                  handle(controlId("isButton2"))});
     // The example by keyboard alone.
-    Hands().key("Tab").key("Tab").key("Tab").key("Return").act();
+    InputSimulator().key("Tab").key("Tab").key("Tab").key("Return").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), exampleAddresses[0]));
 }
 

@@ -12,7 +12,7 @@ void closeMenu(const Program& program) {
     driver().waitVisible(menu);
     // It is visible a little before it takes keys.
     EXPECT_TRUE(eventually([&] { return program.holdsPointer(); }));
-    Hands().key("Escape").act();
+    InputSimulator().key("Escape").act();
     EXPECT_NO_THROW(driver().waitGone(menu));
 }
 
@@ -20,22 +20,22 @@ TEST(SystemMenuTest, OpensByKeyIconAndTitleAndSaysWhatThisIs) {
     const Program program;
     const Rectangle place = driver().rect(program.window());
     const Point icon{place.left + 15, place.top + 15};
-    Hands().key("alt+space").act();
+    InputSimulator().key("alt+space").act();
     closeMenu(program);
-    Hands().moveTo({place.left + 300, place.top + 12}).press(3).release(3).act();
+    InputSimulator().moveTo({place.left + 300, place.top + 12}).press(3).release(3).act();
     closeMenu(program);
-    Hands().click(icon).act();
+    InputSimulator().click(icon).act();
     program.chooseFromMenu("b");
     const std::string about = dismissBox();
     EXPECT_NE(about.find("About Velvox"), std::string::npos) << about;
     EXPECT_NE(about.find("Velvox 1.00"), std::string::npos) << about;
     EXPECT_NE(about.find("MIT licence"), std::string::npos) << about;
     // Dragged by its icon it opens nothing.
-    Hands().moveTo(icon).press().act();
+    InputSimulator().moveTo(icon).press().act();
     ASSERT_TRUE(eventually([&] { return program.holdsPointer(); }));
-    Hands().moveTo({icon.x + 40, icon.y + 30}).act();
+    InputSimulator().moveTo({icon.x + 40, icon.y + 30}).act();
     EXPECT_TRUE(eventually([&] { return driver().rect(program.window()).left != place.left; }));
-    Hands().release().act();
+    InputSimulator().release().act();
     EXPECT_TRUE(eventually([&] { return !program.holdsPointer(); }));
     program.expectGoodRun();
 }
@@ -44,10 +44,10 @@ TEST(SystemMenuTest, APressBesideTheQuitButtonEndsTheProgramToo) {
     Program program;
     const Rectangle quit = driver().rect(program.control(controlId("isButton2")));
     const Point beside{quit.left - 2, quit.top + quit.height / 2};
-    Hands().moveTo(beside).press().moveTo({beside.x - 60, beside.y}).release().act();
-    Hands().type("x").act();
+    InputSimulator().moveTo(beside).press().moveTo({beside.x - 60, beside.y}).release().act();
+    InputSimulator().type("x").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "x")) << "released elsewhere";
-    Hands().click(beside).act();
+    InputSimulator().click(beside).act();
     EXPECT_EQ(program.process().exitWithin(Driver::patience), 0);
 }
 

@@ -85,7 +85,9 @@ struct Model {
 
 struct Recorder : ButtonLog {
     explicit Recorder(isButton& shown) : ButtonLog(shown), button(shown) {}
-    void follow(Aspect) override { text += static_cast<char>('0' + int(button.visualState())); }
+    void controlChanged(ControlChange) override {
+        text += static_cast<char>('0' + int(button.visualState()));
+    }
 
     isButton& button;
 };

@@ -107,7 +107,7 @@ void checkStream(const HtmlFragment& fragment) {
     else
         for (std::size_t at = 0, next; at < text.size(); at = next + 1) {
             next = std::min(text.find(u'\n', at), text.size());
-            require(next - at <= longestLine + 1, "a line is too long");
+            require(next - at <= maxLineLength + 1, "a line is too long");
         }
 }
 

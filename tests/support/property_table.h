@@ -17,12 +17,12 @@ struct Property {
     PropertyValue value;  ///< other than the default, as it is stored
     std::function<void(Owner&)> set;
     std::function<bool(const Owner&)> isSet;
-    std::vector<Aspect> followed;  ///< what the control's view is notified of
+    std::vector<ControlChange> followed;  ///< what the control's view is notified of
 };
 
 template <class Owner, class Got, class Set, class T>
 Property<Owner> property(const char* key, Got (Owner::*get)() const, void (Owner::*set)(Set),
-                         T value, std::vector<Aspect> followed = {}) {
+                         T value, std::vector<ControlChange> followed = {}) {
     PropertyValue stored;
     if constexpr (std::is_same_v<T, bool> || !std::is_convertible_v<T, std::int64_t>)
         stored = value;

@@ -172,23 +172,23 @@ struct FakeColours : SystemColours {
     Rgb colour(int index) const override { return index; }
 };
 
-struct RecordingView : ControlView {
-    void follow(Aspect aspect) override {
-        if (records.contains(aspect)) records.at(aspect)();
+struct RecordingView : ControlObserver {
+    void controlChanged(ControlChange change) override {
+        if (records.contains(change)) records.at(change)();
     }
 
-    std::map<Aspect, std::function<void()>> records;
+    std::map<ControlChange, std::function<void()>> records;
 };
 
 /// The address box's inner box, without a user who selects anything.
-struct AddressView : Logging, TextBoxView {
-    AddressView(EffectLog& effects, TextBox& followed) : Logging(effects), box(followed) {}
+struct AddressObserver : Logging, TextBoxView {
+    AddressObserver(EffectLog& effects, TextBox& followed) : Logging(effects), box(followed) {}
 
     Selection selection() const override { return box.wantedSelection(); }
     void focus() override { log.add({"linkin focus"}); }
-    void follow(Aspect aspect) override {
-        if (aspect == Aspect::Enabled) log.addState("linkin.Enabled", box.Enabled());
-        if (aspect == Aspect::Text) log.addState("linkin.Text", box.Text());
+    void controlChanged(ControlChange change) override {
+        if (change == ControlChange::Enabled) log.addState("linkin.Enabled", box.Enabled());
+        if (change == ControlChange::Text) log.addState("linkin.Text", box.Text());
     }
 
     TextBox& box;
@@ -200,15 +200,17 @@ class Form1Fixture {
         form.linkin.MyTxt.setTextView(&address_);
         form.ketqua.Change = [this] { log.add({"ketqua=", form.ketqua.Text()}); };
         form.link2.Change = [this] { log.add({"link2=", form.link2.Text()}); };
-        watch(form.isButton1, Aspect::Enabled, "isButton1.Enabled", &isButton::Enabled);
-        watch(form.outer, Aspect::Visible, "outer.Visible", &PictureBox::Visible);
-        watch(form.outer, Aspect::Place, "outer.Top", &PictureBox::Top);
+        watch(form.isButton1, ControlChange::Enabled, "isButton1.Enabled", &isButton::Enabled);
+        watch(form.outer, ControlChange::Visible, "outer.Visible", &PictureBox::Visible);
+        watch(form.outer, ControlChange::Bounds, "outer.Top", &PictureBox::Top);
         for (Label* label : {&form.vd, &form.Label4})
-            watch(*label, Aspect::Text, label->Name(), &Label::Caption);
-        watch(form.ds, Aspect::Choice, "ds", &ComboBox::Text);
-        record(form.ds, Aspect::Items, [this] { log.add({"ds+=", form.ds.items().back()}); });
+            watch(*label, ControlChange::Text, label->Name(), &Label::Caption);
+        watch(form.ds, ControlChange::Selection, "ds", &ComboBox::Text);
+        record(form.ds, ControlChange::Items, [this] {
+            log.add({"ds+=", form.ds.items().back()});
+        });
         for (Timer* timer : {&form.Timer1, &form.Timer4, &form.Timer5, &form.Timer6, &form.Timer7})
-            watch(*timer, Aspect::Enabled, timer->Name(), &Timer::Enabled);
+            watch(*timer, ControlChange::Enabled, timer->Name(), &Timer::Enabled);
     }
 
     /// The form's handler with an address in the box, as one list of effects.
@@ -232,17 +234,18 @@ class Form1Fixture {
 
  private:
     template <class Followed>
-    void record(Followed& control, Aspect aspect, std::function<void()> action) {
+    void record(Followed& control, ControlChange change, std::function<void()> action) {
         RecordingView& view = views_[&control];
-        control.setView(&view);
-        view.records[aspect] = std::move(action);
+        control.setObserver(&view);
+        view.records[change] = std::move(action);
     }
     template <class Followed, class Value, class Owner>
-    void watch(Followed& control, Aspect aspect, std::string name, Value (Owner::*now)() const) {
-        record(control, aspect, [=, this, &control] { log.addState(name, (control.*now)()); });
+    void watch(Followed& control, ControlChange change, std::string name,
+               Value (Owner::*now)() const) {
+        record(control, change, [=, this, &control] { log.addState(name, (control.*now)()); });
     }
 
-    AddressView address_{log, form.linkin.MyTxt};
+    AddressObserver address_{log, form.linkin.MyTxt};
     std::map<const void*, RecordingView> views_;
 };
 

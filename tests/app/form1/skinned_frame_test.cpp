@@ -12,9 +12,9 @@ TEST(SkinnedFrameTest, TitleBarFollowsTheWidth) {
     Form1& form = fixture.form;
     form.skinicon.Move({9, 9, 480, 450});
     form.Width(8000);
-    EXPECT_EQ(form.skinicon.place(), (Place{0, 0, 480, 450}));
-    EXPECT_EQ(form.skinbar.place(), (Place{480, 0, 8000 - 1020, form.skinbar.Height()}));
-    EXPECT_EQ(form.topendskin.place(), (Place{8000 - 540, 0, 540, form.topendskin.Height()}));
+    EXPECT_EQ(form.skinicon.bounds(), (Bounds{0, 0, 480, 450}));
+    EXPECT_EQ(form.skinbar.bounds(), (Bounds{480, 0, 8000 - 1020, form.skinbar.Height()}));
+    EXPECT_EQ(form.topendskin.bounds(), (Bounds{8000 - 540, 0, 540, form.topendskin.Height()}));
 
     // Too narrow: the bar keeps its width, the steps after it are still made.
     form.Width(2000);

@@ -125,16 +125,16 @@ TEST(RichTextTest, LinksAreFoundByCharacter) {
 
 TEST(RichTextTest, EndlessLinesAreBrokenAndLinksStayInPlace) {
     const RichText text = written("<a href='u'>" + std::string(longText + 1, 'x') + "</a> tail");
-    const std::size_t breaks = longText / longestLine;
+    const std::size_t breaks = longText / maxLineLength;
     EXPECT_EQ(text.lines, 1 + breaks);
     EXPECT_EQ(text.links.at(0).end, longText + 1 + breaks);
     EXPECT_EQ(written(std::string(longText, 'x')).lines, 1U);
     // At the same width in any size, and never inside a character.
     EXPECT_GT(written("<font size=7>" + std::string(longText + 1, 'x')).lines, 3 * breaks);
-    EXPECT_EQ(
-        body(written(std::string(longestLine - 1, 'x') + "&#128512;" + std::string(longText, 'x')))
-            .substr(longestLine - 1, 22),
-        "\\u-10179?\\u-8704?\\par\n");
+    EXPECT_EQ(body(written(std::string(maxLineLength - 1, 'x') + "&#128512;" +
+                           std::string(longText, 'x')))
+                  .substr(maxLineLength - 1, 22),
+              "\\u-10179?\\u-8704?\\par\n");
 }
 
 std::string repeated(const std::string& unit, std::size_t count) {

@@ -13,8 +13,8 @@ namespace {
 TEST(SkinTest, TheTitleCanBeReadInActiveAndInactiveWindows) {
     Skin skin;
     clsVirtualDC surface;
-    const RECT bar = toPixels(designOf("skinbar").place);
-    const RECT title = toPixels(designOf("Label5").place);
+    const RECT bar = toPixels(designOf("skinbar").bounds);
+    const RECT title = toPixels(designOf("Label5").bounds);
     surface.CreateMyDC(2, bar.bottom);
     for (const bool active : {true, false}) {
         skin.setActive(active);

@@ -18,10 +18,10 @@ struct NumberedColours : SystemColours {
 };
 
 /// Records the requests and events of a button, one letter each, and what has changed.
-struct ButtonLog : ButtonHost, ControlView {
+struct ButtonLog : ButtonHost, ControlObserver {
     explicit ButtonLog(isButton& button) {
         button.setHost(this);
-        button.setView(this);
+        button.setObserver(this);
         button.Click = [this] { text += 'C'; };
         button.MouseEnter = [this] { text += 'E'; };
         button.MouseLeave = [this] { text += 'L'; };
@@ -31,13 +31,13 @@ struct ButtonLog : ButtonHost, ControlView {
     void showToolTip() override { text += 'T'; }
     void showAbout() override { text += 'A'; }
     void openAddress(std::string_view address) override { text += address; }
-    void follow(Aspect aspect) override {
-        changes.push_back(aspect);
+    void controlChanged(ControlChange change) override {
+        changes.push_back(change);
         text += '.';
     }
 
     std::string text;
-    std::vector<Aspect> changes;
+    std::vector<ControlChange> changes;
 };
 
 }  // namespace velvox

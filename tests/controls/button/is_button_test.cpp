@@ -58,11 +58,11 @@ TEST(IsButtonTest, HandlersMayDestroyTheButton) {
 
 TEST(IsButtonTest, CaptionFlagsBreakLinesUntilTheFirstResize) {
     isButton button("b", colours);
-    EXPECT_EQ(button.place(), (Place{0, 0, 0, 0}));
+    EXPECT_EQ(button.bounds(), (Bounds{0, 0, 0, 0}));
     button.CaptionAlign(2);
     EXPECT_EQ(button.captionFlags(), 17U);
     button.Move({10, 20, 100, 4000});
-    EXPECT_EQ(button.place(), (Place{10, 20, 300, 4000})) << "no side is shorter than 300 twips";
+    EXPECT_EQ(button.bounds(), (Bounds{10, 20, 300, 4000})) << "no side is shorter than 300 twips";
     button.Height(0);
     EXPECT_EQ(button.Height(), 300);
     const unsigned flags[] = {37, 36, 38, 33, 41, 41};
@@ -120,9 +120,9 @@ std::vector<std::pair<const char*, Property<isButton>>> properties() {
             {"Value", property("Value", &B::Value, &B::Value, true)}};
 }
 
-Aspect changeOf(std::string_view key) {
-    if (key == "Caption") return Aspect::Text;
-    return key == "Enabled" ? Aspect::Enabled : Aspect::Face;
+ControlChange changeOf(std::string_view key) {
+    if (key == "Caption") return ControlChange::Text;
+    return key == "Enabled" ? ControlChange::Enabled : ControlChange::Appearance;
 }
 
 PropertyBag written(const isButton& button) {
@@ -191,7 +191,8 @@ TEST(IsButtonTest, FreshAndReadControls) {
     ambient.font = {.name = "Ambient"};
     ambient.toolTipText = "of the container";
     button.ReadProperties({}, ambient);
-    EXPECT_EQ(log.changes, (std::vector{Aspect::Setting, Aspect::Text, Aspect::Enabled}));
+    EXPECT_EQ(log.changes,
+              (std::vector{ControlChange::Other, ControlChange::Text, ControlChange::Enabled}));
     const PropertyBag read{{"Icon", PicturePtr()}, {"Caption", "isButton"s},
                            {"IconAlign", 1},       {"ToolTipText", ambient.toolTipText},
                            {"Tooltiptitle", ""s},  {"ToolTipIcon", 0},

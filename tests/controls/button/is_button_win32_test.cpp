@@ -152,7 +152,7 @@ TEST_F(IsButtonWindowTest, AResizeRepaintsTheWholeFace) {
         model->Style(style);
         model->Move({150, 150, 1200, 450});
         open();
-        for (const Place& place : {Place{150, 150, 1500, 600}, Place{150, 150, 900, 510}}) {
+        for (const Bounds& place : {Bounds{150, 150, 1500, 600}, Bounds{150, 150, 900, 510}}) {
             model->Move(place);
             const auto [width, height] = client();
             clsVirtualDC shown;

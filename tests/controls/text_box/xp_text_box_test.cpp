@@ -17,31 +17,33 @@ using testing::property;
 std::vector<Property<XPTextBox>> properties() {
     using B = XPTextBox;
     const std::string text = "other";
-    return {property("Alignment", &B::Alignment, &B::Alignment, std::int16_t{2}, {Aspect::Face}),
-            property("BackColor", &B::BackColor, &B::BackColor, 0x123456U, {Aspect::Face}),
-            property("Enabled", &B::Enabled, &B::Enabled, false, {Aspect::Enabled}),
-            property("Font", &B::Font, &B::Font, Font{.name = "Arial"}, {Aspect::Face}),
-            property("ForeColor", &B::ForeColor, &B::ForeColor, 0x654321U, {Aspect::Face}),
-            property("Locked", &B::Locked, &B::Locked, true, {Aspect::Setting}),
-            property("MaxLength", &B::MaxLength, &B::MaxLength, 9, {Aspect::Setting}),
-            property("PasswordChar", &B::PasswordChar, &B::PasswordChar, text, {Aspect::Setting}),
-            property("SelStart", &B::SelStart, &B::SelStart, 2, {Aspect::Choice}),
-            property("SelLength", &B::SelLength, &B::SelLength, 3, {Aspect::Choice}),
-            property("Text", &B::Text, &B::Text, text, {Aspect::Text}),
-            property("ToolTipText", &B::ToolTipText, &B::ToolTipText, text, {Aspect::Setting}),
-            property("DataFields", &B::DataFields, &B::DataFields, text, {})};
+    return {
+        property("Alignment", &B::Alignment, &B::Alignment, std::int16_t{2},
+                 {ControlChange::Appearance}),
+        property("BackColor", &B::BackColor, &B::BackColor, 0x123456U, {ControlChange::Appearance}),
+        property("Enabled", &B::Enabled, &B::Enabled, false, {ControlChange::Enabled}),
+        property("Font", &B::Font, &B::Font, Font{.name = "Arial"}, {ControlChange::Appearance}),
+        property("ForeColor", &B::ForeColor, &B::ForeColor, 0x654321U, {ControlChange::Appearance}),
+        property("Locked", &B::Locked, &B::Locked, true, {ControlChange::Other}),
+        property("MaxLength", &B::MaxLength, &B::MaxLength, 9, {ControlChange::Other}),
+        property("PasswordChar", &B::PasswordChar, &B::PasswordChar, text, {ControlChange::Other}),
+        property("SelStart", &B::SelStart, &B::SelStart, 2, {ControlChange::Selection}),
+        property("SelLength", &B::SelLength, &B::SelLength, 3, {ControlChange::Selection}),
+        property("Text", &B::Text, &B::Text, text, {ControlChange::Text}),
+        property("ToolTipText", &B::ToolTipText, &B::ToolTipText, text, {ControlChange::Other}),
+        property("DataFields", &B::DataFields, &B::DataFields, text, {})};
 }
 
 /// The inner box's window.
 struct View : TextBoxView {
     explicit View(TextBox& box) : model(box) { model.setTextView(this); }
     ~View() override { model.setTextView(nullptr); }
-    void follow(Aspect aspect) override { followed.push_back(aspect); }
+    void controlChanged(ControlChange change) override { followed.push_back(change); }
     Selection selection() const override { return model.wantedSelection(); }
     void focus() override { ++focused; }
 
     TextBox& model;
-    std::vector<Aspect> followed;
+    std::vector<ControlChange> followed;
     int focused = 0;
 };
 
@@ -66,7 +68,7 @@ class XPTextBoxTest : public ::testing::Test {
 
 TEST_F(XPTextBoxTest, LaysOutTheInnerBoxAndTheFrame) {
     const Rgb line = rgb(127, 157, 185);
-    EXPECT_EQ(box.MyTxt.place(), (Place{45, 45, 2910, 240}));
+    EXPECT_EQ(box.MyTxt.bounds(), (Bounds{45, 45, 2910, 240}));
     EXPECT_EQ(box.Pic.BackColor(), static_cast<OleColour>(rgb(240, 232, 224)));
     const std::array<DrawnLine, 4> frame{{{0, 0, 3000, 0, line},
                                           {0, 0, 0, 330, line},
@@ -75,12 +77,12 @@ TEST_F(XPTextBoxTest, LaysOutTheInnerBoxAndTheFrame) {
     EXPECT_EQ(box.frame(), frame);
     XPTextBox dense("dense", 10);
     dense.Move({0, 0, 600, 300});
-    EXPECT_EQ(dense.MyTxt.place(), (Place{30, 30, 540, 240}));
+    EXPECT_EQ(dense.MyTxt.bounds(), (Bounds{30, 30, 540, 240}));
     EXPECT_EQ(dense.frame()[2].x1, 590);
 
     // Too small for the inner box.
     box.Move({0, 0, 75, 75});
-    EXPECT_EQ(box.MyTxt.place(), (Place{45, 45, 0, 0}));
+    EXPECT_EQ(box.MyTxt.bounds(), (Bounds{45, 45, 0, 0}));
     box.Move({0, 0, 3000, 330});
     EXPECT_EQ(box.MyTxt.Height(), 240);
 }
@@ -217,21 +219,23 @@ TEST_F(XPTextBoxTest, ValueIsTheNumberAtTheStart) {
 }
 
 TEST_F(XPTextBoxTest, NewInstanceShowsItsNameAndALoadedOneItsDefault) {
-    struct : ControlView {
-        void follow(Aspect aspect) override { layouts += aspect == Aspect::Face; }
+    struct : ControlObserver {
+        void controlChanged(ControlChange change) override {
+            layouts += change == ControlChange::Appearance;
+        }
         int layouts = 0;
     } view;
-    box.setView(&view);
+    box.setObserver(&view);
     box.Enabled(false);
     // Without a size, with a height of its own, with the height of a new instance.
-    for (const Place& place : {Place{}, {0, 0, 3000, 500}, {0, 0, 3000, 330}}) {
+    for (const Bounds& place : {Bounds{}, {0, 0, 3000, 500}, {0, 0, 3000, 330}}) {
         box.Move(place);
         view.layouts = 0;
         box.InitProperties();
         EXPECT_EQ(box.Height(), 330);
         EXPECT_EQ(view.layouts, 1) << place.height;
     }
-    box.setView(nullptr);
+    box.setObserver(nullptr);
     EXPECT_EQ(stored(box),
               (PropertyBag{
                   {"BackColor", 0xFFFFFF}, {"Font", Font{.name = "Verdana"}}, {"Text", "linkin"}}));

@@ -6,14 +6,14 @@
 #include <utility>
 
 #include "app/form1/home_page.h"
-#include "tools/drive/client/places.h"
+#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
 
 using Kind = Act::Kind;
 
-constexpr Milliseconds pageTime{3000};  // of places::impatientVelvox()
+constexpr Milliseconds pageTime{3000};  // of paths::velvoxShortTimeout()
 // The scene is seen a little before or after what the browser's log is compared with.
 constexpr BrowserLog::Time permissionTime{3000};
 constexpr BrowserLog::Time clockTick{20};
@@ -59,9 +59,10 @@ void Storm::startProgram() {
     held_ = {};
     server_.behave(Behaviour::Good);
     program_.reset();
-    program_ = std::make_unique<Program>(Network::proxy(server_.port()), places::impatientVelvox());
+    program_ =
+        std::make_unique<Program>(Network::proxy(server_.port()), paths::velvoxShortTimeout());
     for (const char* address : exampleAddresses) program().runByMessages(address);
-    atStart_ = consumptionOf(program().process().id(), program().window());
+    atStart_ = resourceUsage(program().process().id(), program().window());
     browser_.take();
     permissions_.clear();
     dialogSeen_ = false;
@@ -184,11 +185,11 @@ void Storm::performClose(Closing way) {
                                     (way != Closing::QuitButton || onScreen(quit)));
     switch (way) {
         case Closing::QuitButton:
-            if (onScreen(quit)) Hands().click(quit).act();
+            if (onScreen(quit)) InputSimulator().click(quit).act();
             break;
         case Closing::AltF4:
             if (scene_.clear()) Program::takeKeyboard();
-            Hands().key("alt+F4").act();
+            InputSimulator().key("alt+F4").act();
             break;
         case Closing::Message: post(program().window(), "0x10", "0"); break;
         case Closing::SystemCommand: post(program().window(), "0x112", "0xF060"); break;
@@ -276,7 +277,7 @@ void Storm::expectUsable() {
 
 void Storm::calmDown() {
     server_.behave(Behaviour::Good);
-    Hands().release(1).release(2).release(3).letGo("Return").letGo("space").act();
+    InputSimulator().release(1).release(2).release(3).letGo("Return").letGo("space").act();
     buttonDown_ = false;
     bool restored = false;
     const bool calm = eventually([&] {
@@ -285,9 +286,9 @@ void Storm::calmDown() {
             post(program().window(), "0x112", "0xF120");
         // The first one closes a menu, the second one leaves its mode.
         if (scene_.menu || scene_.moving || scene_.list || scene_.capture)
-            Hands().key("Escape").key("Escape").act();
+            InputSimulator().key("Escape").key("Escape").act();
         else if (!scene_.box.empty())
-            Hands().key("Return").act();
+            InputSimulator().key("Return").act();
         return scene_.clear() && !scene_.running() && !server_.awaited();
     });
     if (!calm)
@@ -303,7 +304,7 @@ void Storm::expectHealth() {
     program().expectGoodRun();
     for (const char* example : exampleAddresses) program().runByMessages(example);
     expectNothingOpened();
-    const Consumption now = consumptionOf(program().process().id(), program().window());
+    const ResourceUsage now = resourceUsage(program().process().id(), program().window());
     std::ostringstream difference;
     difference << "at the start: " << atStart_ << "\nnow: " << now;
     // The system keeps up to 40 fonts, brushes, pens and bitmaps of the first menus, boxes and

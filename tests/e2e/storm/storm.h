@@ -8,8 +8,8 @@
 #include <stdexcept>
 
 #include "tests/e2e/browser_log.h"
-#include "tests/e2e/consumption.h"
 #include "tests/e2e/program.h"
+#include "tests/e2e/resource_usage.h"
 #include "tests/e2e/storm/act.h"
 #include "tests/e2e/storm/scene.h"
 #include "tests/e2e/storm/server.h"
@@ -83,7 +83,7 @@ class Storm {
     BrowserLog& browser_;
     std::unique_lock<std::shared_mutex> held_;  ///< while an act is carried out
     std::unique_ptr<Program> program_;
-    Consumption atStart_;
+    ResourceUsage atStart_;
     Scene scene_;
     std::list<Permission> permissions_;
     std::set<std::string> pressedLinks_;  ///< shown when the button went down

@@ -38,10 +38,10 @@ bool presses(const std::string& key) {
 }
 
 void pressAndRelease(Point down, int button, int times) {
-    Hands hands;
-    hands.moveTo(down);
-    for (int i = 0; i < times; ++i) hands.press(button).release(button);
-    hands.act();
+    InputSimulator input;
+    input.moveTo(down);
+    for (int i = 0; i < times; ++i) input.press(button).release(button);
+    input.act();
 }
 
 // WM_SYSCOLORCHANGE, WM_SETTINGCHANGE of the work area and in general, WM_DISPLAYCHANGE and
@@ -84,7 +84,7 @@ void Storm::carryOut(const Act& act) {
     const bool keys = act.kind == Kind::Keys || act.kind == Kind::Hold || act.kind == Kind::Type ||
                       act.kind == Kind::Paste;
     if (keys && scene_.clear()) Program::takeKeyboard();
-    Hands hands;
+    InputSimulator input;
     switch (act.kind) {
         case Kind::Start:
             // A user cannot change the address in a run.
@@ -95,36 +95,36 @@ void Storm::carryOut(const Act& act) {
         case Kind::ClickControl:
         case Kind::ClickFirstLine: pressAndRelease(down, act.button, act.count); break;
         case Kind::Press:
-            hands.moveTo(down).press(act.button).act();
+            input.moveTo(down).press(act.button).act();
             buttonDown_ = true;
             break;
         case Kind::Release:
-            hands.moveTo(down).release(act.button).act();
+            input.moveTo(down).release(act.button).act();
             buttonDown_ = false;
             break;
         case Kind::Drag: {
             const Point to = endOf(act);
             const Point half{(down.x + to.x) / 2, (down.y + to.y) / 2};
-            hands.moveTo(down).press(act.button).moveTo(half).moveTo(to).release(act.button).act();
+            input.moveTo(down).press(act.button).moveTo(half).moveTo(to).release(act.button).act();
             break;
         }
         case Kind::Wheel:
-            hands.moveTo(down);
-            for (int i = 0; i < act.count; ++i) hands.press(act.button).release(act.button);
-            hands.act();
+            input.moveTo(down);
+            for (int i = 0; i < act.count; ++i) input.press(act.button).release(act.button);
+            input.act();
             break;
         case Kind::Keys:
-            for (const std::string& key : act.keys) hands.key(key);
-            hands.act();
+            for (const std::string& key : act.keys) input.key(key);
+            input.act();
             break;
         case Kind::Hold:
-            for (int i = 0; i < act.count; ++i) hands.hold(act.keys[0]);
-            hands.letGo(act.keys[0]).act();
+            for (int i = 0; i < act.count; ++i) input.hold(act.keys[0]);
+            input.letGo(act.keys[0]).act();
             break;
-        case Kind::Type: hands.type(act.text).act(); break;
+        case Kind::Type: input.type(act.text).act(); break;
         case Kind::Paste:
             putIntoClipboard(act.text);
-            hands.key("ctrl+v").act();
+            input.key("ctrl+v").act();
             break;
         case Kind::Minimise: driver().ask({"post", window, "0x112", "0xF020", "0"}); break;
         case Kind::Restore: driver().ask({"post", window, "0x112", "0xF120", "0"}); break;

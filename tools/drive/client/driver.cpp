@@ -3,7 +3,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tools/drive/client/places.h"
+#include "tools/drive/client/paths.h"
 #include "tools/drive/line.h"
 
 namespace velvox::drive {
@@ -26,7 +26,7 @@ std::ostream& operator<<(std::ostream& out, const Rectangle& r) {
     return out << r.width << "x" << r.height << "+" << r.left << "+" << r.top;
 }
 
-Driver::Driver() : process_({places::wine(), places::driver()}, {}, true) {}
+Driver::Driver() : process_({paths::wine(), paths::driver()}, {}, true) {}
 
 Driver::Answer Driver::exchange(const std::vector<std::string>& words) {
     std::string request;

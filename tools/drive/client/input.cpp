@@ -36,47 +36,47 @@ std::string quoted(const std::string& word) {
 
 }  // namespace
 
-Hands& Hands::add(std::vector<std::string> words) {
+InputSimulator& InputSimulator::add(std::vector<std::string> words) {
     for (const std::string& word : words) events_ += (events_.empty() ? "" : " ") + quoted(word);
     return *this;
 }
 
-Hands& Hands::moveTo(Point at) {
+InputSimulator& InputSimulator::moveTo(Point at) {
     return add({"mousemove", std::to_string(at.x), std::to_string(at.y)});
 }
 
-Hands& Hands::press(int button) {
+InputSimulator& InputSimulator::press(int button) {
     return add({"mousedown", std::to_string(button)});
 }
 
-Hands& Hands::release(int button) {
+InputSimulator& InputSimulator::release(int button) {
     return add({"mouseup", std::to_string(button)});
 }
 
-Hands& Hands::click(Point at, int button) {
+InputSimulator& InputSimulator::click(Point at, int button) {
     return moveTo(at).press(button).release(button);
 }
 
-Hands& Hands::key(const std::string& keys) {
+InputSimulator& InputSimulator::key(const std::string& keys) {
     return add({"key", "--delay", "0", keys});
 }
 
-Hands& Hands::hold(const std::string& key) {
+InputSimulator& InputSimulator::hold(const std::string& key) {
     return add({"keydown", "--delay", "0", key});
 }
 
-Hands& Hands::letGo(const std::string& key) {
+InputSimulator& InputSimulator::letGo(const std::string& key) {
     return add({"keyup", "--delay", "0", key});
 }
 
-Hands& Hands::type(const std::string& text) {
+InputSimulator& InputSimulator::type(const std::string& text) {
     add({"type", "--delay", "0", text});
     // It takes the rest of its line as text.
     events_ += '\n';
     return *this;
 }
 
-void Hands::act() {
+void InputSimulator::act() {
     static Xdotool xdotool;
     if (!events_.empty()) xdotool.perform(std::exchange(events_, {}));
 }

@@ -18,23 +18,24 @@ constexpr Point middleOf(const Rectangle& r) {
     return {r.left + r.width / 2, r.top + r.height / 2};
 }
 
-/// Pointer and keys as one chain of events: `Hands().moveTo(a).press().moveTo(b).release().act()`.
-/// One chain is sent without a pause in it, so the program sees its end before it can answer.
-class Hands {
+/// Pointer and keys as one chain of events:
+/// `InputSimulator().moveTo(a).press().moveTo(b).release().act()`. One chain is sent without a
+/// pause in it, so the program sees its end before it can answer.
+class InputSimulator {
  public:
-    Hands& moveTo(Point at);
-    Hands& press(int button = 1);
-    Hands& release(int button = 1);
-    Hands& click(Point at, int button = 1);
-    Hands& key(const std::string& keys);
+    InputSimulator& moveTo(Point at);
+    InputSimulator& press(int button = 1);
+    InputSimulator& release(int button = 1);
+    InputSimulator& click(Point at, int button = 1);
+    InputSimulator& key(const std::string& keys);
     /// Presses a key without releasing it; again while it is held, as its repetition does.
-    Hands& hold(const std::string& key);
-    Hands& letGo(const std::string& key);
-    Hands& type(const std::string& text);
+    InputSimulator& hold(const std::string& key);
+    InputSimulator& letGo(const std::string& key);
+    InputSimulator& type(const std::string& text);
     void act();
 
  private:
-    Hands& add(std::vector<std::string> words);
+    InputSimulator& add(std::vector<std::string> words);
     std::string events_;
 };
 

@@ -12,7 +12,7 @@ namespace velvox::e2e {
 
 using namespace velvox::drive;
 
-struct Consumption {
+struct ResourceUsage {
     int gdi = 0;   ///< drawing objects
     int user = 0;  ///< window objects
     int threads = 0;
@@ -22,10 +22,10 @@ struct Consumption {
     long privateKb = 0;  ///< of these what belongs to no file
 };
 
-std::ostream& operator<<(std::ostream& out, const Consumption& c);
+std::ostream& operator<<(std::ostream& out, const ResourceUsage& c);
 
 /// Of the program with that id, whose main window is `window`.
-Consumption consumptionOf(pid_t program, const std::string& window);
+ResourceUsage resourceUsage(pid_t program, const std::string& window);
 
 /// Memory of a program that belongs to no file, in kB; 0 once it has ended.
 long privateKb(pid_t program);

@@ -1,4 +1,4 @@
-#include "tests/e2e/consumption.h"
+#include "tests/e2e/resource_usage.h"
 
 #include <unistd.h>
 
@@ -69,14 +69,14 @@ pid_t sibling(const std::string& start) {
 
 }  // namespace
 
-std::ostream& operator<<(std::ostream& out, const Consumption& c) {
+std::ostream& operator<<(std::ostream& out, const ResourceUsage& c) {
     return out << "gdi " << c.gdi << ", user " << c.user << ", threads " << c.threads << ", files "
                << c.files << ", server files " << c.serverFiles << ", resident " << c.residentKb
                << " kB, private " << c.privateKb << " kB";
 }
 
-Consumption consumptionOf(pid_t program, const std::string& window) {
-    Consumption c;
+ResourceUsage resourceUsage(pid_t program, const std::string& window) {
+    ResourceUsage c;
     const std::string objects = driver().ask({"objects", window});
     if (std::sscanf(objects.c_str(), "gdi=%d user=%d", &c.gdi, &c.user) != 2)
         throw std::runtime_error(objects);

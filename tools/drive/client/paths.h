@@ -3,13 +3,13 @@
 
 #include <string>
 
-namespace velvox::drive::places {
+namespace velvox::drive::paths {
 
 std::string wine();
 std::string driver();
 std::string velvox();
 /// Velvox with a limit of three seconds instead of a minute for a page.
-std::string impatientVelvox();
+std::string velvoxShortTimeout();
 /// Velvox with an HTML engine, so that the browser control is embedded.
 std::string renderingVelvox();
 /// Velvox on a system in high contrast.
@@ -21,4 +21,4 @@ int sitesPort();
 /// The Wine of this session: "wine8" or "wine10".
 std::string platform();
 
-}  // namespace velvox::drive::places
+}  // namespace velvox::drive::paths

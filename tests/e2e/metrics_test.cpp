@@ -7,11 +7,11 @@
 #include <iomanip>
 #include <iostream>
 
-#include "tests/e2e/consumption.h"
 #include "tests/e2e/hostile_server.h"
 #include "tests/e2e/program.h"
 #include "tests/e2e/proxy.h"
-#include "tools/drive/client/places.h"
+#include "tests/e2e/resource_usage.h"
+#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -23,7 +23,7 @@ long long since(Clock::time_point start) {
 // Milliseconds from the start of the process to the answer of its window, which has been painted.
 long long startTime(const std::string& file, const std::string& windowClass) {
     const auto start = Clock::now();
-    Process process({places::wine(), file});
+    Process process({paths::wine(), file});
     driver().waitVisible(windowClass);
     driver().ping(windowClass);
     const long long spent = since(start);
@@ -47,13 +47,13 @@ std::ostream& operator<<(std::ostream& out, Times times) {
     return out;
 }
 
-TEST(Figures, Start) {
+TEST(Metrics, Start) {
     constexpr int runs = 15;
     Times own;
     Times empty;
     for (int i = -1; i < runs; ++i) {
-        const long long a = startTime(places::velvox(), "Form1");
-        const long long b = startTime(places::emptyWindow(), "Empty");
+        const long long a = startTime(paths::velvox(), "Form1");
+        const long long b = startTime(paths::emptyWindow(), "Empty");
         if (i < 0) continue;  // the files were read from the disk
         own.all.push_back(a);
         empty.all.push_back(b);
@@ -87,11 +87,11 @@ void printIdle(const Proxy::Handler& news) {
     }
 }
 
-TEST(Figures, IdleWithNews) {
+TEST(Metrics, IdleWithNews) {
     printIdle([](const Exchange& to) { to.forward(); });
 }
 
-TEST(Figures, IdleWithSilentNews) {
+TEST(Metrics, IdleWithSilentNews) {
     printIdle([](const Exchange& to) { to.staySilent(); });
 }
 
@@ -100,7 +100,7 @@ TEST(Figures, IdleWithSilentNews) {
 void printGrowth(const Program& program, int times, const std::function<void(int)>& act) {
     const auto print = [&](int done) {
         std::cout << "after " << done << ": "
-                  << consumptionOf(program.process().id(), program.window()) << std::endl;
+                  << resourceUsage(program.process().id(), program.window()) << std::endl;
     };
     print(0);
     const auto start = Clock::now();
@@ -112,7 +112,7 @@ void printGrowth(const Program& program, int times, const std::function<void(int
 }
 
 // From the user's act to the end of the process.
-TEST(Figures, ClosingDuringASilentFetch) {
+TEST(Metrics, ClosingDuringASilentFetch) {
     constexpr int tries = 20;
     const Proxy proxy([](const Exchange& to) { to.staySilent(); });
     const auto command = [](const Program& p, const char* number) {
@@ -124,7 +124,7 @@ TEST(Figures, ClosingDuringASilentFetch) {
         std::function<void(const Program&)> act;
     } ways[] = {
         {"quit button", false, [](const Program& p) { p.click(controlId("isButton2")); }},
-        {"Alt+F4", false, [](const Program&) { Hands().key("alt+F4").act(); }},
+        {"Alt+F4", false, [](const Program&) { InputSimulator().key("alt+F4").act(); }},
         {"WM_CLOSE", false,
          [](const Program& p) {
              driver().ask({"close", p.window()});
@@ -153,7 +153,7 @@ TEST(Figures, ClosingDuringASilentFetch) {
     }
 }
 
-TEST(Figures, GrowthOfRuns) {
+TEST(Metrics, GrowthOfRuns) {
     constexpr int runs = 1000;
     const Proxy proxy([](const Exchange& to) { to.forward(); });
     const Program program(Network::proxy(proxy.port()));
@@ -166,7 +166,7 @@ TEST(Figures, GrowthOfRuns) {
 }
 
 // An hour of the strip, the blinking link and the news, with a news request every eleven seconds.
-TEST(Figures, GrowthOfAnHour) {
+TEST(Metrics, GrowthOfAnHour) {
     constexpr int scrolls = 36'000;
     constexpr int scrollsPerBlink = 5;
     constexpr int scrollsPerRequest = 110;
@@ -191,7 +191,7 @@ TEST(Figures, GrowthOfAnHour) {
 }
 
 // Every hostile reply, each with a program of its own; these are judged as well.
-TEST(Figures, HostileReplies) {
+TEST(Metrics, HostileReplies) {
     HostileServer server;
     for (const HostileReply& reply : hostileReplies()) {
         std::cout << reply.name << ": " << server.observe(reply) << std::endl;

@@ -1,10 +1,10 @@
-#include "tools/drive/client/places.h"
+#include "tools/drive/client/paths.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 
-namespace velvox::drive::places {
+namespace velvox::drive::paths {
 namespace {
 
 const std::filesystem::path tools = DRIVE_TOOLS;
@@ -30,8 +30,8 @@ std::string velvox() {
     return program("velvox.exe");
 }
 
-std::string impatientVelvox() {
-    return program("velvox-impatient.exe");
+std::string velvoxShortTimeout() {
+    return program("velvox-short-timeout.exe");
 }
 
 std::string renderingVelvox() {
@@ -58,4 +58,4 @@ std::string platform() {
     return name;
 }
 
-}  // namespace velvox::drive::places
+}  // namespace velvox::drive::paths

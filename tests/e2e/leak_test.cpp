@@ -1,14 +1,14 @@
-// Runs and ticks leak nothing: a short form of what e2e_figures does at length.
+// Runs and ticks leak nothing: a short form of what e2e_metrics does at length.
 #include <gtest/gtest.h>
 
-#include "tests/e2e/consumption.h"
 #include "tests/e2e/program.h"
 #include "tests/e2e/proxy.h"
+#include "tests/e2e/resource_usage.h"
 
 namespace velvox::e2e {
 namespace {
 
-TEST(GrowthTest, RunsAndTicksLeaveNoObjectsBehind) {
+TEST(LeakTest, RunsAndTicksLeaveNoObjectsBehind) {
     const Proxy proxy([](const Exchange& to) { to.forward(); });
     const Program program(Network::proxy(proxy.port()));
     const auto round = [&] {
@@ -16,9 +16,9 @@ TEST(GrowthTest, RunsAndTicksLeaveNoObjectsBehind) {
         for (int i = 0; i < 200; ++i) program.tick(i % 5 == 0 ? 1 : 5);
     };
     round();
-    const Consumption before = consumptionOf(program.process().id(), program.window());
+    const ResourceUsage before = resourceUsage(program.process().id(), program.window());
     for (int i = 0; i < 5; ++i) round();
-    const Consumption after = consumptionOf(program.process().id(), program.window());
+    const ResourceUsage after = resourceUsage(program.process().id(), program.window());
     SCOPED_TRACE(testing::Message() << "before: " << before << "\nafter: " << after);
     // What is just being painted counts as well; one object a run would be thirty.
     EXPECT_LT(after.gdi, before.gdi + 20);
