@@ -4,8 +4,8 @@
 
 namespace velvox {
 
-/// Runs the program until its window is closed; answers the process's exit code. `limits` is what
-/// one page fetch may take.
+/// Runs the program until its window is closed; returns the process's exit code. `limits` is what
+/// one page fetch may use.
 int runVelvox(const TransferLimits& limits);
 
 }  // namespace velvox

@@ -11,7 +11,7 @@ constexpr auto client = static_cast<DWORD>(OBJID_CLIENT);
 
 AccessibleName::AccessibleName(HWND window, const std::wstring& name, LONG role) noexcept
     : window_(window) {
-    // A failure of any of these calls leaves what screen readers would say anyway.
+    // When any of these calls fails, screen readers keep to the window's text and class.
     CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
                      service_.putVoid());
     if (!service_) return;

@@ -1,4 +1,4 @@
-// Letters, digits and blanks of ASCII text, whatever the locale.
+// Letters, digits and blanks of ASCII text, independent of the locale.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// What the windows of the main window's controls share.
+// Helpers shared by the windows of the main window's controls.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@ namespace velvox {
 /// same parameters.
 inline constexpr UINT reflectedCommand = WM_APP + 1;
 
-/// InputSimulator a notification to the child that sent it. True when there was one.
+/// Hands a notification to the child that sent it. True when there was one.
 bool reflectCommand(LPARAM child, WPARAM wParam);
 
 /// Has the parent paint the background of a child into the child's DC.

@@ -7,7 +7,7 @@
 
 namespace velvox {
 
-/// What of a control has changed.
+/// Which part of a control has changed.
 enum class ControlChange {
     Bounds,  ///< left, top, width or height
     Visible,

@@ -46,7 +46,7 @@ class Owned {
         count(1);
     }
 
-    /// InputSimulator the handle over to a caller (or a system call) that releases it.
+    /// Hands the handle over to a caller (or a system call) that releases it.
     [[nodiscard]] Handle release() noexcept {
         count(-1);
         return std::exchange(handle_, Handle{});

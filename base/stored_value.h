@@ -1,4 +1,4 @@
-// How the values of properties are kept in a bag: the idiom of every control with stored settings
+// How property values are stored in a bag: the idiom of every control with stored settings
 // is a table of key, member and defaults in stored order, which these read and write.
 #pragma once
 

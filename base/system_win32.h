@@ -1,4 +1,4 @@
-// Small look-ups of the system: errors, text conversion, colours, screen resolution.
+// Small services of the system: errors, text conversion, colours, screen resolution.
 #pragma once
 
 #include <windows.h>
@@ -58,7 +58,7 @@ void drawFocusRing(HDC dc, RECT area);
 /// called before the first window is made.
 void fitScreenDpi(SIZE twips);
 
-/// A layout place in pixels of this screen. Edges are rounded, not lengths, so that neighbours
+/// Layout bounds in pixels of this screen. Edges are rounded, not lengths, so that neighbours
 /// that touch in twips touch in pixels.
 RECT toPixels(const Bounds& bounds);
 

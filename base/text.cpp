@@ -55,8 +55,8 @@ struct LowerCased {
     auto operator<=>(const LowerCased&) const = default;
 };
 
-/// Without a branch: in a page the bytes to drop come every few others, which no processor
-/// foresees.
+/// Without a branch: in a page the bytes to drop come at irregular intervals, which no branch
+/// predictor foresees.
 void removeAll(std::string& text, char unwanted) {
     const std::size_t size = text.size();
     std::size_t kept = std::min(text.find(unwanted), size);

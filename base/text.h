@@ -1,4 +1,4 @@
-// Text is bytes, positions count from 1 and 0 means "not found". Every cutter of the program is
+// Text is bytes, positions count from 1 and 0 means "not found". All code that cuts text is
 // written with these few operations, so that an offset means the same thing everywhere.
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace velvox::text {
 
-/// A 1-based position in a text, or a length. Signed, since cutters subtract positions.
+/// A 1-based position in a text, or a length. Signed, since positions are subtracted.
 using Position = std::ptrdiff_t;
 
 Position length(std::string_view text);

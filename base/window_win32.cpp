@@ -118,7 +118,7 @@ LRESULT CALLBACK Window::thunk(HWND window, UINT message, WPARAM wParam, LPARAM 
 
 SystemControl::~SystemControl() {
     if (!handle_) return;
-    // As above: only the class's own procedure is left to answer.
+    // As above: only the class's own procedure is left to handle it.
     RemoveWindowSubclass(handle_, &SystemControl::thunk, systemControlSubclass);
     DestroyWindow(handle_);
 }

@@ -20,10 +20,10 @@ namespace velvox {
 using FailureReporter = std::function<void(std::string_view text)>;
 void setFailureReporter(FailureReporter reporter);
 
-/// Reports the exception under way. For catch blocks at the system's edge.
+/// Reports the exception under way. For catch blocks at a callback boundary.
 void reportCurrentFailure() noexcept;
 
-/// What a window is created with. Places are in pixels, relative to the parent's client area.
+/// What a window is created with. Bounds are in pixels, relative to the parent's client area.
 struct WindowRequest {
     const wchar_t* className = nullptr;
     std::wstring text;
@@ -54,7 +54,7 @@ class Window {
     void create(const WindowRequest& request);
     void destroy() noexcept;
 
-    /// Answers a message, or nullopt for the system's default.
+    /// Handles a message; returns nullopt for the system's default.
     virtual std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 
  private:
@@ -77,7 +77,7 @@ class SystemControl {
  protected:
     void create(const WindowRequest& request);
 
-    /// Answers a message, or nullopt for the class's own procedure.
+    /// Handles a message; returns nullopt for the class's own procedure.
     virtual std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 
  private:

@@ -1,4 +1,5 @@
-// The clip site: a clip's code stands in its address; the site's feed for the code lists the files.
+// The clip site: a clip's code is part of its address; the site's feed for the code lists the
+// files.
 #include "base/join.h"
 #include "base/text.h"
 #include "catchers/sites.h"

@@ -27,7 +27,7 @@ void Form1::ComicVuiLen() try {
         n = text::toInt16(n - 1);
         pos = p2;
         const auto name = text::slice(page, p1 + 7, (p2 - p1) - 7);
-        // The second "<a>" stands where "</a>" would: this is the text that was always written.
+        // The second "<a>" is where "</a>" would be: the text has always been written this way.
         ketqua.append(join({"<font face='tahoma' size='2'><a href='", base, name,
                             "'>Download Image ", std::to_string(k), "<a></font><br>"}));
         ++k;

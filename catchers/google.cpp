@@ -15,7 +15,7 @@ void Form1::GoogleCatcher() {
     const std::string docid{text::slice(linkin.Text(), p + 6, text::length(linkin.Text()))};
     ShowStatus(linkin.Text());
     ShowStatus("<font face='tahoma' size='2' >Scanning For Video...</font>");
-    // The backslash is what the site is sent.
+    // The backslash is sent to the site as it is.
     link2.Text(join({servers::googleVideo, "/videohosted?docid\\", docid}));
     std::string page = FetchPage(link2.Text());
 
@@ -45,7 +45,7 @@ void Form1::GoogleCatcher() {
             join({"\r\n<br><font face='tahoma' size='2'><a href='", avi, "'>Download AVI</a>"}));
         link2.Text(join({servers::googleVideo, "/videohosted?docid=", docid}));
         page = FetchPage(link2.Text());
-        // The address stands at fixed distances inside the page's download block.
+        // The address is at fixed distances inside the page's download block.
         const auto block = text::find(page, "ipoddownloaddiv");
         const auto blockEnd = text::find(page, "ipoddownloadlink");
         const auto mp4 = text::slice(page, block + 87, (blockEnd - block) - 6 - 87);

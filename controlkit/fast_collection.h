@@ -128,7 +128,7 @@ class clsFastCollection {
 
     T& insert(std::size_t index, T&& item, std::string_view key) {
         auto entry = std::make_unique<Entry>(Entry{std::move(item), std::string(key)});
-        // What may fail comes first.
+        // Operations that can fail come first.
         if (entries_.size() == entries_.capacity()) entries_.reserve(entries_.size() * 2 + 8);
         if (!key.empty() && !byKey_.emplace(entry->key, entry.get()).second)
             throw RuntimeFailure(Fault::InvalidCall,

@@ -31,7 +31,7 @@ bool mouseIsPressed() {
            GetKeyState(VK_MBUTTON) < 0;
 }
 
-/// What a parent is asked or notified of by its children.
+/// Messages that children send to their parent.
 bool isForParent(UINT message) {
     return message == WM_COMMAND || message == WM_NOTIFY ||
            (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC);
@@ -138,7 +138,7 @@ Size tsScrollContainer::contentSize() const {
 }
 
 void tsScrollContainer::arrange() {
-    // Content that asks for another size whenever it gets one must not do so for ever.
+    // Bounds the rounds for content that requests another size whenever it is given one.
     constexpr int maxNesting = 3;
     if (!horizontal_.hWnd() || arranging_ == maxNesting) return;
     struct Nesting {
@@ -162,7 +162,7 @@ void tsScrollContainer::arrange() {
     SetWindowPos(view(), nullptr, line, line, layout_.horizontal.view, layout_.vertical.view,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     follow();
-    // Last: it may lead here again.
+    // Last: it may re-enter this function.
     if (content_ && drawn_)
         SetWindowPos(content_, nullptr, 0, 0, layout_.horizontal.view, layout_.vertical.view,
                      SWP_NOZORDER | SWP_NOACTIVATE);
@@ -205,7 +205,7 @@ void tsScrollContainer::scrollIntoView(const RECT& part) {
 }
 
 void tsScrollContainer::focusMoves(HWND to) {
-    // Nothing moves away under a pressed mouse.
+    // Nothing moves while a mouse button is pressed.
     if (!content_ || drawn_ || !IsChild(content_, to) || mouseIsPressed()) return;
     RECT at{};
     GetWindowRect(to, &at);

@@ -80,7 +80,7 @@ void ScrollControl::mouseMove(BarPoint at, MouseState state) {
         host_.repaint();
         launch(MouseHover);
     }
-    // Asked for on every move: a request that was lost is then made good by the next one.
+    // Asked for on every move: a lost request is repeated by the next move.
     if (!wasHeld) host_.requestLeave();
     launch(MouseMove, state.button, state.shift, hasControl(state));
     if (held_ == ScrollPart::Thumb) drag();
@@ -101,7 +101,7 @@ void ScrollControl::mouseDoubleClick(BarPoint at, MouseState state) {
 }
 
 void ScrollControl::press(BarPoint at) {
-    // The handler of the event before may have disabled the bar.
+    // The handler of the previous event may have disabled the bar.
     if (!Enabled() || held_ != ScrollPart::None) return;
     const ScrollPart part = partAt(at);
     if (part == ScrollPart::None) return;

@@ -1,6 +1,6 @@
 // How a scroll bar reacts to the mouse, the wheel, the keyboard and its timers. Knows no window:
-// what it needs of one it asks through ScrollHost. A handler may alter, disable and hide the bar,
-// but must neither destroy it nor replace itself while it runs.
+// what it needs of one it requests through ScrollHost. A handler may alter, disable and hide the
+// bar, but must neither destroy it nor replace itself while it runs.
 #pragma once
 
 #include <cstdint>
@@ -91,7 +91,7 @@ class ScrollControl : public tsPrivateScroll {
 
     void InitProperties() override;
 
-    // What happens to the window. A disabled bar ignores all input.
+    // Events of the window. A disabled bar ignores all input.
     void resize(int length, int thickness, int dpi);
     void mouseMove(BarPoint at, MouseState state);
     void mouseDown(BarPoint at, MouseState state);

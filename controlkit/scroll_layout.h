@@ -1,4 +1,4 @@
-// What a scroll container decides: which bars show, how far they reach, and where it scrolls.
+// The decisions of a scroll container: which bars show, how far they reach, and where it scrolls.
 #pragma once
 
 #include <cstdint>

@@ -16,7 +16,7 @@
 
 namespace velvox {
 
-/// What a surface takes over from a picture box. Lengths in twips.
+/// What a surface copies from a picture box. Lengths in twips.
 struct PictureBoxFace {
     int width = 0;
     int height = 0;
@@ -39,7 +39,7 @@ class clsVirtualDC {
     ~clsVirtualDC() { DestroyDC(); }
 
     /// The size of the bitmap, pixels. A new size keeps what is drawn and leaves what is added
-    /// black; one that cannot be had releases the surface.
+    /// black; one that cannot be created releases the surface.
     int Width() const noexcept { return width_; }
     void Width(int pixels) { resize(pixels, height_); }
     int Height() const noexcept { return height_; }

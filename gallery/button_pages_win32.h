@@ -12,7 +12,7 @@ enum class ButtonColouring { System, Custom };
 /// Every style in every state, and a live button of each.
 std::unique_ptr<Page> makeStylesPage(ButtonColouring colouring);
 
-/// Where icons and captions go.
+/// Positions of icons and captions.
 std::unique_ptr<Page> makeAlignmentPage();
 
 /// Live buttons with each kind of tool tip.

@@ -10,7 +10,7 @@
 
 namespace velvox {
 
-/// A control of the system's, as it is.
+/// A control of the system, unchanged.
 class PlainControl : public SystemControl {
  public:
     void create(const WindowRequest& request, const Font& font = {});

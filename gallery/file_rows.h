@@ -16,7 +16,7 @@ namespace velvox {
 /// "512 B", "1.5 KB" and so on, of 1024 each.
 std::string sizeText(std::uint64_t bytes);
 
-/// The folder that contains a folder; empty, which stands for the drives, above the root of a
+/// The folder that contains a folder; empty, meaning the drives, above the root of a
 /// drive.
 std::string parentFolder(std::string_view folder);
 
@@ -29,7 +29,7 @@ class FileRows {
     /// files.
     void show(Items parent, Items folders, Items files);
 
-    /// By the other way round where it is sorted by the column already. The selection stays.
+    /// Reverses the order when it is sorted by the column already. The selection stays.
     void sortBy(Column column);
     Column column() const noexcept { return column_; }
     SortOrder order() const noexcept { return order_; }

@@ -43,7 +43,7 @@ std::string startFolder() {
     return narrow(path);
 }
 
-/// Larger than it is drawn, for a smooth picture at any resolution.
+/// Larger than drawn, for a smooth picture at any resolution.
 PicturePtr iconOf(std::string_view path) {
     return std::make_shared<IconPicture>(clsFile::GetIcon(path, clsFile::IconSize::Large));
 }
@@ -155,7 +155,7 @@ void FileListWindow::paintRow(HDC dc, const RECT& at, std::size_t index) {
         write(dc, sizeText(item.size), {sizeLeft, at.top, at.right - 2 * gap, at.bottom}, DT_RIGHT);
 }
 
-/// Where everything lies, in pixels of the page.
+/// The layout, in pixels of the page.
 struct FilesPage::Layout {
     explicit Layout(RECT area) {
         InflateRect(&area, -Sheet::pixels(sizes.margin), -Sheet::pixels(sizes.margin));
@@ -189,7 +189,7 @@ void FilesPage::create(HWND parent) {
     request.parent = handle();
     request.id = ByNameId;
     request.bounds = layout.byName;
-    // Not every system's Tahoma has triangles.
+    // Tahoma lacks triangles on some systems.
     Font triangles;
     triangles.name = "Arial";
     byName_.create(request, triangles);
@@ -225,7 +225,7 @@ void FilesPage::open(std::string folder, std::string selected) {
         container_.scrollTo({0, 0});
         list_->refresh();
     } catch (const RuntimeFailure& failure) {
-        // The folder before stays.
+        // The previous folder stays.
         status_ = failure.what();
     }
     InvalidateRect(handle(), nullptr, FALSE);

@@ -1,4 +1,4 @@
-// velvox-gallery: every control of the program in every state, to play with, and as pictures:
+// velvox-gallery: every control of the program in every state, live and as pictures:
 //   velvox-gallery                                 the window
 //   velvox-gallery --page N [--write FILE.bmp]     opens at page N, or writes it and ends
 #include <windows.h>
@@ -47,7 +47,7 @@ class PageList : public SystemControl {
     OwnedFont font_;
 };
 
-// The place of one page; each page gets a new one.
+// The container of one page; each page gets a new one.
 class PageHost : public Window {
  public:
     explicit PageHost(HWND parent) {

@@ -43,7 +43,7 @@ OleColour plain(Rgb colour) {
 
 }  // namespace
 
-/// Where everything lies, in pixels of the page.
+/// The layout, in pixels of the page.
 struct ScrollPage::Layout {
     explicit Layout(const RECT& page) {
         const int margin = Sheet::pixels(sizes.margin),
@@ -268,7 +268,7 @@ std::optional<LRESULT> ScrollPage::onMessage(UINT message, WPARAM wParam, LPARAM
         case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_SYSCOLORCHANGE: InvalidateRect(handle(), nullptr, TRUE); return 0;
-        // What a child leaves of the wheel comes here: the picture follows it too.
+        // A wheel message that a child does not handle arrives here: it scrolls the picture too.
         case WM_MOUSEWHEEL:
             (wParam & MK_SHIFT ? static_cast<ScrollBarWindow&>(container_.horizontal())
                                : container_.vertical())

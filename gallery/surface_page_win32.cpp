@@ -197,7 +197,7 @@ PicturePtr scene(int sceneWidth, int sceneHeight) {
     on.DrawEllipse(sceneWidth / 2 - sun, horizon - sun, sceneWidth / 2 + sun, horizon + sun);
     on.DrawGradient(teal, ink, 0, horizon, sceneWidth, sceneHeight - horizon, 0);
     const PicturePtr copy = on.Picture();
-    // What is drawn from here on must not show in the copy.
+    // Later drawing must not show in the copy.
     on.FillArea({0, 0, sceneWidth, sceneHeight}, crimson);
     return copy;
 }
@@ -208,7 +208,7 @@ void drawPictures(clsVirtualDC& on, RECT area) {
     on.DrawImageToVirtualDC(picture, large.left, large.top);
     const RECT pieces = column(area, Sheet::pixels(8), 2, 1);
     for (int i = 0; i < 4; ++i) {
-        // The four quarters, drawn apart.
+        // The four quarters, drawn separately.
         const RECT to = row(column(pieces, Sheet::pixels(8), 2, i % 2), Sheet::pixels(8), 2, i / 2);
         on.DrawImageToVirtualDC(picture, to.left, to.top, width(to), height(to),
                                 i % 2 * (width(large) - width(to)),
@@ -246,7 +246,7 @@ void drawPixels(clsVirtualDC& on, RECT area) {
             on.SetPixel(x, y,
                         static_cast<OleColour>(rgb(channel(0.2), channel(1.4), channel(2.6))));
         }
-    // What GetPixel reads on the left is written mirrored on the right.
+    // Pixels read by GetPixel on the left are written mirrored on the right.
     const int middle = (area.left + area.right) / 2;
     for (int y = area.top; y < area.bottom; ++y)
         for (int x = area.left; x < middle; ++x)

@@ -72,7 +72,7 @@ XPTextBox& TextBoxPage::add(const SheetPlace& at, std::string_view name, std::st
     box.Move({at.x * designTwipsPerPixel, at.y * designTwipsPerPixel,
               at.width * designTwipsPerPixel, at.height * designTwipsPerPixel});
     box.Text(text);
-    // Its paper is white in every scheme.
+    // Its background is white in every scheme.
     box.ForeColor(rgb(0, 0, 0));
     return box;
 }

@@ -51,14 +51,14 @@ struct Line {
     int y2 = 0;
 };
 
-/// Scratch text of a run that no window shows. Appending costs what is appended.
+/// Invisible text buffer of a run. append() is amortised O(n).
 class HiddenText {
  public:
     const std::string& Text() const noexcept { return text_; }
     void Text(std::string text);
     void append(std::string_view more) { text_.append(more); }
 
-    /// Told of every assignment (not of what is appended).
+    /// Called for every assignment (not for append).
     std::function<void()> Change;
 
  private:

@@ -1,4 +1,4 @@
-// What the main window asks of the desktop it lives on.
+// What the main window needs of the desktop.
 #pragma once
 
 #include <memory>

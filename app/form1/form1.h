@@ -1,10 +1,10 @@
-// The main window as the program thinks of it: its controls, its handlers and its catchers. A
-// handler is named control_event; each group of handlers has a source of its own in this folder,
-// each catcher one in catchers/.
+// The portable main window: its controls, its handlers and its catchers. A handler is named
+// control_event; each group of handlers has its own source in this folder, each catcher one in
+// catchers/.
 //
 // Error handling follows one rule per routine: a catcher has a single trap for its whole body that
-// ends in its red status line, some handlers ignore errors statement by statement, and what is
-// said to have no trap lets the failure through to the window, which reports it.
+// ends in its red status line, some handlers ignore errors statement by statement, and a handler
+// without a trap lets the failure through to the window, which reports it.
 #pragma once
 
 #include <deque>
@@ -48,8 +48,8 @@ class Form1 : public Control {
     void isButton1_Click();
     void Timer1_Timer();
 
-    /// A text that came by paste or drop, in place of the typed address: what is in the box goes
-    /// even while it is locked, and a shown result area closes, so that the address is seen. Does
+    /// Replaces the address by a text that was pasted or dropped, even while the box is locked;
+    /// a shown result area closes, so that the address is seen. Does
     /// nothing during a run or for a text without an address.
     void takeAddress(std::string_view text);
 
@@ -139,13 +139,13 @@ class Form1 : public Control {
     std::unique_ptr<XmlHttpRequest> newsRequest_;
 };
 
-/// One statement of a routine that goes on after a failure.
+/// Runs one statement and ignores its exception.
 template <class Statement>
 void ignoringErrors(Statement statement) {
     try {
         statement();
     } catch (const std::exception&) {
-        // The routine goes on with its next statement; nothing is logged.
+        // The caller continues with its next statement.
     }
 }
 

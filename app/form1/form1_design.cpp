@@ -31,7 +31,7 @@ LabelText title(std::string_view caption) {
     return {caption, palette::titleText, {.points = 9, .bold = true}};
 }
 
-// What the buttons have in common. The host stores the keys in lower case.
+// What all buttons share. The host stores the keys in lower case.
 PropertyBag button(std::string_view caption, std::initializer_list<PropertyBag::Entry> more = {}) {
     PropertyBag bag{{"style", 5},
                     {"caption", std::string(caption)},
@@ -72,7 +72,7 @@ const std::vector<ControlDesign>& controls() {
         {"isButton2", Button, "topendskin", {120, 100, 300, 300}, Always, {}, button("X")},
         {"Label5", DragHandle, form, {540, 135, 3000, 270}, Always, title(product)},
 
-        // Asking: address, site and example.
+        // Input: address, site and example.
         {"Label1", Text, form, {240, 735, 4500, 240}, Covered, heading("Paste Your URL Below : ")},
         {"linkin", Address, form, {240, 1020, 5520, 375}, Covered, {}, {{"text", std::string()}}},
         {"UniXPButton1", Button, form, {5880, 1020, 1335, 375}, Covered, {}, downloadButton()},
@@ -100,8 +100,8 @@ const std::vector<ControlDesign>& controls() {
     return rows;
 }
 
-// Timer1 blinks the home link; the others drive the news ticker. Windows rounds the 1 ms poll up
-// to its own shortest period.
+// Timer1 blinks the home link; the others drive the news ticker. The poll
+// of 1 ms runs at the shortest period that a window timer has here.
 constexpr TimerDesign timers[] = {
     {"Timer1", 500, true},  {"Timer4", 1, false},     {"Timer5", 100, true},
     {"Timer6", 1000, true}, {"Timer7", 10000, false},

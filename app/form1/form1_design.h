@@ -1,4 +1,4 @@
-// What the main window is designed with: the one table of its controls, and its timers and lines.
+// The design of the main window: the one table of its controls, and its timers and lines.
 #pragma once
 
 #include <span>

@@ -15,8 +15,8 @@ constexpr std::size_t blanksBeforeNews = 145;
 constexpr std::size_t shownCharacters = 150;
 constexpr int complete = 4;
 
-/// The place behind the character at a place: the strip moves by whole characters, whatever number
-/// of bytes they have. Outside the news it is the next place.
+/// Position of the next character: the strip moves by whole characters, however many bytes
+/// they have. Outside the news it is the next position.
 text::Position nextCharacterPosition(std::string_view news, text::Position place) {
     if (place < 1 || place > text::length(news)) return place + 1;
     return place +
@@ -33,7 +33,7 @@ XmlHttpRequest& Form1::newsRequest() {
 void Form1::Timer6_Timer() {
     Timer6.Enabled(false);
     ignoringErrors([&] { newsRequest().abort(); });
-    // The date makes the address new each time, so that no cache answers.
+    // The date makes the address new each time, so that no cache is used.
     ignoringErrors([&] {
         newsRequest().open("get", join({homePage, "news.txt?rnd=", desktop_.dateTimeText()}));
     });
@@ -60,7 +60,7 @@ void Form1::Timer4_Timer() {
         Label4.Caption("Unknown Error ! While Loading News...");
     } else {
         ignoringErrors([&] {
-            // Markers the wrong way round give a negative length: the old news stay.
+            // Markers in the wrong order give a negative length: the previous news stays.
             const auto news = text::slice(reply, p + 10, q - p - 10);
             std::string candidate = join({std::string(blanksBeforeNews, ' '), news});
             if (candidate != NewsText) {
@@ -79,8 +79,8 @@ void Form1::Timer7_Timer() {
     Timer4.Enabled(false);
 }
 
-// NewsPos is empty until the first tick has run: the caption and the step fail on it, and a place
-// that is no number is past the end.
+// NewsPos is empty until the first tick has run: the caption and the step fail on it, and a
+// position that is not a number lies after the end.
 void Form1::Timer5_Timer() {
     ignoringErrors([&] {
         const auto rest = text::slice(NewsText, text::toNumber(NewsPos), text::length(NewsText));

@@ -14,11 +14,11 @@ struct TextOnSurface {
     double contrast;
 };
 
-// Where the controls put a text colour of the system on a surface of the skin.
+// Which system text colours the controls use on which surfaces of the skin.
 constexpr TextOnSurface texts[] = {
     {ButtonTextColour, palette::button, textContrast},
     {WindowTextColour, palette::box, textContrast},
-    {GrayTextColour, palette::button, 2},  // disabled: it only has to be seen
+    {GrayTextColour, palette::button, 2},  // disabled: need only be visible
 };
 
 constexpr struct {

@@ -6,8 +6,8 @@
 namespace velvox {
 
 /// The system's colours, or, where its text colours could not be read on the skin's light surfaces
-/// (a dark scheme), those of a plain light scheme. In high contrast nothing has surfaces of the
-/// skin, and the system's colours hold whatever they are.
+/// (a dark scheme), those of a plain light scheme. In high contrast no surface is the
+/// skin, so the system's colours are used unchanged.
 class SkinColours : public SystemColours {
  public:
     /// `system` must outlive this object.

@@ -5,7 +5,7 @@
 
 namespace velvox {
 
-/// An asynchronous request that is asked for its state instead of reporting it. Every operation
+/// An asynchronous request whose state is polled. Every operation
 /// throws RuntimeFailure (Platform) when the system refuses it.
 class XmlHttpRequest {
  public:

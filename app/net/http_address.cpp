@@ -23,7 +23,7 @@ bool canBeHost(std::string_view host) {
            });
 }
 
-/// The scheme of an address that was written by hand: "host:80" is a host and a port.
+/// The scheme of an address typed by a user: "host:80" is a host and a port.
 std::string writtenScheme(std::string_view address) {
     std::string scheme = urlScheme(address);
     if (scheme.empty()) return scheme;

@@ -1,4 +1,4 @@
-// Addresses of pages: taking them apart, putting them together, and what goes on the request line.
+// Addresses of pages: parsing, composing, and the form sent on the request line.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@ constexpr std::uint16_t defaultPort(bool secure) {
 
 struct HttpAddress {
     bool secure = false;
-    std::string host;  ///< an IPv6 address stands in brackets
+    std::string host;  ///< an IPv6 address is in brackets
     std::uint16_t port = 80;
     std::string target;         ///< path and query, as written; at least "/"
     std::string fragment = {};  ///< with its "#"; never part of a request
@@ -21,7 +21,7 @@ struct HttpAddress {
     bool operator==(const HttpAddress&) const = default;
 };
 
-/// Takes an address apart that the user or a page has written. One without a scheme is taken as
+/// Parses an address that the user or a page has written. One without a scheme is taken as
 /// http. Target and fragment are kept byte for byte. Throws RuntimeFailure (Transfer) with a plain
 /// reason for any scheme but http and https and for a host or port that cannot be one.
 HttpAddress parseHttpAddress(std::string_view address);

@@ -33,7 +33,7 @@ void check(BOOL accepted) {
 }
 
 /// A header's bytes as the server sent them. WinHTTP widens each by the system's code page; it is
-/// not documented that it always does, so what the code page does not have is taken as a byte's
+/// not documented that it always does, so a character outside the code page is taken as a byte's
 /// number.
 std::string wireBytes(std::wstring_view text) {
     std::string bytes;
@@ -56,7 +56,7 @@ std::string wireBytes(std::wstring_view text) {
 
 }  // namespace
 
-// Where WinHTTP's threads leave the result of a step. One step is under way at a time, since the
+// Where WinHTTP's threads store the result of a step. One step is under way at a time, since the
 // next one is only asked for after this one's completion has been taken: there is never more than
 // one to leave, and the status, written last and read first, hands its value over without a lock.
 struct HttpTransfer::Completion {
@@ -155,7 +155,7 @@ void HttpTransfer::sendRequest() {
                      WINHTTP_DISABLE_AUTHENTICATION | WINHTTP_DISABLE_KEEP_ALIVE;
     check(WinHttpSetOption(request, WINHTTP_OPTION_DISABLE_FEATURE, &features, sizeof features));
     // WinHTTP's own time-outs, 30 seconds and less by default, must not end a transfer before its
-    // deadline does. The look-up of a name has none; with one it would take a thread of its own.
+    // deadline does. Name resolution has none; with one it would run on its own thread.
     auto beyond = static_cast<DWORD>(2 * limits_.time.count());
     check(WinHttpSetTimeouts(request, 0, static_cast<int>(beyond), static_cast<int>(beyond),
                              static_cast<int>(beyond)));

@@ -13,7 +13,7 @@
 
 namespace velvox {
 
-/// What one transfer may take.
+/// Limits of one transfer.
 struct TransferLimits {
     std::chrono::milliseconds time{60'000};  ///< for everything, redirects included
     std::size_t bytes = 64U << 20;           ///< of one body; kept in memory up to 1.5 times
@@ -29,7 +29,7 @@ struct StepRecipient {
 
 /// One GET over WinHTTP, redirects followed. It proceeds in short steps on the thread that made it:
 /// whenever WinHTTP has completed a step, `advance` takes the next one. Its destruction ends it at
-/// once, whatever it was doing. The body of a redirect is never read.
+/// once in any state. The body of a redirect is never read.
 class HttpTransfer {
  public:
     using Clock = std::chrono::steady_clock;
@@ -43,8 +43,8 @@ class HttpTransfer {
     HttpTransfer& operator=(const HttpTransfer&) = delete;
     ~HttpTransfer();
 
-    /// Takes the step that is due, if one is. True: everything that was wanted is there. Throws
-    /// RuntimeFailure (Transfer) with a plain reason; the transfer is then over.
+    /// Takes the step that is due, if any. Returns true once everything requested has arrived.
+    /// Throws RuntimeFailure (Transfer) with a plain reason; the transfer is then over.
     [[nodiscard]] bool advance();
 
     /// An event that is set when a step has completed; each request has its own.
@@ -55,7 +55,7 @@ class HttpTransfer {
     /// Bytes of the last reply's body so far.
     std::size_t received() const noexcept { return body_.size(); }
 
-    /// Why a transfer that has reached its deadline fails.
+    /// The reason given when a transfer reaches its deadline.
     static constexpr const char* timeoutReason = "The server did not answer in time";
     [[noreturn]] static void failWithTimeout();
 

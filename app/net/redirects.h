@@ -16,12 +16,12 @@ class RedirectChain {
     /// Throws RuntimeFailure (Transfer) for an address that cannot be fetched.
     explicit RedirectChain(std::string_view address);
 
-    /// What is to be requested; after the last reply, what that one came from.
+    /// The next request; after the last reply, the address that it came from.
     const HttpAddress& current() const noexcept { return current_; }
 
-    /// Takes the reply to `current`. True: it is a redirect, and `current` is the next request.
-    /// Throws RuntimeFailure (Transfer) for one redirect too many and for one that leads to no
-    /// address or says nothing.
+    /// Takes the reply to `current`. Returns true for a redirect, after which `current` is the next
+    /// request. Throws RuntimeFailure (Transfer) for one redirect too many and for one that leads
+    /// to no address or says nothing.
     [[nodiscard]] bool follow(const ReplyHeader& reply);
 
  private:

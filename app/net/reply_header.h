@@ -7,7 +7,7 @@
 
 namespace velvox {
 
-/// What a reply says about its document.
+/// What a reply states about its document.
 struct DocumentInfo {
     std::string type;                   ///< media type as the server named it; may be empty
     std::optional<std::uint64_t> size;  ///< bytes
@@ -24,9 +24,9 @@ struct ReplyHeader {
     bool operator==(const ReplyHeader&) const = default;
 };
 
-/// Parses a reply's header: a status line and fields, whatever ends their lines. The first of
-/// several fields of one name counts. A Content-Length beside a Transfer-Encoding says nothing
-/// about the body, and neither does one that is no number.
+/// Parses a reply's header: a status line and fields, with any line ends. The first of
+/// several fields of one name counts. A Content-Length beside a Transfer-Encoding is ignored,
+/// and so is one that is not a number.
 ReplyHeader parseReplyHeader(std::string_view header);
 
 }  // namespace velvox

@@ -36,9 +36,9 @@ std::string cleaned(std::string_view location) {
     return result;
 }
 
-/// Cuts `text` before the first `mark` and returns what was cut off, `mark` included.
-std::string_view takeFrom(std::string_view& text, char mark) {
-    const auto at = std::min(text.find(mark), text.size());
+/// Cuts `text` before the first `delimiter` and returns the rest, `delimiter` included.
+std::string_view takeFrom(std::string_view& text, char delimiter) {
+    const auto at = std::min(text.find(delimiter), text.size());
     const std::string_view tail = text.substr(at);
     text = text.substr(0, at);
     return tail;
@@ -83,7 +83,7 @@ void setAuthority(HttpAddress& address, std::string_view authority) {
     address.port = parts.port.value_or(defaultPort(address.secure));
 }
 
-/// Takes the scheme off the front of `rest` and returns whether there is one.
+/// Removes the scheme from the front of `rest` and returns whether there is one.
 bool takeScheme(std::string_view& rest, bool& secure) {
     const std::string scheme = urlScheme(rest);
     if (scheme.empty()) return false;

@@ -12,7 +12,7 @@ namespace {
 using Clock = HttpTransfer::Clock;
 using std::chrono::milliseconds;
 
-// Timers are left out: they would wake the wait for nothing.
+// Timers are left out: they would wake the wait needlessly.
 constexpr DWORD awaitedInput =
     QS_SENDMESSAGE | QS_POSTMESSAGE | QS_PAINT | QS_MOUSEBUTTON | QS_MOUSEMOVE | QS_KEY;
 

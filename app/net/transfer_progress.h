@@ -6,7 +6,7 @@
 
 namespace velvox {
 
-/// How far a page fetch has come.
+/// Progress of a page fetch.
 struct TransferProgress {
     std::uint64_t bytes = 0;
     std::chrono::milliseconds elapsed{};

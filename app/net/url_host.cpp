@@ -118,7 +118,7 @@ Ipv6Pieces parseIpv6(std::string_view text) {
 
 std::string canonicalIpv6(std::string_view text) {
     const Ipv6Pieces pieces = parseIpv6(text);
-    // "::" stands for the first of the longest runs of two zeros or more.
+    // "::" replaces the first of the longest runs of two zeros or more.
     std::size_t gap = pieces.size();
     std::size_t gapSize = 1;
     for (std::size_t begin = 0; begin < pieces.size();) {

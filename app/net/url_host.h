@@ -19,7 +19,7 @@ struct HostAndPort {
 /// Splits "host:port". Throws RuntimeFailure (Transfer) for a port that is no number up to 65535.
 HostAndPort splitPort(std::string_view text);
 
-/// A host in the one form that browsers give it: in lower case, %XX decoded, numbers as a dotted
+/// A host in the canonical form of browsers: in lower case, %XX decoded, numbers as a dotted
 /// IPv4 address, an IPv6 address compressed and in brackets. Throws RuntimeFailure (Transfer) for
 /// what can be no host and for one beyond ASCII: such names reach a Location header in their ASCII
 /// form ("xn--"), which passes as it is.

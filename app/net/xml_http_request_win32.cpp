@@ -63,7 +63,8 @@ void MsxmlRequest::send() {
     requireSuccess(request_->send(nothing), "The request's send");
 }
 
-// The object is kept: under Wine the transfer runs on after this, and crashes once it is released.
+// The object is kept: under Wine the transfer continues after this, and crashes once it is
+// released.
 void MsxmlRequest::abort() {
     requireSuccess(request_->abort(), "The request's abort");
 }

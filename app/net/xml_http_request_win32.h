@@ -10,7 +10,7 @@
 namespace velvox {
 
 /// MSXML's request object. It works through the thread's message loop. A reply that announces
-/// more than 1 MB is aborted, and never gets ready.
+/// more than 1 MB is aborted and never becomes complete.
 class MsxmlRequest : public XmlHttpRequest {
  public:
     MsxmlRequest();

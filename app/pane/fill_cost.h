@@ -13,7 +13,7 @@ namespace velvox {
 /// under Wine's control, which is by far the slowest; docs/performance.md has the figures.
 class FillCost {
  public:
-    /// The most that a text may cost: what 32,767 lines "Download Image N", each a link, need.
+    /// The maximum cost of a text: what 32,767 lines "Download Image N", each a link, need.
     static constexpr std::size_t max = 1'920'000;
 
     struct Font {

@@ -43,7 +43,7 @@ constexpr std::pair<string_view, string_view> entityNames[] = {
     {"amp", "&"}, {"lt", "<"}, {"gt", ">"}, {"quot", "\""}, {"apos", "'"}, {"nbsp", "\xC2\xA0"},
 };
 
-// Longest reference that is looked at, from "&" to ";". Bounds the search for the semicolon.
+// Longest reference that is read, from "&" to ";". Bounds the search for the semicolon.
 constexpr size_t maxReferenceLength = 12;
 
 string_view trimmed(string_view text) {
@@ -80,7 +80,7 @@ std::string resolved(string_view reference) {
 }
 
 // Takes a reference off the front of a text that starts with "&". Only one that ends with its
-// semicolon counts: addresses are full of "&name=" that mean themselves.
+// semicolon counts: addresses are full of "&name=", which is literal text.
 std::optional<std::string> takeReference(string_view& rest) {
     const auto end = rest.substr(0, maxReferenceLength).find(';');
     if (end == rest.npos) return std::nullopt;
@@ -125,7 +125,7 @@ class Parser {
             if (c == '<' && takeMarkup()) continue;
             if (c == '&') {
                 if (const auto text = takeReference(rest_)) {
-                    // A blank is one however it is written.
+                    // A reference to a blank counts as a blank.
                     if (text->size() == 1 && isHtmlBlank(text->front()))
                         appendBlank();
                     else
@@ -171,7 +171,7 @@ class Parser {
             return false;
         const auto tag = takeHtmlTag(rest_);
         if (!tag) {
-            // All the rest has been looked through. Looking again from the next "<" would cost the
+            // The rest has been searched already. Searching again from the next "<" would cost the
             // square of the length, so what remains is taken as plain text.
             tagsEnded_ = true;
             return false;

@@ -12,7 +12,7 @@
 
 namespace velvox {
 
-/// How a run of text looks.
+/// The look of a run of text.
 struct TextLook {
     static constexpr Rgb automatic = -1;
 
@@ -40,17 +40,17 @@ struct HtmlFragment {
     /// Cover the text from start to end; none is empty.
     std::vector<TextRun> runs;
 
-    /// Where the links lead, in order; each link has text.
+    /// The links' addresses, in order; each link has text.
     std::vector<std::string> addresses;
 
     /// Font names in use; the first is the one of text outside any font tag.
     std::vector<std::string> faces;
 
-    /// There was more than any pane can show; it has not been read.
+    /// The input was longer than any pane can show; the rest was not read.
     bool truncated = false;
 };
 
-/// A link with a longer address is plain text: Windows hands a program no longer command line.
+/// A link with a longer address is plain text: Windows passes no longer command line to a program.
 inline constexpr std::size_t maxAddressLength = 32'767;
 
 /// Takes any bytes, in time linear in their number; the result's memory is bounded.

@@ -17,7 +17,7 @@ namespace velvox {
 LinkText::LinkText(HWND parent, const RECT& pixels, Desktop& desktop) : desktop_(desktop) {
     WindowRequest request;
     request.className = richEditClass();
-    // Without its own drag and drop, what is dropped on it reaches the main window.
+    // Its own drag and drop is off, so that drops reach the main window.
     request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY |
                     ES_NOOLEDRAGDROP;
     request.bounds = pixels;
@@ -27,7 +27,7 @@ LinkText::LinkText(HWND parent, const RECT& pixels, Desktop& desktop) : desktop_
     SendMessageW(handle(), EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
     SendMessageW(handle(), EM_SETUNDOLIMIT, 0, 0);
     SendMessageW(handle(), EM_SETBKGNDCOLOR, TRUE, 0);
-    // Left alone, it takes its points by the system's resolution.
+    // By default its points follow the system's resolution.
     if (screenDpi() != systemDpi())
         SendMessageW(handle(), EM_SETZOOM, static_cast<WPARAM>(screenDpi()), systemDpi());
 
@@ -62,7 +62,7 @@ void LinkText::show(RichText text) {
 }
 
 // Gives the control's own link format to what the stream could not give it to. It costs the
-// control time for each stretch; very many stay with the look of links, and work as well.
+// control time for each span; those beyond a limit only look like links, and work as well.
 void LinkText::markLinks(const RichText& text, bool streamedAsLinks) {
     if (streamedAsLinks) {
         setSelection(handle(), 0, 1);
@@ -91,14 +91,14 @@ std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM l
 std::optional<LRESULT> LinkText::onEvent(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE: {
-            // Enter is ours while the caret is on a link; Tab and Escape stay the dialog's, and
-            // without DLGC_HASSETSEL tabbing in does not select the whole text.
+            // Enter is handled here while the caret is on a link; Tab and Escape remain the
+            // dialog's, and without DLGC_HASSETSEL tabbing in does not select the whole text.
             const auto* key = reinterpret_cast<const MSG*>(lParam);
             const bool enter = key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
             return DLGC_WANTARROWS | (enter && currentLink() ? DLGC_WANTMESSAGE : 0);
         }
         case WM_SETFOCUS:
-            // Coming by Tab, the user sees at once that there is something to open.
+            // After Tab the user sees at once that there is something to open.
             if (GetKeyState(VK_TAB) < 0 && !currentLink() && !links_.empty())
                 select(links_.front());
             return std::nullopt;
@@ -172,7 +172,7 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
             if (link != tipped_) hideTip();
             trackHover();
             const LRESULT answer = DefSubclassProc(handle(), message, wParam, lParam);
-            // The control sets its own pointer on every move.
+            // The control sets its own mouse pointer on every move.
             if (link && !(wParam & MK_LBUTTON))
                 SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
             return answer;
@@ -182,7 +182,7 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
 }
 
 // Whether the input being handled arrived after the links were visible. What was queued before was
-// not meant for them.
+// meant for something else.
 bool LinkText::beganAfterPaint() const {
     return painted_ && static_cast<LONG>(static_cast<DWORD>(GetMessageTime()) - paintedAt_) >= 0;
 }
@@ -212,7 +212,7 @@ LRESULT LinkText::press(UINT message, WPARAM wParam, LPARAM lParam) {
     return answer;
 }
 
-// The button came up: a click when that is where it went down and nothing was selected meanwhile.
+// A release is a click when it is on the pressed link and nothing was selected meanwhile.
 void LinkText::release(WPARAM wParam, LPARAM lParam) {
     const TextLink* pressed = std::exchange(pressed_, nullptr);
     DefSubclassProc(handle(), WM_LBUTTONUP, wParam, lParam);
@@ -235,7 +235,7 @@ const TextLink* LinkText::currentLink() const {
 bool LinkText::goToLink(bool down) {
     const auto [at, end] = selection();
     const TextLink* link = down ? linkAfter(links_, at) : linkBefore(links_, at);
-    // A bare caret on a link has not visited it yet.
+    // A caret on a link without a selection has not visited it yet.
     if (at == end && linkAt(links_, at)) link = linkAt(links_, at);
     if (!link) return false;
     select(*link);
@@ -287,7 +287,7 @@ void LinkText::trackHover() {
 }
 
 void LinkText::showTip(POINT point) {
-    // The rest of a pointer may be reported while a menu is open: the tip would cover it.
+    // A hover may be reported while a menu is open: the tip would cover the menu.
     GUITHREADINFO thread{};
     thread.cbSize = sizeof thread;
     if (GetGUIThreadInfo(GetCurrentThreadId(), &thread) && thread.hwndMenuOwner) return;
@@ -360,7 +360,8 @@ void LinkText::perform(LinkCommand command) {
     }
 }
 
-// What is selected, if there is a link in it that can be opened. False: it is mere text.
+// Copies the addresses of the selected links. Returns false when no link that can be opened is
+// selected.
 bool LinkText::copySelectedAddresses() {
     const CharacterRange selected = selection();
     std::string list = addressList(links_, selected);

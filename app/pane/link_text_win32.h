@@ -1,5 +1,5 @@
 // The rich-edit control inside the result pane: shows text with links, read-only. Where a link is
-// is always looked up by character position, so the control need not know about links at all.
+// is always looked up by character position, independent of the control's own link support.
 #pragma once
 
 #include <windows.h>
@@ -26,12 +26,12 @@ class LinkText : public SystemControl {
     LinkText(HWND parent, const RECT& pixels, Desktop& desktop);
     ~LinkText() override;
 
-    /// Replaces the content and goes to its top. Nothing is painted before the caller says so.
+    /// Replaces the content and goes to its top. Nothing is painted before the caller asks for it.
     void show(RichText text);
 
     const std::vector<TextLink>& links() const noexcept { return links_; }
 
-    /// Lines of the present content, as written.
+    /// Lines of the current content, as written.
     std::size_t lines() const noexcept { return lines_; }
 
     /// The link at the start of the selection, or null.
@@ -67,7 +67,7 @@ class LinkText : public SystemControl {
     const TextLink* tipped_ = nullptr;   ///< link whose address the tool tip shows
     std::string menuAddress_;            ///< what the menu was opened on
     std::optional<AddressTip> tip_;
-    bool painted_ = false;  ///< the present content has been
+    bool painted_ = false;  ///< the current content has been
     DWORD paintedAt_ = 0;   ///< when, in the system's milliseconds
 };
 

@@ -25,7 +25,7 @@ PaneColours systemPaneColours() {
     PaneColours colours;
     colours.background = static_cast<Rgb>(GetSysColor(COLOR_WINDOW));
     colours.link = static_cast<Rgb>(GetSysColor(COLOR_HOTLIGHT));
-    // The red of failures is what it is on a light background, and dim on a dark one.
+    // The red of failures is kept on a light background and adjusted on a dark one.
     const Rgb black = rgb(0, 0, 0), white = rgb(255, 255, 255);
     if (contrast(white, colours.background) > contrast(black, colours.background))
         colours.plainContrast = textContrast;

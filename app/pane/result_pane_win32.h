@@ -26,7 +26,7 @@ class ResultPaneWindow : public Window, public ResultPane {
 
     void DocumentHTML(std::string_view html) noexcept override;
 
-    /// Shows the present content again where its colours are no longer legible.
+    /// Shows the current content again when its colours are no longer legible.
     void systemColoursChanged();
 
     /// The control that shows the text; a later write may replace it by another.
@@ -47,7 +47,7 @@ class ResultPaneWindow : public Window, public ResultPane {
 
     Desktop& desktop_;
     std::string html_;
-    PaneColours colours_;                     ///< that the present content was shown with
+    PaneColours colours_;                     ///< that the current content was shown with
     mutable std::unique_ptr<LinkText> text_;  ///< made when first used: it would delay the start
     std::wstring name_;
     mutable AccessibleName textName_;

@@ -1,4 +1,4 @@
-// What the system's rich edit control needs to be used at all.
+// Loading the system's rich edit control, and its common operations.
 #pragma once
 
 #include <windows.h>

@@ -13,10 +13,10 @@ namespace {
 
 using std::size_t;
 
-// More colours than this show as plain text does.
+// Further colours are shown in the plain text's colour.
 constexpr size_t maxColours = 250;
 
-// What a font is called is written into the stream's table without whatever could end its entry.
+// A font's name without the characters that could end its entry in the stream's table.
 std::string tableName(std::string_view face) {
     constexpr size_t maxFaceNameLength = 31;  // the system's own limit
     std::string name;
@@ -32,7 +32,7 @@ size_t widthOf(const TextLook& look) {
     return std::max<size_t>(1, (look.halfPoints + normal * 3 / 4) / normal);
 }
 
-// What browsers draw links in.
+// The link colour of browsers.
 constexpr Rgb usualLink = rgb(0, 0, 255);
 
 bool isLegibleLink(Rgb colour, const PaneColours& colours) {

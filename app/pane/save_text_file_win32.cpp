@@ -11,7 +11,7 @@
 namespace velvox {
 namespace {
 
-constexpr DWORD maxPath = 32'768;  // the system's longest
+constexpr DWORD maxPath = 32'768;  // the system's maximum
 
 // The dialog's library costs every start some milliseconds where it is linked.
 // False: the user has cancelled it.
@@ -55,7 +55,7 @@ void saveTextFile(HWND owner, const wchar_t* suggestedName, std::string_view tex
 }
 
 void writeTextFile(const wchar_t* path, std::string_view text) {
-    // A file of the user's may have the first name.
+    // The user may have a file with the first name.
     constexpr int maxTries = 100;
     std::wstring partial;
     HANDLE opened = INVALID_HANDLE_VALUE;

@@ -26,7 +26,7 @@ class Medium {
         if (medium_.tymed != TYMED_NULL) ReleaseStgMedium(&medium_);
     }
 
-    /// Null where the object does not have the format.
+    /// Null when the object lacks the format.
     HGLOBAL memory() const noexcept {
         return medium_.tymed == TYMED_HGLOBAL ? medium_.hGlobal : nullptr;
     }
@@ -83,7 +83,7 @@ class DropTarget final : public ComObject<IDropTarget> {
  private:
     HRESULT answer(DWORD* effect) const {
         if (!effect) return E_POINTER;
-        // A browser offers a link or a copy; whichever it allows is right.
+        // A browser offers a link or a copy; either effect is accepted.
         const DWORD allowed = *effect & (DROPEFFECT_COPY | DROPEFFECT_LINK);
         const bool taken = hasAddress_ && accepts_();
         *effect = !taken ? DROPEFFECT_NONE : allowed & DROPEFFECT_COPY ? DROPEFFECT_COPY : allowed;

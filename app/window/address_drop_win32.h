@@ -11,7 +11,7 @@
 
 namespace velvox {
 
-/// What a data object holds of an address: a link, an Internet shortcut or a text. Empty when it
+/// The address in a data object: from a link, an Internet shortcut or a text. Empty when it
 /// has none of them.
 std::string droppedText(IDataObject& data);
 

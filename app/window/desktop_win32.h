@@ -7,7 +7,7 @@
 
 namespace velvox {
 
-/// The desktop as Windows has it. Boxes are shown in front of `window`.
+/// The desktop of Windows. Boxes are shown in front of `window`.
 class WindowsDesktop : public Desktop {
  public:
     explicit WindowsDesktop(MessagePump& pump) : pump_(pump) {}

@@ -21,7 +21,7 @@ void showFailureBox(const wchar_t* introduction, std::string_view text) noexcept
     const int room = capacity - used;
     const int bytes = static_cast<int>(std::min(text.size(), static_cast<std::size_t>(room)));
     MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, report + used, room);
-    // Without an active window the box disables the main one all the same.
+    // The box disables the main window even when no window is active.
     MessageBoxW(GetActiveWindow(), report, programTitle, MB_OK | MB_ICONWARNING | MB_TASKMODAL);
     open = false;
 }

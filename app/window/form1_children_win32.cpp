@@ -17,7 +17,7 @@ RECT designPixels(std::string_view name) {
     return toPixels(designOf(name).bounds);
 }
 
-// 24 pixels at 96 dots an inch, which a finger or an unsteady hand hits.
+// 24 pixels at 96 dots an inch, large enough for a finger or an unsteady hand.
 RECT quitPlace() {
     constexpr int margin = 30;
     const Bounds button = designOf("isButton2").bounds;

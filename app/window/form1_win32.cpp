@@ -168,7 +168,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
             return 0;
         case WM_MOUSEMOVE: form().Form_MouseMove(heldButtons(wParam), 0, 0, 0); return 0;
         case WM_CAPTURECHANGED:
-            // Whatever took the pointer, the drag is over.
+            // Losing the capture ends the drag.
             form().Dragging = false;
             return 0;
         case WM_TIMER:
@@ -214,7 +214,7 @@ void Form1Window::paint(HDC dc) const {
     }
 }
 
-// Beside the word above the pane, as far as the pane goes.
+// Beside the word above the pane, up to the pane's right edge.
 void Form1Window::paintResultArea(HDC dc, const RECT& client) const {
     skin_.draw(dc, Skin::Piece::ResultArea, client);
     if (progress_.empty()) return;
@@ -240,7 +240,7 @@ void Form1Window::endRun() {
     children_->web.runEnded();
 }
 
-// The result area lies over the controls that ask. While it does they are hidden, so that the tab
+// The result area covers the input controls. While it is shown they are hidden, so that the tab
 // key never leads to something that cannot be seen.
 void Form1Window::coverControls(bool covered) {
     input_.controlsChanged();
@@ -279,7 +279,8 @@ void Form1Window::takeAddress(std::string_view text) {
     if (form().outer.Visible() || !form().linkin.Enabled()) return;
     const HWND address = children_->linkin->editHandle();
     SetFocus(address);
-    // The next paste is the text field's own: a second one in a hurry replaces this address.
+    // The next paste is the text field's own: a second one in quick succession replaces this
+    // address.
     Edit_SetSel(address, 0, -1);
 }
 
@@ -346,7 +347,7 @@ void Form1Window::restoreFocus() {
 }
 
 void Form1Window::close() {
-    // Inside a run the catcher is still at work with the controls: there is no way back through it.
+    // During a run the catcher on the stack still uses the controls: it cannot be unwound.
     if (input_.running()) desktop_.endProgram();
     ShowWindow(handle(), SW_HIDE);
     pump_.quit(0);

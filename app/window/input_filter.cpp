@@ -33,7 +33,7 @@ bool closesOrMoves(const InputEvent& event) {
     }
 }
 
-// Removes a member of a set; whether it was one.
+// Removes a member of a set; returns whether it was in it.
 template <class Set>
 bool take(Set& set, unsigned member) {
     if (member >= set.size() || !set.test(member)) return false;
@@ -80,7 +80,7 @@ bool InputFilter::acceptsPress(const InputEvent& event) {
     if (running_ || passes)
         lastPress_ = {event.code, event.window, event.at, event.timeMs, !passes};
     else
-        lastPress_.reset();  // the next click is meant for what is there now
+        lastPress_.reset();  // the next click is meant for what is shown now
     changedSincePress_ = false;
     return passes;
 }

@@ -26,7 +26,7 @@ std::optional<InputEvent> keyEvent(Kind kind, const MSG& message) {
     return result;
 }
 
-// Nothing for a message that is no input.
+// Empty for a message that is not input.
 std::optional<InputEvent> eventOf(const MSG& message) {
     switch (message.message) {
         case WM_KEYDOWN:
@@ -99,7 +99,7 @@ void InputGate::run(const std::function<void()>& handler) {
     const struct End {
         InputGate& gate;
         ~End() {
-            // What was typed and clicked up to now is still in the queue.
+            // Keys and clicks made so far are still in the queue.
             gate.pump_.serveInput();
             gate.pointer_.reset();
             gate.filter_.setRunning(false);

@@ -10,7 +10,7 @@
 namespace velvox {
 namespace {
 
-// Gives a variable a value until the end of the scope, however that is left.
+// Sets a variable for the length of a scope.
 template <class T>
 class ValueScope {
  public:
@@ -80,7 +80,7 @@ class ModalLoopTimer {
         }
     }
 
-    static inline ModalLoopTimer* current = nullptr;  // of the thread of the user interface
+    static inline ModalLoopTimer* current = nullptr;  // of the UI thread
 
     const std::function<bool()>& isOver_;
     ModalLoopTimer* outer_;
@@ -125,8 +125,8 @@ int MessagePump::run() {
 void MessagePump::quit(int exitCode) {
     quitting_ = true;
     exitCode_ = exitCode;
-    // A menu's loop ends by itself only. The other loops of the system end with this message, and
-    // some of them, Wine's menus too, remove it.
+    // A menu's loop cannot be ended by a message. The other loops of the system end with this
+    // message, and some of them, Wine's menus too, remove it.
     leaveModalLoop();
     PostQuitMessage(exitCode);
 }
@@ -147,7 +147,7 @@ void MessagePump::serveInput(const std::function<bool()>& isOver) {
     const ValueScope serving(serving_, true);
     const ModalLoopTimer timer(isOver);
     MSG message;
-    // WM_QUIT comes whatever the range.
+    // WM_QUIT is retrieved for any filter.
     const auto dispatchAll = [&](UINT first, UINT last, UINT flags, int most) {
         while (most-- > 0 && PeekMessageW(&message, nullptr, first, last, PM_REMOVE | flags)) {
             if (message.message == WM_QUIT) return quit(static_cast<int>(message.wParam));
@@ -155,7 +155,8 @@ void MessagePump::serveInput(const std::function<bool()>& isOver) {
         }
     };
     for (const auto& [first, last] : inputRanges) dispatchAll(first, last, 0, INT_MAX);
-    // A window that stays invalid, as one of another library may, is asked to paint for ever.
+    // A window that never validates itself, as one of another library may, is sent WM_PAINT without
+    // end.
     constexpr int maxPaints = 100;
     dispatchAll(WM_PAINT, WM_PAINT, PM_QS_PAINT, maxPaints);
 }

@@ -29,7 +29,7 @@ class MessagePump {
     void setRunning(bool running) { running_ = running; }
 
     /// Handles waiting input, system commands, closing and painting, then returns. All other
-    /// messages stay in the queue: to those, the thread is blocked. While a loop of the system's,
+    /// messages stay in the queue, as if the thread were blocked. While a loop of the system's,
     /// such as that of an open menu, keeps this from returning, `isOver` is called every 100 ms;
     /// once it returns true that loop is ended.
     void serveInput(const std::function<bool()>& isOver = [] { return true; });

@@ -19,13 +19,13 @@ class Skin {
     /// program without them.
     explicit Skin(Contrast contrast = systemContrast());
 
-    /// What the user has asked for at the moment.
+    /// Whether the user has asked for high contrast.
     static Contrast systemContrast();
 
     Contrast contrast() const noexcept { return contrast_; }
     void setContrast(Contrast contrast) noexcept { contrast_ = contrast; }
 
-    /// Whether the window is the one in use; another window's title bar is paler.
+    /// Whether the window is active; an inactive window's title bar is paler.
     bool active() const noexcept { return active_; }
     void setActive(bool active) noexcept { active_ = active; }
 

@@ -58,8 +58,8 @@ void SystemMenu::pressed(POINT client) noexcept {
     if (PtInRect(&icon_, client)) press_ = onScreen(client);
 }
 
-// The icon is also a handle that the window is dragged by: a click moves the pointer no further
-// than a hand trembles.
+// The icon also drags the window: a click is a press and a
+// release within the system's drag threshold.
 void SystemMenu::released(POINT client) {
     const auto press = std::exchange(press_, std::nullopt);
     if (!press) return;

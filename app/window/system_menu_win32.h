@@ -16,7 +16,7 @@ class SystemMenu {
     /// run is under way, in which About is greyed.
     SystemMenu(HWND window, const RECT& titleBar, const RECT& icon, std::function<bool()> running);
 
-    /// Nothing for a message that is not the menu's.
+    /// Empty for a message that is not the menu's.
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
     /// The left button went down or came up over the window itself.

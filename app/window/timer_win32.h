@@ -56,9 +56,9 @@ class WindowTimer : public ControlObserver {
         bool nested_;
     };
 
-    /// Milliseconds, or 0 for a timer that stands. All that ticks here is for the eye, and no timer
-    /// runs faster than that sees. A poll each millisecond, which Windows would round up to 16,
-    /// would cost an idle program more than everything else that it does.
+    /// Milliseconds, or 0 for a stopped timer. Every timer here drives a display, and none
+    /// runs faster than the eye can follow. A poll each millisecond, which Windows would round up
+    /// to 16, would cost an idle program more than everything else that it does.
     UINT wanted() const {
         constexpr UINT shortest = 50;
         return model_.Enabled() ? std::max(model_.Interval(), shortest) : 0;

@@ -183,7 +183,7 @@ void isButton::tracking(Tracking available) {
     tracking_ = available;
 }
 
-// --- what is shown --------------------------------------------------------------------------
+// --- visual state --------------------------------------------------------------------------
 
 ButtonState isButton::visualState() const noexcept {
     if (!stored_.enabled) return ButtonState::Disabled;

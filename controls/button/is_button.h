@@ -66,8 +66,8 @@ struct ButtonLook {
     int iconAlign = 0;
 };
 
-/// What a button stores, with the values of a freshly placed one. Keys, order and defaults of the
-/// stored form are rows of the table in is_button_bag.cpp.
+/// The stored settings of a button, with the values of a freshly placed one. Keys, order and
+/// defaults of the stored form are rows of the table in is_button_bag.cpp.
 struct ButtonSettings {
     PicturePtr icon;
     int style = 0;
@@ -94,12 +94,12 @@ struct ButtonSettings {
     bool value = false;
 };
 
-/// What the button asks of its window.
+/// What the button needs of its window.
 class ButtonHost {
  public:
     virtual ~ButtonHost() = default;
 
-    /// Asks for one notice of the pointer's leaving.
+    /// Requests one notification when the pointer leaves.
     virtual void requestLeaveNotice() = 0;
 
     /// Recreates the tool tip from the button's record.
@@ -113,7 +113,7 @@ class ButtonHost {
 };
 
 /// A handler may destroy the button, run a nested message loop or throw: after each event the
-/// button touches itself only if it is still there.
+/// button uses its members only if it still exists.
 class isButton : public Control {
  public:
     /// A freshly placed control's values; the colours are those that `colours` has now.
@@ -199,7 +199,7 @@ class isButton : public Control {
     /// The container's notification that a property has been set, under its stored name.
     std::function<void(std::string_view property)> PropertyChanged;
 
-    // What happens to the button.
+    // Events of the button.
     void mouseDown(MouseButton button);
     void mouseUp(MouseButton button);
     /// The container's click, after the mouse-up it belongs to.
@@ -224,7 +224,7 @@ class isButton : public Control {
     /// The visual styles did not draw: at run time NonThemeStyle becomes Style.
     void themeRefused();
 
-    // What the window and the painter ask.
+    // Queries of the window and the painter.
     /// The state after the adjustment for design time, toggled and disabled buttons.
     ButtonState visualState() const noexcept;
     bool hasFocus() const noexcept { return hasFocus_; }

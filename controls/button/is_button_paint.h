@@ -21,7 +21,7 @@ enum class FaceState { Normal = 1, Hot = 2, Pressed = 3, Disabled = 4, Focused =
 /// Kinds of three-dimensional edges: the BDR_ flags of the system's call.
 enum class ButtonEdge : unsigned { OuterSunken = 2, InnerRaised = 4, Raised = 5, Sunken = 10 };
 
-/// What the system draws. Each call leaves the pixels of the face up to date.
+/// The drawing done by the system. Each call leaves the pixels of the face up to date.
 class ButtonDrawing {
  public:
     virtual ~ButtonDrawing() = default;
@@ -39,7 +39,7 @@ class ButtonDrawing {
     virtual void icon(const Picture& picture, Point corner, int size) = 0;
 };
 
-/// What a painter draws from.
+/// The input of a painter.
 struct FacePlan {
     FaceState state = FaceState::Normal;
     bool focusShown = false;

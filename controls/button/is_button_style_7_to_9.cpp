@@ -189,7 +189,7 @@ void paintBrushed(PixelView face, const FacePlan& plan) {
                                  ? lighten(metal, brushed::sheenParts * closeness / reach)
                                  : metal;
             if (ring > 2 || off) return fill;
-            // Light falls from the upper left; a pressed bevel turns round.
+            // Light comes from the upper left; a pressed bevel is inverted.
             const bool upperLeft = std::min(x, y) < std::min(w - 1 - x, h - 1 - y);
             const bool lit = upperLeft == upright(plan.state);
             if (ring == 1) return lit ? light : dark;

@@ -56,7 +56,8 @@ class SystemToolTips : public ToolTipSystem {
     }
     void destroy(HWND tip) override {
         --liveHandles();
-        // The system has destroyed it already where the owner's top-level window went first.
+        // The system has already destroyed it when the owner's top-level window was destroyed
+        // first.
         if (IsWindow(tip)) destroyWindow(tip);
     }
 };
@@ -79,7 +80,7 @@ void ToolTip::show(const ButtonToolTip& record, HWND owner) {
     if (!window_) return;
 
     TTTOOLINFOA tool{};
-    // The oldest size: every version of the library takes it.
+    // The smallest size: every version of the library accepts it.
     tool.cbSize = TTTOOLINFOA_V1_SIZE;
     tool.uFlags = record.centred ? centredTool : subclassed;
     tool.hwnd = owner;

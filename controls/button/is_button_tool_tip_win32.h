@@ -7,7 +7,7 @@
 
 namespace velvox {
 
-/// The system's side of a tool tip; tests write down what is asked of it.
+/// The system's side of a tool tip; tests record its calls.
 class ToolTipSystem {
  public:
     virtual ~ToolTipSystem() = default;

@@ -1,5 +1,5 @@
-// Notices that the pointer has left a window. Not every system has them, and some have them in
-// another library.
+// Notifications that the pointer has left a window. Not every system has them, and some have them
+// in another library.
 #pragma once
 
 #include <windows.h>

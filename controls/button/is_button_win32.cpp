@@ -21,7 +21,7 @@ bool isRepeat(LPARAM keyFlags) {
     return (keyFlags & (1 << 30)) != 0;
 }
 
-// Someone who has asked for high contrast gets the system's own colours and plain edges: stored
+// In high contrast the button is drawn with the system's own colours and plain edges: stored
 // colours and gradients cannot know what is legible then.
 void followContrast(ButtonLook& look) {
     if (!highContrast()) return;

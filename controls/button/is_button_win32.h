@@ -15,7 +15,7 @@
 
 namespace velvox {
 
-/// What a button's window uses of the system.
+/// The system services that a button's window uses.
 struct ButtonServices {
     ProcedureFinder& procedures = systemProcedures();
     ThemeLibrary& themes = systemThemes();

@@ -95,7 +95,8 @@ void XPTextBox::InitProperties() {
 }
 
 void XPTextBox::ReadProperties(const PropertyBag& bag, const velvox::Font& ambient) {
-    // What the inner box would refuse is left alignment: the rest of the record still counts.
+    // An alignment that the inner box would refuse becomes left; the rest of the record is still
+    // read.
     const std::int32_t alignment = bag.readNumber("Alignment", 0);
     const bool isKnown = alignment >= 0 && alignment <= 2;
     MyTxt.Alignment(isKnown ? static_cast<std::int16_t>(alignment) : std::int16_t{0});
@@ -112,13 +113,13 @@ void XPTextBox::WriteProperties(PropertyBag& bag, const velvox::Font& ambient) c
 void XPTextBox::RePos() {
     const int inset = insetPixels * twipsPerPixel_;
     Pic.Move({0, 0, Width(), Height()});
-    // A control that leaves no room has an inner box without width or height.
+    // A control without room for it has an inner box without width or height.
     MyTxt.Move({inset, inset, std::max(0, Pic.Width() - 2 * inset),
                 std::max(0, Pic.Height() - 2 * inset)});
 }
 
 // The four distances are rounded, not the edges: a window can be a pixel smaller than its size in
-// twips says, and the margin must not pay for that.
+// twips suggests, and the margin must keep its width.
 Rect XPTextBox::textBounds(int width, int height, int dpi) const {
     const Bounds text = MyTxt.bounds();
     return {toPixels(text.left, dpi), toPixels(text.top, dpi),
@@ -195,7 +196,7 @@ double XPTextBox::GetValue() const {
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        // Too large and too small look alike there.
+        // Both report too large and too small numbers alike.
         value = std::strtod(std::string(text.data(), result.ptr).c_str(), nullptr);
         if (std::isinf(value)) throw RuntimeFailure(Fault::Overflow, "The number does not fit");
     }

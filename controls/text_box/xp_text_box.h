@@ -85,7 +85,7 @@ class XPTextBox : public Control {
     /// The host's notification, by property name.
     std::function<void(std::string_view)> PropertyChanged;
 
-    /// The frame as it was drawn last.
+    /// The lines of the frame as last drawn.
     const std::array<DrawnLine, 4>& frame() const noexcept { return frame_; }
 
     PictureBox Pic{"Pic"};
@@ -93,8 +93,8 @@ class XPTextBox : public Control {
 
     enum class Look : std::int16_t { Normal = 0, Disabled = 1, ReadOnly = 2 };
 
-    /// Where MyTxt lies in a window whose client area came out as `width` by `height` pixels. Empty
-    /// or inside out where there is no room.
+    /// The bounds of MyTxt in a window whose client area is `width` by `height` pixels. Empty
+    /// or inverted when there is no room.
     Rect textBounds(int width, int height, int dpi) const;
 
     /// Draws the frame and sets the look of the inner box. The program itself only ever asks for

@@ -21,8 +21,8 @@ DWORD alignmentStyle(std::int16_t alignment) {
     return styles[alignment];
 }
 
-// A position in bytes as a position in UTF-16 units, and back. One within a character becomes the
-// one after it.
+// Converts a position in bytes into one in UTF-16 units, and back. A position within a character
+// becomes the next one.
 int unitsOf(std::string_view text, std::int32_t bytes) {
     std::size_t passed = 0;
     int units = 0;
@@ -44,7 +44,7 @@ std::int32_t bytesOf(std::string_view text, DWORD units) {
     return static_cast<std::int32_t>(bytes);
 }
 
-// Characters that a paste inserts into a box without a limit: an EDIT's own default.
+// Characters that a paste inserts into a box without a limit: the default of an EDIT.
 constexpr std::int32_t maxPasted = 30'000;
 
 /// What an EDIT of one line pastes of a text.
@@ -123,7 +123,7 @@ void TextBoxWindow::applyToolTip() {
     SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-// The EDIT counts UTF-16 units: each pair in its text makes room for one unit more.
+// The EDIT counts UTF-16 units: each surrogate pair in its text raises the limit by one.
 void TextBoxWindow::limitText() {
     const std::u16string text = toUtf16(windowText(handle()));
     const auto pairs = std::count_if(text.begin(), text.end(),
@@ -132,7 +132,7 @@ void TextBoxWindow::limitText() {
     Edit_LimitText(handle(), limit ? limit + static_cast<WPARAM>(pairs) : 0);
 }
 
-// The EDIT itself would cut a pair that is half too long.
+// The EDIT itself would split a surrogate pair at the limit.
 void TextBoxWindow::insert(std::string_view text) {
     if (model_.MaxLength() > 0) text = firstCharacters(text, model_.roomAtSelection());
     Edit_LimitText(handle(), 0);
@@ -173,7 +173,7 @@ RECT TextBoxWindow::bounds() const {
     return {at.left, at.top, std::max(at.left, at.right), std::max(at.top, at.bottom)};
 }
 
-// The EDIT writes at its top: as tall as its text and centred in its place it leaves as much room
+// The EDIT aligns its text at the top: as tall as its text and centred, it leaves as much room
 // above the text as below.
 void TextBoxWindow::fit() {
     RECT at = bounds();
@@ -188,7 +188,7 @@ void TextBoxWindow::fit() {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// In high contrast the user's own colours hold: white on the box's white could not be read.
+// In high contrast the user's own colours hold: white on the box's white would be illegible.
 HBRUSH TextBoxWindow::colour(HDC dc) {
     const bool own = !highContrast();
     const OleColour back = own ? model_.BackColor() : systemColour(WindowColour);
@@ -222,7 +222,7 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             return 0;
         case WM_UNDO:
         case EM_UNDO: {
-            // What there was before has fitted; it can have more pairs.
+            // The previous text fitted; it can have more surrogate pairs.
             Edit_LimitText(handle(), 0);
             const LRESULT result = DefSubclassProc(handle(), message, wParam, lParam);
             limitText();
@@ -364,13 +364,13 @@ void XPTextBoxWindow::paint(HDC target) const {
     };
     const OwnedBrush margin(CreateSolidBrush(rgbOf(model_.Pic.BackColor(), WindowColour)));
     FillRect(dc, &client, margin.get());
-    // The EDIT is as tall as its text only; the rest of its place looks like it.
+    // The EDIT is only as tall as its text; the rest of its bounds is painted alike.
     const RECT inner = edit_->bounds();
     FillRect(dc, &inner, edit_->background());
     for (const DrawnLine& line : model_.frame()) {
         const OwnedPen pen(CreatePen(PS_SOLID, 1, rgbOf(line.colour, WindowTextColour)));
         const ScopedSelectObject selected(dc, pen.get());
-        // Scaled by the window as it came out in pixels, so that the far edges lie on its last
+        // Scaled by the window's actual size in pixels, so that the far edges lie on its last
         // ones.
         const auto x = [&](int twips) { return MulDiv(twips, client.right, model_.Pic.Width()); };
         const auto y = [&](int twips) { return MulDiv(twips, client.bottom, model_.Pic.Height()); };

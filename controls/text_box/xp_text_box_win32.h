@@ -23,19 +23,19 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     Selection selection() const override;
     void focus() override;
 
-    /// The place of the text in the parent's client area, of which the EDIT takes the middle.
+    /// The text's bounds in the parent's client area; the EDIT is centred in them.
     RECT bounds() const;
 
-    /// Places the EDIT; after a new size of the parent.
+    /// Positions the EDIT; called after the parent's size has changed.
     void fit();
 
     /// Null while there is none.
     HWND toolTip() const noexcept { return tip_.get(); }
 
-    /// What a paste of a text inserts; without one its first line.
+    /// Returns what a paste of a text inserts; without it, the text's first line.
     std::function<std::string(std::string_view text)> pasted;
 
-    /// The brush of the text's place.
+    /// The background brush of the text.
     HBRUSH background() const;
 
     /// The background and text colours that the parent returns for WM_CTLCOLOREDIT.
@@ -59,7 +59,7 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     std::string tipText_;
     Owned<HWND, &DestroyWindow> tip_;
     bool setting_ = false;
-    wchar_t firstOfPair_ = 0;   // typed, waiting for the second
+    wchar_t firstOfPair_ = 0;   // typed; the second is awaited
     bool pressed_ = false;      // a release inside makes a click
     AncestorWatch containers_;  // during a press: hidden or disabled they end it
 };
