@@ -235,7 +235,9 @@ void FilesPage::openSelected() {
     if (rows_.count() == 0 || !rows_.isFolder(rows_.selected())) return;
     const tsListItem& item = rows_.row(rows_.selected());
     if (item.text == "..") return list_->Up();
-    open(item.key);
+    if (!item.key.empty()) return open(item.key);
+    status_ = "Its name is not valid Unicode, so this folder cannot be opened";
+    InvalidateRect(handle(), nullptr, FALSE);
 }
 
 void FilesPage::sortBy(FileRows::Column column) {
