@@ -1,7 +1,7 @@
 // Comic books: the page frames a reader, whose folder has a "config.xml" that lists the images.
+#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
-#include "catchers/sites.h"
 
 namespace velvox {
 

@@ -1,10 +1,12 @@
 // Google Video pages: up to three links (FLV, AVI, MP4) from up to three replies. Carried complete,
 // but no handler calls it. It has no trap: a failure reaches its caller.
+#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
-#include "catchers/sites.h"
 
 namespace velvox {
+
+static constexpr std::string_view server = "http://video.google.com";
 
 void Form1::GoogleCatcher() {
     ketqua.Text("");
@@ -16,10 +18,10 @@ void Form1::GoogleCatcher() {
     ShowStatus(linkin.Text());
     ShowStatus("<font face='tahoma' size='2' >Scanning For Video...</font>");
     // The backslash is sent to the site as it is.
-    link2.Text(join({servers::googleVideo, "/videohosted?docid\\", docid}));
+    link2.Text(join({server, "/videohosted?docid\\", docid}));
     std::string page = FetchPage(link2.Text());
 
-    const std::string prefix = join({servers::googleVideo, "/videogvp/"});
+    const std::string prefix = join({server, "/videogvp/"});
     auto p1 = text::find(page, prefix);
     if (p1 != 0) {
         const auto p2 = text::find(page, ".gvp?docid=", p1);
@@ -27,23 +29,22 @@ void Form1::GoogleCatcher() {
         const std::string name{
             text::slice(page, p1 + text::length(prefix), (p2 - p1) - 2 - text::length(docid) - 11)};
         const std::string gvp = join({prefix, name, ".gvp?docid=", docid});
-        ketqua.append(
-            join({"\r\n<br><font face='tahoma' size='2'><a href='", servers::googleVideo,
-                  "/videofile/", name, ".flv?docid=", docid, "&itag=5'>Download FLV</a>"}));
+        ketqua.append(join({"\r\n<br><font face='tahoma' size='2'><a href='", server, "/videofile/",
+                            name, ".flv?docid=", docid, "&itag=5'>Download FLV</a>"}));
         ketqua.Text(text::replaceAll(ketqua.Text(), "..", "."));
         link2.Text(gvp);
     }
 
     ShowStatus("<font face='tahoma' size='2' >Scanning For Other File Types...</font>");
     page = FetchPage(link2.Text());
-    p1 = text::find(page, servers::googleVideoFiles);
+    p1 = text::find(page, "http://vp.video.google.com/");
     if (p1 != 0) {
         const std::string marker = join({"&docid=", docid});
         const auto p2 = text::find(page, marker, p1);
         const auto avi = text::slice(page, p1, (p2 - p1) + text::length(marker));
         ketqua.append(
             join({"\r\n<br><font face='tahoma' size='2'><a href='", avi, "'>Download AVI</a>"}));
-        link2.Text(join({servers::googleVideo, "/videohosted?docid=", docid}));
+        link2.Text(join({server, "/videohosted?docid=", docid}));
         page = FetchPage(link2.Text());
         // The address is at fixed distances inside the page's download block.
         const auto block = text::find(page, "ipoddownloaddiv");

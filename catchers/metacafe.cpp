@@ -1,5 +1,5 @@
 // Metacafe watch pages: loads the player for the video's number into the preview browser, whose
-// arrival gives the link and enables the address box again (app/form1/link_handling.cpp).
+// arrival gives the link and enables the address box again (link_handling.cpp).
 #include "base/join.h"
 #include "base/text.h"
 #include "catchers/sites.h"

@@ -1,9 +1,9 @@
 // Sevenload pages: the page gives a session value, the site's player interface the file.
 #include <utility>
 
+#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
-#include "catchers/sites.h"
 
 namespace velvox {
 
@@ -29,8 +29,7 @@ void Form1::SevenLoad() try {
     const auto a = text::find(linkin.Text(), "/videos/");
     const auto b = text::find(linkin.Text(), "/", a + 1);
     const auto id = text::slice(linkin.Text(), a + 8, b - a);
-    link2.Text(
-        join({servers::sevenloadPlayer, "/api/player/id/", id, "/locale/en_GB/sess/", sess}));
+    link2.Text(join({"http://api.sevenload.com/api/player/id/", id, "/locale/en_GB/sess/", sess}));
     page = FetchPage(link2.Text());
     p1 = text::findIgnoringCase(page, "url=\"");
     p2 = text::find(page, ".flv", p1);

@@ -1,5 +1,5 @@
 // YouTube watch pages: checks that the page is there, then loads the player into the preview
-// browser, whose arrival gives the link (app/form1/link_handling.cpp).
+// browser, whose arrival gives the link (link_handling.cpp).
 #include "base/join.h"
 #include "base/text.h"
 #include "catchers/sites.h"

@@ -7,11 +7,11 @@ set(layers
     "controlkit : base"
     "controls : base"
     "catchers : base app/form1"
-    "app/form1 : base controls catchers"
+    "app/form1 : base controls"
     "app/net : base app/form1"
     "app/pane : base app/form1"
     "app/browser : base app/form1 app/net"
-    "app/window : base controls app/form1 app/net app/pane app/browser"
+    "app/window : base controls catchers app/form1 app/net app/pane app/browser"
     "gallery : base controls controlkit app/form1")
 # Names of resources, and the version.
 set(everywhere "app/resource.h" "app/version.h")

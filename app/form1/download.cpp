@@ -1,8 +1,8 @@
 // The Download button: prepares the result area, recognises the pasted address and calls the
 // catcher of every pattern that it contains.
+#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
-#include "catchers/sites.h"
 
 namespace velvox {
 namespace {
@@ -19,7 +19,7 @@ void Form1::UniXPButton1_Click() {
     isButton1.Enabled(false);
     ketqua.Text("");
     bool matched = false;
-    for (const Site& site : sites) {
+    for (const Site& site : sites_) {
         // The box is read again for each test: a catcher may have changed its text.
         if (!site.catcher || !text::contains(linkin.Text(), join({site.host, site.path}))) continue;
         (this->*site.catcher)();

@@ -41,7 +41,8 @@ Form1::Form1(const Form1Services& s)
       output(s.resultPane),
       web(s.webBrowser),
       desktop_(s.desktop),
-      frame_(s.frame) {
+      frame_(s.frame),
+      sites_(s.sites) {
     applyDesign();
     wireEvents();
 }

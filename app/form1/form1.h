@@ -9,6 +9,7 @@
 
 #include <deque>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,18 @@
 
 namespace velvox {
 
+class Form1;
+
+/// A site that the program knows.
+struct Site {
+    std::string_view entry;        ///< its text in the site list
+    std::string_view server;       ///< the example's address up to its path
+    std::string_view examplePath;  ///< the rest of the example's address
+    std::string_view host;         ///< an address of the site contains the host,
+    std::string_view path;         ///< directly followed by this
+    void (Form1::*catcher)();      ///< null: neither listed nor downloaded from
+};
+
 /// What the main window needs of the system. All of it outlives the form.
 struct Form1Services {
     TransferControl& transfer;
@@ -33,6 +46,7 @@ struct Form1Services {
     Desktop& desktop;
     FormFrame& frame;
     const SystemColours& colours;
+    std::span<const Site> sites;  ///< in the order of the list and of Download's tests
     int twipsPerPixel = designTwipsPerPixel;
 };
 
@@ -60,7 +74,7 @@ class Form1 : public Control {
     std::string FetchPage(std::string_view url);
     void ShowStatus(std::string_view html);
 
-    // Links from the addresses at which the browser arrives (link_handling.cpp).
+    // Links from the addresses at which the browser arrives (catchers/link_handling.cpp).
     void web_DocumentComplete();
 
     // News ticker (news_ticker.cpp).
@@ -134,6 +148,7 @@ class Form1 : public Control {
 
     Desktop& desktop_;
     FormFrame& frame_;
+    std::span<const Site> sites_;
     Point DragStartCursor;
     Rect DragStartRect;
     std::unique_ptr<XmlHttpRequest> newsRequest_;

@@ -1,8 +1,8 @@
 // What the window does when it loads, the site list, and the small click handlers.
+#include "app/form1/form1.h"
 #include "app/form1/given_address.h"
 #include "app/form1/home_page.h"
 #include "base/join.h"
-#include "catchers/sites.h"
 
 namespace velvox {
 namespace {
@@ -14,7 +14,7 @@ constexpr std::size_t leadingBlanks = 128;
 }  // namespace
 
 void Form1::Form_Load() {
-    for (const Site& site : sites)
+    for (const Site& site : sites_)
         if (site.catcher) ds.AddItem(site.entry);
     ds.ListIndex(0);
     web.Navigate("about:blank");
@@ -23,7 +23,7 @@ void Form1::Form_Load() {
 
 // The entry of the music albums is compared as well although the list does not have it.
 void Form1::ds_Click() {
-    for (const Site& site : sites)
+    for (const Site& site : sites_)
         if (ds.Text() == site.entry) vd.Caption(join({site.server, site.examplePath}));
 }
 

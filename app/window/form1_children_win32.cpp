@@ -4,6 +4,7 @@
 #include "app/window/label_win32.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
+#include "catchers/sites.h"
 #include "controls/button/is_button_win32.h"
 
 namespace velvox {
@@ -47,7 +48,7 @@ Form1Window::Children::Children(Form1Window& owner)
             [&owner](HDC dc, const RECT& client) { owner.paintResultArea(dc, client); }),
       output(outer.handle(), designPixels("output"), idOf("output"), owner.desktop_),
       web(outer.handle(), designPixels("web"), idOf("web"), owner.session_, owner.limits_),
-      form({owner.transfer_, output, web, owner.desktop_, owner, owner.colours_,
+      form({owner.transfer_, output, web, owner.desktop_, owner, owner.colours_, sites,
             twipsPerInch / screenDpi()}),
       titleObserver(window),
       timers{{{form.Timer1, window, 1},

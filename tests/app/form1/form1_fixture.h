@@ -14,10 +14,10 @@
 #include <utility>
 #include <vector>
 
-#include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/runtime_failure.h"
 #include "base/text.h"
+#include "catchers/sites.h"
 
 namespace velvox::testing {
 
@@ -230,7 +230,7 @@ class Form1Fixture {
     FakeDesktop desktop{log};
     FakeFrame frame{log};
     FakeColours colours;
-    Form1 form{{transfer, pane, browser, desktop, frame, colours}};
+    Form1 form{{transfer, pane, browser, desktop, frame, colours, sites}};
 
  private:
     template <class Followed>
