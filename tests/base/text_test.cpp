@@ -36,6 +36,23 @@ TEST(TextTest, FindsFromAPlaceInTheSameOrInAnyCase) {
     EXPECT_EQ(faultOf([] { text::findIgnoringCase("abc", "a", 0); }), Fault::InvalidCall);
 }
 
+// Far along a text the search goes on in another way.
+TEST(TextTest, FindsAsTheStandardLibraryDoesHoweverFarAlong) {
+    const std::string needle = "abab";
+    for (std::size_t at = 480; at < 1100; ++at) {
+        std::string text(at, 'a');
+        text += needle + std::string(100, 'b');
+        for (const std::size_t from : {std::size_t{0}, std::size_t{7}, at - 1}) {
+            const auto place = static_cast<text::Position>(text.find(needle, from) + 1);
+            const auto start = static_cast<text::Position>(from + 1);
+            ASSERT_EQ(text::find(text, needle, start), place) << at << ' ' << from;
+            ASSERT_EQ(text::findIgnoringCase(text, "aBAb", start), place) << at << ' ' << from;
+        }
+        ASSERT_EQ(text::splitUpperBound(text + text, needle), 2) << at;
+        ASSERT_EQ(text::replaceAll(text, needle, ""), std::string(at, 'a') + std::string(100, 'b'));
+    }
+}
+
 TEST(TextTest, SlicesAreClippedAndRefuseBadBounds) {
     EXPECT_EQ(text::slice("abcdef", 2, 3), "bcd");
     EXPECT_EQ(text::slice("abcdef", 5, 99), "ef");

@@ -13,8 +13,7 @@ namespace velvox::fuzz {
 using Target = void(std::string_view input);
 
 Target youtube, clip, sevenload, veoh, metacafe, comic, google;
-Target button, dispatch, links, bag, text, html, http_address, location, navigation, scroll,
-    scroll_geometry, ticker;
+Target button, html, http_address, location, navigation, scroll, scroll_geometry;
 
 /// The corpus file that is being replayed, for the report.
 inline std::string replayed;
