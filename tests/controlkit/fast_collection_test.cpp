@@ -119,33 +119,15 @@ TEST(SortTest, AComparisonThatThrowsLeavesTheListAsItWas) {
 
 // Each name comes before every later one.
 TEST(SortTest, NamesAreOrderedAsAReaderWould) {
-    const char* const names[] = {"",
-                                 " 1",
-                                 "0",
-                                 "00",
-                                 "1",
-                                 "1 a",
-                                 "1a",
-                                 "01b",
-                                 "2",
-                                 "10",
-                                 "99999999999999999999",
-                                 "a",
-                                 "a.txt",
-                                 "a01",
-                                 "a1",
-                                 "a1.txt",
-                                 "A2.txt",
-                                 "a10.txt",
-                                 "a10b",
-                                 "a10b2",
-                                 "a10b10",
-                                 "File 2",
-                                 "file 10",
-                                 "\xC3\xA4"};
-    for (const char* const* a = std::begin(names); a != std::end(names); ++a)
-        for (const char* const* b = std::begin(names); b != std::end(names); ++b)
-            EXPECT_EQ(compareNaturally(*a, *b), a - b <=> 0) << *a << " and " << *b;
+    const std::string_view all =
+        "\n 1\n0\n00\n1\n1 a\n1a\n01b\n2\n10\n99999999999999999999\na\na.txt\na01\na1\na1.txt\n"
+        "A2.txt\na10.txt\na10b\na10b2\na10b10\nFile 2\nfile 10\n\xC3\xA4";
+    std::vector<std::string> names(1);
+    for (const char c : all) c == '\n' ? names.emplace_back() : names.back() += c;
+    for (std::size_t a = 0; a < names.size(); ++a)
+        for (std::size_t b = 0; b < names.size(); ++b)
+            EXPECT_EQ(compareNaturally(names[a], names[b]), a <=> b)
+                << names[a] << ", " << names[b];
 }
 
 }  // namespace

@@ -109,28 +109,5 @@ TEST_F(FileTest, WhatCannotBeReadIsReportedAndLeavesNothingOpen) {
     EXPECT_EQ(clsFile::GetFileExtension(root + "\\a.b"), "b");
 }
 
-// A link that leads to its own folder can be followed for ever, but only on request.
-TEST_F(FileTest, ALinkInACircleIsAnEntryLikeOthers) {
-    file(root + "\\file");
-    // Under Wine by the system below, since links are a privilege on Windows.
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    wchar_t command[] = L"ln -s . loop";
-    if (!CreateProcessW(LR"(Z:\bin\ln)", command, nullptr, nullptr, FALSE, 0, nullptr,
-                        widen(root).c_str(), &start, &process))
-        GTEST_SKIP() << "needs Wine";
-    const OwnedHandle thread(process.hThread), ends(process.hProcess);
-    making(root + "\\loop");
-    const DWORD begin = GetTickCount();
-    while (clsFile::EnumFolders(root).Count() == 0 && GetTickCount() - begin < patience) Sleep(1);
-    std::string at = root;
-    for (int i = 0; i < 40; ++i) {
-        EXPECT_EQ(listed(clsFile::EnumFiles(at)), "file|") << i;
-        at = clsFile::EnumFolders(at).Item(1).key;
-    }
-    EXPECT_EQ(at.size(), root.size() + 40 * 5);
-}
-
 }  // namespace
 }  // namespace velvox

@@ -46,15 +46,6 @@ TEST(ScrollLookTest, LengthsScaleUpToTheEndsOfTheirType) {
     for (const auto& [length, dpi, pixels] : rows) EXPECT_EQ(scaled(length, dpi), pixels) << length;
 }
 
-TEST(ScrollLookTest, SizesAreThoseOfTheDesign) {
-    constexpr ScrollSizes s;
-    const std::array sizes{
-        s.border,        s.minThumb,   s.arrowGlyph,  s.arrowGlyphMargin, s.gripLines,
-        s.gripSpacing,   s.gripMargin, s.minGripRoom, s.focusInset,       s.snapBackThicknesses,
-        s.firstRepeatMs, s.minContrast};
-    EXPECT_EQ(sizes, (std::array{1, 12, 4, 1, 3, 3, 4, 7, 2, 8, 250, 24}));
-}
-
 TEST(ScrollLookTest, AGlyphNeverVanishesInItsFill) {
     tsPrivateScroll bar;
     const Rgb border = rgb(128, 128, 255);

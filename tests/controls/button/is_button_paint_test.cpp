@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <sstream>
 #include <vector>
 
 #include "tests/controls/button/is_button_fakes.h"
@@ -89,88 +88,6 @@ TEST(ButtonPaintTest, FramesAndRingsGrowWithTheLines) {
         EXPECT_EQ(differences, 0);
         EXPECT_EQ(odd(0, 0), plain(0, 0));
     }
-}
-
-TEST(ButtonPaintTest, FacesEdgesAndOutlinesOfThePlainStyles) {
-    const struct {
-        int style;
-        FaceState state;
-        Rgb face;
-        int edge;  // 0 for none
-        Rgb outline;
-    } rows[] = {{0, FaceState::Normal, back, 5, 5},
-                {0, FaceState::Hot, highlight, 5, 5},
-                {0, FaceState::Pressed, highlight, 10, 10},
-                {0, FaceState::Disabled, highlight, 5, 5},
-                {0, FaceState::Focused, highlight, 5, 5},
-                {1, FaceState::Normal, back, 4, 4},
-                {1, FaceState::Hot, highlight, 4, 4},
-                {1, FaceState::Pressed, highlight, 2, 2},
-                {1, FaceState::Disabled, back, 0, sys(16)},
-                {1, FaceState::Focused, highlight, 4, 4},
-                {2, FaceState::Normal, back, 0, sys(15)},
-                {2, FaceState::Hot, highlight, 4, 4},
-                {2, FaceState::Pressed, highlight, 2, 2},
-                {2, FaceState::Disabled, back, 0, sys(15)},
-                {2, FaceState::Focused, highlight, 0, highlight},
-                {3, FaceState::Normal, back, 0, sys(16)},
-                {3, FaceState::Hot, average(highlight, back), 0, sys(16)},
-                {3, FaceState::Pressed, highlight, 0, sys(16)},
-                {3, FaceState::Disabled, back, 0, sys(16)},
-                {3, FaceState::Focused, back, 0, sys(16)}};
-    for (const auto& row : rows) {
-        const bool isFocused = row.state == FaceState::Focused;
-        const auto state = isFocused ? Normal : static_cast<ButtonState>(row.state);
-        const ButtonLook look = lookOf(row.style, state);
-        const Painted painted(isFocused ? focused(look) : look);
-        EXPECT_EQ(painted(w / 2, h / 2), row.face) << row.style << ' ' << int(row.state);
-        EXPECT_EQ(painted.lastEdge, row.edge) << row.style << ' ' << int(row.state);
-        for (const auto& [x, y] : {std::pair(w / 2, 0), {0, 9}, {w - 1, 9}, {w / 2, h - 1}})
-            EXPECT_EQ(painted(x, y), row.outline) << row.style << ' ' << int(row.state);
-    }
-    EXPECT_EQ(Painted(lookOf(3, Normal))(1, 9), sys(5));
-    EXPECT_EQ(Painted(lookOf(3, Pressed))(w - 2, 9), sys(5));
-    for (const int style : {-1, 0, 11})
-        for (const ButtonState state : states)
-            EXPECT_EQ(Painted(lookOf(style, state, false))(w / 2, h / 2), sys(15));
-    EXPECT_EQ(Painted(lookOf(3, Hot, false))(w / 2, h / 2), average(sys(16), sys(15)));
-}
-
-// Places and shifts of a colour; a negative place counts from the far end.
-void expectShifted(const ButtonLook& look, Rgb colour, const char* triples) {
-    const Painted painted(look);
-    std::istringstream numbers(triples);
-    for (int x = 0, y = 0, by = 0; numbers >> x >> y >> by;)
-        EXPECT_EQ(painted(x < 0 ? w + x : x, y < 0 ? h + y : y), shift(colour, by))
-            << x << ' ' << y << " in state " << int(look.state);
-}
-
-TEST(ButtonPaintTest, PolishedShadesFinishingPixelsAndRing) {
-    // Without the three lower lines the gradient would end at -15.
-    expectShifted(lookOf(5, Normal), back,
-                  "30 1 21   30 -4 -16   30 -3 -24   30 -2 -37   -3 2 -5   -2 2 4 "
-                  // The outer lines, and twelve pixels at the corners.
-                  "30 0 -128   0 15 -128   30 -1 -128   -1 15 -128   1 1 -128   1 -2 -128 "
-                  "-2 1 -128   -2 -2 -128   1 0 -128   -2 0 -128   0 1 -128   0 -2 -128 "
-                  "1 -1 -128   -2 -1 -128   -1 1 -128   -1 -2 -128");
-    expectShifted(lookOf(5, Pressed), back,
-                  "30 1 -32   30 2 -22   30 -2 -24   30 3 -15   30 -3 -4   1 2 -48   2 1 -48 "
-                  "1 -3 -5   2 -2 -16   -2 -3 18   -3 -2 8   -3 1 -48   -2 2 -37   30 0 -128 "
-                  "1 0 -96   1 1 0   1 -2 0   -2 1 0   -2 -2 0");
-    expectShifted(lookOf(5, Disabled), back,
-                  "30 0 -64   0 15 -64   30 -1 -53   -1 15 -53   30 15 0   0 0 0   1 0 0   0 1 0 "
-                  "1 1 0   -1 0 0   -2 0 0   -1 1 0   -2 1 0   0 -1 0   1 -1 0   0 -2 0   1 -2 0 "
-                  "-1 -1 0   -2 -1 0   -1 -2 0   -2 -2 0");
-
-    const char* const ring = "30 1 85   30 2 69   30 -2 16   30 -3 69   1 15 69";
-    ButtonLook look = lookOf(5, Hot);
-    expectShifted(look, highlight, ring);
-    look.focused = look.focusShown = true;
-    expectShifted(look, highlight, ring);
-    look.state = Normal;
-    expectShifted(look, sys(13), ring);
-    look.focusShown = false;
-    expectShifted(look, back, "30 1 21   30 0 -128");
 }
 
 TEST(ButtonPaintTest, CaptionColoursFollowTheState) {
@@ -270,27 +187,6 @@ TEST(ButtonPaintTest, PicturesAreTheApprovedOnes) {
     }
     // The corners of a large pill are no rounder than those of one 48 pixels high.
     EXPECT_NE(Painted(lookOf(10, Normal), false, {100, 60})(12, 4), surroundings);
-}
-
-// A user who chose a grey highlight must not see the blue of selections.
-TEST(ButtonPaintTest, HoverAndFocusKeepTheHueOfTheChosenHighlight) {
-    const auto isGrey = [](std::uint32_t pixel) {
-        return ((pixel >> 16) & 0xFF) == (pixel & 0xFF) && ((pixel >> 8) & 0xFF) == (pixel & 0xFF);
-    };
-    for (int style = 7; style <= 10; ++style)
-        for (const Rgb grey : {0xE0E0E0, 0x808080, 0x202020}) {
-            ButtonLook look = lookOf(style, Normal);
-            look.colours.back = look.colours.highlight = grey;
-            const Painted normal(look, false, {w, h}, 0x404040);
-            ButtonLook hover = look;
-            hover.state = Hot;
-            for (const ButtonLook& chosen : {hover, focused(look)}) {
-                const Painted painted(chosen, false, {w, h}, 0x404040);
-                EXPECT_NE(painted.pixels, normal.pixels) << style;
-                EXPECT_TRUE(std::all_of(painted.pixels.begin(), painted.pixels.end(), isGrey))
-                    << style << ' ' << grey;
-            }
-        }
 }
 
 // Under the sanitizers. A stored icon size is any number: nothing may overflow, nor take memory or

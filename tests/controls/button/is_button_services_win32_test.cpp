@@ -6,12 +6,6 @@
 namespace velvox {
 namespace {
 
-TEST_F(IsButtonWindowTest, ShowsItsCaption) {
-    open();
-    model->Caption("Stop");
-    EXPECT_EQ(windowText(window->handle()), "Stop");
-}
-
 TEST_F(IsButtonWindowTest, TrackingTakesTheFirstEntryPointThereIs) {
     leaveRequests = 0;
     open();

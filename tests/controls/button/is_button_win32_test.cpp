@@ -1,7 +1,6 @@
 // The push button's window, driven by the messages that the system sends.
 #include <gtest/gtest.h>
 
-#include <random>
 #include <stdexcept>
 
 #include "tests/controls/button/is_button_window_fixture_win32.h"
@@ -167,33 +166,6 @@ TEST_F(IsButtonWindowTest, AResizeRepaintsTheWholeFace) {
             EXPECT_EQ(stale, 0) << "style " << style << ", width " << place.width;
         }
     }
-}
-
-TEST_F(IsButtonWindowTest, TenThousandRandomSequences) {
-    model->Move({150, 150, 450, 300});
-    model->ToolTip("tip");
-    open();
-    std::vector<std::string> steps;
-    for (const auto& step : mouseSteps) steps.emplace_back(step.word);
-    for (const auto& step : keySteps) steps.emplace_back(step.word);
-    for (const auto& [word, done] : happenings)
-        if (!word.starts_with("hide")) steps.push_back(word);
-    std::mt19937 random(20);
-    run("enter leave");
-    // The recorded tips count none: every handle alive now is still alive at the end, no more.
-    const int before = liveHandles();
-    int wrong = 0;
-    const auto step = [&] { return steps[random() % steps.size()] + ' '; };
-    for (int sequence = 0; sequence < 10000; ++sequence) {
-        run(step() + step());
-        if (random() % 64 == 0) model->Style(static_cast<int>(random() % 13));
-        wrong += (model->visualState() == Disabled) == model->Enabled();
-    }
-    EXPECT_EQ(wrong, 0);
-    EXPECT_EQ(liveHandles(), before);
-    EXPECT_EQ(reported, "");
-    run("released blur leave enable off");
-    EXPECT_EQ(model->visualState(), Normal) << "left alone it comes to rest";
 }
 
 }  // namespace

@@ -164,19 +164,6 @@ TEST_F(XPTextBoxWindowTest, HandlersHearOfKeysAndThePointer) {
     EXPECT_EQ(events, "click double ");
 }
 
-TEST_F(XPTextBoxWindowTest, TextKeepsItsMarginWhereverTheBoxLies) {
-    for (int place = 150; place < 165; ++place) {
-        box.Move({place, place, 2900 + 2 * place, 300 + place});
-        RECT outer, text;
-        GetWindowRect(window.handle(), &outer);
-        GetWindowRect(edit, &text);
-        EXPECT_EQ(text.left - outer.left, 3) << place;
-        EXPECT_EQ(outer.right - text.right, 3) << place;
-        EXPECT_GE(text.top - outer.top, 3) << place;
-        EXPECT_GE(outer.bottom - text.bottom, 3) << place;
-    }
-}
-
 TEST_F(XPTextBoxWindowTest, FrameIsOnePixelOnTheLastRowsAndColumns) {
     RECT client;
     GetClientRect(window.handle(), &client);
