@@ -68,45 +68,6 @@ TEST(FrameTest, EverySourceDragsTheWindowExactly) {
     }
 }
 
-TEST(FrameTest, ARightPressDragsNothing) {
-    const Program program;
-    const Rectangle place = driver().rect(program.window());
-    const Point from{place.left + 350, place.top + 12};
-    InputSimulator().moveTo(from).press(3).act();
-    settle(program);
-    EXPECT_FALSE(program.holdsPointer());
-    InputSimulator().moveTo({from.x + 50, from.y + 50}).release(3).act();
-    settle(program);
-    EXPECT_EQ(driver().rect(program.window()), place);
-    // A right press within a left drag holds it up but does not end it, nor does its release.
-    grab(program, from);
-    InputSimulator().moveTo({from.x + 10, from.y}).act();
-    EXPECT_TRUE(comesTo(program, moved(place, 10, 0)));
-    InputSimulator().press(3).moveTo({from.x + 80, from.y + 40}).act();
-    settle(program);
-    EXPECT_EQ(driver().rect(program.window()), moved(place, 10, 0));
-    InputSimulator().release(3).act();
-    InputSimulator().moveTo({from.x + 30, from.y + 5}).release().act();
-    EXPECT_TRUE(comesTo(program, moved(place, 30, 5)));
-}
-
-TEST(FrameTest, AReleaseOverAnotherControlEndsTheDrag) {
-    const Program program;
-    const Rectangle place = driver().rect(program.window());
-    const Point from{place.left + 350, place.top + 12};
-    // In one chain: the window has not followed yet when the button comes up over the list.
-    const Point list = middleOf(driver().rect(program.control(controlId("ds"))));
-    grab(program, from);
-    InputSimulator().moveTo(list).release().act();
-    const Rectangle after = moved(place, list.x - from.x, list.y - from.y);
-    EXPECT_TRUE(comesTo(program, after));
-    InputSimulator().moveTo({list.x + 40, list.y + 40}).act();
-    settle(program);
-    EXPECT_EQ(driver().rect(program.window()), after);
-    EXPECT_EQ(driver().ask({"send", program.control(controlId("ds")), "0x157", "0", "0"}), "0")
-        << "the list dropped down";
-}
-
 TEST(FrameTest, LosingThePointerEndsTheDrag) {
     const Program program;
     const Rectangle place = driver().rect(program.window());

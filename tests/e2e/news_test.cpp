@@ -42,22 +42,5 @@ TEST(NewsTest, ShowsTheSitesNewsAndLaterOthers) {
     EXPECT_NE(requests[0], requests[1]) << "the answer could come out of a cache";
 }
 
-// A server of news that never answers disturbs nothing, and is asked again.
-TEST(NewsTest, SilentNewsAreAskedForAgain) {
-    std::atomic<int> asked{0};
-    Proxy proxy([](const Exchange& to) { to.forward(); },
-                [&](const Exchange& to) {
-                    if (++asked == 1)
-                        to.staySilent();
-                    else
-                        to.reply("<!-News!->| late news |<!-NewsEnd!->");
-                });
-    const Program program(Network::proxy(proxy.port()));
-    EXPECT_TRUE(eventually([&] { return asked == 1; }));
-    program.expectGoodRun();
-    expectStrip(program, "| Loading News....  |");
-    expectStrip(program, "| late news |");
-}
-
 }  // namespace
 }  // namespace velvox::e2e

@@ -152,14 +152,6 @@ void Proxy::noNews(const Exchange& exchange) {
     exchange.reply("<!-News!->none<!-NewsEnd!->");
 }
 
-int Proxy::refusedPort() {
-    int port = 0;
-    // Bound for the rest of the test program and never listened to.
-    static const int taken = boundSocket(port);
-    static const int number = port;
-    return taken >= 0 ? number : 0;
-}
-
 void Proxy::accept() {
     for (;;) {
         pollfd ends[] = {{listener_, POLLIN, 0}, {stopped_, POLLIN, 0}};
@@ -192,17 +184,6 @@ void Proxy::serve(int socket) {
         handler(exchange);
     }
     close(socket);
-}
-
-void Gate::open() {
-    const std::lock_guard lock(mutex_);
-    open_ = true;
-    opened_.notify_all();
-}
-
-void Gate::wait() {
-    std::unique_lock lock(mutex_);
-    opened_.wait(lock, [&] { return open_; });
 }
 
 }  // namespace velvox::e2e

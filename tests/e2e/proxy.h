@@ -2,7 +2,6 @@
 #pragma once
 
 #include <atomic>
-#include <condition_variable>
 #include <functional>
 #include <list>
 #include <mutex>
@@ -69,9 +68,6 @@ class Proxy {
     static void noNews(const Exchange& exchange);
     static void forwarding(const Exchange& exchange) { exchange.forward(); }
 
-    /// A port at which nothing listens.
-    static int refusedPort();
-
  private:
     void accept();
     void serve(int socket);
@@ -85,18 +81,6 @@ class Proxy {
     std::vector<std::string> addresses_;
     std::list<std::thread> connections_;
     std::thread acceptor_;
-};
-
-/// Something that a handler waits for and a test opens.
-class Gate {
- public:
-    void open();
-    void wait();
-
- private:
-    std::mutex mutex_;
-    std::condition_variable opened_;
-    bool open_ = false;
 };
 
 }  // namespace velvox::e2e
