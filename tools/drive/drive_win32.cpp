@@ -7,8 +7,6 @@
 #include <io.h>
 #include <windows.h>
 
-#include <tlhelp32.h>
-
 #include <chrono>
 #include <cstdio>
 #include <functional>
@@ -18,6 +16,8 @@
 #include <string>
 #include <vector>
 
+#include "base/owned_win32.h"
+#include "base/system_win32.h"
 #include "tools/drive/line.h"
 #include "tools/drive/look_win32.h"
 #include "tools/drive/objects_win32.h"
@@ -105,8 +105,8 @@ GUITHREADINFO threadOf(HWND any) {
     return info;
 }
 
-HWND focused(HWND any) {
-    return threadOf(any).hwndFocus;
+std::string named(HWND found) {
+    return found ? hex(found) + ' ' + windowClass(found) : "none";
 }
 
 std::string state(const Words& w) {
@@ -115,7 +115,7 @@ std::string state(const Words& w) {
         return std::string(name) + (value ? "=1" : "=0");
     };
     return flag("visible", IsWindowVisible(found)) + flag(" enabled", IsWindowEnabled(found)) +
-           flag(" focus", focused(found) == found);
+           flag(" focus", threadOf(found).hwndFocus == found);
 }
 
 std::string style(const Words& w) {
@@ -167,7 +167,7 @@ std::string tops(const Words& w) {
 }
 
 std::string setText(const Words& w) {
-    const std::wstring text = wide(w[2]);
+    const std::wstring text = widen(w[2]);
     ask(window(w[1]), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
     return "";
 }
@@ -226,79 +226,17 @@ std::string box(const Words& w) {
     return windowText(found) + '\n' + (label ? windowText(label) : "");
 }
 
-std::string press(const Words& w) {
-    return post({w[0], w[1], std::to_string(BM_CLICK), "0", "0"});
-}
-
 std::string close(const Words& w) {
     return post({w[0], w[1], std::to_string(WM_CLOSE), "0", "0"});
 }
 
-unsigned threadsOf(DWORD process) {
-    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
-    THREADENTRY32 entry{};
-    entry.dwSize = sizeof entry;
-    unsigned count = 0;
-    for (BOOL more = Thread32First(snapshot, &entry); more; more = Thread32Next(snapshot, &entry)) {
-        if (entry.th32OwnerProcessID == process) ++count;
-    }
-    CloseHandle(snapshot);
-    return count;
-}
-
-class OpenedProcess {
- public:
-    explicit OpenedProcess(const std::string& path) {
-        GetWindowThreadProcessId(window(path), &id_);
-        handle_ = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id_);
-        if (!handle_) throw std::runtime_error("process does not open");
-    }
-    OpenedProcess(const OpenedProcess&) = delete;
-    OpenedProcess& operator=(const OpenedProcess&) = delete;
-    ~OpenedProcess() { CloseHandle(handle_); }
-
-    DWORD id() const { return id_; }
-    HANDLE handle() const { return handle_; }
-
- private:
-    DWORD id_ = 0;
-    HANDLE handle_ = nullptr;
-};
-
-std::string process(const Words& w) {
-    const OpenedProcess opened(w[1]);
-    FILETIME ignored{}, kernel{}, user{};
-    GetProcessTimes(opened.handle(), &ignored, &ignored, &kernel, &user);
-    DWORD handles = 0;
-    GetProcessHandleCount(opened.handle(), &handles);
-    const auto ms = [](FILETIME t) {
-        return ((static_cast<unsigned long long>(t.dwHighDateTime) << 32) | t.dwLowDateTime) /
-               10000;
-    };
-    return "id=" + std::to_string(opened.id()) +
-           " cpu_ms=" + std::to_string(ms(kernel) + ms(user)) +
-           " threads=" + std::to_string(threadsOf(opened.id())) +
-           " handles=" + std::to_string(handles);
-}
-
 std::string objects(const Words& w) {
-    const ObjectCounts counts = objectsOf(OpenedProcess(w[1]).handle());
+    DWORD id = 0;
+    GetWindowThreadProcessId(window(w[1]), &id);
+    const OwnedHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id));
+    if (!process) throw std::runtime_error("process does not open");
+    const ObjectCounts counts = objectsOf(process.get());
     return "gdi=" + std::to_string(counts.gdi) + " user=" + std::to_string(counts.user);
-}
-
-std::string clipboard(const Words&) {
-    if (!waitFor("2000", [] { return OpenClipboard(nullptr) != FALSE; })) {
-        throw std::runtime_error("clipboard is busy");
-    }
-    const HANDLE data = GetClipboardData(CF_UNICODETEXT);
-    std::wstring text;
-    if (const auto* chars = data ? static_cast<const wchar_t*>(GlobalLock(data)) : nullptr) {
-        text = chars;
-        GlobalUnlock(data);
-    }
-    CloseClipboard();
-    if (!data) throw std::runtime_error("no text in the clipboard");
-    return narrow(text);
 }
 
 struct Command {
@@ -314,18 +252,8 @@ const std::map<std::string, Command>& commands() {
         {"find", {1, [](const Words& w) { return hex(window(w[1])); }}},
         {"text", {1, [](const Words& w) { return windowText(window(w[1])); }}},
         {"class", {1, [](const Words& w) { return windowClass(window(w[1])); }}},
-        {"focus",
-         {1,
-          [](const Words& w) {
-              const HWND found = focused(window(w[1]));
-              return found ? hex(found) + ' ' + windowClass(found) : "none";
-          }}},
-        {"capture",
-         {1,
-          [](const Words& w) {
-              const HWND found = threadOf(window(w[1])).hwndCapture;
-              return found ? hex(found) + ' ' + windowClass(found) : "none";
-          }}},
+        {"focus", {1, [](const Words& w) { return named(threadOf(window(w[1])).hwndFocus); }}},
+        {"capture", {1, [](const Words& w) { return named(threadOf(window(w[1])).hwndCapture); }}},
         {"rect", {1, rect}},
         {"state", {1, state}},
         {"style", {1, style}},
@@ -339,11 +267,8 @@ const std::map<std::string, Command>& commands() {
         {"ping", {2, ping}},
         {"items", {1, items}},
         {"box", {1, box}},
-        {"press", {1, press}},
         {"close", {1, close}},
-        {"process", {1, process}},
         {"objects", {1, objects}},
-        {"clipboard", {0, clipboard}},
     };
     return table;
 }
@@ -382,7 +307,7 @@ int wmain(int count, wchar_t** arguments) {
     if (count > 1) {
         const auto request = [&] {
             Words w;
-            for (int i = 1; i < count; ++i) w.push_back(narrow(arguments[i]));
+            for (int i = 1; i < count; ++i) w.push_back(velvox::narrow(arguments[i]));
             return w;
         };
         return answer(request) ? 0 : 1;

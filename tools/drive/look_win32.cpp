@@ -1,5 +1,6 @@
 #include "tools/drive/look_win32.h"
 
+#include "base/system_win32.h"
 #include "tools/drive/window_path_win32.h"
 
 namespace velvox::drive {

@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "base/system_win32.h"
+
 namespace velvox::drive {
 namespace {
 
@@ -82,7 +84,7 @@ bool fits(HWND window, const Segment& segment) {
     if (segment.handle) return window == *segment.handle;
     if (segment.controlId) return GetDlgCtrlID(window) == *segment.controlId;
     if (!segment.className.empty() &&
-        lstrcmpiW(wide(windowClass(window)).c_str(), wide(segment.className).c_str()) != 0) {
+        lstrcmpiW(widen(windowClass(window)).c_str(), widen(segment.className).c_str()) != 0) {
         return false;
     }
     return !segment.text || windowText(window) == *segment.text;
@@ -132,24 +134,6 @@ std::string windowClass(HWND window) {
     wchar_t name[256] = L"";
     GetClassNameW(window, name, 256);
     return narrow(name);
-}
-
-std::wstring wide(const std::string& utf8) {
-    const int size = static_cast<int>(utf8.size());
-    std::wstring text(
-        static_cast<size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0)), L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, text.data(), static_cast<int>(text.size()));
-    return text;
-}
-
-std::string narrow(const std::wstring& text) {
-    const int size = static_cast<int>(text.size());
-    std::string utf8(static_cast<size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr,
-                                                             0, nullptr, nullptr)),
-                     '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), size, utf8.data(), static_cast<int>(utf8.size()),
-                        nullptr, nullptr);
-    return utf8;
 }
 
 }  // namespace velvox::drive

@@ -23,7 +23,4 @@ std::string windowClass(HWND window);
 // A message to a program that may be busy; throws after 20 seconds without an answer.
 LRESULT ask(HWND window, UINT message, WPARAM w, LPARAM l);
 
-std::wstring wide(const std::string& utf8);
-std::string narrow(const std::wstring& text);
-
 }  // namespace velvox::drive
