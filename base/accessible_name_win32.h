@@ -8,29 +8,14 @@
 
 #include <string>
 
-#include "base/com_win32.h"
-
 namespace velvox {
 
-/// A window's name and role for screen readers, for the length of this object's life. Without the
-/// service, or on a thread without COM, screen readers keep to the window's text and class.
-class AccessibleName {
- public:
-    static constexpr LONG ownRole = 0;  ///< the one that the window's class has
+constexpr LONG ownRole = 0;  ///< the one that the window's class has
 
-    AccessibleName() noexcept = default;
-
-    /// An empty name leaves the window's text as its name. `role` is a ROLE_SYSTEM_... number.
-    AccessibleName(HWND window, const std::wstring& name, LONG role = ownRole) noexcept;
-    AccessibleName(AccessibleName&&) noexcept = default;
-    AccessibleName& operator=(AccessibleName&& other) noexcept;
-    ~AccessibleName();
-
- private:
-    void clear() noexcept;
-
-    ComPtr<IAccPropServices> service_;
-    HWND window_ = nullptr;
-};
+/// Sets a window's name and role for screen readers, for the rest of its life. An empty name leaves
+/// the window's text as its name, or the name set before; `role` is a ROLE_SYSTEM_... number.
+/// Without the system's service, or on a thread without COM, screen readers keep to the window's
+/// text and class.
+void setAccessibleName(HWND window, std::wstring name, LONG role = ownRole);
 
 }  // namespace velvox

@@ -5,6 +5,7 @@
 
 #include "app/pane/html_fragment.h"
 #include "app/pane/rich_text.h"
+#include "base/accessible_name_win32.h"
 #include "base/system_win32.h"
 
 namespace velvox {
@@ -73,7 +74,7 @@ void ResultPaneWindow::systemColoursChanged() {
 LinkText& ResultPaneWindow::text() const {
     if (!text_) {
         text_ = std::make_unique<LinkText>(handle(), textPlace(), desktop_);
-        textName_ = AccessibleName(text_->handle(), name_);
+        setAccessibleName(text_->handle(), name_);
     }
     return *text_;
 }
@@ -82,13 +83,13 @@ void ResultPaneWindow::renewText() {
     const bool focused = GetFocus() == text_->handle();
     auto fresh = std::make_unique<LinkText>(handle(), textPlace(), desktop_);
     if (focused) SetFocus(fresh->handle());
-    textName_ = AccessibleName(fresh->handle(), name_);
+    setAccessibleName(fresh->handle(), name_);
     text_ = std::move(fresh);
 }
 
 void ResultPaneWindow::accessibleName(std::wstring name) {
     name_ = std::move(name);
-    if (text_) textName_ = AccessibleName(text_->handle(), name_);
+    if (text_) setAccessibleName(text_->handle(), name_);
 }
 
 std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {

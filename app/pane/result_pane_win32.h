@@ -12,7 +12,6 @@
 #include "app/form1/result_pane.h"
 #include "app/pane/link_text_win32.h"
 #include "app/pane/rich_text.h"
-#include "base/accessible_name_win32.h"
 #include "base/window_win32.h"
 
 namespace velvox {
@@ -50,7 +49,6 @@ class ResultPaneWindow : public Window, public ResultPane {
     PaneColours colours_;                     ///< that the current content was shown with
     mutable std::unique_ptr<LinkText> text_;  ///< made when first used: it would delay the start
     std::wstring name_;
-    mutable AccessibleName textName_;
 };
 
 }  // namespace velvox

@@ -2,6 +2,7 @@
 
 #include "app/window/combo_box_win32.h"
 #include "app/window/label_win32.h"
+#include "base/accessible_name_win32.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
 #include "catchers/sites.h"
@@ -61,9 +62,9 @@ Form1Window::Children::Children(Form1Window& owner)
     outer.onVisible = [&owner](bool visible) { owner.coverControls(visible); };
     output.accessibleName(accessibleNameFor("Label3"));
     // The list is named by the label before it; these have no such label.
-    names = {{{linkin->editHandle(), accessibleNameFor("Label1")},
-              {web.handle(), accessibleNameFor("Label2"), ROLE_SYSTEM_PANE},
-              {handle("isButton2"), L"Quit"}}};
+    setAccessibleName(linkin->editHandle(), accessibleNameFor("Label1"));
+    setAccessibleName(web.handle(), accessibleNameFor("Label2"), ROLE_SYSTEM_PANE);
+    setAccessibleName(handle("isButton2"), L"Quit");
 }
 
 HWND Form1Window::Children::handle(std::string_view name) const {

@@ -15,7 +15,6 @@
 #include "app/window/form1_win32.h"
 #include "app/window/picture_box_win32.h"
 #include "app/window/timer_win32.h"
-#include "base/accessible_name_win32.h"
 #include "controls/text_box/xp_text_box_win32.h"
 
 namespace velvox {
@@ -46,7 +45,6 @@ struct Form1Window::Children {
     XPTextBoxWindow* linkin = nullptr;  ///< one of them
     std::optional<ClickTarget> quitTarget;
     std::array<WindowTimer, 5> timers;
-    std::array<AccessibleName, 3> names;
 
  private:
     void create(const ControlDesign& design, const Form1Window& owner);

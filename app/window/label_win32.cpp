@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "base/accessible_name_win32.h"
 #include "base/buffered_paint_win32.h"
 #include "base/child_window_win32.h"
 #include "base/system_win32.h"
@@ -47,7 +48,7 @@ LabelWindow::LabelWindow(Label& model, HWND parent, int id, ControlKind kind, co
     request.id = id;
     create(request);
     SetWindowFont(handle(), font_.get(), FALSE);
-    if (kind == ControlKind::Link) role_ = AccessibleName(handle(), {}, ROLE_SYSTEM_LINK);
+    if (kind == ControlKind::Link) setAccessibleName(handle(), {}, ROLE_SYSTEM_LINK);
     model_.setObserver(this);
 }
 

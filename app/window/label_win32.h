@@ -2,7 +2,6 @@
 
 #include "app/form1/form1_design.h"
 #include "app/window/skin_win32.h"
-#include "base/accessible_name_win32.h"
 #include "base/owned_win32.h"
 #include "base/window_win32.h"
 
@@ -28,7 +27,6 @@ class LabelWindow : public SystemControl, public ControlObserver {
     ControlKind kind_;
     const Skin& skin_;
     OwnedFont font_;
-    AccessibleName role_;
     bool pressed_ = false;  ///< the left button went down on it and is still held
 };
 

@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include "base/accessible_name_win32.h"
 #include "base/open_address_win32.h"
 #include "base/system_win32.h"
 #include "controls/button/is_button_about_win32.h"
@@ -64,6 +65,7 @@ isButtonWindow::isButtonWindow(isButton& model, HWND parent, int id, const Butto
     request.parent = parent;
     request.id = id;
     create(request);
+    setAccessibleName(handle(), {}, ROLE_SYSTEM_PUSHBUTTON);
     model_.setObserver(this);
     model_.setHost(this);
     detectTracking();
@@ -291,7 +293,6 @@ void isButtonWindow::onDestroy() {
     pressing_ = false;
     pressWatch_.stop();
     toolTip_.destroy();
-    role_.reset();
 }
 
 std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -309,10 +310,6 @@ std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LP
             if (!wParam) endUse();
             return std::nullopt;
         case WM_DESTROY: onDestroy(); return std::nullopt;
-        case WM_GETOBJECT:
-            if (static_cast<LONG>(lParam) == OBJID_CLIENT && !role_)
-                role_.emplace(handle(), L"", ROLE_SYSTEM_PUSHBUTTON);
-            return std::nullopt;
         case WM_GETDLGCODE: {
             const auto* asked = reinterpret_cast<const MSG*>(lParam);
             const bool enter = asked && asked->message == WM_KEYDOWN && asked->wParam == VK_RETURN;

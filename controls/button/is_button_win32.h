@@ -5,7 +5,6 @@
 #include <memory>
 #include <optional>
 
-#include "base/accessible_name_win32.h"
 #include "base/ancestor_watch_win32.h"
 #include "base/window_win32.h"
 #include "controls/button/is_button.h"
@@ -78,9 +77,8 @@ class isButtonWindow : public Window, public ControlObserver, private ButtonHost
     bool pressing_ = false;  ///< holds the capture for the left button
     bool spaceHeld_ = false;
     AncestorWatch pressWatch_;
-    bool focusCue_ = false;               ///< the focus came by keyboard
-    std::optional<AccessibleName> role_;  ///< set when the first assistive program asks
-    bool outlined_ = false;               ///< a region cuts the window
+    bool focusCue_ = false;  ///< the focus came by keyboard
+    bool outlined_ = false;  ///< a region cuts the window
     int outlineStyle_ = 0;
     SIZE outlineSize_{};
     unsigned paints_ = 0;

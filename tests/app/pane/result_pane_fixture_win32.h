@@ -5,6 +5,7 @@
 #include <richedit.h>
 
 #include "app/pane/result_pane_win32.h"
+#include "base/system_win32.h"
 #include "base/text.h"
 #include "tests/app/form1/form1_fixture.h"
 #include "tests/support/window_fixture_win32.h"
