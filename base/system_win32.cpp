@@ -45,11 +45,6 @@ Rgb CurrentSystemColours::colour(int index) const {
     return static_cast<Rgb>(GetSysColor(index));
 }
 
-Rgb translateColour(OleColour colour) {
-    COLORREF result = 0;
-    return SUCCEEDED(OleTranslateColor(colour, nullptr, &result)) ? static_cast<Rgb>(result) : -1;
-}
-
 void enableWindow(HWND window, bool enabled) {
     if (!enabled && GetFocus() == window) {
         const HWND form = GetAncestor(window, GA_ROOT);

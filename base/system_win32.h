@@ -32,9 +32,6 @@ class CurrentSystemColours : public SystemColours {
     Rgb colour(int index) const override;
 };
 
-/// An OLE colour in RGB by the system's own translation; -1 on failure.
-Rgb translateColour(OleColour colour);
-
 /// Whether the user has asked the system for high contrast.
 bool highContrast();
 

@@ -22,7 +22,8 @@ int px(int design) {
 }
 
 void fill(HDC dc, const RECT& area, OleColour colour) {
-    const OwnedBrush brush(CreateSolidBrush(static_cast<COLORREF>(translateColour(colour))));
+    const OwnedBrush brush(
+        CreateSolidBrush(static_cast<COLORREF>(translate(colour, CurrentSystemColours()))));
     FillRect(dc, &area, brush.get());
 }
 

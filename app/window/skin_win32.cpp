@@ -154,7 +154,7 @@ void Skin::drawLine(HDC dc, int number, POINT from, POINT to) const {
 }
 
 Rgb Skin::textColour(TextRole role, OleColour designed) const {
-    if (contrast_ == Contrast::Normal) return translateColour(designed);
+    if (contrast_ == Contrast::Normal) return translate(designed, CurrentSystemColours());
     switch (role) {
         case TextRole::Link:
             return legible(systemRgb(COLOR_HOTLIGHT), systemRgb(COLOR_WINDOW), highTextContrast);
