@@ -109,9 +109,9 @@ Form1& Form1Window::form() {
 
 void Form1Window::show() {
     form().Form_Load();
+    lastFocus_ = children_->linkin->editHandle();
     ShowWindow(handle(), SW_SHOWDEFAULT);
     UpdateWindow(handle());
-    SetFocus(children_->linkin->editHandle());
 }
 
 Point Form1Window::cursorPosition() const {
