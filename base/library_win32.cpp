@@ -1,5 +1,7 @@
 #include "base/library_win32.h"
 
+#include <delayimp.h>
+
 namespace velvox {
 
 void searchSystemFolderOnly() noexcept {
@@ -16,3 +18,21 @@ HMODULE loadSystemLibrary(const wchar_t* name) noexcept {
 }
 
 }  // namespace velvox
+
+// The stubs of delayed libraries (cmake/DelayedLibrary.cmake) call this for the first call of each
+// function: it answers the function and puts it into the slot that later calls go through.
+extern "C" __attribute__((used)) FARPROC WINAPI __delayLoadHelper2(PCImgDelayDescr library,
+                                                                   FARPROC* slot) {
+    const auto at = [](RVA offset) {
+        return reinterpret_cast<char*>(GetModuleHandleW(nullptr)) + offset;
+    };
+    wchar_t name[MAX_PATH];
+    MultiByteToWideChar(CP_ACP, 0, at(library->rvaDLLName), -1, name, MAX_PATH);
+    const auto* names = reinterpret_cast<IMAGE_THUNK_DATA*>(at(library->rvaINT));
+    const auto index = slot - reinterpret_cast<FARPROC*>(at(library->rvaIAT));
+    const auto* import = reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(at(names[index].u1.AddressOfData));
+    *slot = GetProcAddress(velvox::loadSystemLibrary(name), import->Name);
+    // As the system itself does where a library that it loads with the program lacks a function.
+    if (!*slot) FatalAppExitW(0, name);
+    return *slot;
+}

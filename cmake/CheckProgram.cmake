@@ -2,7 +2,8 @@
 #   cmake -DPROGRAM=... -DOBJDUMP=... -P CheckProgram.cmake
 cmake_minimum_required(VERSION 3.25)
 execute_process(COMMAND ${OBJDUMP} -p ${PROGRAM} OUTPUT_VARIABLE headers COMMAND_ERROR_IS_FATAL ANY)
-set(system_libraries advapi32 comctl32 gdi32 kernel32 msvcrt ole32 oleaut32 shell32 user32 winhttp)
+# Those that are loaded with it; others at their first use (DelayedLibrary.cmake).
+set(system_libraries advapi32 comctl32 gdi32 kernel32 msvcrt ole32 user32)
 # Imports of a thread library; they look suspicious to virus scanners.
 set(unwanted SetThreadContext SuspendThread OpenProcess SetSystemTime)
 # The last one makes the secret of the stack protector.

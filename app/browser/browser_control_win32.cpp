@@ -85,8 +85,7 @@ void BrowserControl::release() noexcept {
 
 void BrowserControl::navigate(std::string_view address) {
     const Bstr url = makeBstr(widen(address));
-    VARIANT none;
-    VariantInit(&none);
+    VARIANT none{};
     // Should it let messages through, one of them may destroy this object.
     const auto browser = share(browser_.get());
     requireSuccess(browser->Navigate(url.get(), &none, &none, &none, &none),

@@ -1,6 +1,9 @@
 // The window as it opens, and asking: address box, site list, example, keyboard.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+
 #include "tests/e2e/program.h"
 
 namespace velvox::e2e {
@@ -26,6 +29,15 @@ TEST(StartUpTest, OpensWithTheFirstSiteAndTheAddressBoxFocused) {
     // In the middle of the session's screen.
     const Rectangle place = driver().rect(program.window());
     EXPECT_EQ(place, (Rectangle{(1280 - 497) / 2, (1024 - 297) / 2, 497, 297}));
+}
+
+TEST(StartUpTest, LoadsNoLibraryThatOnlyARunNeeds) {
+    const Program program;
+    std::ifstream file("/proc/" + std::to_string(program.process().id()) + "/maps");
+    const std::string loaded{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_NE(loaded.find("/comctl32.dll"), loaded.npos);
+    for (const char* library : {"winhttp", "oleacc", "msftedit", "riched20"})
+        EXPECT_EQ(loaded.find("/" + std::string(library) + ".dll"), loaded.npos) << library;
 }
 
 TEST(StartUpTest, EscapeAndCloseHideTheResultArea) {
