@@ -13,14 +13,25 @@ namespace velvox::fuzz {
 namespace {
 
 TEST(CorpusTest, EveryInputPassesItsTarget) {
-    const std::pair<const char*, Target*> targets[] = {
-        {"youtube", youtube},     {"clip", clip},
-        {"sevenload", sevenload}, {"veoh", veoh},
-        {"metacafe", metacafe},   {"comic", comic},
-        {"google", google},       {"button", button},
-        {"html", html},           {"http_address", http_address},
-        {"location", location},   {"navigation", navigation},
-        {"scroll", scroll},       {"scroll_geometry", scroll_geometry}};
+    const std::pair<const char*, Target*> targets[] = {{"youtube", youtube},
+                                                       {"clip", clip},
+                                                       {"sevenload", sevenload},
+                                                       {"veoh", veoh},
+                                                       {"metacafe", metacafe},
+                                                       {"comic", comic},
+                                                       {"google", google},
+                                                       {"button", button},
+                                                       {"dispatch", dispatch},
+                                                       {"links", links},
+                                                       {"bag", bag},
+                                                       {"text", text},
+                                                       {"html", html},
+                                                       {"http_address", http_address},
+                                                       {"location", location},
+                                                       {"navigation", navigation},
+                                                       {"scroll", scroll},
+                                                       {"scroll_geometry", scroll_geometry},
+                                                       {"ticker", ticker}};
     for (const auto& [name, target] : targets) {
         int inputs = 0;
         for (const auto& entry :

@@ -13,7 +13,8 @@ namespace velvox::fuzz {
 using Target = void(std::string_view input);
 
 Target youtube, clip, sevenload, veoh, metacafe, comic, google;
-Target button, html, http_address, location, navigation, scroll, scroll_geometry;
+Target button, dispatch, links, bag, text, html, http_address, location, navigation, scroll,
+    scroll_geometry, ticker;
 
 /// The corpus file that is being replayed, for the report.
 inline std::string replayed;
