@@ -48,19 +48,18 @@ unsigned numberOf(HMENU menu) {
 
 // The session numbers its window objects through, and gives the number freed last to the next one
 // made. Objects made until the numbers only count upwards fill every gap: what is missing among
-// them is alive elsewhere. A program's numbers are used up after 32,000, so that few are made
-// for the first time.
+// them is alive elsewhere. The numbers are used up after 32,000: once the highest is known, the
+// one after it shows that no gap is left, so that each count uses up one.
 unsigned sessionObjects() {
     constexpr unsigned enoughUpwards = 500;  // more than are ever freed in a row
-    constexpr unsigned enoughBeyond = 100;
-    static unsigned highest = 0;  // of all that were ever made here: no gap is above it
+    static unsigned highest = 0;             // of all that were ever made here: no gap is above it
     std::vector<HMENU> made;
     unsigned last = 0;
     auto filled = [&, upwards = 0U]() mutable {
         const unsigned number = numberOf(made.back());
         upwards = number == last + 1 ? upwards + 1 : 0;
         last = number;
-        return upwards >= (highest && number > highest ? enoughBeyond : enoughUpwards);
+        return upwards >= enoughUpwards || (highest != 0 && number == highest + 1);
     };
     do {
         const HMENU menu = CreateMenu();

@@ -20,9 +20,10 @@ class StormServer {
     void behave(Behaviour behaviour) { behaviour_ = behaviour; }
     /// As long as the lock lives, no reply begins: what is awaited stays so.
     std::unique_lock<std::shared_mutex> hold() { return std::unique_lock(replies_); }
-    /// The number of the page that a run certainly waits for: asked for last and not long ago. A
+    /// The number of the page that a run waits for: asked for last, and less than `time` ago, by
+    /// default less than the program gives a page by more than a slow redirect to it takes. A
     /// connection of which the program has given up the page may stay open.
-    std::optional<long> awaited() const;
+    std::optional<long> awaited(Milliseconds time = Milliseconds(2400)) const;
     /// Pages asked for.
     long requests() const;
     /// Addresses asked for last, a line each.
@@ -32,7 +33,7 @@ class StormServer {
 
  private:
     void serve(const Exchange& to);
-    void reply(const Exchange& to, Behaviour behaviour);
+    static void reply(const Exchange& to, Behaviour behaviour);
 
     std::atomic<Behaviour> behaviour_ = Behaviour::Good;
     std::atomic<int> runs_ = 0;

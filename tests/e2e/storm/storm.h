@@ -10,6 +10,7 @@
 #include "tests/e2e/browser_log.h"
 #include "tests/e2e/program.h"
 #include "tests/e2e/resource_usage.h"
+#include "tests/e2e/session_clock.h"
 #include "tests/e2e/storm/act.h"
 #include "tests/e2e/storm/scene.h"
 #include "tests/e2e/storm/server.h"
@@ -51,6 +52,8 @@ class Storm {
         BrowserLog::Time time;
         int times;
         std::set<std::string> addresses;
+        Deadline deadline;
+        BrowserLog::Time end = BrowserLog::Time::max();  ///< when the deadline had passed
     };
 
     void startProgram();
@@ -76,7 +79,6 @@ class Storm {
 
     Point placeOf(const Act& act) const;
     Point endOf(const Act& act) const;
-    Milliseconds machineTime() const;
     std::optional<int> exitSoon();
 
     StormServer server_;
@@ -94,7 +96,7 @@ class Storm {
     bool ending_ = false;                 ///< an act that may end the program is still on its way
     int runsSeen_ = 0;
     long requestsSeen_ = 0;
-    Milliseconds lastProgress_{0};  ///< of a run
+    std::optional<Deadline> progress_;  ///< of a run
     StormCount count_;
 };
 

@@ -13,6 +13,9 @@ using Kind = Act::Kind;
 
 const std::string homeAddress{homePage};
 
+// A link opens so soon after the act that presses it.
+constexpr Milliseconds permissionTime{3000};
+
 // Near the upper left corner of the pane, where the first links are.
 constexpr int firstLinesWidth = 90;
 constexpr int firstLinesHeight = 60;
@@ -179,7 +182,7 @@ void Storm::permitPointer(const Act& act, BrowserLog::Time since) {
         }
     }
     const int times = act.kind == Kind::Drag || act.kind == Kind::Release ? 1 : act.count;
-    if (!links.empty()) permissions_.push_back({since, times, links});
+    if (!links.empty()) permissions_.push_back({since, times, links, Deadline(permissionTime)});
 }
 
 // Where the keys of a chain go cannot be known: each that presses something may open one link that
@@ -194,7 +197,8 @@ void Storm::permitKeys(const Act& act, BrowserLog::Time since) {
         times = scene_.menu || scene_.hasFocus(controlId("Label12")) ? 1 : 0;
     else
         times = static_cast<int>(std::ranges::count_if(act.keys, presses));
-    if (times > 0 && !links.empty()) permissions_.push_back({since, times, links});
+    if (times > 0 && !links.empty())
+        permissions_.push_back({since, times, links, Deadline(permissionTime)});
 }
 
 // A press of the quit button, by the pointer or by a key, and the system menu's last entry.

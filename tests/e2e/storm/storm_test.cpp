@@ -15,7 +15,7 @@ namespace velvox::e2e {
 namespace {
 
 std::uint64_t firstSeed = 1;
-std::size_t actsOfEach = 100;
+std::size_t actsOfEach = 200;
 std::uint64_t seeds = 3;
 
 constexpr std::size_t shownActs = 20;
