@@ -29,7 +29,6 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
                                                        {"http_address", http_address},
                                                        {"location", location},
                                                        {"navigation", navigation},
-                                                       {"scroll", scroll},
                                                        {"scroll_geometry", scroll_geometry},
                                                        {"ticker", ticker}};
     for (const auto& [name, target] : targets) {
@@ -57,7 +56,6 @@ TEST(RandomEventsTest, StateMachinesKeepTheirPromises) {
         int runs;
     } rows[] = {{"navigation", navigation, 10'000},
                 {"button", button, 500},
-                {"scroll", scroll, 1'000},
                 {"scroll_geometry", scroll_geometry, 1'000}};
     std::mt19937 random;
     for (const auto& row : rows) {

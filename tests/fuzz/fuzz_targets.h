@@ -13,7 +13,7 @@ namespace velvox::fuzz {
 using Target = void(std::string_view input);
 
 Target youtube, clip, sevenload, veoh, metacafe, comic, google;
-Target button, dispatch, links, bag, text, html, http_address, location, navigation, scroll,
+Target button, dispatch, links, bag, text, html, http_address, location, navigation,
     scroll_geometry, ticker;
 
 /// The corpus file that is being replayed, for the report.
