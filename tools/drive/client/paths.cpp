@@ -42,6 +42,10 @@ std::string highContrastVelvox() {
     return program("velvox-high-contrast.exe");
 }
 
+std::string gallery() {
+    return program("gallery/velvox-gallery.exe");
+}
+
 std::string emptyWindow() {
     return program("empty-window.exe");
 }

@@ -14,6 +14,8 @@ std::string velvoxShortTimeout();
 std::string renderingVelvox();
 /// Velvox on a system in high contrast.
 std::string highContrastVelvox();
+/// The program that shows every control.
+std::string gallery();
 /// A program of one empty window, to compare with.
 std::string emptyWindow();
 /// The replica sites as a proxy.
