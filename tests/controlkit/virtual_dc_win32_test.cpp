@@ -62,6 +62,9 @@ TEST_F(VirtualDcTest, FillsAreasWithPlainAndSystemColours) {
     surface.FillArea({2, 3, 10, 8}, systemColour(HighlightColour));
     EXPECT_EQ(at(9, 7), static_cast<Rgb>(highlight));
     EXPECT_EQ(drawnPixels(), 8 * 5) << "right and bottom edges lie outside";
+    surface.InvertArea({9, 7, 11, 8});
+    EXPECT_EQ(at(9, 7), static_cast<Rgb>(highlight) ^ 0xFFFFFF);
+    EXPECT_EQ(at(10, 7), black);
     surface.ForeColor(systemColour(HighlightColour));
     EXPECT_EQ(GetTextColor(surface.hDC()), highlight);
     surface.BackColor(red);

@@ -44,15 +44,11 @@ Segment parsed(const std::string& part) {
 
 std::vector<Segment> segments(const std::string& path) {
     std::vector<std::string> parts(1);
-    for (size_t i = 0; i < path.size(); ++i) {
-        if (path[i] == '\\' && i + 1 < path.size() && path[i + 1] == '/') {
-            parts.back() += path[++i];
-        } else if (path[i] == '/') {
+    for (const char c : path)
+        if (c == '/')
             parts.emplace_back();
-        } else {
-            parts.back() += path[i];
-        }
-    }
+        else
+            parts.back() += c;
     std::vector<Segment> result;
     for (const std::string& part : parts) {
         try {

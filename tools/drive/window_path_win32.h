@@ -11,8 +11,8 @@ namespace velvox::drive {
 // A path is segments joined by "/": the first names a top-level window, each further one a
 // window anywhere below the one before. A segment is CLASS, CLASS=TEXT (the whole text),
 // CLASS#N (the N-th of its class in window order, from 0), @ID (a dialog control id) or a handle
-// in hexadecimal; the CLASS "*" is any. "\/" stands for a slash within a text. Where several
-// windows fit, a visible one is taken before a hidden one.
+// in hexadecimal; the CLASS "*" is any. Where several windows fit, a visible one is taken before a
+// hidden one.
 // Null when there is none. Throws std::runtime_error for a malformed path.
 HWND findWindow(const std::string& path);
 

@@ -107,6 +107,8 @@ TEST_F(IsButtonWindowTest, TheSubclassIsOfRunTimeAndComesOffInAnyOrder) {
     design(false);
     run("enter");
     EXPECT_EQ(events, "E");
+    model->Caption("Stop");
+    EXPECT_EQ(windowText(window->handle()), "Stop");
     DestroyWindow(form.handle());
     EXPECT_EQ(window->handle(), nullptr);
     model->Caption("still here");
