@@ -32,6 +32,9 @@ LPARAM at(Pointed& pointed) {
 
 class ResultPaneTest : public ::testing::Test {
  protected:
+    // A move of the real pointer in the middle of a click would make it a drag.
+    ResultPaneTest() { SetCursorPos(700, 600); }
+
     HWND text() const { return pane.textWindow(); }
     LRESULT send(UINT message, WPARAM wParam, LPARAM lParam) const {
         return SendMessageW(text(), message, wParam, lParam);
