@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 using Nanoseconds = std::chrono::nanoseconds;
 
-constexpr Milliseconds precision{50};  // a look at all processes takes some milliseconds
+constexpr Milliseconds precision{200};  // a look at all processes takes some milliseconds
 constexpr int wallTimes = 30;          // of a deadline in session time
 
 bool isNumber(const std::string& name) {

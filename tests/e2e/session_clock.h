@@ -9,7 +9,7 @@ using namespace velvox::drive;
 
 /// Wall time less what the threads of this session (all programs with its WINEPREFIX) spent ready
 /// to run without a processor, from the first call on,
-/// exact to a twentieth of a second. A program that hangs lets it pass, one that
+/// exact to a fifth of a second. A program that hangs lets it pass, one that
 /// others keep from running does not.
 Milliseconds sessionTime();
 

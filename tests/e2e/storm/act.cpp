@@ -3,6 +3,7 @@
 #include <array>
 #include <iterator>
 #include <random>
+#include <sstream>
 
 #include "tests/support/example_addresses.h"
 
@@ -67,24 +68,38 @@ class Dice {
     std::mt19937_64 engine_;
 };
 
+// In the order of Act::Kind.
 constexpr struct {
-    Kind kind;
+    const char* name;
     int weight;
-} weights[] = {
-    {Kind::Serve, 8},          {Kind::Start, 13},   {Kind::Click, 13},  {Kind::ClickControl, 12},
-    {Kind::ClickFirstLine, 8}, {Kind::Press, 2},    {Kind::Release, 2}, {Kind::Drag, 5},
-    {Kind::Wheel, 3},          {Kind::Keys, 28},    {Kind::Hold, 2},    {Kind::Type, 4},
-    {Kind::Paste, 1},          {Kind::Minimise, 1}, {Kind::Restore, 2}, {Kind::Settings, 2},
-    {Kind::Pause, 3},          {Kind::Close, 1},
+} kinds[] = {
+    {"server:", 8},
+    {"download", 13},
+    {"click", 13},
+    {"click on control", 12},
+    {"click on the pane's first lines", 8},
+    {"press", 2},
+    {"release", 2},
+    {"drag", 5},
+    {"wheel", 3},
+    {"keys", 28},
+    {"hold", 2},
+    {"type", 4},
+    {"paste", 1},
+    {"minimise", 1},
+    {"restore", 2},
+    {"system news", 2},
+    {"pause", 3},
+    {"close", 1},
 };
 
 Kind anyKind(Dice& dice) {
     int all = 0;
-    for (const auto& row : weights) all += row.weight;
+    for (const auto& row : kinds) all += row.weight;
     int drawn = dice.below(static_cast<std::size_t>(all));
-    for (const auto& row : weights)
-        if ((drawn -= row.weight) < 0) return row.kind;
-    return Kind::Pause;
+    int kind = 0;
+    while ((drawn -= kinds[kind].weight) >= 0) ++kind;
+    return static_cast<Kind>(kind);
 }
 
 int anyButton(Dice& dice) {
@@ -133,50 +148,6 @@ Act anyAct(Dice& dice) {
     return act;
 }
 
-std::string at(int x, int y) {
-    return " at " + std::to_string(x) + ',' + std::to_string(y);
-}
-
-std::string clicks(const Act& act) {
-    return "button " + std::to_string(act.button) + " x" + std::to_string(act.count);
-}
-
-std::string joined(const std::vector<std::string>& keys) {
-    std::string text;
-    for (const std::string& key : keys) text += ' ' + key;
-    return text;
-}
-
-std::string describeEffect(const Act& act) {
-    const std::string place = at(act.x, act.y);
-    switch (act.kind) {
-        case Kind::Serve: return std::string("server: ") + nameOf(act.behaviour);
-        case Kind::Start: return "download \"" + act.text + '"';
-        case Kind::Click: return clicks(act) + place;
-        case Kind::ClickControl:
-            return clicks(act) + " on control " + std::to_string(static_cast<int>(act.control)) +
-                   place;
-        case Kind::ClickFirstLine: return clicks(act) + " on the pane's first lines" + place;
-        case Kind::Press: return "press button " + std::to_string(act.button) + place;
-        case Kind::Release: return "release button " + std::to_string(act.button) + place;
-        case Kind::Drag:
-            return "drag with button " + std::to_string(act.button) + place + " to" +
-                   at(act.toX, act.toY);
-        case Kind::Wheel: return std::string("wheel ") + (act.button == 4 ? "up" : "down") + place;
-        case Kind::Keys: return "keys" + joined(act.keys);
-        case Kind::Hold:
-            return "hold" + joined(act.keys) + " for " + std::to_string(act.count) + " repetitions";
-        case Kind::Type: return "type \"" + act.text + '"';
-        case Kind::Paste: return "paste \"" + act.text + '"';
-        case Kind::Minimise: return "minimise";
-        case Kind::Restore: return "restore";
-        case Kind::Settings: return "system news " + std::to_string(act.count);
-        case Kind::Pause: return "pause";
-        case Kind::Close: return "close, way " + std::to_string(act.count);
-    }
-    return "";
-}
-
 }  // namespace
 
 const char* nameOf(Behaviour behaviour) {
@@ -187,9 +158,31 @@ const char* nameOf(Behaviour behaviour) {
 }
 
 std::string describe(const Act& act) {
-    std::string text = describeEffect(act);
-    if (act.pauseMs > 0) text += ", then " + std::to_string(act.pauseMs) + " ms";
-    return text;
+    std::ostringstream text;
+    text << kinds[static_cast<int>(act.kind)].name;
+    if (act.kind == Kind::ClickControl) text << ' ' << static_cast<int>(act.control);
+    switch (act.kind) {
+        case Kind::Serve: text << ' ' << nameOf(act.behaviour); break;
+        case Kind::Start:
+        case Kind::Type:
+        case Kind::Paste: text << " \"" << act.text << '"'; break;
+        case Kind::Keys:
+        case Kind::Hold:
+            for (const std::string& key : act.keys) text << ' ' << key;
+            break;
+        case Kind::Minimise:
+        case Kind::Restore:
+        case Kind::Pause: break;
+        case Kind::Settings:
+        case Kind::Close: text << ' ' << act.count; break;
+        default:
+            text << ", button " << act.button << " x" << act.count << " at " << act.x << ','
+                 << act.y;
+            if (act.kind == Kind::Drag) text << " to " << act.toX << ',' << act.toY;
+    }
+    if (act.kind == Kind::Hold) text << " x" << act.count;
+    if (act.pauseMs > 0) text << ", then " << act.pauseMs << " ms";
+    return text.str();
 }
 
 std::vector<Act> actsOf(std::uint64_t seed, std::size_t count) {
