@@ -159,7 +159,7 @@ TEST(Metrics, GrowthOfRuns) {
     const Program program(Network::proxy(proxy.port()));
     const auto run = [&](int i) {
         const auto site = static_cast<std::size_t>(i) % std::size(exampleAddresses);
-        program.runByMessages(exampleAddresses[site]);
+        EXPECT_TRUE(program.runByMessages(exampleAddresses[site]));
     };
     for (int i = 0; i < 12; ++i) run(i);
     printGrowth(program, runs, run);

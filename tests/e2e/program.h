@@ -66,12 +66,13 @@ class Program {
     /// Presses the access key of an entry in the menu that opens.
     void chooseFromMenu(const std::string& key) const;
 
-    /// A Veoh run on the replica sites, from the example, with its links.
+    /// A Veoh run on the replica sites, from the example; whether it gave its links.
+    bool goodRun() const;
     void expectGoodRun() const;
 
-    /// A run to its links and the closing of the area, by messages instead of pointer and keys:
-    /// many in a short time.
-    void runByMessages(const std::string& address) const;
+    /// A run to its end and the closing of the area, by messages instead of pointer and keys: many
+    /// in a short time. Whether it gave links.
+    bool runByMessages(const std::string& address) const;
     /// Delivers a tick of the timer with that number, as if its time had come.
     void tick(int timer) const;
 

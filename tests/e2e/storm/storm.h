@@ -57,6 +57,7 @@ class Storm {
     };
 
     void startProgram();
+    void runExamples();
     const Program& program() const { return *program_; }
 
     void carryOut(const Act& act);
