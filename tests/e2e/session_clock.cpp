@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 using Nanoseconds = std::chrono::nanoseconds;
 
 constexpr Milliseconds precision{200};  // a look at all processes takes some milliseconds
-constexpr int wallTimes = 30;          // of a deadline in session time
+constexpr int wallTimes = 30;           // of a deadline in session time
 
 bool isNumber(const std::string& name) {
     return name.find_first_not_of("0123456789") == name.npos;
