@@ -16,32 +16,20 @@ constexpr unsigned space = 32;
 constexpr unsigned f4 = 115;
 
 InputEvent input(Kind kind, unsigned code = 0, Target target = Target::Control) {
-    InputEvent event;
-    event.kind = kind;
-    event.code = code;
-    event.target = target;
-    return event;
+    return {.kind = kind, .target = target, .code = code, .at = {}};
 }
 InputEvent withAlt(Kind kind, unsigned code) {
-    InputEvent event = input(kind, code);
-    event.alt = true;
-    return event;
+    return {.kind = kind, .code = code, .alt = true, .at = {}};
 }
 InputEvent repeated(unsigned key) {
-    InputEvent event = input(Kind::KeyDown, key);
-    event.repeat = true;
-    return event;
+    return {.kind = Kind::KeyDown, .code = key, .repeat = true, .at = {}};
 }
 constexpr int download = 0;
 constexpr int closeButton = 0;
 
 InputEvent pressAt(Point at, std::uint32_t timeMs, const int& window = closeButton,
                    unsigned button = left) {
-    InputEvent event = input(Kind::Press, button);
-    event.window = &window;
-    event.at = at;
-    event.timeMs = timeMs;
-    return event;
+    return {.kind = Kind::Press, .code = button, .window = &window, .at = at, .timeMs = timeMs};
 }
 
 TEST(InputFilterTest, ARunLetsThroughWhatClosesMovesOrMinimises) {
