@@ -2,13 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
-#include "tests/e2e/proxy.h"
 
 namespace velvox::e2e {
 namespace {
 
 constexpr const char* pleaseWait = "<font face='tahoma' size='2'>Please wait...</font>";
-constexpr const char* failed = "<font face='tahoma' size='2' color='red'>Download Failed !</font>";
 
 void expectRefusal(const Program& program, const std::string& address) {
     SCOPED_TRACE(address.substr(0, 80));
@@ -20,13 +18,6 @@ void expectRefusal(const Program& program, const std::string& address) {
     EXPECT_NO_THROW(driver().waitGone(program.control(controlId("outer"))));
     EXPECT_NO_THROW(program.awaitEndOfRun());
     EXPECT_EQ(program.address(), address);
-    EXPECT_FALSE(program.addressLocked());
-}
-
-void expectPaneFor(const Program& program, const std::string& address, const char* html) {
-    SCOPED_TRACE(address.substr(0, 80));
-    program.start(address);
-    program.expectPane(html);
     EXPECT_FALSE(program.addressLocked());
 }
 
@@ -53,21 +44,6 @@ TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
         expectRefusal(program, address);
     expectRefusal(program, std::string(100'000, 'x'));
     program.expectGoodRun();
-}
-
-// Whatever stands in an address goes out as it is, made valid only where it would break the
-// request; an answer that fits nothing ends in the red line.
-TEST(BadAddressTest, OddCharactersAndLengthsGoOut) {
-    const Proxy proxy([](const Exchange& to) { to.reply("nothing", "404 Not Found"); });
-    const Program program(Network::proxy(proxy.port()));
-    expectPaneFor(program, "http://www.veoh.com/videos/\"a'<b>\\%41 \xC3\xA9\xF0\x9F\x98\x80?",
-                  failed);
-    const std::string longId(100'000, 'a');
-    expectPaneFor(program, "http://www.veoh.com/videos/" + longId, failed);
-    EXPECT_EQ(proxy.addresses(),
-              (std::vector<std::string>{"http://www.veoh.com/rest/video/"
-                                        "\"a'<b>\\%41%20%C3%A9%F0%9F%98%80/details",
-                                        "http://www.veoh.com/rest/video/" + longId + "/details"}));
 }
 
 }  // namespace

@@ -17,7 +17,6 @@ constexpr const char* messageBox = "#32770";
 constexpr const char* menu = "#32768";
 
 std::string proxyVariable(const Network& network) {
-    if (network.port == 0) return "http_proxy=";
     return "http_proxy=http://127.0.0.1:" + std::to_string(network.port);
 }
 
@@ -27,14 +26,6 @@ std::set<std::string> mainWindows() {
     for (std::string line; std::getline(lines, line);) all.insert(line);
     return all;
 }
-
-}  // namespace
-
-Network Network::sites() {
-    return {paths::sitesPort()};
-}
-
-namespace {
 
 constexpr const char* title = "Velvox 1.00";
 
@@ -65,12 +56,16 @@ std::string newMainWindow(const std::set<std::string>& before) {
 
 }  // namespace
 
+Network Network::sites() {
+    return {paths::sitesPort()};
+}
+
 Program::Program(Network network, const std::string& file)
     : Program(mainWindows(), network, file.empty() ? paths::velvox() : file) {}
 
 Program::Program(const std::set<std::string>& before, const Network& network,
                  const std::string& file)
-    : process_({"env", "-C", currentFolder(), paths::wine(), file}, {proxyVariable(network)}),
+    : process_({"env", "-C", currentFolder(), proxyVariable(network), paths::wine(), file}),
       window_(newMainWindow(before)) {
     // Its first message is answered once the window has been painted.
     driver().ping(window_);

@@ -15,11 +15,10 @@ namespace velvox::e2e {
 
 using namespace velvox::drive;
 
-/// Where a program's pages come from: a proxy's port, or the network itself.
+/// The port of the proxy that a program's pages come from.
 struct Network {
     static Network sites();
     static Network proxy(int port) { return {port}; }
-    static Network direct() { return {0}; }
 
     int port;
 };

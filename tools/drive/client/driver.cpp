@@ -26,7 +26,7 @@ std::ostream& operator<<(std::ostream& out, const Rectangle& r) {
     return out << r.width << "x" << r.height << "+" << r.left << "+" << r.top;
 }
 
-Driver::Driver() : process_({paths::wine(), paths::driver()}, {}, true) {}
+Driver::Driver() : process_({paths::wine(), paths::driver()}, true) {}
 
 Driver::Answer Driver::exchange(const std::vector<std::string>& words) {
     std::string request;

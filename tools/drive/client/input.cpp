@@ -25,7 +25,7 @@ class Xdotool {
     }
 
  private:
-    Process process_{{"stdbuf", "-oL", "xdotool", "-"}, {}, true};
+    Process process_{{"stdbuf", "-oL", "xdotool", "-"}, true};
 };
 
 std::string quoted(const std::string& word) {

@@ -10,44 +10,16 @@ namespace {
 const std::filesystem::path tools = DRIVE_TOOLS;
 const std::filesystem::path programs = DRIVE_PROGRAMS;
 
-std::string program(const char* name) {
-    const auto file = programs / name;
-    if (!exists(file)) throw std::runtime_error(file.string() + " is not built");
-    return file;
-}
-
 }  // namespace
 
 std::string wine() {
     return tools / "wine";
 }
 
-std::string driver() {
-    return program("drive.exe");
-}
-
-std::string velvox() {
-    return program("velvox.exe");
-}
-
-std::string velvoxShortTimeout() {
-    return program("velvox-short-timeout.exe");
-}
-
-std::string renderingVelvox() {
-    return program("velvox-rendering.exe");
-}
-
-std::string highContrastVelvox() {
-    return program("velvox-high-contrast.exe");
-}
-
-std::string gallery() {
-    return program("gallery/velvox-gallery.exe");
-}
-
-std::string emptyWindow() {
-    return program("empty-window.exe");
+std::string program(const char* name) {
+    const auto file = programs / name;
+    if (!exists(file)) throw std::runtime_error(file.string() + " is not built");
+    return file;
 }
 
 int sitesPort() {

@@ -6,18 +6,34 @@
 namespace velvox::drive::paths {
 
 std::string wine();
-std::string driver();
-std::string velvox();
+/// A program of the win32 build. Throws std::runtime_error when it is not built.
+std::string program(const char* name);
+inline std::string driver() {
+    return program("drive.exe");
+}
+inline std::string velvox() {
+    return program("velvox.exe");
+}
 /// Velvox with a limit of three seconds instead of a minute for a page.
-std::string velvoxShortTimeout();
+inline std::string velvoxShortTimeout() {
+    return program("velvox-short-timeout.exe");
+}
 /// Velvox with an HTML engine, so that the browser control is embedded.
-std::string renderingVelvox();
+inline std::string renderingVelvox() {
+    return program("velvox-rendering.exe");
+}
 /// Velvox on a system in high contrast.
-std::string highContrastVelvox();
+inline std::string highContrastVelvox() {
+    return program("velvox-high-contrast.exe");
+}
 /// The program that shows every control.
-std::string gallery();
+inline std::string gallery() {
+    return program("gallery/velvox-gallery.exe");
+}
 /// A program of one empty window, to compare with.
-std::string emptyWindow();
+inline std::string emptyWindow() {
+    return program("empty-window.exe");
+}
 /// The replica sites as a proxy.
 int sitesPort();
 /// The Wine of this session: "wine8" or "wine10".

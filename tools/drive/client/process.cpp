@@ -40,18 +40,6 @@ std::vector<char*> pointers(std::vector<std::string>& texts) {
     return all;
 }
 
-std::vector<std::string> merged(const Environment& own) {
-    std::vector<std::string> all = own;
-    for (char** entry = environ; *entry; ++entry) {
-        const std::string text = *entry;
-        const std::string name = text.substr(0, text.find('=') + 1);
-        bool replaced = false;
-        for (const std::string& mine : own) replaced |= mine.starts_with(name);
-        if (!replaced) all.push_back(text);
-    }
-    return all;
-}
-
 int waitingTime(Clock::time_point deadline) {
     const auto left = std::chrono::ceil<Milliseconds>(deadline - Clock::now()).count();
     return left > 0 ? static_cast<int>(left) : 0;
@@ -68,8 +56,7 @@ bool readable(int file, Clock::time_point deadline) {
 
 }  // namespace
 
-Process::Process(const std::vector<std::string>& command, const Environment& environment,
-                 bool piped) {
+Process::Process(const std::vector<std::string>& command, bool piped) {
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
     std::optional<Pipe> in;
@@ -88,9 +75,8 @@ Process::Process(const std::vector<std::string>& command, const Environment& env
         posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     }
     std::vector<std::string> words = command;
-    std::vector<std::string> variables = merged(environment);
-    const int error = posix_spawnp(&id_, words[0].c_str(), &files, nullptr, pointers(words).data(),
-                                   pointers(variables).data());
+    const int error =
+        posix_spawnp(&id_, words[0].c_str(), &files, nullptr, pointers(words).data(), environ);
     if (piped) {
         close(in->readEnd);
         close(out->writeEnd);
@@ -166,7 +152,7 @@ std::string Process::readAll(Milliseconds time) {
 }
 
 std::string outputOf(const std::vector<std::string>& command, std::string_view input) {
-    Process process(command, {}, true);
+    Process process(command, true);
     process.write(input);
     process.closeInput();
     std::string output = process.readAll(toolTime);

@@ -14,14 +14,11 @@ namespace velvox::drive {
 using Milliseconds = std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
-using Environment = std::vector<std::string>;  ///< "NAME=VALUE", over our own
-
 class Process {
  public:
     /// `piped`: its standard input and output are connected to `write` and `readLine`; else they
     /// lead nowhere. Throws std::runtime_error when it cannot be started.
-    explicit Process(const std::vector<std::string>& command, const Environment& environment = {},
-                     bool piped = false);
+    explicit Process(const std::vector<std::string>& command, bool piped = false);
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
     ~Process();
