@@ -39,7 +39,7 @@ TEST(TextTest, FindsFromAPlaceInTheSameOrInAnyCase) {
 // Far along a text the search goes on in another way.
 TEST(TextTest, FindsAsTheStandardLibraryDoesHoweverFarAlong) {
     const std::string needle = "abab";
-    for (std::size_t at = 480; at < 1100; ++at) {
+    for (std::size_t at = 500; at < 530; ++at) {
         std::string text(at, 'a');
         text += needle + std::string(100, 'b');
         for (const std::size_t from : {std::size_t{0}, std::size_t{7}, at - 1}) {
