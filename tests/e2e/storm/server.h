@@ -1,7 +1,6 @@
 // The six sites with replies of random quality.
 #pragma once
 
-#include <map>
 #include <optional>
 #include <set>
 #include <shared_mutex>

@@ -4,7 +4,6 @@
 #include <list>
 #include <memory>
 #include <optional>
-#include <span>
 #include <stdexcept>
 
 #include "tests/e2e/browser_log.h"
