@@ -1,6 +1,7 @@
 #include "tests/e2e/storm/server.h"
 
 #include <algorithm>
+#include <span>
 
 namespace velvox::e2e {
 namespace {
@@ -13,12 +14,15 @@ constexpr std::string_view firstPages[] = {
     "veoh.com/rest/video/", "vuilen.com/view_book_detail",
 };
 
+// The preview asks for players after the run: no run waits for them.
+constexpr std::string_view players[] = {"youtube.com/v/", ".swf", "metacafe.com/fplayer/"};
+
 constexpr std::string_view junk =
     "<a href='javascript:x'>\0\xFF<enclosure url=\"x\" \"<page> <FLVPath>&&'><iframe src='\r\n";
 
-bool isFirstPage(const std::string& address) {
+bool containsAny(const std::string& address, std::span<const std::string_view> parts) {
     return std::ranges::any_of(
-        firstPages, [&](std::string_view part) { return address.find(part) != address.npos; });
+        parts, [&](std::string_view part) { return address.find(part) != address.npos; });
 }
 
 }  // namespace
@@ -53,13 +57,15 @@ void StormServer::serve(const Exchange& to) {
     long number = 0;
     {
         const std::lock_guard lock(mutex_);
-        number = ++requests_;
-        lastRequest_ = Clock::now();
-        replied_ = false;
+        if (!containsAny(address, players)) {
+            number = ++requests_;
+            lastRequest_ = Clock::now();
+            replied_ = false;
+        }
         follows = redirected_.erase(address) > 0;
         if (behaviour == Behaviour::Redirect && !follows) redirected_.insert(address);
     }
-    if (!follows && isFirstPage(address)) ++runs_;
+    if (!follows && containsAny(address, firstPages)) ++runs_;
     // What follows a redirect arrives, or there would be no end of them.
     if (follows) behaviour = Behaviour::Good;
     if (behaviour == Behaviour::Silent) return to.staySilent();

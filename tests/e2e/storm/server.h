@@ -23,7 +23,7 @@ class StormServer {
     /// default less than the program gives a page by more than a slow redirect to it takes. A
     /// connection of which the program has given up the page may stay open.
     std::optional<long> awaited(Milliseconds time = Milliseconds(2400)) const;
-    /// Pages asked for.
+    /// Pages asked for, without players.
     long requests() const;
     /// Addresses asked for last, a line each.
     std::string lastAddresses() const;
