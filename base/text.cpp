@@ -1,6 +1,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <functional>
 #include <iterator>
@@ -55,20 +56,6 @@ struct LowerCased {
     auto operator<=>(const LowerCased&) const = default;
 };
 
-/// Without a branch: in a page the bytes to drop come at irregular intervals, which no branch
-/// predictor foresees.
-void removeAll(std::string& text, char unwanted) {
-    const std::size_t size = text.size();
-    std::size_t kept = std::min(text.find(unwanted), size);
-    char* bytes = text.data();
-    for (std::size_t i = kept; i < size; ++i) {
-        const char c = bytes[i];
-        bytes[kept] = c;
-        kept += static_cast<std::size_t>(c != unwanted);
-    }
-    text.resize(kept);
-}
-
 Position toPosition(std::size_t index) {
     return index == std::string_view::npos ? 0 : static_cast<Position>(index) + 1;
 }
@@ -110,12 +97,8 @@ std::string_view slice(std::string_view text, Position start, Position count) {
     return text.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(count));
 }
 
-std::string replaceAll(std::string text, std::string_view needle, std::string_view with) {
-    if (needle.empty()) return text;
-    if (needle.size() == 1 && with.empty()) {
-        removeAll(text, needle[0]);
-        return text;
-    }
+std::string replaceAll(std::string_view text, std::string_view needle, std::string_view with) {
+    if (needle.empty()) return std::string(text);
     std::string result;
     result.reserve(text.size());
     std::size_t from = 0;
@@ -126,6 +109,21 @@ std::string replaceAll(std::string text, std::string_view needle, std::string_vi
     }
     result.append(text, from);
     return result;
+}
+
+// Without a branch: in a page the bytes to drop come at irregular intervals, which no branch
+// predictor foresees.
+std::string without(std::string text, std::string_view unwanted) {
+    std::array<std::uint8_t, 256> kept;
+    kept.fill(1);
+    for (const char c : unwanted) kept[static_cast<unsigned char>(c)] = 0;
+    char* end = text.data();
+    for (const char c : text) {
+        *end = c;
+        end += kept[static_cast<unsigned char>(c)];
+    }
+    text.resize(static_cast<std::size_t>(end - text.data()));
+    return text;
 }
 
 Position splitUpperBound(std::string_view text, std::string_view separator) {

@@ -28,8 +28,11 @@ bool contains(std::string_view text, std::string_view needle);
 std::string_view slice(std::string_view text, Position start, Position count);
 
 /// `text` with every occurrence of `needle` replaced, left to right; an empty needle changes
-/// nothing. A text that is moved in is not copied where a single byte is taken out.
-std::string replaceAll(std::string text, std::string_view needle, std::string_view with);
+/// nothing.
+std::string replaceAll(std::string_view text, std::string_view needle, std::string_view with);
+
+/// `text` less every byte that is one of `unwanted`. A text that is moved in is not copied.
+std::string without(std::string text, std::string_view unwanted);
 
 /// Highest index of the pieces that splitting `text` at `separator` gives, numbered from 0: the
 /// number of separators. -1 for an empty text, which splits into no piece at all.

@@ -27,8 +27,8 @@ void Form1::ClipVNCatcher() try {
         p2 = text::find(page, ".flv", p1);
         // From after the opening quotation mark to the end of ".flv".
         const auto url = text::slice(page, p1 + 15 + 1, ((p2 - p1) - 15) + 3);
-        ketqua.append(join({"<a href='", url, "'><font face='tahoma' size='2'>Download Clip ",
-                            count, "</a><br></font>"}));
+        ketqua.append({"<a href='", url, "'><font face='tahoma' size='2'>Download Clip ", count,
+                       "</a><br></font>"});
         pos = p2;
     }
     ShowStatus(ketqua.Text());

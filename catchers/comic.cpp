@@ -28,8 +28,8 @@ void Form1::ComicVuiLen() try {
         pos = p2;
         const auto name = text::slice(page, p1 + 7, (p2 - p1) - 7);
         // The second "<a>" is where "</a>" would be: the text has always been written this way.
-        ketqua.append(join({"<font face='tahoma' size='2'><a href='", base, name,
-                            "'>Download Image ", std::to_string(k), "<a></font><br>"}));
+        ketqua.append({"<font face='tahoma' size='2'><a href='", base, name, "'>Download Image ",
+                       std::to_string(k), "<a></font><br>"});
         ++k;
         desktop_.yield();
     } while (n != 0);

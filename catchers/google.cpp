@@ -29,8 +29,8 @@ void Form1::GoogleCatcher() {
         const std::string name{
             text::slice(page, p1 + text::length(prefix), (p2 - p1) - 2 - text::length(docid) - 11)};
         const std::string gvp = join({prefix, name, ".gvp?docid=", docid});
-        ketqua.append(join({"\r\n<br><font face='tahoma' size='2'><a href='", server, "/videofile/",
-                            name, ".flv?docid=", docid, "&itag=5'>Download FLV</a>"}));
+        ketqua.append({"\r\n<br><font face='tahoma' size='2'><a href='", server, "/videofile/",
+                       name, ".flv?docid=", docid, "&itag=5'>Download FLV</a>"});
         ketqua.Text(text::replaceAll(ketqua.Text(), "..", "."));
         link2.Text(gvp);
     }
@@ -43,7 +43,7 @@ void Form1::GoogleCatcher() {
         const auto p2 = text::find(page, marker, p1);
         const auto avi = text::slice(page, p1, (p2 - p1) + text::length(marker));
         ketqua.append(
-            join({"\r\n<br><font face='tahoma' size='2'><a href='", avi, "'>Download AVI</a>"}));
+            {"\r\n<br><font face='tahoma' size='2'><a href='", avi, "'>Download AVI</a>"});
         link2.Text(join({server, "/videohosted?docid=", docid}));
         page = FetchPage(link2.Text());
         // The address is at fixed distances inside the page's download block.
@@ -51,7 +51,7 @@ void Form1::GoogleCatcher() {
         const auto blockEnd = text::find(page, "ipoddownloadlink");
         const auto mp4 = text::slice(page, block + 87, (blockEnd - block) - 6 - 87);
         ketqua.append(
-            join({"\r\n<br><font face='tahoma' size='2'><a href='", mp4, "'>Download MP4</a>"}));
+            {"\r\n<br><font face='tahoma' size='2'><a href='", mp4, "'>Download MP4</a>"});
     }
     ketqua.Text(text::replaceAll(ketqua.Text(), "amp;", ""));
     linkin.Enabled(true);

@@ -20,8 +20,7 @@ void Form1::SevenLoad() try {
         return;
     }
     ShowStatus("<font face='tahoma' size='2' >Getting URL Info..</font>");
-    page = text::replaceAll(std::move(page), "\"", "");
-    page = text::replaceAll(std::move(page), " ", "");
+    page = text::without(std::move(page), "\" ");
     auto p1 = text::find(page, "fo.addVariable(sess,");
     auto p2 = text::find(page, ");", p1);
     const std::string sess{text::slice(page, p1 + 20, (p2 - p1) - 20)};

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -56,7 +57,9 @@ class HiddenText {
  public:
     const std::string& Text() const noexcept { return text_; }
     void Text(std::string text);
-    void append(std::string_view more) { text_.append(more); }
+    void append(std::initializer_list<std::string_view> pieces) {
+        for (const std::string_view piece : pieces) text_.append(piece);
+    }
 
     /// Called for every assignment (not for append).
     std::function<void()> Change;
