@@ -58,6 +58,12 @@ LabelWindow::~LabelWindow() {
 
 void LabelWindow::controlChanged(ControlChange change) {
     followBounds(handle(), model_, change);
+    if (change == ControlChange::Text && kind_ == ControlKind::Strip) {
+        // It changes ten times a second for as long as the program runs. Storing the text in the
+        // window and painting it through the message loop would take more than the drawing.
+        const WindowDc dc(handle());
+        return paint(dc.get());
+    }
     if (change == ControlChange::Text) SetWindowTextW(handle(), widen(model_.Caption()).c_str());
     if (change == ControlChange::Text || change == ControlChange::Appearance)
         RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_NOERASE);
@@ -75,6 +81,14 @@ std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_SETTEXT:
             // The class itself would draw at once, over what is painted here.
             return DefWindowProcW(handle(), message, wParam, lParam);
+        case WM_GETTEXTLENGTH:
+            if (kind_ != ControlKind::Strip) break;
+            return static_cast<LRESULT>(widen(model_.Caption()).size());
+        case WM_GETTEXT:
+            if (kind_ != ControlKind::Strip || wParam == 0) break;
+            lstrcpynW(reinterpret_cast<wchar_t*>(lParam), widen(model_.Caption()).c_str(),
+                      static_cast<int>(wParam));
+            return lstrlenW(reinterpret_cast<const wchar_t*>(lParam));
         case WM_ENABLE:
         case WM_SETFOCUS:
         case WM_KILLFOCUS: InvalidateRect(handle(), nullptr, FALSE); return 0;
@@ -138,7 +152,7 @@ void LabelWindow::paint(HDC target) {
     const std::wstring text = widen(model_.Caption());
     const UINT flags = drawFlagsOf(kind_);
     DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, flags);
-    if (GetFocus() == handle()) {
+    if (kind_ == ControlKind::Link && GetFocus() == handle()) {
         RECT ring = area;
         DrawTextW(dc, text.data(), static_cast<int>(text.size()), &ring, flags | DT_CALCRECT);
         SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));

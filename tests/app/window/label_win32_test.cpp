@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/system_win32.h"
 #include "tests/support/window_fixture_win32.h"
 
 namespace velvox {
@@ -34,6 +35,28 @@ TEST(LabelWindowTest, AClickIsAFreshKeyOrAPressAndAReleaseOnTheLink) {
     EXPECT_EQ(send(WM_LBUTTONDOWN, MK_LBUTTON, inside), 0);
     ReleaseCapture();
     EXPECT_EQ(send(WM_LBUTTONUP, 0, inside), 0) << "the capture was lost";
+}
+
+TEST(LabelWindowTest, AStripShowsItsTextAtOnceAndReturnsItToOthers) {
+    const TestForm form({0, 0, 300, 200});
+    const Skin skin;
+    Label model("Label4");
+    model.ForeColor(0xFFFFFF);  // on the form's black
+    model.Move({0, 0, 1500, 300});
+    const LabelWindow label(model, form.handle(), 1, ControlKind::Strip, skin);
+    UpdateWindow(label.handle());
+    const auto brightPixels = [&] {
+        const WindowDc dc(label.handle());
+        int count = 0;
+        for (int x = 0; x < 100; ++x)
+            for (int y = 0; y < 20; ++y) count += GetRValue(GetPixel(dc.get(), x, y)) > 200;
+        return count;
+    };
+    const int before = brightPixels();
+    model.Caption("MMMMMM");
+    EXPECT_GT(brightPixels(), before + 20);
+    EXPECT_FALSE(GetUpdateRect(label.handle(), nullptr, FALSE));
+    EXPECT_EQ(windowText(label.handle()), "MMMMMM");
 }
 
 }  // namespace
