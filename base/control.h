@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/geometry.h"
+
 namespace velvox {
 
 /// Which part of a control has changed.
@@ -25,16 +27,6 @@ class ControlObserver {
 
     /// Called after the control has taken its new value.
     virtual void controlChanged(ControlChange change) = 0;
-};
-
-/// A rectangle of the layout, in twips, relative to the container.
-struct Bounds {
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
-
-    bool operator==(const Bounds&) const = default;
 };
 
 class Control {

@@ -1,4 +1,4 @@
-// Points, sizes and rectangles in pixels. The layout's own unit is twips: see `Bounds`.
+// Points, sizes and rectangles.
 #pragma once
 
 namespace velvox {
@@ -17,7 +17,7 @@ struct Size {
     bool operator==(const Size&) const = default;
 };
 
-/// Right and bottom lie outside it.
+/// A rectangle by its edges, in pixels. Right and bottom lie outside it.
 struct Rect {
     int left = 0;
     int top = 0;
@@ -25,6 +25,16 @@ struct Rect {
     int bottom = 0;
 
     bool operator==(const Rect&) const = default;
+};
+
+/// A rectangle by its corner and size. In the layout in twips, relative to the container.
+struct Bounds {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+
+    bool operator==(const Bounds&) const = default;
 };
 
 }  // namespace velvox

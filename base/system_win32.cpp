@@ -76,6 +76,11 @@ int thinLine() {
     return std::max(1, screenDpi() / designDpi);
 }
 
+void fill(HDC dc, const RECT& area, Rgb colour) {
+    const OwnedBrush brush(CreateSolidBrush(static_cast<COLORREF>(colour)));
+    FillRect(dc, &area, brush.get());
+}
+
 void drawFocusRing(HDC dc, RECT area) {
     for (int i = thinLine(); i > 0; --i) {
         DrawFocusRect(dc, &area);

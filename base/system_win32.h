@@ -10,6 +10,7 @@
 #include "base/control.h"
 #include "base/font.h"
 #include "base/owned_win32.h"
+#include "base/twips.h"
 
 namespace velvox {
 
@@ -45,8 +46,23 @@ int systemDpi();
 /// Dots per inch that the program lays out by, for its whole life: the system's, or fewer.
 int screenDpi();
 
+/// Lengths and positions at the resolution of this screen, in the unit that the name does not say.
+inline int toPixels(int twips) {
+    return toPixels(twips, screenDpi());
+}
+inline int toTwips(int pixels) {
+    return toTwips(pixels, screenDpi());
+}
+/// Pixels at `designDpi` in pixels of this screen.
+inline int scaled(int pixels) {
+    return scaled(pixels, screenDpi());
+}
+
 /// Pixels of a thin line. Rounded down: it is never blurred into a thick one.
 int thinLine();
+
+/// Covers an area with one colour.
+void fill(HDC dc, const RECT& area, Rgb colour);
 
 /// The system's dotted rectangle that shows the focus, its dots as wide as a thin line.
 void drawFocusRing(HDC dc, RECT area);

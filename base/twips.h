@@ -1,23 +1,37 @@
 // Layout is kept in twips, 1440 to the inch; drawing happens in pixels.
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
 namespace velvox {
 
 inline constexpr int twipsPerInch = 1440;
 inline constexpr int designDpi = 96;
 inline constexpr int designTwipsPerPixel = twipsPerInch / designDpi;
 
-/// A length in pixels at `dpi`, rounded to the nearest, halves away from zero.
-constexpr int toPixels(int twips, int dpi) {
-    const long long scaled = static_cast<long long>(twips) * dpi;
-    return static_cast<int>((scaled + (scaled < 0 ? -1LL : 1LL) * (twipsPerInch / 2)) /
-                            twipsPerInch);
+/// length * to / from, rounded to the nearest, halves away from zero. A result that does not fit
+/// becomes the greatest or least that does.
+constexpr int scaleLength(int length, int to, int from) {
+    const std::int64_t product = static_cast<std::int64_t>(length) * to;
+    const std::int64_t half = from / 2;
+    const std::int64_t rounded = (product + (product < 0 ? -half : half)) / from;
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(rounded, Limits::min(), Limits::max()));
 }
 
-/// A length in twips of whole pixels at `dpi`, rounded to the nearest.
+constexpr int toPixels(int twips, int dpi) {
+    return scaleLength(twips, dpi, twipsPerInch);
+}
+
 constexpr int toTwips(int pixels, int dpi) {
-    const long long scaled = static_cast<long long>(pixels) * twipsPerInch;
-    return static_cast<int>((scaled + (scaled < 0 ? -1LL : 1LL) * (dpi / 2)) / dpi);
+    return scaleLength(pixels, twipsPerInch, dpi);
+}
+
+/// A length of pixels at `designDpi` in pixels at `dpi`.
+constexpr int scaled(int pixels, int dpi) {
+    return scaleLength(pixels, dpi, designDpi);
 }
 
 }  // namespace velvox

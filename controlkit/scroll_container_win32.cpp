@@ -17,16 +17,6 @@ constexpr int barThickness = 17;
 constexpr int smallChange = 16;
 constexpr int wheelChange = 48;
 
-int px(int design) {
-    return scaled(design, screenDpi());
-}
-
-void fill(HDC dc, const RECT& area, OleColour colour) {
-    const OwnedBrush brush(
-        CreateSolidBrush(static_cast<COLORREF>(translate(colour, CurrentSystemColours()))));
-    FillRect(dc, &area, brush.get());
-}
-
 bool mouseIsPressed() {
     return GetKeyState(VK_LBUTTON) < 0 || GetKeyState(VK_RBUTTON) < 0 ||
            GetKeyState(VK_MBUTTON) < 0;
@@ -63,8 +53,8 @@ void tsScrollContainer::create(HWND parent, const RECT& bounds, int id) {
     view_.create(request);
     for (ScrollBarWindow* each : {&bar(Axis::Vertical), &bar(Axis::Horizontal)}) {
         each->Value(0);
-        each->SmallChange(px(smallChange));
-        each->WheelChange(px(wheelChange));
+        each->SmallChange(scaled(smallChange));
+        each->WheelChange(scaled(wheelChange));
         each->Scroll = [this] { follow(); };
         each->create(handle(), {});
     }
@@ -151,8 +141,8 @@ void tsScrollContainer::arrange() {
     RECT client{};
     GetClientRect(handle(), &client);
     // The bars' outlines lie on the container's: one line, not two.
-    const int line = px(scrollSizes.border);
-    const int thick = px(barThickness);
+    const int line = scaled(scrollSizes.border);
+    const int thick = scaled(barThickness);
     layout_ = layOutScroll({client.right - 2 * line, client.bottom - 2 * line}, contentSize(),
                            thick - line);
     const LONG lower = layout_.horizontal.hasBar ? client.bottom - thick + line : client.bottom;
@@ -252,14 +242,15 @@ std::optional<LRESULT> tsScrollContainer::onKey(WPARAM code) {
 void tsScrollContainer::paint(HDC dc) const {
     RECT client{};
     GetClientRect(handle(), &client);
-    fill(dc, client, vertical_.BorderColor());
-    const int line = px(scrollSizes.border);
-    const int thick = px(barThickness);
+    const CurrentSystemColours system;
+    fill(dc, client, translate(vertical_.BorderColor(), system));
+    const int line = scaled(scrollSizes.border);
+    const int thick = scaled(barThickness);
     // The corner between the bars.
     fill(dc,
          {client.right - thick + line, client.bottom - thick + line, client.right - line,
           client.bottom - line},
-         systemColour(WindowColour));
+         system.colour(WindowColour));
 }
 
 std::optional<LRESULT> tsScrollContainer::View::onMessage(UINT message, WPARAM wParam,

@@ -1,10 +1,6 @@
 // Sizes and times of a scroll bar in one table, and which colour a part has in its state.
 #pragma once
 
-#include <algorithm>
-#include <cstdint>
-#include <limits>
-
 #include "base/colour.h"
 #include "base/twips.h"
 #include "controlkit/private_scroll.h"
@@ -29,15 +25,6 @@ struct ScrollSizes {
     int minContrast = 24;     ///< sum of the channels' distances below which nothing can be seen
 };
 inline constexpr ScrollSizes scrollSizes;
-
-/// A length of pixels at 96 dpi in pixels at `dpi`, rounded to the nearest, halves away from zero.
-/// A length that does not fit becomes the greatest that does.
-constexpr int scaled(int pixels, int dpi) {
-    const auto wide = static_cast<std::int64_t>(pixels) * dpi;
-    const std::int64_t rounded = (wide + (wide < 0 ? -1 : 1) * (designDpi / 2)) / designDpi;
-    using Limits = std::numeric_limits<int>;
-    return static_cast<int>(std::clamp<std::int64_t>(rounded, Limits::min(), Limits::max()));
-}
 
 /// Whether the pointer is over a part, or holds it.
 enum class PartState { None, Hover, Down };

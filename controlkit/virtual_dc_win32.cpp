@@ -71,7 +71,7 @@ void clsVirtualDC::CreateFromPictureBox(const PictureBoxFace& box) {
     Font(box.font);
     BackColor(box.backColor);
     ForeColor(box.foreColor);
-    CreateMyDC(toPixels(box.width, screenDpi()), toPixels(box.height, screenDpi()));
+    CreateMyDC(toPixels(box.width), toPixels(box.height));
 }
 
 void clsVirtualDC::resize(int width, int height) {
@@ -150,7 +150,8 @@ void clsVirtualDC::makeFont() {
     if (!font_) return;
     LOGFONTW request{};
     // A positive height is the cell's. Whole points, as the multiplication takes them.
-    request.lfHeight = MulDiv(static_cast<int>(std::nearbyint(font_->points)), screenDpi(), 72);
+    request.lfHeight =
+        scaleLength(static_cast<int>(std::nearbyint(font_->points)), screenDpi(), 72);
     request.lfWeight = font_->bold ? FW_BOLD : FW_NORMAL;
     request.lfItalic = font_->italic;
     request.lfUnderline = font_->underline;
@@ -255,8 +256,7 @@ void clsVirtualDC::DrawGradient(OleColour Color1, OleColour Color2, int X, int Y
 }
 
 void clsVirtualDC::FillArea(const RECT& rectangle, OleColour colour) {
-    const OwnedBrush brush(CreateSolidBrush(plain(colour)));
-    FillRect(dc_.get(), &rectangle, brush.get());
+    fill(dc_.get(), rectangle, plain(colour));
 }
 
 void clsVirtualDC::InvertArea(const RECT& rectangle) {

@@ -198,14 +198,14 @@ void layOutMainWindow(Sheet& sheet) {
     sheet.write({14, 34, 700, 0}, "Press Download to enable Close, and X for the About box.");
     struct Sample {
         isButton* button;
-        SheetPlace place;
+        Bounds place;
     };
     std::vector<Sample> samples;
     for (const ControlDesign& design : controlDesigns()) {
         if (design.kind != ControlKind::Button) continue;
-        const SheetPlace place = {14 + static_cast<int>(samples.size()) * 112, 64,
-                                  design.bounds.width / designTwipsPerPixel,
-                                  design.bounds.height / designTwipsPerPixel};
+        const Bounds place = {14 + static_cast<int>(samples.size()) * 112, 64,
+                              design.bounds.width / designTwipsPerPixel,
+                              design.bounds.height / designTwipsPerPixel};
         samples.push_back({&sheet.add(place, design.name, design.stored), place});
         sheet.show(*samples.back().button);
     }
@@ -242,9 +242,9 @@ void layOutMainWindow(Sheet& sheet) {
             ButtonLook look = lookOf(*sample.button, pose.state);
             look.focused = pose.focusShown || pose.cue;
             look.focusShown = pose.focusShown;
-            SheetPlace at = sample.place;
-            at.x = x;
-            at.y = y;
+            Bounds at = sample.place;
+            at.left = x;
+            at.top = y;
             y += 38;
             sheet.draw(at, look, pose.cue);
         }

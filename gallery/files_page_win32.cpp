@@ -62,15 +62,15 @@ FileListWindow::FileListWindow(tsScrollContainer& container, FileRows& rows)
     request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
     request.parent = container.view();
     create(request);
-    container_.vertical().SmallChange(Sheet::pixels(sizes.row));
-    container_.vertical().WheelChange(3 * Sheet::pixels(sizes.row));
+    container_.vertical().SmallChange(scaled(sizes.row));
+    container_.vertical().WheelChange(3 * scaled(sizes.row));
     refresh();
 }
 
 void FileListWindow::refresh() {
-    const int row = Sheet::pixels(sizes.row);
-    container_.setDrawnContent(
-        handle(), {Sheet::pixels(sizes.listWidth), row * static_cast<LONG>(rows_.count())});
+    const int row = scaled(sizes.row);
+    container_.setDrawnContent(handle(),
+                               {scaled(sizes.listWidth), row * static_cast<LONG>(rows_.count())});
     const LONG top = row * static_cast<LONG>(rows_.selected());
     container_.scrollIntoView({container_.position().x, top, container_.position().x, top + row});
     InvalidateRect(handle(), nullptr, FALSE);
@@ -97,7 +97,7 @@ std::optional<LRESULT> FileListWindow::onMessage(UINT message, WPARAM wParam, LP
 }
 
 std::optional<LRESULT> FileListWindow::onKey(WPARAM code) {
-    const int page = container_.viewSize().cy / Sheet::pixels(sizes.row);
+    const int page = container_.viewSize().cy / scaled(sizes.row);
     if (rows_.key(static_cast<std::int16_t>(code), std::max(page - 1, 1)))
         refresh();
     else if (code == VK_RETURN && Open)
@@ -111,7 +111,7 @@ std::optional<LRESULT> FileListWindow::onKey(WPARAM code) {
 
 void FileListWindow::press(LPARAM at) {
     SetFocus(handle());
-    const LONG row = (container_.position().y + GET_Y_LPARAM(at)) / Sheet::pixels(sizes.row);
+    const LONG row = (container_.position().y + GET_Y_LPARAM(at)) / scaled(sizes.row);
     if (row < static_cast<LONG>(rows_.count()) && rows_.select(std::ptrdiff_t{row})) refresh();
 }
 
@@ -124,8 +124,8 @@ void FileListWindow::paint(HDC target) {
     SetBkMode(buffer.dc(), TRANSPARENT);
     const ScopedSelectObject font(buffer.dc(), font_.get());
     const POINT from = container_.position();
-    const int height = Sheet::pixels(sizes.row);
-    const LONG width = std::max<LONG>(client.right, Sheet::pixels(sizes.listWidth));
+    const int height = scaled(sizes.row);
+    const LONG width = std::max<LONG>(client.right, scaled(sizes.listWidth));
     for (auto i = static_cast<std::size_t>(from.y / height); i < rows_.count(); ++i) {
         const LONG top = height * static_cast<LONG>(i) - from.y;
         if (top >= client.bottom) break;
@@ -145,11 +145,10 @@ void FileListWindow::paintRow(HDC dc, const RECT& at, std::size_t index) {
     if (!item.icon)
         item.icon =
             std::make_shared<IconPicture>(clsFile::GetIcon(item.key, clsFile::IconSize::Small));
-    const int icon = Sheet::pixels(sizes.icon), gap = Sheet::pixels(sizes.gap);
+    const int icon = scaled(sizes.icon), gap = scaled(sizes.gap);
     if (const auto* picture = dynamic_cast<const DrawablePicture*>(item.icon.get()))
-        picture->draw(dc, at.left + gap, at.top + (Sheet::pixels(sizes.row) - icon) / 2, icon,
-                      icon);
-    const LONG sizeLeft = at.right - Sheet::pixels(sizes.sizeColumn);
+        picture->draw(dc, at.left + gap, at.top + (scaled(sizes.row) - icon) / 2, icon, icon);
+    const LONG sizeLeft = at.right - scaled(sizes.sizeColumn);
     write(dc, item.text, {at.left + 2 * gap + icon, at.top, sizeLeft - gap, at.bottom}, DT_LEFT);
     if (item.size > 0 || !rows_.isFolder(index))
         write(dc, sizeText(item.size), {sizeLeft, at.top, at.right - 2 * gap, at.bottom}, DT_RIGHT);
@@ -158,10 +157,10 @@ void FileListWindow::paintRow(HDC dc, const RECT& at, std::size_t index) {
 /// The layout, in pixels of the page.
 struct FilesPage::Layout {
     explicit Layout(RECT area) {
-        InflateRect(&area, -Sheet::pixels(sizes.margin), -Sheet::pixels(sizes.margin));
-        const int line = Sheet::pixels(sizes.line), header = Sheet::pixels(sizes.header);
+        InflateRect(&area, -scaled(sizes.margin), -scaled(sizes.margin));
+        const int line = scaled(sizes.line), header = scaled(sizes.header);
         path = {area.left, area.top, area.right, area.top + line};
-        byName = {area.left, path.bottom, area.right - Sheet::pixels(sizes.sizeColumn),
+        byName = {area.left, path.bottom, area.right - scaled(sizes.sizeColumn),
                   path.bottom + header};
         bySize = {byName.right, byName.top, area.right, byName.bottom};
         status = {area.left, area.bottom - line, area.right, area.bottom};

@@ -34,7 +34,7 @@ class PageList : public SystemControl {
         WindowRequest request;
         request.className = L"LISTBOX";
         request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT;
-        request.bounds = {0, 0, Sheet::pixels(listWidth), Sheet::pixels(pageHeight)};
+        request.bounds = {0, 0, scaled(listWidth), scaled(pageHeight)};
         request.parent = parent;
         request.id = listId;
         create(request);
@@ -56,8 +56,8 @@ class PageHost : public Window {
         request.className = L"GalleryPage";
         request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
         request.extendedStyle = WS_EX_CONTROLPARENT;
-        const int left = Sheet::pixels(listWidth);
-        request.bounds = {left, 0, left + Sheet::pixels(pageWidth), Sheet::pixels(pageHeight)};
+        const int left = scaled(listWidth);
+        request.bounds = {left, 0, left + scaled(pageWidth), scaled(pageHeight)};
         request.parent = parent;
         create(request);
     }
@@ -84,7 +84,7 @@ class GalleryWindow : public Window {
         request.className = L"VelvoxGallery";
         request.text = L"Velvox Gallery";
         request.style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
-        RECT frame{0, 0, Sheet::pixels(listWidth + pageWidth), Sheet::pixels(pageHeight)};
+        RECT frame{0, 0, scaled(listWidth + pageWidth), scaled(pageHeight)};
         AdjustWindowRect(&frame, request.style, FALSE);
         request.bounds = {0, 0, frame.right - frame.left, frame.bottom - frame.top};
         create(request);

@@ -46,13 +46,12 @@ OleColour plain(Rgb colour) {
 /// The layout, in pixels of the page.
 struct ScrollPage::Layout {
     explicit Layout(const RECT& page) {
-        const int margin = Sheet::pixels(sizes.margin),
-                  caption = Sheet::pixels(sizes.captionHeight);
-        const int bar = Sheet::pixels(sizes.bar);
+        const int margin = scaled(sizes.margin), caption = scaled(sizes.captionHeight);
+        const int bar = scaled(sizes.bar);
         RECT area = page;
         InflateRect(&area, -margin, -margin);
-        const int side = area.right - Sheet::pixels(sizes.sideColumn);
-        const int checks = 3 * Sheet::pixels(sizes.checkBox);
+        const int side = area.right - scaled(sizes.sideColumn);
+        const int checks = 3 * scaled(sizes.checkBox);
 
         samplesCaption = {area.left, area.bottom - bar - caption, side - margin, area.bottom - bar};
         const int half = (side - margin - area.left - margin) / 2;
@@ -66,8 +65,8 @@ struct ScrollPage::Layout {
         events = {side, eventsCaption.bottom, area.right, area.bottom - checks - margin};
         for (int i = 0; i < 3; ++i)
             check[static_cast<std::size_t>(i)] = {
-                side, area.bottom - checks + i * Sheet::pixels(sizes.checkBox), area.right,
-                area.bottom - checks + (i + 1) * Sheet::pixels(sizes.checkBox)};
+                side, area.bottom - checks + i * scaled(sizes.checkBox), area.right,
+                area.bottom - checks + (i + 1) * scaled(sizes.checkBox)};
     }
 
     RECT pictureCaption, container;
@@ -121,8 +120,8 @@ LargePicture::LargePicture(HWND parent) {
         request.text = place.text;
         const int x = place.column * step + (step - sizes.buttonWidth) / 2;
         const int y = place.row * step + (step - sizes.buttonHeight) / 2;
-        request.bounds = {Sheet::pixels(x), Sheet::pixels(y), Sheet::pixels(x + sizes.buttonWidth),
-                          Sheet::pixels(y + sizes.buttonHeight)};
+        request.bounds = {scaled(x), scaled(y), scaled(x + sizes.buttonWidth),
+                          scaled(y + sizes.buttonHeight)};
         buttons_.emplace_back().create(request);
     }
 }
@@ -143,8 +142,7 @@ std::optional<LRESULT> LargePicture::onMessage(UINT message, WPARAM wParam, LPAR
 }
 
 void LargePicture::draw() {
-    const int width = Sheet::pixels(sizes.pictureWidth),
-              height = Sheet::pixels(sizes.pictureHeight);
+    const int width = scaled(sizes.pictureWidth), height = scaled(sizes.pictureHeight);
     picture_.CreateMyDC(width, height);
     picture_.BackMode(TRANSPARENT);
     Font font;
@@ -161,19 +159,19 @@ void LargePicture::draw() {
                 return plain(
                     rgb(160 + across * 95 / 255, 200 - down * 60 / 255, 250 - across * 110 / 255));
             };
-            RECT cell{Sheet::pixels(x * step), Sheet::pixels(y * step),
-                      Sheet::pixels((x + 1) * step), Sheet::pixels((y + 1) * step)};
+            RECT cell{scaled(x * step), scaled(y * step), scaled((x + 1) * step),
+                      scaled((y + 1) * step)};
             picture_.DrawGradient(tone(0, 0), tone(1, 0), cell.left, cell.top,
                                   cell.right - cell.left, cell.bottom - cell.top, leftToRight);
             picture_.DrawLine(cell.left, cell.top, cell.right, cell.top);
             picture_.DrawLine(cell.left, cell.top, cell.left, cell.bottom);
-            OffsetRect(&cell, Sheet::pixels(5), Sheet::pixels(4));
+            OffsetRect(&cell, scaled(5), scaled(4));
             picture_.DrawText(std::to_string(x * step) + ", " + std::to_string(y * step), cell,
                               DT_LEFT | DT_TOP | DT_SINGLELINE);
         }
-    picture_.PenWidth(Sheet::pixels(2));
+    picture_.PenWidth(scaled(2));
     for (int ring = 1; ring <= 6; ++ring) {
-        const int radius = Sheet::pixels(ring * step);
+        const int radius = scaled(ring * step);
         picture_.DrawEllipse(width / 2 - radius, height / 2 - radius, width / 2 + radius,
                              height / 2 + radius);
     }
@@ -316,7 +314,7 @@ void ScrollPage::paint(HDC target) {
     surface_.Font(font);
     // In the unit of the picture's grid.
     const auto designed = [](LONG pixels) {
-        return std::to_string(MulDiv(static_cast<int>(pixels), designDpi, screenDpi()));
+        return std::to_string(scaleLength(static_cast<int>(pixels), designDpi, screenDpi()));
     };
     const POINT at = container_.position();
     caption("at " + designed(at.x) + ", " + designed(at.y), layout.pictureCaption, DT_RIGHT);

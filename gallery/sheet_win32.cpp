@@ -6,15 +6,6 @@
 #include "controls/button/is_button_paint_win32.h"
 
 namespace velvox {
-namespace {
-
-RECT scaled(const SheetPlace& at) {
-    return {Sheet::pixels(at.x), Sheet::pixels(at.y), Sheet::pixels(at.x + at.width),
-            Sheet::pixels(at.y + at.height)};
-}
-
-}  // namespace
-
 Sheet::Sheet(HWND parent) : font_(createFont({})) {
     // Not every system has a bold Tahoma that looks bold at all sizes.
     Font bold;
@@ -36,28 +27,23 @@ Sheet::~Sheet() {
     destroy();
 }
 
-int Sheet::pixels(int designPixels) {
-    return toPixels(designPixels * designTwipsPerPixel, screenDpi());
-}
-
-void Sheet::write(const SheetPlace& at, std::string_view text, bool bold, bool centred) {
+void Sheet::write(const Bounds& at, std::string_view text, bool bold, bool centred) {
     constexpr int line = 16;
-    SheetPlace place = at;
+    Bounds place = at;
     if (place.height == 0) place.height = line;
-    texts_.push_back({scaled(place), widen(text), bold, centred});
+    texts_.push_back({toPixels(inTwips(place)), widen(text), bold, centred});
 }
 
-void Sheet::draw(const SheetPlace& at, const ButtonLook& look, bool cue) {
-    stills_.push_back({scaled(at), look, cue});
+void Sheet::draw(const Bounds& at, const ButtonLook& look, bool cue) {
+    stills_.push_back({toPixels(inTwips(at)), look, cue});
 }
 
-isButton& Sheet::add(const SheetPlace& at, std::string_view name, const PropertyBag& stored,
+isButton& Sheet::add(const Bounds& at, std::string_view name, const PropertyBag& stored,
                      const ButtonAmbient& ambient) {
     isButton& button = buttons_.emplace_back(name, colours_);
     // The size comes after the stored values, as when a form loads.
     button.ReadProperties(stored, ambient);
-    button.Move({at.x * designTwipsPerPixel, at.y * designTwipsPerPixel,
-                 at.width * designTwipsPerPixel, at.height * designTwipsPerPixel});
+    button.Move(inTwips(at));
     return button;
 }
 

@@ -8,38 +8,35 @@
 #include <vector>
 
 #include "base/system_win32.h"
+#include "base/twips.h"
 #include "base/window_win32.h"
 #include "controls/button/is_button_win32.h"
 
 namespace velvox {
 
-/// Design pixels, of which 96 make an inch; the sheet scales them to the screen.
-struct SheetPlace {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-};
+constexpr Bounds inTwips(const Bounds& designPixels) {
+    return {designPixels.left * designTwipsPerPixel, designPixels.top * designTwipsPerPixel,
+            designPixels.width * designTwipsPerPixel, designPixels.height * designTwipsPerPixel};
+}
 
+/// Bounds are in design pixels, of which 96 make an inch; the sheet scales them to the screen.
 class Sheet : public Window {
  public:
     explicit Sheet(HWND parent);
     ~Sheet() override;
 
     /// Height 0 is one line.
-    void write(const SheetPlace& at, std::string_view text, bool bold = false,
-               bool centred = false);
+    void write(const Bounds& at, std::string_view text, bool bold = false, bool centred = false);
 
     /// A still picture. `cue` draws the focus as after a key press.
-    void draw(const SheetPlace& at, const ButtonLook& look, bool cue = false);
+    void draw(const Bounds& at, const ButtonLook& look, bool cue = false);
 
     /// A live button with its stored properties; `show` makes its window.
-    isButton& add(const SheetPlace& at, std::string_view name, const PropertyBag& stored = {},
+    isButton& add(const Bounds& at, std::string_view name, const PropertyBag& stored = {},
                   const ButtonAmbient& ambient = {});
     void show(isButton& button);
 
     static std::shared_ptr<const Picture> sampleIcon(LPCWSTR systemIcon);
-    static int pixels(int designPixels);
 
  private:
     struct Text {

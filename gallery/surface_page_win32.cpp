@@ -72,14 +72,14 @@ void font(clsVirtualDC& on, double points) {
 }
 
 void drawLines(clsVirtualDC& on, RECT area) {
-    const RECT fan = column(area, Sheet::pixels(12), 2, 0);
+    const RECT fan = column(area, scaled(12), 2, 0);
     constexpr int rays = 14;
     for (int i = 0; i <= rays; ++i) {
         pen(on, PS_SOLID, 1, i % 2 ? blue : teal);
         on.DrawLine(fan.left, fan.bottom - 1, fan.left + width(fan) * i / rays,
                     fan.top + height(fan) * i / rays);
     }
-    const RECT list = column(area, Sheet::pixels(12), 2, 1);
+    const RECT list = column(area, scaled(12), 2, 1);
     const std::array styles{PS_SOLID, PS_DASH, PS_DOT, PS_DASHDOT};
     const std::array widths{2, 3, 5, 8};
     const std::array colours{crimson, orange, teal, blue};
@@ -90,9 +90,9 @@ void drawLines(clsVirtualDC& on, RECT area) {
         on.DrawLine(line.left, (line.top + line.bottom) / 2, line.right,
                     (line.top + line.bottom) / 2);
         const RECT thick = row(list, 0, 8, i + 4);
-        pen(on, PS_SOLID, Sheet::pixels(widths[at]), colours[at]);
-        on.DrawLine(thick.left + Sheet::pixels(4), (thick.top + thick.bottom) / 2,
-                    thick.right - Sheet::pixels(4), (thick.top + thick.bottom) / 2);
+        pen(on, PS_SOLID, scaled(widths[at]), colours[at]);
+        on.DrawLine(thick.left + scaled(4), (thick.top + thick.bottom) / 2, thick.right - scaled(4),
+                    (thick.top + thick.bottom) / 2);
     }
 }
 
@@ -100,8 +100,8 @@ void drawGradients(clsVirtualDC& on, RECT area, int direction) {
     const std::array<std::pair<OleColour, OleColour>, 3> pairs{
         {{blue, pale}, {crimson, orange}, {rgb(0, 0, 0), rgb(255, 255, 255)}}};
     for (int i = 0; i < 3; ++i) {
-        const RECT band = direction == 1 ? row(area, Sheet::pixels(8), 3, i)
-                                         : column(area, Sheet::pixels(8), 3, i);
+        const RECT band =
+            direction == 1 ? row(area, scaled(8), 3, i) : column(area, scaled(8), 3, i);
         const auto& [from, to] = pairs[static_cast<std::size_t>(i)];
         on.DrawGradient(from, to, band.left, band.top, width(band), height(band), direction);
     }
@@ -109,11 +109,11 @@ void drawGradients(clsVirtualDC& on, RECT area, int direction) {
 
 void drawShapes(clsVirtualDC& on, RECT area) {
     const auto cell = [&](int x, int y) {
-        return row(column(area, Sheet::pixels(12), 3, x), Sheet::pixels(12), 2, y);
+        return row(column(area, scaled(12), 3, x), scaled(12), 2, y);
     };
     on.BkColor(pale);
     for (int y = 0; y < 2; ++y) {
-        const int thick = y == 0 ? 1 : Sheet::pixels(3);
+        const int thick = y == 0 ? 1 : scaled(3);
         const RECT a = cell(0, y), b = cell(1, y), c = cell(2, y);
         pen(on, PS_SOLID, thick, blue);
         brush(on, y == 0 ? BS_SOLID : BS_HATCHED, y == 0 ? pale : blue, HS_BDIAGONAL);
@@ -123,8 +123,7 @@ void drawShapes(clsVirtualDC& on, RECT area) {
         on.DrawRectangle(b.left, b.top, b.right, b.bottom);
         pen(on, PS_SOLID, thick, crimson);
         brush(on, BS_SOLID, y == 0 ? orange : paper);
-        on.DrawRoundRectangle(c.left, c.top, c.right, c.bottom, Sheet::pixels(24),
-                              Sheet::pixels(24));
+        on.DrawRoundRectangle(c.left, c.top, c.right, c.bottom, scaled(24), scaled(24));
     }
 }
 
@@ -139,11 +138,11 @@ void drawEdges(clsVirtualDC& on, RECT area) {
     on.ForeColor(systemColour(ButtonTextColour));
     font(on, sizes.captionPoints);
     for (int i = 0; i < 4; ++i) {
-        RECT box = row(column(area, Sheet::pixels(12), 2, i % 2), Sheet::pixels(12), 2, i / 2);
+        RECT box = row(column(area, scaled(12), 2, i % 2), scaled(12), 2, i / 2);
         on.FillArea(box, systemColour(ButtonFaceColour));
         on.DrawEdge(box, edges[i].edge, BF_RECT);
         if (i == 0) {
-            const int inset = Sheet::pixels(5);
+            const int inset = scaled(5);
             on.DrawFocusRect(
                 {box.left + inset, box.top + inset, box.right - inset, box.bottom - inset});
         }
@@ -156,13 +155,13 @@ void drawText(clsVirtualDC& on, RECT area) {
     const auto write = [&](RECT& line, std::string_view words, OleColour colour) {
         on.Font(sample);
         on.ForeColor(colour);
-        line.top += on.DrawText(words, line, DT_LEFT | DT_TOP | DT_SINGLELINE) + Sheet::pixels(3);
+        line.top += on.DrawText(words, line, DT_LEFT | DT_TOP | DT_SINGLELINE) + scaled(3);
     };
     sample.points = 20;
     write(area, "Twenty points", ink);
     sample.points = 13;
     sample.name = "Arial";
-    RECT left = column(area, Sheet::pixels(12), 2, 0);
+    RECT left = column(area, scaled(12), 2, 0);
     sample.bold = true;
     write(left, "Bold in blue", blue);
     sample.bold = false;
@@ -171,7 +170,7 @@ void drawText(clsVirtualDC& on, RECT area) {
     sample = {};
     sample.points = 13;
     write(left, "Plain Tahoma", ink);
-    RECT right = column(area, Sheet::pixels(12), 2, 1);
+    RECT right = column(area, scaled(12), 2, 1);
     sample.underline = true;
     write(right, "Underlined", crimson);
     sample.underline = false;
@@ -203,13 +202,13 @@ PicturePtr scene(int sceneWidth, int sceneHeight) {
 }
 
 void drawPictures(clsVirtualDC& on, RECT area) {
-    const RECT large = column(area, Sheet::pixels(8), 2, 0);
+    const RECT large = column(area, scaled(8), 2, 0);
     const PicturePtr picture = scene(width(large), height(large));
     on.DrawImageToVirtualDC(picture, large.left, large.top);
-    const RECT pieces = column(area, Sheet::pixels(8), 2, 1);
+    const RECT pieces = column(area, scaled(8), 2, 1);
     for (int i = 0; i < 4; ++i) {
         // The four quarters, drawn separately.
-        const RECT to = row(column(pieces, Sheet::pixels(8), 2, i % 2), Sheet::pixels(8), 2, i / 2);
+        const RECT to = row(column(pieces, scaled(8), 2, i % 2), scaled(8), 2, i / 2);
         on.DrawImageToVirtualDC(picture, to.left, to.top, width(to), height(to),
                                 i % 2 * (width(large) - width(to)),
                                 i / 2 * (height(large) - height(to)));
@@ -227,13 +226,13 @@ void drawInversion(clsVirtualDC& on, RECT area) {
     const RECT middle = row(column(area, 0, columns, 3), 0, rows, 2);
     const RECT twice{middle.left, middle.top, middle.left + 2 * width(middle), middle.bottom};
     on.InvertArea(row(column(area, 0, columns, 4), 0, rows, 2));
-    pen(on, PS_SOLID, Sheet::pixels(2), paper);
+    pen(on, PS_SOLID, scaled(2), paper);
     brush(on, BS_HOLLOW, 0);
     on.DrawRectangle(twice.left, twice.top, twice.right, twice.bottom);
 }
 
 void drawPixels(clsVirtualDC& on, RECT area) {
-    const double scale = 96.0 / screenDpi();
+    const double scale = static_cast<double>(designDpi) / screenDpi();
     for (int y = area.top; y < area.bottom; ++y)
         for (int x = area.left; x < area.right; ++x) {
             const double u = (x - area.left) * scale;
@@ -274,13 +273,13 @@ constexpr Card cards[] = {
 void drawCard(clsVirtualDC& on, const Card& card, RECT area) {
     font(on, sizes.captionPoints);
     on.ForeColor(systemColour(WindowTextColour));
-    RECT caption{area.left, area.top, area.right, area.top + Sheet::pixels(sizes.captionHeight)};
+    RECT caption{area.left, area.top, area.right, area.top + scaled(sizes.captionHeight)};
     on.DrawText(card.caption, caption, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
     area.top = caption.bottom;
     on.FillArea(area, cardBorder);
     InflateRect(&area, -1, -1);
     on.FillArea(area, paper);
-    InflateRect(&area, -Sheet::pixels(sizes.padding), -Sheet::pixels(sizes.padding));
+    InflateRect(&area, -scaled(sizes.padding), -scaled(sizes.padding));
     card.draw(on, area);
 }
 
@@ -322,7 +321,7 @@ void SurfacePage::draw() {
     surface_.BackColor(systemColour(WindowColour));
     surface_.Cls();
     surface_.BackMode(TRANSPARENT);
-    const int margin = Sheet::pixels(sizes.margin);
+    const int margin = scaled(sizes.margin);
     InflateRect(&area, -margin, -margin);
     for (int i = 0; i < sizes.columns * sizes.rows; ++i)
         drawCard(surface_, cards[i],

@@ -62,15 +62,14 @@ void TextBoxPage::create(HWND parent) {
     sheet_.emplace(parent);
     layOutSamples();
     sheet_->write({eventsLeft, top, 200, 0}, "Events, newest first", true);
-    const RECT list{Sheet::pixels(eventsLeft), Sheet::pixels(top + 20),
-                    Sheet::pixels(pageWidth - left), Sheet::pixels(pageHeight - left)};
+    const RECT list{scaled(eventsLeft), scaled(top + 20), scaled(pageWidth - left),
+                    scaled(pageHeight - left)};
     events_.create(sheet_->handle(), list);
 }
 
-XPTextBox& TextBoxPage::add(const SheetPlace& at, std::string_view name, std::string_view text) {
+XPTextBox& TextBoxPage::add(const Bounds& at, std::string_view name, std::string_view text) {
     XPTextBox& box = boxes_.emplace_back(name, twipsPerInch / screenDpi());
-    box.Move({at.x * designTwipsPerPixel, at.y * designTwipsPerPixel,
-              at.width * designTwipsPerPixel, at.height * designTwipsPerPixel});
+    box.Move(inTwips(at));
     box.Text(text);
     // Its background is white in every scheme.
     box.ForeColor(rgb(0, 0, 0));

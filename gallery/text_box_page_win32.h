@@ -21,7 +21,7 @@ class TextBoxPage : public Page {
     void create(HWND parent) override;
 
  private:
-    XPTextBox& add(const SheetPlace& at, std::string_view name, std::string_view text);
+    XPTextBox& add(const Bounds& at, std::string_view name, std::string_view text);
     void layOutSamples();
     void layOutSelection(int y);
     void listen(XPTextBox& box);

@@ -86,7 +86,7 @@ class Painter {
     Painter(HDC dc, const RECT& bounds) : dc_(dc), bounds_(bounds) {
         FillRect(dc, &bounds, GetSysColorBrush(backgroundColour));
         SetBkMode(dc, TRANSPARENT);
-        const int margin = pixels(sizes.margin);
+        const int margin = toPixels(sizes.margin);
         InflateRect(&bounds_, -margin, -margin);
         lineHeight_ = std::max(textHeight(dc, L"X", 1), 1);
     }
@@ -97,7 +97,7 @@ class Painter {
         const int height = textHeight(dc_, wide, at.right - at.left);
         at.top = std::max(at.top, at.bottom - height);
         draw(wide, at, labelColour(), wrapped);
-        bounds_.bottom = at.top - pixels(sizes.rowGap);
+        bounds_.bottom = at.top - toPixels(sizes.rowGap);
     }
 
     void centredNote(const std::string& text) {
@@ -110,16 +110,16 @@ class Painter {
 
     /// Lines that a short value takes, two at most.
     int linesOf(const std::string& value) const {
-        const int width = bounds_.right - bounds_.left - pixels(sizes.labelWidth);
+        const int width = bounds_.right - bounds_.left - toPixels(sizes.labelWidth);
         return static_cast<int>(breakIntoLines(dc_, widen(value), width, 2).size());
     }
 
     void row(const char* label, const std::string& value, int linesBelow) {
-        const int gap = pixels(sizes.rowGap);
+        const int gap = toPixels(sizes.rowGap);
         RECT at = bounds_;
         at.bottom -= linesBelow * (lineHeight_ + gap);
         draw(widen(label), at, labelColour(), DT_NOPREFIX | DT_SINGLELINE);
-        at.left += pixels(sizes.labelWidth);
+        at.left += toPixels(sizes.labelWidth);
         const int room = std::max<int>((at.bottom - at.top) / lineHeight_, 1);
         const auto lines = breakIntoLines(dc_, widen(value.substr(0, maxAddressLength)),
                                           at.right - at.left, static_cast<std::size_t>(room));
@@ -131,8 +131,6 @@ class Painter {
     }
 
  private:
-    static int pixels(int twips) { return toPixels(twips, screenDpi()); }
-
     void draw(const std::wstring& text, RECT at, COLORREF colour, UINT format) {
         SetTextColor(dc_, colour);
         DrawTextW(dc_, text.data(), static_cast<int>(text.size()), &at, format);

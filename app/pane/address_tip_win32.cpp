@@ -1,7 +1,5 @@
 #include "app/pane/address_tip_win32.h"
 
-#include <commctrl.h>
-
 #include "base/system_win32.h"
 
 namespace velvox {
@@ -11,27 +9,14 @@ constexpr std::size_t maxTipLength = 400;
 constexpr int tipWidth = 480;        // pixels at 96 DPI
 constexpr int tipBelowPointer = 20;  // the same
 
-int scaled(int pixels) {
-    return MulDiv(pixels, screenDpi(), USER_DEFAULT_SCREEN_DPI);
-}
-
 TTTOOLINFOW tipTool(HWND control) {
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V1_SIZE;  // supported by every version of the control
-    tool.uFlags = TTF_TRACK | TTF_ABSOLUTE;
-    tool.hwnd = control;
-    tool.uId = 1;
-    return tool;
+    return toolRecord(control, TTF_TRACK | TTF_ABSOLUTE, 1);
 }
 
 }  // namespace
 
 AddressTip::AddressTip(HWND owner)
-    : owner_(owner),
-      window_(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                              WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0, 0, 0, owner, nullptr,
-                              GetModuleHandleW(nullptr), nullptr)) {
-    if (!window_) throwLastError("CreateWindowEx of the tool tip");
+    : owner_(owner), window_(createToolTip(owner, TTS_NOPREFIX | TTS_ALWAYSTIP)) {
     TTTOOLINFOW tool = tipTool(owner_);
     SendMessageW(window_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     SendMessageW(window_.get(), TTM_SETMAXTIPWIDTH, 0, scaled(tipWidth));

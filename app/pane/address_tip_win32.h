@@ -6,13 +6,13 @@
 #include <string>
 #include <string_view>
 
-#include "base/owned_win32.h"
+#include "base/tool_tip_win32.h"
 
 namespace velvox {
 
 class AddressTip {
  public:
-    /// `owner` is the control that the tip belongs to. Throws RuntimeFailure (Platform).
+    /// `owner` is the control that the tip belongs to.
     explicit AddressTip(HWND owner);
 
     /// Shows the start of `address` below a point of the screen.
@@ -22,7 +22,7 @@ class AddressTip {
  private:
     HWND owner_;
     std::wstring text_;
-    Owned<HWND, &DestroyWindow> window_;
+    OwnedToolTip window_;
 };
 
 }  // namespace velvox

@@ -267,7 +267,7 @@ const TextLink* LinkText::linkUnder(POINT point) const {
         if (!link) continue;
         const POINT from = placeOf(character);
         const POINT to = placeOf(character + 1);
-        const int height = MulDiv(link->halfPoints, screenDpi(), 72 * 2) * 5 / 4;
+        const int height = scaleLength(link->halfPoints, screenDpi(), 72 * 2) * 5 / 4;
         const bool endsLine = to.y != from.y;
         if (point.y >= from.y && point.y < from.y + height && point.x >= from.x &&
             (endsLine || point.x < to.x))

@@ -127,7 +127,7 @@ std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, 
 }
 
 RECT ResultPaneWindow::textPlace() const {
-    const int margin = framePixels + MulDiv(marginPixels, screenDpi(), USER_DEFAULT_SCREEN_DPI);
+    const int margin = framePixels + scaled(marginPixels);
     RECT place;
     GetClientRect(handle(), &place);
     return {margin, margin, std::max<LONG>(margin, place.right - framePixels),

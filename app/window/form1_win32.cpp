@@ -155,8 +155,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_ERASEBKGND: return 1;
         case WM_SIZE:
             if (wParam != SIZE_MINIMIZED)
-                form().Move({0, 0, toTwips(GET_X_LPARAM(lParam), screenDpi()),
-                             toTwips(GET_Y_LPARAM(lParam), screenDpi())});
+                form().Move({0, 0, toTwips(GET_X_LPARAM(lParam)), toTwips(GET_Y_LPARAM(lParam))});
             return 0;
         case WM_LBUTTONDOWN:
             systemMenu_->pressed({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});

@@ -136,8 +136,8 @@ void LabelWindow::release(POINT at) {
 void LabelWindow::passMouse(const MouseEvents::Handler& handler, WPARAM keys, LPARAM at) const {
     if (!handler) return;
     const int shift = (keys & MK_SHIFT ? 1 : 0) | (keys & MK_CONTROL ? 2 : 0);
-    handler(MouseButton::Left, shift, static_cast<float>(toTwips(GET_X_LPARAM(at), screenDpi())),
-            static_cast<float>(toTwips(GET_Y_LPARAM(at), screenDpi())));
+    handler(MouseButton::Left, shift, static_cast<float>(toTwips(GET_X_LPARAM(at))),
+            static_cast<float>(toTwips(GET_Y_LPARAM(at))));
 }
 
 void LabelWindow::paint(HDC target) {

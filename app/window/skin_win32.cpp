@@ -22,15 +22,6 @@ constexpr int areaMarginBottom = 90;
 // How far an inactive title bar is on its way to inactiveOverlay, of 255.
 constexpr BYTE overlayStrength = 150;
 
-int twipsInPixels(int twips) {
-    return toPixels(twips, screenDpi());
-}
-
-void fill(HDC dc, const RECT& area, Rgb colour) {
-    const OwnedBrush brush(CreateSolidBrush(static_cast<COLORREF>(colour)));
-    FillRect(dc, &area, brush.get());
-}
-
 void frame(HDC dc, RECT area, Rgb colour) {
     const OwnedBrush brush(CreateSolidBrush(static_cast<COLORREF>(colour)));
     for (int i = thinLine(); i > 0; --i) {
@@ -112,9 +103,9 @@ void Skin::draw(HDC dc, Piece piece, const RECT& area) const {
         case Piece::NewsStrip: fill(dc, area, colours.strip); break;
         case Piece::ResultArea: {
             fill(dc, area, colours.form);
-            const RECT panel{area.left, area.top + twipsInPixels(areaMarginTop),
-                             area.right - twipsInPixels(areaMarginRight),
-                             area.bottom - twipsInPixels(areaMarginBottom)};
+            const RECT panel{area.left, area.top + toPixels(areaMarginTop),
+                             area.right - toPixels(areaMarginRight),
+                             area.bottom - toPixels(areaMarginBottom)};
             fill(dc, panel, colours.area);
             frame(dc, panel, colours.areaEdge);
             break;

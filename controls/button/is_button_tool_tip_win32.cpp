@@ -1,11 +1,9 @@
 #include "controls/button/is_button_tool_tip_win32.h"
 
-#include <commctrl.h>
-
 #include <string>
 
-#include "base/owned_win32.h"
 #include "base/system_win32.h"
+#include "base/tool_tip_win32.h"
 
 namespace velvox {
 namespace {
@@ -36,19 +34,11 @@ LPARAM pointerTo(const void* data) {
     return reinterpret_cast<LPARAM>(data);
 }
 
-void destroyWindow(HWND window) noexcept {
-    DestroyWindow(window);
-}
-
 class SystemToolTips : public ToolTipSystem {
  public:
     HWND create(DWORD style, HWND owner) override {
-        const HWND tip = CreateWindowExW(0, L"tooltips_class32", nullptr, style, CW_USEDEFAULT,
-                                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, owner,
-                                         nullptr, GetModuleHandleW(nullptr), nullptr);
-        if (!tip) return nullptr;
-        ++liveHandles();
-        SetWindowPos(tip, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
+        const HWND tip = createToolTip(owner, style);
+        if (tip) ++liveHandles();
         return tip;
     }
     void send(HWND tip, UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -56,15 +46,12 @@ class SystemToolTips : public ToolTipSystem {
     }
     void destroy(HWND tip) override {
         --liveHandles();
-        // The system has already destroyed it when the owner's top-level window was destroyed
-        // first.
-        if (IsWindow(tip)) destroyWindow(tip);
+        destroyToolTip(tip);
     }
 };
 
 }  // namespace
 
-static_assert((SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE) == 19);
 static_assert(TTM_ADDTOOLA == 1028 && TTM_SETTITLEA == 1056);
 static_assert(TTM_SETTIPTEXTCOLOR == 1044 && TTM_SETTIPBKCOLOR == 1043);
 

@@ -110,15 +110,10 @@ void TextBoxWindow::applyToolTip() {
     tipText_ = model_.ToolTipText();
     tip_.reset();
     if (tipText_.empty()) return;
-    tip_.reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0,
-                               0, 0, 0, handle(), nullptr, GetModuleHandleW(nullptr), nullptr));
-    if (!tip_) throwLastError("CreateWindowEx of the tool tip");
+    tip_.reset(createToolTip(handle(), TTS_NOPREFIX));
     std::wstring text = widen(tipText_);
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V1_SIZE;  // the record that every version of the control knows
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = GetParent(handle());
-    tool.uId = reinterpret_cast<UINT_PTR>(handle());
+    TTTOOLINFOW tool = toolRecord(GetParent(handle()), TTF_IDISHWND | TTF_SUBCLASS,
+                                  reinterpret_cast<UINT_PTR>(handle()));
     tool.lpszText = text.data();
     SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
@@ -291,8 +286,8 @@ void TextBoxWindow::mouseMoved(WPARAM wParam, LPARAM lParam) {
                       (GetKeyState(VK_MENU) < 0 ? 4 : 0);
     model_.MouseMove(static_cast<std::int16_t>(heldButtons(wParam)),
                      static_cast<std::int16_t>(shift),
-                     static_cast<float>(toTwips(GET_X_LPARAM(lParam), screenDpi())),
-                     static_cast<float>(toTwips(GET_Y_LPARAM(lParam), screenDpi())));
+                     static_cast<float>(toTwips(GET_X_LPARAM(lParam))),
+                     static_cast<float>(toTwips(GET_Y_LPARAM(lParam))));
 }
 
 XPTextBoxWindow::XPTextBoxWindow(XPTextBox& model, HWND parent, int id,
@@ -360,15 +355,15 @@ void XPTextBoxWindow::paint(HDC target) const {
     const BufferedPaint buffer(target, client);
     const HDC dc = buffer.dc();
     const auto rgbOf = [this, own = !highContrast()](OleColour colour, int inContrast) {
-        return static_cast<COLORREF>(translate(own ? colour : systemColour(inContrast), colours_));
+        return translate(own ? colour : systemColour(inContrast), colours_);
     };
-    const OwnedBrush margin(CreateSolidBrush(rgbOf(model_.Pic.BackColor(), WindowColour)));
-    FillRect(dc, &client, margin.get());
+    fill(dc, client, rgbOf(model_.Pic.BackColor(), WindowColour));
     // The EDIT is only as tall as its text; the rest of its bounds is painted alike.
     const RECT inner = edit_->bounds();
     FillRect(dc, &inner, edit_->background());
     for (const DrawnLine& line : model_.frame()) {
-        const OwnedPen pen(CreatePen(PS_SOLID, 1, rgbOf(line.colour, WindowTextColour)));
+        const OwnedPen pen(
+            CreatePen(PS_SOLID, 1, static_cast<COLORREF>(rgbOf(line.colour, WindowTextColour))));
         const ScopedSelectObject selected(dc, pen.get());
         // Scaled by the window's actual size in pixels, so that the far edges lie on its last
         // ones.

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/ancestor_watch_win32.h"
-#include "base/owned_win32.h"
+#include "base/tool_tip_win32.h"
 #include "base/window_win32.h"
 #include "controls/text_box/xp_text_box.h"
 
@@ -57,7 +57,7 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     OwnedFont font_;
     OwnedBrush background_;
     std::string tipText_;
-    Owned<HWND, &DestroyWindow> tip_;
+    OwnedToolTip tip_;
     bool setting_ = false;
     wchar_t firstOfPair_ = 0;   // typed; the second is awaited
     bool pressed_ = false;      // a release inside makes a click

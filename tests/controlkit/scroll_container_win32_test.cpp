@@ -51,7 +51,7 @@ class ScrollContainerTest : public testing::Test {
     static bool shows(const ScrollBarWindow& bar) {
         return (GetWindowLongW(bar.hWnd(), GWL_STYLE) & WS_VISIBLE) != 0;
     }
-    const int unit = MulDiv(48, screenDpi(), 96);  // of the wheel
+    const int unit = scaled(48);  // of the wheel
 
     TestForm form{{100, 100, 500, 500}};
     tsScrollContainer container;
@@ -74,7 +74,7 @@ TEST_F(ScrollContainerTest, BarsFollowContentAndSizeAndTheContentFollowsThem) {
     EXPECT_TRUE(isAt(100, 150)) << "resizing keeps the place";
     SetWindowPos(content->handle(), nullptr, 0, 0, 350, 400, SWP_NOMOVE);
     EXPECT_TRUE(isAt(350 - container.viewSize().cx, 150)) << "as distant as there is content";
-    const int beside = 350 + MulDiv(17, screenDpi(), 96) + MulDiv(1, screenDpi(), 96);
+    const int beside = 350 + scaled(17) + scaled(1);
     SetWindowPos(container.hWnd(), nullptr, 0, 0, beside, 380, SWP_NOMOVE);
     EXPECT_FALSE(shows(container.horizontal()));
     EXPECT_TRUE(isAt(0, 400 - container.viewSize().cy));
@@ -99,7 +99,7 @@ TEST_F(ScrollContainerTest, WheelAndKeysReachItThroughTheContent) {
     const auto key = [&](WPARAM code) { SendMessageW(container.view(), WM_KEYDOWN, code, 0); };
     key(VK_END);
     key(VK_LEFT);
-    EXPECT_TRUE(isAt(2 * unit - MulDiv(16, screenDpi(), 96), 400 - container.viewSize().cy));
+    EXPECT_TRUE(isAt(2 * unit - scaled(16), 400 - container.viewSize().cy));
     key(VK_HOME);
     key(VK_NEXT);
     EXPECT_EQ(container.position().y,

@@ -11,7 +11,7 @@
 namespace velvox::e2e {
 namespace {
 
-std::vector<Rgb> pixelsOf(const Rectangle& r) {
+std::vector<Rgb> pixelsOf(const Bounds& r) {
     const auto number = [](int n) { return std::to_string(n); };
     const std::string bytes = outputOf(
         {"import", "-window", "root", "-crop",
@@ -26,7 +26,7 @@ std::vector<Rgb> pixelsOf(const Rectangle& r) {
 
 /// Contrast of the most distinct pixels of a place to its most frequent colour, without the pixels
 /// of a frame around it.
-double contrastWithin(Rectangle place) {
+double contrastWithin(Bounds place) {
     constexpr int frame = 3;
     place = {place.left + frame, place.top + frame, place.width - 2 * frame,
              place.height - 2 * frame};

@@ -7,11 +7,11 @@
 namespace velvox::e2e {
 namespace {
 
-constexpr Rectangle moved(Rectangle at, int x, int y) {
+constexpr Bounds moved(Bounds at, int x, int y) {
     return {at.left + x, at.top + y, at.width, at.height};
 }
 
-bool comesTo(const Program& program, const Rectangle& place) {
+bool comesTo(const Program& program, const Bounds& place) {
     return eventually([&] { return driver().rect(program.window()) == place; });
 }
 
@@ -35,9 +35,9 @@ struct Source {
 
 TEST(FrameTest, EverySourceDragsTheWindowExactly) {
     const Program program;
-    const Rectangle title = driver().rect(program.control(controlId("Label5")));
-    const Rectangle end = driver().rect(program.control(controlId("topendskin")));
-    Rectangle place = driver().rect(program.window());
+    const Bounds title = driver().rect(program.control(controlId("Label5")));
+    const Bounds end = driver().rect(program.control(controlId("topendskin")));
+    Bounds place = driver().rect(program.window());
     const Source sources[] = {
         {"form background", {250, 210}},
         {"Label5", {middleOf(title).x - place.left, middleOf(title).y - place.top}},
@@ -70,11 +70,11 @@ TEST(FrameTest, EverySourceDragsTheWindowExactly) {
 
 TEST(FrameTest, LosingThePointerEndsTheDrag) {
     const Program program;
-    const Rectangle place = driver().rect(program.window());
+    const Bounds place = driver().rect(program.window());
     const Point from{place.left + 350, place.top + 12};
     grab(program, from);
     InputSimulator().moveTo({from.x + 20, from.y + 10}).act();
-    const Rectangle taken = moved(place, 20, 10);
+    const Bounds taken = moved(place, 20, 10);
     EXPECT_TRUE(comesTo(program, taken));
     // A message box comes up in the middle of the drag, as by an Enter in the empty address box.
     driver().ask({"post", program.edit(), "0x100", "13", "0"});
@@ -99,7 +99,7 @@ TEST(FrameTest, LosingThePointerEndsTheDrag) {
 // What the system sends when it takes the pointer, as for its task switcher.
 TEST(FrameTest, ACancelledModeEndsTheDrag) {
     const Program program;
-    const Rectangle place = driver().rect(program.window());
+    const Bounds place = driver().rect(program.window());
     const Point from{place.left + 350, place.top + 12};
     grab(program, from);
     driver().ask({"send", program.window(), "0x1F", "0", "0"});
@@ -113,8 +113,8 @@ TEST(FrameTest, ACancelledModeEndsTheDrag) {
 TEST(FrameTest, TheQuitButtonDipsUnderThePointerAndEndsTheProgram) {
     Program program;
     const std::string quit = program.control(controlId("isButton2"));
-    const Rectangle bar = driver().rect(program.control(controlId("topendskin")));
-    const Rectangle atRest = driver().rect(quit);
+    const Bounds bar = driver().rect(program.control(controlId("topendskin")));
+    const Bounds atRest = driver().rect(quit);
     EXPECT_EQ(atRest.top - bar.top, 7);  // 100 twips
     InputSimulator().moveTo(middleOf(atRest)).act();
     EXPECT_TRUE(eventually([&] { return driver().rect(quit) == moved(atRest, 0, 2); }));
@@ -129,7 +129,7 @@ TEST(FrameTest, TheQuitButtonDipsUnderThePointerAndEndsTheProgram) {
 TEST(FrameTest, CanBeMovedByKeys) {
     if (paths::platform() == "wine10") GTEST_SKIP() << "keys move no window under Wine 10";
     const Program program;
-    const Rectangle place = driver().rect(program.window());
+    const Bounds place = driver().rect(program.window());
     InputSimulator().key("alt+space").act();
     program.chooseFromMenu("m");
     EXPECT_TRUE(eventually([&] {

@@ -22,9 +22,9 @@ TEST(InterruptionTest, ADoubleClickOnDownloadDoesNotCloseTheResult) {
         driver().ping(program.window());
         EXPECT_TRUE(program.areaShown());
     };
-    const Rectangle button = driver().rect(program.control(controlId("UniXPButton1")));
+    const Bounds button = driver().rect(program.control(controlId("UniXPButton1")));
     tryAt(middleOf(button));
-    const Rectangle close = driver().rect(program.control(controlId("isButton1")));
+    const Bounds close = driver().rect(program.control(controlId("isButton1")));
     program.closeArea();
     tryAt({std::max(button.left, close.left) + 5, button.top + 1});
 }
@@ -35,9 +35,9 @@ TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
     const Program program(Network::proxy(proxy.port()));
     program.start("http://www.youtube.com/watch?v=abc");
     ASSERT_TRUE(proxy.asked(1));
-    const Rectangle place = driver().rect(program.window());
+    const Bounds place = driver().rect(program.window());
     const auto comesTo = [&](int x, int y) {
-        const Rectangle expected{place.left + x, place.top + y, place.width, place.height};
+        const Bounds expected{place.left + x, place.top + y, place.width, place.height};
         return eventually([&] { return driver().rect(program.window()) == expected; });
     };
     const auto command = [&](const char* number) {

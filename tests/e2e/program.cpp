@@ -156,7 +156,7 @@ void Program::startExample(int entry) const {
     keys.key("Return").act();
     const std::string example = control(controlId("vd"));
     // Wherever it is written: at the label's left end.
-    const Rectangle place = driver().rect(example);
+    const Bounds place = driver().rect(example);
     InputSimulator().click({place.left + place.width / 8, place.top + 5}).act();
     // Both change with each key, and the keys may still be on their way.
     if (!eventually([&] {

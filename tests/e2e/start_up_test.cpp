@@ -27,8 +27,8 @@ TEST(StartUpTest, OpensWithTheFirstSiteAndTheAddressBoxFocused) {
     EXPECT_FALSE(program.areaShown());
     EXPECT_FALSE(driver().enabled(program.control(controlId("isButton1"))));
     // In the middle of the session's screen.
-    const Rectangle place = driver().rect(program.window());
-    EXPECT_EQ(place, (Rectangle{(1280 - 497) / 2, (1024 - 297) / 2, 497, 297}));
+    const Bounds place = driver().rect(program.window());
+    EXPECT_EQ(place, (Bounds{(1280 - 497) / 2, (1024 - 297) / 2, 497, 297}));
 }
 
 TEST(StartUpTest, LoadsNoLibraryThatOnlyARunNeeds) {

@@ -18,7 +18,7 @@ void closeMenu(const Program& program) {
 
 TEST(SystemMenuTest, OpensByKeyIconAndTitleAndSaysWhatThisIs) {
     const Program program;
-    const Rectangle place = driver().rect(program.window());
+    const Bounds place = driver().rect(program.window());
     const Point icon{place.left + 15, place.top + 15};
     InputSimulator().key("alt+space").act();
     closeMenu(program);
@@ -42,7 +42,7 @@ TEST(SystemMenuTest, OpensByKeyIconAndTitleAndSaysWhatThisIs) {
 
 TEST(SystemMenuTest, APressBesideTheQuitButtonEndsTheProgramToo) {
     Program program;
-    const Rectangle quit = driver().rect(program.control(controlId("isButton2")));
+    const Bounds quit = driver().rect(program.control(controlId("isButton2")));
     const Point beside{quit.left - 2, quit.top + quit.height / 2};
     InputSimulator().moveTo(beside).press().moveTo({beside.x - 60, beside.y}).release().act();
     InputSimulator().type("x").act();

@@ -259,8 +259,8 @@ TEST_F(WebBrowserTest, TheHandlerMayThrowNavigateOrDestroyTheWindow) {
 }
 
 TEST(PreviewPanelTest, ALongAddressLeavesRoomForTypeAndSize) {
-    const int width = MulDiv(220, screenDpi(), designDpi);
-    const int height = MulDiv(150, screenDpi(), designDpi);
+    const int width = scaled(220);
+    const int height = scaled(150);
     clsVirtualDC surface;
     surface.CreateMyDC(width, height);
     const PreviewPanel panel;

@@ -6,7 +6,7 @@
 namespace velvox::e2e {
 namespace {
 
-void read(std::istream& in, Rectangle& r) {
+void read(std::istream& in, Bounds& r) {
     in >> r.left >> r.top >> r.width >> r.height;
 }
 
@@ -14,7 +14,7 @@ void read(std::istream& in, Rectangle& r) {
 
 bool Scene::shows(ControlId id, Point at) const {
     const Control& control = (*this)[id];
-    const Rectangle& r = control.bounds;
+    const Bounds& r = control.bounds;
     return control.visible && at.x >= r.left && at.x < r.left + r.width && at.y >= r.top &&
            at.y < r.top + r.height;
 }

@@ -19,13 +19,13 @@ struct Scene {
     struct Control {
         bool visible = false;
         bool enabled = false;
-        Rectangle bounds;
+        Bounds bounds;
     };
 
     bool visible = false;
     bool enabled = false;
     bool iconic = false;
-    Rectangle bounds;
+    Bounds bounds;
     bool menu = false;    ///< a menu is open
     bool moving = false;  ///< the window is being moved by keys
     bool list = false;    ///< the site list is dropped down

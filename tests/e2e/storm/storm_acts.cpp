@@ -26,7 +26,7 @@ constexpr int screenHeight = 1024;
 
 // A place within a rectangle, per mille of it. Where the window hangs over the screen's edge, the
 // pointer stays on the screen.
-Point at(const Rectangle& r, int x, int y) {
+Point at(const Bounds& r, int x, int y) {
     return {std::clamp(r.left + r.width * x / 1000, 0, screenWidth - 1),
             std::clamp(r.top + r.height * y / 1000, 0, screenHeight - 1)};
 }
@@ -68,7 +68,7 @@ Point Storm::placeOf(const Act& act) const {
         case Kind::Start: return middleOf(scene_[controlId("UniXPButton1")].bounds);
         case Kind::ClickControl: return at(scene_[act.control].bounds, act.x, act.y);
         case Kind::ClickFirstLine: {
-            Rectangle lines = scene_[controlId("output")].bounds;
+            Bounds lines = scene_[controlId("output")].bounds;
             lines.width = firstLinesWidth;
             lines.height = firstLinesHeight;
             return at(lines, act.x, act.y);

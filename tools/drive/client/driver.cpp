@@ -6,7 +6,13 @@
 #include "tools/drive/client/paths.h"
 #include "tools/drive/line.h"
 
-namespace velvox::drive {
+namespace velvox {
+
+std::ostream& operator<<(std::ostream& out, const Bounds& r) {
+    return out << r.width << "x" << r.height << "+" << r.left << "+" << r.top;
+}
+
+namespace drive {
 namespace {
 
 // Longer than anything that the driver itself is asked to wait for.
@@ -21,10 +27,6 @@ std::string unescaped(std::string_view line) {
 }
 
 }  // namespace
-
-std::ostream& operator<<(std::ostream& out, const Rectangle& r) {
-    return out << r.width << "x" << r.height << "+" << r.left << "+" << r.top;
-}
 
 Driver::Driver() : process_({paths::wine(), paths::driver()}, true) {}
 
@@ -51,8 +53,8 @@ bool Driver::holds(const std::vector<std::string>& words) {
     return exchange(words).ok;
 }
 
-Rectangle Driver::rect(const std::string& window) {
-    Rectangle r;
+Bounds Driver::rect(const std::string& window) {
+    Bounds r;
     std::istringstream(ask({"rect", window})) >> r.left >> r.top >> r.width >> r.height;
     return r;
 }
@@ -106,4 +108,5 @@ Driver& driver() {
     return one;
 }
 
-}  // namespace velvox::drive
+}  // namespace drive
+}  // namespace velvox

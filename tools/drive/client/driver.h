@@ -7,20 +7,14 @@
 #include <thread>
 #include <vector>
 
+#include "base/geometry.h"
 #include "tools/drive/client/process.h"
 
-namespace velvox::drive {
+namespace velvox {
 
-struct Rectangle {
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
+std::ostream& operator<<(std::ostream& out, const Bounds& r);
 
-    bool operator==(const Rectangle&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Rectangle& r);
+namespace drive {
 
 class Driver {
  public:
@@ -34,7 +28,7 @@ class Driver {
     bool holds(const std::vector<std::string>& words);
 
     std::string text(const std::string& window) { return ask({"text", window}); }
-    Rectangle rect(const std::string& window);
+    Bounds rect(const std::string& window);
     bool visible(const std::string& window);
     bool enabled(const std::string& window);
     /// Handle of the focused window of that window's program.
@@ -79,4 +73,5 @@ bool eventually(Condition holds, Milliseconds time = Driver::patience) {
     return true;
 }
 
-}  // namespace velvox::drive
+}  // namespace drive
+}  // namespace velvox

@@ -9,12 +9,7 @@
 
 namespace velvox::drive {
 
-struct Point {
-    int x = 0;
-    int y = 0;
-};
-
-constexpr Point middleOf(const Rectangle& r) {
+constexpr Point middleOf(const Bounds& r) {
     return {r.left + r.width / 2, r.top + r.height / 2};
 }
 
