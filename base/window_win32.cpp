@@ -56,21 +56,24 @@ void reportCurrentFailure() noexcept {
     }
 }
 
-void registerWindowClass(const wchar_t* name, UINT style, HCURSOR cursor, HICON icon,
-                         HICON smallIcon) {
-    WNDCLASSEXW known{};
-    known.cbSize = sizeof known;
-    const HINSTANCE instance = GetModuleHandleW(nullptr);
-    if (GetClassInfoExW(instance, name, &known)) return;
+void Window::registerClass(const WindowRequest& request) {
     WNDCLASSEXW c{};
     c.cbSize = sizeof c;
-    c.style = style;
+    c.hInstance = GetModuleHandleW(nullptr);
+    if (GetClassInfoExW(c.hInstance, request.className, &c)) return;
+    const auto icon = [&](int width, int height) {
+        return static_cast<HICON>(LoadImageW(c.hInstance, MAKEINTRESOURCEW(request.iconId),
+                                             IMAGE_ICON, GetSystemMetrics(width),
+                                             GetSystemMetrics(height), LR_SHARED));
+    };
+    c.style = request.classStyle;
     c.lpfnWndProc = &Window::thunk;
-    c.hInstance = instance;
-    c.hCursor = cursor ? cursor : LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
-    c.hIcon = icon;
-    c.hIconSm = smallIcon;
-    c.lpszClassName = name;
+    c.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+    if (request.iconId) {
+        c.hIcon = icon(SM_CXICON, SM_CYICON);
+        c.hIconSm = icon(SM_CXSMICON, SM_CYSMICON);
+    }
+    c.lpszClassName = request.className;
     if (!RegisterClassExW(&c)) throwLastError("RegisterClassEx");
 }
 
@@ -82,6 +85,7 @@ Window::~Window() {
 }
 
 void Window::create(const WindowRequest& request) {
+    registerClass(request);
     createWindow(request, this);
 }
 

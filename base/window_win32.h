@@ -26,17 +26,15 @@ void reportCurrentFailure() noexcept;
 /// What a window is created with. Bounds are in pixels, relative to the parent's client area.
 struct WindowRequest {
     const wchar_t* className = nullptr;
-    std::wstring text;
+    std::wstring text{};
     DWORD style = 0;
     DWORD extendedStyle = 0;
     RECT bounds{};
     HWND parent = nullptr;
-    int id = 0;  ///< child windows only
+    int id = 0;           ///< child windows only
+    UINT classStyle = 0;  ///< counts at the first window of the class
+    int iconId = 0;       ///< a resource; likewise, 0 for none
 };
-
-/// Registers a window class for `Window` objects once; repeated calls are harmless.
-void registerWindowClass(const wchar_t* name, UINT style = 0, HCURSOR cursor = nullptr,
-                         HICON icon = nullptr, HICON smallIcon = nullptr);
 
 /// A window whose class this program registers.
 class Window {
@@ -50,7 +48,7 @@ class Window {
     HWND handle() const noexcept { return handle_; }
 
  protected:
-    /// Creates the window of a registered class. Throws RuntimeFailure (Platform).
+    /// Creates the window. Throws RuntimeFailure (Platform).
     void create(const WindowRequest& request);
     void destroy() noexcept;
 
@@ -58,7 +56,7 @@ class Window {
     virtual std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 
  private:
-    friend void registerWindowClass(const wchar_t*, UINT, HCURSOR, HICON, HICON);
+    static void registerClass(const WindowRequest& request);
     static LRESULT CALLBACK thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
     HWND handle_ = nullptr;

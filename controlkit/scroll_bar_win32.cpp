@@ -50,14 +50,12 @@ MouseButton buttonOf(UINT message) {
 }  // namespace
 
 void ScrollBarWindow::create(HWND parent, const RECT& bounds, int id) {
-    registerWindowClass(scrollBarClass, CS_DBLCLKS);
-    WindowRequest request;
-    request.className = scrollBarClass;
-    request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | (Enabled() ? 0U : WS_DISABLED);
-    request.bounds = bounds;
-    request.parent = parent;
-    request.id = id;
-    Window::create(request);
+    Window::create({.className = scrollBarClass,
+                    .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | (Enabled() ? 0U : WS_DISABLED),
+                    .bounds = bounds,
+                    .parent = parent,
+                    .id = id,
+                    .classStyle = CS_DBLCLKS});
     measure();
 }
 

@@ -8,8 +8,6 @@
 namespace velvox {
 namespace {
 
-constexpr const wchar_t* containerClass = L"VelvoxScrollContainer";
-constexpr const wchar_t* viewClass = L"VelvoxScrollView";
 constexpr UINT_PTR contentSubclass = 1;
 
 /// Pixels of a 96 dpi screen.
@@ -36,21 +34,17 @@ tsScrollContainer::~tsScrollContainer() {
 }
 
 void tsScrollContainer::create(HWND parent, const RECT& bounds, int id) {
-    registerWindowClass(containerClass);
-    registerWindowClass(viewClass);
-    WindowRequest request;
-    request.className = containerClass;
-    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
-    request.extendedStyle = WS_EX_CONTROLPARENT;
-    request.bounds = bounds;
-    request.parent = parent;
-    request.id = id;
-    Window::create(request);
-    request.className = viewClass;
-    request.bounds = {};
-    request.parent = handle();
-    request.id = 0;
-    view_.create(request);
+    constexpr DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
+    Window::create({.className = L"VelvoxScrollContainer",
+                    .style = style,
+                    .extendedStyle = WS_EX_CONTROLPARENT,
+                    .bounds = bounds,
+                    .parent = parent,
+                    .id = id});
+    view_.create({.className = L"VelvoxScrollView",
+                  .style = style,
+                  .extendedStyle = WS_EX_CONTROLPARENT,
+                  .parent = handle()});
     for (ScrollBarWindow* each : {&bar(Axis::Vertical), &bar(Axis::Horizontal)}) {
         each->Value(0);
         each->SmallChange(scaled(smallChange));

@@ -11,13 +11,11 @@ void PlainControl::create(const WindowRequest& request, const Font& font) {
 }
 
 void EventList::create(HWND parent, const RECT& bounds) {
-    WindowRequest request;
-    request.parent = parent;
-    request.className = L"LISTBOX";
-    request.style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_BORDER | WS_TABSTOP |
-                    LBS_NOINTEGRALHEIGHT | LBS_NOSEL;
-    request.bounds = bounds;
-    list_.create(request);
+    list_.create({.className = L"LISTBOX",
+                  .style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_BORDER | WS_TABSTOP |
+                           LBS_NOINTEGRALHEIGHT | LBS_NOSEL,
+                  .bounds = bounds,
+                  .parent = parent});
 }
 
 void EventList::add(std::string_view source, std::string_view event, std::string_view detail) {

@@ -15,9 +15,6 @@
 namespace velvox {
 namespace {
 
-constexpr const wchar_t* pageClass = L"VelvoxFilesPage";
-constexpr const wchar_t* listClass = L"VelvoxFileList";
-
 /// Lengths in pixels of a 96 dpi screen.
 constexpr struct {
     int margin = 12;
@@ -56,12 +53,10 @@ std::string counted(std::size_t number, std::string_view what) {
 
 FileListWindow::FileListWindow(tsScrollContainer& container, FileRows& rows)
     : container_(container), rows_(rows), font_(createFont({})) {
-    registerWindowClass(listClass, CS_DBLCLKS);
-    WindowRequest request;
-    request.className = listClass;
-    request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
-    request.parent = container.view();
-    create(request);
+    create({.className = L"VelvoxFileList",
+            .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP,
+            .parent = container.view(),
+            .classStyle = CS_DBLCLKS});
     container_.vertical().SmallChange(scaled(sizes.row));
     container_.vertical().WheelChange(3 * scaled(sizes.row));
     refresh();
@@ -171,30 +166,24 @@ struct FilesPage::Layout {
 };
 
 void FilesPage::create(HWND parent) {
-    registerWindowClass(pageClass);
-    WindowRequest request;
-    request.className = pageClass;
-    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
-    request.extendedStyle = WS_EX_CONTROLPARENT;
-    GetClientRect(parent, &request.bounds);
-    request.parent = parent;
-    Window::create(request);
+    Window::create(filling(parent, L"VelvoxFilesPage"));
     font_ = createFont({});
 
-    const Layout layout(request.bounds);
-    request.className = L"BUTTON";
-    request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
-    request.extendedStyle = 0;
-    request.parent = handle();
-    request.id = ByNameId;
-    request.bounds = layout.byName;
+    RECT client{};
+    GetClientRect(handle(), &client);
+    const Layout layout(client);
+    WindowRequest header{.className = L"BUTTON",
+                         .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP,
+                         .bounds = layout.byName,
+                         .parent = handle(),
+                         .id = ByNameId};
     // Tahoma lacks triangles on some systems.
     Font triangles;
     triangles.name = "Arial";
-    byName_.create(request, triangles);
-    request.id = BySizeId;
-    request.bounds = layout.bySize;
-    bySize_.create(request, triangles);
+    byName_.create(header, triangles);
+    header.id = BySizeId;
+    header.bounds = layout.bySize;
+    bySize_.create(header, triangles);
     nameColumns();
 
     container_.create(handle(), layout.container);

@@ -31,13 +31,11 @@ constexpr int listId = 1;
 class PageList : public SystemControl {
  public:
     explicit PageList(HWND parent) : font_(createFont({})) {
-        WindowRequest request;
-        request.className = L"LISTBOX";
-        request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT;
-        request.bounds = {0, 0, scaled(listWidth), scaled(pageHeight)};
-        request.parent = parent;
-        request.id = listId;
-        create(request);
+        create({.className = L"LISTBOX",
+                .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+                .bounds = {0, 0, scaled(listWidth), scaled(pageHeight)},
+                .parent = parent,
+                .id = listId});
         SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
     }
 
@@ -51,15 +49,12 @@ class PageList : public SystemControl {
 class PageHost : public Window {
  public:
     explicit PageHost(HWND parent) {
-        registerWindowClass(L"GalleryPage");
-        WindowRequest request;
-        request.className = L"GalleryPage";
-        request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
-        request.extendedStyle = WS_EX_CONTROLPARENT;
         const int left = scaled(listWidth);
-        request.bounds = {left, 0, left + scaled(pageWidth), scaled(pageHeight)};
-        request.parent = parent;
-        create(request);
+        create({.className = L"GalleryPage",
+                .style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
+                .extendedStyle = WS_EX_CONTROLPARENT,
+                .bounds = {left, 0, left + scaled(pageWidth), scaled(pageHeight)},
+                .parent = parent});
     }
     ~PageHost() override { destroy(); }
 
@@ -73,21 +68,15 @@ class GalleryWindow : public Window {
         constexpr int captionRoom = 40;
         fitScreenDpi({(listWidth + pageWidth) * designTwipsPerPixel,
                       (pageHeight + captionRoom) * designTwipsPerPixel});
-        const auto icon = [](int width, int height) {
-            return static_cast<HICON>(
-                LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_VELVOX), IMAGE_ICON,
-                           GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED));
-        };
-        registerWindowClass(L"VelvoxGallery", 0, nullptr, icon(SM_CXICON, SM_CYICON),
-                            icon(SM_CXSMICON, SM_CYSMICON));
-        WindowRequest request;
-        request.className = L"VelvoxGallery";
-        request.text = L"Velvox Gallery";
-        request.style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+        constexpr DWORD style =
+            WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
         RECT frame{0, 0, scaled(listWidth + pageWidth), scaled(pageHeight)};
-        AdjustWindowRect(&frame, request.style, FALSE);
-        request.bounds = {0, 0, frame.right - frame.left, frame.bottom - frame.top};
-        create(request);
+        AdjustWindowRect(&frame, style, FALSE);
+        create({.className = L"VelvoxGallery",
+                .text = L"Velvox Gallery",
+                .style = style,
+                .bounds = {0, 0, frame.right - frame.left, frame.bottom - frame.top},
+                .iconId = IDI_VELVOX});
         list_ = std::make_unique<PageList>(handle());
         for (const auto& page : pages_)
             SendMessageW(list_->handle(), LB_ADDSTRING, 0,

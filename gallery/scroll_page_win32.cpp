@@ -12,9 +12,6 @@
 namespace velvox {
 namespace {
 
-constexpr const wchar_t* pageClass = L"VelvoxScrollPage";
-constexpr const wchar_t* pictureClass = L"VelvoxLargePicture";
-
 /// Lengths in pixels of a 96 dpi screen.
 constexpr struct {
     int margin = 12;
@@ -76,15 +73,7 @@ struct ScrollPage::Layout {
 };
 
 void ScrollPage::create(HWND parent) {
-    registerWindowClass(pageClass);
-    WindowRequest request;
-    request.className = pageClass;
-    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
-    request.extendedStyle = WS_EX_CONTROLPARENT;
-    GetClientRect(parent, &request.bounds);
-    request.parent = parent;
-    Window::create(request);
-
+    Window::create(filling(parent, L"VelvoxScrollPage"));
     RECT client{};
     GetClientRect(handle(), &client);
     createControls(Layout(client));
@@ -92,14 +81,11 @@ void ScrollPage::create(HWND parent) {
 
 LargePicture::LargePicture(HWND parent) {
     draw();
-    registerWindowClass(pictureClass);
-    WindowRequest request;
-    request.className = pictureClass;
-    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
-    request.extendedStyle = WS_EX_CONTROLPARENT;
-    request.bounds = {0, 0, picture_.Width(), picture_.Height()};
-    request.parent = parent;
-    create(request);
+    create({.className = L"VelvoxLargePicture",
+            .style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
+            .extendedStyle = WS_EX_CONTROLPARENT,
+            .bounds = {0, 0, picture_.Width(), picture_.Height()},
+            .parent = parent});
 
     constexpr int step = sizes.gridStep;
     constexpr int lastColumn = sizes.pictureWidth / step - 1,
@@ -112,17 +98,15 @@ LargePicture::LargePicture(HWND parent) {
                   {lastColumn / 2, lastRow / 2, L"Middle"},
                   {0, lastRow, L"Lower left"},
                   {lastColumn, lastRow, L"Lower right"}};
-    request.className = L"BUTTON";
-    request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
-    request.extendedStyle = 0;
-    request.parent = handle();
     for (const auto& place : places) {
-        request.text = place.text;
         const int x = place.column * step + (step - sizes.buttonWidth) / 2;
         const int y = place.row * step + (step - sizes.buttonHeight) / 2;
-        request.bounds = {scaled(x), scaled(y), scaled(x + sizes.buttonWidth),
-                          scaled(y + sizes.buttonHeight)};
-        buttons_.emplace_back().create(request);
+        buttons_.emplace_back().create(
+            {.className = L"BUTTON",
+             .text = place.text,
+             .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP,
+             .bounds = toPixels(inTwips({x, y, sizes.buttonWidth, sizes.buttonHeight})),
+             .parent = handle()});
     }
 }
 
@@ -199,16 +183,13 @@ void ScrollPage::createControls(const Layout& layout) {
     disabled_.create(handle(), layout.disabled);
 
     events_.create(handle(), layout.events);
-    WindowRequest request;
-    request.parent = handle();
-
     const auto addCheckBox = [&](PlainControl& box, CommandId id, const wchar_t* text) {
-        request.className = L"BUTTON";
-        request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX;
-        request.id = id;
-        request.text = text;
-        request.bounds = layout.check[static_cast<std::size_t>(id - EnabledId)];
-        box.create(request);
+        box.create({.className = L"BUTTON",
+                    .text = text,
+                    .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX,
+                    .bounds = layout.check[static_cast<std::size_t>(id - EnabledId)],
+                    .parent = handle(),
+                    .id = id});
         SendMessageW(box.handle(), BM_SETCHECK, BST_CHECKED, 0);
     };
     addCheckBox(enabled_, EnabledId, L"Enabled");

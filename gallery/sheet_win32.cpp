@@ -6,20 +6,23 @@
 #include "controls/button/is_button_paint_win32.h"
 
 namespace velvox {
+WindowRequest filling(HWND parent, const wchar_t* className) {
+    RECT client{};
+    GetClientRect(parent, &client);
+    return {.className = className,
+            .style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
+            .extendedStyle = WS_EX_CONTROLPARENT,
+            .bounds = client,
+            .parent = parent};
+}
+
 Sheet::Sheet(HWND parent) : font_(createFont({})) {
     // Not every system has a bold Tahoma that looks bold at all sizes.
     Font bold;
     bold.name = "Arial";
     bold.bold = true;
     boldFont_ = createFont(bold);
-    registerWindowClass(L"GallerySheet");
-    WindowRequest request;
-    request.className = L"GallerySheet";
-    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
-    request.extendedStyle = WS_EX_CONTROLPARENT;
-    GetClientRect(parent, &request.bounds);
-    request.parent = parent;
-    create(request);
+    create(filling(parent, L"GallerySheet"));
 }
 
 Sheet::~Sheet() {
@@ -85,11 +88,7 @@ void Sheet::paint(HDC dc) {
 std::optional<LRESULT> Sheet::onMessage(UINT message, WPARAM wParam, LPARAM) {
     switch (message) {
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: {
-            const PaintScope painting(handle());
-            paint(painting.dc());
-            return 0;
-        }
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_CTLCOLORBTN: return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
         default: return std::nullopt;

@@ -19,6 +19,9 @@ constexpr Bounds inTwips(const Bounds& designPixels) {
             designPixels.width * designTwipsPerPixel, designPixels.height * designTwipsPerPixel};
 }
 
+/// A window that fills the client area of its parent.
+WindowRequest filling(HWND parent, const wchar_t* className);
+
 /// Bounds are in design pixels, of which 96 make an inch; the sheet scales them to the screen.
 class Sheet : public Window {
  public:

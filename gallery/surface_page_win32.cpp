@@ -12,8 +12,6 @@
 namespace velvox {
 namespace {
 
-constexpr const wchar_t* pageClass = L"VelvoxSurfacePage";
-
 /// Lengths in pixels of a 96 dpi screen.
 constexpr struct {
     int margin = 12;
@@ -286,13 +284,7 @@ void drawCard(clsVirtualDC& on, const Card& card, RECT area) {
 }  // namespace
 
 void SurfacePage::create(HWND parent) {
-    registerWindowClass(pageClass);
-    WindowRequest request;
-    request.className = pageClass;
-    request.style = WS_CHILD | WS_VISIBLE;
-    GetClientRect(parent, &request.bounds);
-    request.parent = parent;
-    Window::create(request);
+    Window::create(filling(parent, L"VelvoxSurfacePage"));
 }
 
 std::optional<LRESULT> SurfacePage::onMessage(UINT message, WPARAM wParam, LPARAM) {

@@ -20,14 +20,11 @@ constexpr int framePixels = 1;  // as the result pane beside it
 WebBrowserWindow::WebBrowserWindow(HWND parent, const RECT& pixels, int id,
                                    InternetSession& session, const TransferLimits& limits)
     : session_(session), limits_(limits) {
-    registerWindowClass(className);
-    WindowRequest request;
-    request.className = className;
-    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
-    request.bounds = pixels;
-    request.parent = parent;
-    request.id = id;
-    create(request);
+    create({.className = className,
+            .style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
+            .bounds = pixels,
+            .parent = parent,
+            .id = id});
 }
 
 WebBrowserWindow::~WebBrowserWindow() {

@@ -15,15 +15,13 @@
 namespace velvox {
 
 LinkText::LinkText(HWND parent, const RECT& pixels, Desktop& desktop) : desktop_(desktop) {
-    WindowRequest request;
-    request.className = richEditClass();
     // Its own drag and drop is off, so that drops reach the main window.
-    request.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY |
-                    ES_NOOLEDRAGDROP;
-    request.bounds = pixels;
-    request.parent = parent;
-    request.id = 1;
-    create(request);
+    create({.className = richEditClass(),
+            .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY |
+                     ES_NOOLEDRAGDROP,
+            .bounds = pixels,
+            .parent = parent,
+            .id = 1});
     SendMessageW(handle(), EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
     SendMessageW(handle(), EM_SETUNDOLIMIT, 0, 0);
     SendMessageW(handle(), EM_SETBKGNDCOLOR, TRUE, 0);

@@ -38,15 +38,12 @@ PaneColours systemPaneColours() {
 
 ResultPaneWindow::ResultPaneWindow(HWND parent, const RECT& pixels, int id, Desktop& desktop)
     : desktop_(desktop) {
-    registerWindowClass(L"ResultPane");
-    WindowRequest request;
-    request.className = L"ResultPane";
-    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
-    request.extendedStyle = WS_EX_CONTROLPARENT;
-    request.bounds = pixels;
-    request.parent = parent;
-    request.id = id;
-    create(request);
+    create({.className = L"ResultPane",
+            .style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
+            .extendedStyle = WS_EX_CONTROLPARENT,
+            .bounds = pixels,
+            .parent = parent,
+            .id = id});
 }
 
 ResultPaneWindow::~ResultPaneWindow() {
@@ -107,11 +104,7 @@ std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, 
             }
             return 0;
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: {
-            const PaintScope painting(handle());
-            paint(painting.dc());
-            return 0;
-        }
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: {
             const auto dc = reinterpret_cast<HDC>(wParam);
             paint(dc);

@@ -11,13 +11,10 @@ namespace velvox {
 
 ClickTarget::ClickTarget(HWND parent, const RECT& pixels, std::function<void()> click)
     : click_(std::move(click)) {
-    registerWindowClass(L"ClickTarget");
-    WindowRequest request;
-    request.className = L"ClickTarget";
-    request.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
-    request.bounds = pixels;
-    request.parent = parent;
-    create(request);
+    create({.className = L"ClickTarget",
+            .style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS,
+            .bounds = pixels,
+            .parent = parent});
     SetWindowPos(handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
@@ -28,11 +25,7 @@ ClickTarget::~ClickTarget() {
 std::optional<LRESULT> ClickTarget::onMessage(UINT message, WPARAM, LPARAM lParam) {
     switch (message) {
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: {
-            const PaintScope painting(handle());
-            paintParentBackground(handle(), painting.dc());
-            return 0;
-        }
+        case WM_PAINT: paintParentBackground(handle(), PaintScope(handle()).dc()); return 0;
         case WM_LBUTTONDOWN:
             SetCapture(handle());
             pressed_ = true;

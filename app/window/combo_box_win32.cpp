@@ -14,16 +14,15 @@ constexpr int droppedRows = 12;
 
 ComboBoxWindow::ComboBoxWindow(ComboBox& model, HWND parent, int id)
     : model_(model), font_(createFont(Font{})) {
-    WindowRequest request;
-    request.className = L"COMBOBOX";
-    request.style = WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST |
-                    (model.Visible() ? WS_VISIBLE : 0);
-    request.bounds = toPixels(model.bounds());
+    RECT pixels = toPixels(model.bounds());
     // The height of a drop-down list's window is that of the list pulled down.
-    request.bounds.bottom += (request.bounds.bottom - request.bounds.top) * droppedRows;
-    request.parent = parent;
-    request.id = id;
-    create(request);
+    pixels.bottom += (pixels.bottom - pixels.top) * droppedRows;
+    create({.className = L"COMBOBOX",
+            .style = WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST |
+                     (model.Visible() ? WS_VISIBLE : 0U),
+            .bounds = pixels,
+            .parent = parent,
+            .id = id});
     SetWindowFont(handle(), font_.get(), FALSE);
     for (const std::string& item : model_.items())
         ComboBox_AddString(handle(), widen(item).c_str());

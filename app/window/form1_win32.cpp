@@ -56,23 +56,15 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
       desktop_(pump),
       limits_(limits),
       transfer_(session_, limits, [&pump](const auto& isOver) { pump.serveInput(isOver); }) {
-    const HINSTANCE instance = GetModuleHandleW(nullptr);
-    const auto icon = [&](int width, int height) {
-        return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(IDI_VELVOX), IMAGE_ICON,
-                                             GetSystemMetrics(width), GetSystemMetrics(height),
-                                             LR_SHARED));
-    };
-    registerWindowClass(L"Form1", CS_DROPSHADOW, nullptr, icon(SM_CXICON, SM_CYICON),
-                        icon(SM_CXSMICON, SM_CYSMICON));
     colours_.setHighContrast(highContrast());
     const RECT design = designPixels("Form1");
-    WindowRequest request;
-    request.className = L"Form1";
-    request.text = windowTitle;
-    request.style = WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
-    request.extendedStyle = WS_EX_APPWINDOW | WS_EX_CONTROLPARENT;
-    request.bounds = openingPlace({design.right, design.bottom});
-    create(request);
+    create({.className = L"Form1",
+            .text = windowTitle,
+            .style = WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
+            .extendedStyle = WS_EX_APPWINDOW | WS_EX_CONTROLPARENT,
+            .bounds = openingPlace({design.right, design.bottom}),
+            .classStyle = CS_DROPSHADOW,
+            .iconId = IDI_VELVOX});
     desktop_.setWindow(handle());
     children_ = std::make_unique<Children>(*this);
     std::function<void()>& pressed = form().UniXPButton1.Click;

@@ -39,14 +39,12 @@ Skin::TextRole roleOf(ControlKind kind) {
 
 LabelWindow::LabelWindow(Label& model, HWND parent, int id, ControlKind kind, const Skin& skin)
     : model_(model), kind_(kind), skin_(skin), font_(createFont(model.font())) {
-    WindowRequest request;
-    request.className = L"STATIC";
-    request.text = widen(model.Caption());
-    request.style = styleOf(kind) | (model.Visible() ? WS_VISIBLE : 0);
-    request.bounds = toPixels(model.bounds());
-    request.parent = parent;
-    request.id = id;
-    create(request);
+    create({.className = L"STATIC",
+            .text = widen(model.Caption()),
+            .style = styleOf(kind) | (model.Visible() ? WS_VISIBLE : 0U),
+            .bounds = toPixels(model.bounds()),
+            .parent = parent,
+            .id = id});
     SetWindowFont(handle(), font_.get(), FALSE);
     if (kind == ControlKind::Link) setAccessibleName(handle(), {}, ROLE_SYSTEM_LINK);
     model_.setObserver(this);
@@ -71,11 +69,7 @@ void LabelWindow::controlChanged(ControlChange change) {
 
 std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_PAINT: {
-            const PaintScope painting(handle());
-            paint(painting.dc());
-            return 0;
-        }
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_ERASEBKGND: return 1;
         case WM_SETTEXT:

@@ -11,16 +11,13 @@ namespace velvox {
 PictureBoxWindow::PictureBoxWindow(const ControlDesign& design, HWND parent, int id,
                                    Painter painter)
     : painter_(std::move(painter)) {
-    registerWindowClass(L"PictureBox");
-    WindowRequest request;
-    request.className = L"PictureBox";
-    request.style = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN |
-                    (design.shown == Shown::Result ? 0 : WS_VISIBLE);
-    request.extendedStyle = WS_EX_CONTROLPARENT;
-    request.bounds = toPixels(design.bounds);
-    request.parent = parent;
-    request.id = id;
-    create(request);
+    create({.className = L"PictureBox",
+            .style = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN |
+                     (design.shown == Shown::Result ? 0U : WS_VISIBLE),
+            .extendedStyle = WS_EX_CONTROLPARENT,
+            .bounds = toPixels(design.bounds),
+            .parent = parent,
+            .id = id});
 }
 
 PictureBoxWindow::~PictureBoxWindow() {
@@ -49,11 +46,7 @@ void PictureBoxWindow::controlChanged(ControlChange change) {
 
 std::optional<LRESULT> PictureBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_PAINT: {
-            const PaintScope painting(handle());
-            paint(painting.dc());
-            return 0;
-        }
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: {
             RECT client;
             GetClientRect(handle(), &client);

@@ -230,7 +230,6 @@ class isButton : public Control {
     bool hasFocus() const noexcept { return hasFocus_; }
     bool mouseInside() const noexcept { return mouseInside_; }
     bool userMode() const noexcept { return userMode_; }
-    MouseButton lastMouseButton() const noexcept { return lastMouseButton_; }
     Tracking tracking() const noexcept { return tracking_; }
     void tracking(Tracking available);
     unsigned captionFlags() const noexcept { return captionFlags_; }

@@ -54,17 +54,14 @@ isButtonWindow::isButtonWindow(isButton& model, HWND parent, int id, const Butto
       modelAlive_(model.lifetime()),
       services_(services),
       toolTip_(services.toolTips) {
-    registerWindowClass(className, CS_DBLCLKS);
-    WindowRequest request;
-    request.className = className;
-    request.text = widen(model.Caption());
-    request.style = WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS;
-    if (model.Visible()) request.style |= WS_VISIBLE;
-    if (!model.Enabled()) request.style |= WS_DISABLED;
-    request.bounds = toPixels(model.bounds());
-    request.parent = parent;
-    request.id = id;
-    create(request);
+    create({.className = className,
+            .text = widen(model.Caption()),
+            .style = WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS | (model.Visible() ? WS_VISIBLE : 0U) |
+                     (model.Enabled() ? 0U : WS_DISABLED),
+            .bounds = toPixels(model.bounds()),
+            .parent = parent,
+            .id = id,
+            .classStyle = CS_DBLCLKS});
     setAccessibleName(handle(), {}, ROLE_SYSTEM_PUSHBUTTON);
     model_.setObserver(this);
     model_.setHost(this);

@@ -56,14 +56,12 @@ std::string firstLine(const std::string& text) {
 
 TextBoxWindow::TextBoxWindow(XPTextBox& box, HWND parent, const SystemColours& colours)
     : box_(box), model_(box.MyTxt), colours_(colours) {
-    WindowRequest request;
-    request.className = L"EDIT";
-    request.text = widen(model_.Text());
-    request.style =
-        WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | alignmentStyle(model_.Alignment());
-    request.parent = parent;
-    request.id = 1;
-    create(request);
+    create({.className = L"EDIT",
+            .text = widen(model_.Text()),
+            .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL |
+                     alignmentStyle(model_.Alignment()),
+            .parent = parent,
+            .id = 1});
     controlChanged(ControlChange::Other);
     controlChanged(ControlChange::Appearance);
     controlChanged(ControlChange::Enabled);
@@ -293,16 +291,13 @@ void TextBoxWindow::mouseMoved(WPARAM wParam, LPARAM lParam) {
 XPTextBoxWindow::XPTextBoxWindow(XPTextBox& model, HWND parent, int id,
                                  const SystemColours& colours)
     : model_(model), colours_(colours) {
-    registerWindowClass(L"XPTextBox");
-    WindowRequest request;
-    request.className = L"XPTextBox";
-    request.style =
-        WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | (model.Visible() ? WS_VISIBLE : 0);
-    request.extendedStyle = WS_EX_CONTROLPARENT;
-    request.bounds = toPixels(model.bounds());
-    request.parent = parent;
-    request.id = id;
-    create(request);
+    create({.className = L"XPTextBox",
+            .style =
+                WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | (model.Visible() ? WS_VISIBLE : 0U),
+            .extendedStyle = WS_EX_CONTROLPARENT,
+            .bounds = toPixels(model.bounds()),
+            .parent = parent,
+            .id = id});
     edit_.emplace(model, handle(), colours_);
     model_.setObserver(this);
     model_.Pic.setObserver(&picObserver_);
@@ -324,11 +319,7 @@ void XPTextBoxWindow::controlChanged(ControlChange change) {
 
 std::optional<LRESULT> XPTextBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_PAINT: {
-            const PaintScope painting(handle());
-            paint(painting.dc());
-            return 0;
-        }
+        case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_ERASEBKGND: return 1;
         case WM_SIZE:

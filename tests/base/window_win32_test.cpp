@@ -9,10 +9,7 @@ namespace {
 
 class Probe : public Window {
  public:
-    Probe() {
-        registerWindowClass(L"VelvoxProbe");
-        create({.className = L"VelvoxProbe", .text = {}});
-    }
+    Probe() { create({.className = L"VelvoxProbe"}); }
 
     UINT last = 0;
 

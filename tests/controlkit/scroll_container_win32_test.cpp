@@ -14,12 +14,10 @@ namespace {
 class Child : public SystemControl {
  public:
     Child(HWND parent, const wchar_t* className, const RECT& bounds, DWORD style = 0) {
-        WindowRequest request;
-        request.className = className;
-        request.style = WS_CHILD | WS_VISIBLE | style;
-        request.bounds = bounds;
-        request.parent = parent;
-        create(request);
+        create({.className = className,
+                .style = WS_CHILD | WS_VISIBLE | style,
+                .bounds = bounds,
+                .parent = parent});
     }
 
     std::function<void(UINT)> seen;
@@ -170,12 +168,9 @@ TEST_F(ScrollContainerTest, ContentThatDrawsItselfMayBeOfAnySize) {
 TEST_F(ScrollContainerTest, NotificationsOfTheContentReachTheContainersParent) {
     struct Owner : Window {
         explicit Owner(HWND parent) {
-            registerWindowClass(L"VelvoxTestOwner");
-            WindowRequest request;
-            request.className = L"VelvoxTestOwner";
-            request.style = WS_CHILD | WS_VISIBLE;
-            request.parent = parent;
-            create(request);
+            create({.className = L"VelvoxTestOwner",
+                    .style = WS_CHILD | WS_VISIBLE,
+                    .parent = parent});
         }
         std::optional<LRESULT> onMessage(UINT message, WPARAM, LPARAM) override {
             if (message != WM_COMMAND && message != WM_CTLCOLOREDIT) return std::nullopt;

@@ -12,13 +12,10 @@ namespace velvox {
 class TestForm : public Window {
  public:
     explicit TestForm(const RECT& bounds) {
-        registerWindowClass(L"TestForm");
-        WindowRequest request;
-        request.className = L"TestForm";
-        request.style = WS_POPUP | WS_VISIBLE;
-        request.extendedStyle = WS_EX_TOPMOST;
-        request.bounds = bounds;
-        create(request);
+        create({.className = L"TestForm",
+                .style = WS_POPUP | WS_VISIBLE,
+                .extendedStyle = WS_EX_TOPMOST,
+                .bounds = bounds});
     }
     ~TestForm() override { destroy(); }
 
