@@ -12,12 +12,12 @@
 namespace velvox {
 namespace {
 
-constexpr int styleCount = 11;
 constexpr OleColour polishedGrey = 0xE0E0E0;
 
-const char* const styleNames[styleCount] = {"0 Edged",   "1 Thin",      "2 Tool",  "3 Solid",
-                                            "4 Flat",    "5 Polished",  "6 Theme", "7 Glass",
-                                            "8 Brushed", "9 Porcelain", "10 Pill"};
+constexpr const char* styleNames[] = {"0 Edged",   "1 Thin",      "2 Tool",  "3 Solid",
+                                      "4 Flat",    "5 Polished",  "6 Theme", "7 Glass",
+                                      "8 Brushed", "9 Porcelain", "10 Pill"};
+constexpr int styleCount = std::size(styleNames);
 
 // A page that a function lays out on one sheet.
 class SheetPage : public Page {
