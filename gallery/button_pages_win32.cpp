@@ -59,7 +59,8 @@ ButtonLook lookOf(const isButton& button, ButtonState state) {
 
 namespace grid {
 constexpr int left = 14, top = 14, name = 88, cellWidth = 86, cellHeight = 26;
-constexpr int columnStep = 98, rowStep = 37, headerStep = 26, textDrop = 6;
+constexpr int columnStep = 98, headerStep = 26, textDrop = 6;
+constexpr int rowStep = std::min(37, (pageHeight - top - headerStep) / styleCount);
 }  // namespace grid
 
 void layOutStyles(Sheet& sheet, ButtonColouring colouring) {

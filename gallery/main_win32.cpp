@@ -24,8 +24,6 @@ namespace velvox {
 namespace {
 
 constexpr int listWidth = 160;
-constexpr int pageWidth = 800;
-constexpr int pageHeight = 460;
 constexpr int listId = 1;
 
 class PageList : public SystemControl {

@@ -9,6 +9,10 @@
 
 namespace velvox {
 
+/// The size of every page, pixels of a 96 dpi screen.
+inline constexpr int pageWidth = 800;
+inline constexpr int pageHeight = 460;
+
 class Page {
  public:
     virtual ~Page() = default;

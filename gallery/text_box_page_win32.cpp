@@ -11,7 +11,7 @@ namespace {
 /// Pixels of a 96 dpi screen.
 constexpr int left = 14, top = 14, nameWidth = 96, boxLeft = left + nameWidth, boxWidth = 130;
 constexpr int boxHeight = 25, rowStep = 32, textDrop = 6, noteLeft = boxLeft + boxWidth + 12;
-constexpr int eventsLeft = 540, pageWidth = 800, pageHeight = 460;
+constexpr int eventsLeft = 540;
 
 struct Sample {
     const char* property;
