@@ -5,7 +5,7 @@
 
 #include "app/pane/html_fragment.h"
 #include "app/pane/rich_text.h"
-#include "tools/bench/filled.h"
+#include "tests/metrics/pages.h"
 
 namespace velvox::testing {
 namespace {
@@ -14,7 +14,8 @@ struct Filling {
     const char* name;
     std::string_view piece;  ///< none: a whole page
 
-    std::string text(std::int64_t megabytes) const {
+    std::string text(std::int64_t size) const {
+        const auto megabytes = static_cast<std::size_t>(size);
         return piece.empty() ? ordinaryPage(megabytes) : filled(piece, megabytes);
     }
 };
@@ -38,6 +39,11 @@ void runStream(benchmark::State& state, const Filling& filling) {
     const HtmlFragment fragment = parseHtmlFragment(html);
     for (auto _ : state) benchmark::DoNotOptimize(toRichText(fragment, {}));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(html.size()));
+}
+
+/// A benchmark of three sizes in megabytes.
+void overSizes(benchmark::internal::Benchmark* bench) {
+    bench->Arg(1)->Arg(4)->Arg(16)->Unit(benchmark::kMillisecond);
 }
 
 const bool registered = [] {
