@@ -22,8 +22,9 @@ struct Annotation {
     // Not before, since this loads the service's library. When any of these calls fails, screen
     // readers keep to the window's text and class.
     void apply(HWND window) noexcept {
-        CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
-                         service.putVoid());
+        if (!service)
+            CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
+                             IID_IAccPropServices, service.putVoid());
         if (!service) return;
         if (!name.empty())
             service->SetHwndPropStr(window, client, CHILDID_SELF, PROPID_ACC_NAME, name.c_str());

@@ -20,7 +20,7 @@ HMODULE loadSystemLibrary(const wchar_t* name) noexcept {
 }  // namespace velvox
 
 // The stubs of delayed libraries (cmake/DelayedLibrary.cmake) call this for the first call of each
-// function: it answers the function and puts it into the slot that later calls go through.
+// function: it returns the function and stores it in the slot that later calls go through.
 extern "C" __attribute__((used)) FARPROC WINAPI __delayLoadHelper2(PCImgDelayDescr library,
                                                                    FARPROC* slot) {
     const auto at = [](RVA offset) {
@@ -32,7 +32,11 @@ extern "C" __attribute__((used)) FARPROC WINAPI __delayLoadHelper2(PCImgDelayDes
     const auto index = slot - reinterpret_cast<FARPROC*>(at(library->rvaIAT));
     const auto* import = reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(at(names[index].u1.AddressOfData));
     *slot = GetProcAddress(velvox::loadSystemLibrary(name), import->Name);
-    // As the system itself does where a library that it loads with the program lacks a function.
-    if (!*slot) FatalAppExitW(0, name);
+    // No caller can go on without it: the system ends a program whose library is missing at start.
+    if (!*slot) {
+        wchar_t text[2 * MAX_PATH];
+        wsprintfW(text, L"Velvox needs %s, which is missing or damaged in this system.", name);
+        FatalAppExitW(0, text);
+    }
     return *slot;
 }

@@ -46,7 +46,7 @@ int systemDpi();
 /// Dots per inch that the program lays out by, for its whole life: the system's, or fewer.
 int screenDpi();
 
-/// Lengths and positions at the resolution of this screen, in the unit that the name does not say.
+/// The conversions of base/twips.h at this screen's resolution, `screenDpi()`.
 inline int toPixels(int twips) {
     return toPixels(twips, screenDpi());
 }

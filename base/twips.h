@@ -21,6 +21,7 @@ constexpr int scaleLength(int length, int to, int from) {
     return static_cast<int>(std::clamp<std::int64_t>(rounded, Limits::min(), Limits::max()));
 }
 
+/// Rounded to the nearest, halves away from zero, like `toTwips`.
 constexpr int toPixels(int twips, int dpi) {
     return scaleLength(twips, dpi, twipsPerInch);
 }

@@ -57,10 +57,10 @@ void reportCurrentFailure() noexcept {
 }
 
 void Window::registerClass(const WindowRequest& request) {
-    WNDCLASSEXW c{};
-    c.cbSize = sizeof c;
+    WNDCLASSEXW c{}, known{};
+    c.cbSize = known.cbSize = sizeof c;
     c.hInstance = GetModuleHandleW(nullptr);
-    if (GetClassInfoExW(c.hInstance, request.className, &c)) return;
+    if (GetClassInfoExW(c.hInstance, request.className, &known)) return;
     const auto icon = [&](int width, int height) {
         return static_cast<HICON>(LoadImageW(c.hInstance, MAKEINTRESOURCEW(request.iconId),
                                              IMAGE_ICON, GetSystemMetrics(width),

@@ -33,7 +33,7 @@ struct WindowRequest {
     HWND parent = nullptr;
     int id = 0;           ///< child windows only
     UINT classStyle = 0;  ///< counts at the first window of the class
-    int iconId = 0;       ///< a resource; likewise, 0 for none
+    int iconId = 0;       ///< resource of the class's icon, 0 for none; the first window's counts
 };
 
 /// A window whose class this program registers.

@@ -25,7 +25,7 @@ class BrowserControl {
     /// Throws RuntimeFailure (Platform) when the navigation cannot be started.
     void navigate(std::string_view address);
 
-    /// Fills a rectangle of the window, in pixels.
+    /// Moves the control to a rectangle of the window, in pixels.
     void place(const RECT& bounds) noexcept;
     void show(bool visible) noexcept;
 

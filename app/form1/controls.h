@@ -57,6 +57,7 @@ class HiddenText {
  public:
     const std::string& Text() const noexcept { return text_; }
     void Text(std::string text);
+    /// The pieces must not be parts of Text().
     void append(std::initializer_list<std::string_view> pieces) {
         for (const std::string_view piece : pieces) text_.append(piece);
     }

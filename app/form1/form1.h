@@ -38,7 +38,8 @@ struct Site {
     void (Form1::*catcher)();      ///< null: neither listed nor downloaded from
 };
 
-/// What the main window needs of the system. All of it outlives the form.
+/// What the main window is given: the system's services and the table of sites. All of it outlives
+/// the form.
 struct Form1Services {
     TransferControl& transfer;
     ResultPane& resultPane;

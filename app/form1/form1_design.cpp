@@ -100,8 +100,8 @@ const std::vector<ControlDesign>& controls() {
     return rows;
 }
 
-// Timer1 blinks the home link; the others drive the news ticker. The poll
-// of 1 ms runs at the shortest period that a window timer has here.
+// Timer1 blinks the home link; the others drive the news ticker. The poll of
+// 1 ms runs at the shortest period that a window timer has here.
 constexpr TimerDesign timers[] = {
     {"Timer1", 500, true},  {"Timer4", 1, false},     {"Timer5", 100, true},
     {"Timer6", 1000, true}, {"Timer7", 10000, false},

@@ -26,7 +26,8 @@ class LinkText : public SystemControl {
     LinkText(HWND parent, const RECT& pixels, Desktop& desktop);
     ~LinkText() override;
 
-    /// Replaces the content and goes to its top. Nothing is painted before the caller asks for it.
+    /// Replaces the content and scrolls to its top. Nothing is painted before the caller asks for
+    /// it.
     void show(RichText text);
 
     const std::vector<TextLink>& links() const noexcept { return links_; }

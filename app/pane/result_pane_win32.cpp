@@ -15,7 +15,7 @@ constexpr int framePixels = 1;
 constexpr int marginPixels = 4;  // at 96 dots per inch; above and to the left of the text
 
 // Clearing takes Wine's control time that grows with the square of the lines (1.2 s for 5,000,
-// minutes for 32,767), and of each line it clears it never frees 272 bytes. A fresh control has
+// minutes for 32,767), and it leaks 272 bytes for each line cleared. A fresh control has
 // neither.
 constexpr std::size_t linesWorthClearing = 1;
 

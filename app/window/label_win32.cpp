@@ -59,6 +59,7 @@ void LabelWindow::controlChanged(ControlChange change) {
     if (change == ControlChange::Text && kind_ == ControlKind::Strip) {
         // It changes ten times a second for as long as the program runs. Storing the text in the
         // window and painting it through the message loop would take more than the drawing.
+        if (IsIconic(GetAncestor(handle(), GA_ROOT))) return;  // restoring it paints
         const WindowDc dc(handle());
         return paint(dc.get());
     }

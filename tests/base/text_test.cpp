@@ -36,8 +36,8 @@ TEST(TextTest, FindsFromAPlaceInTheSameOrInAnyCase) {
     EXPECT_EQ(faultOf([] { text::findIgnoringCase("abc", "a", 0); }), Fault::InvalidCall);
 }
 
-// Far along a text the search goes on in another way.
-TEST(TextTest, FindsAsTheStandardLibraryDoesHoweverFarAlong) {
+// After 512 bytes another algorithm searches.
+TEST(TextTest, FindsAsTheStandardLibraryDoesAtAnyDistance) {
     const std::string needle = "abab";
     for (std::size_t at = 500; at < 530; ++at) {
         std::string text(at, 'a');

@@ -255,7 +255,7 @@ TEST_F(ScrollControlTest, KeysMoveAfterTheirEvent) {
     EXPECT_EQ(valueAfter("key 74 key 36"), 100) << "one is exchanged, the other dropped";
 }
 
-TEST_F(ScrollControlTest, StaysSoundWhateverComesAndWhateverHandlersDo) {
+TEST_F(ScrollControlTest, KeepsItsInvariantsUnderRandomEventsAndHandlers) {
     std::mt19937 random;
     const auto act = [&] {
         try {

@@ -34,7 +34,7 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
 
     // The links that are selected, as addresses.
     InputSimulator().key("Tab").key("shift+Tab").key("Down").key("Down").key("ctrl+c").act();
-    // All of them, as a file in the session.
+    // The menu saves the addresses of all links to a file.
     InputSimulator().key("shift+F10").act();
     program.chooseFromMenu("s");
     dismissBox();

@@ -63,7 +63,7 @@ TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
 
 // However it is closed, and whatever it is doing: awaiting a page, collecting a long comic book, or
 // in the loop of a menu or a message box.
-TEST(InterruptionTest, TheProgramEndsAtOnceWhateverItIsDoing) {
+TEST(InterruptionTest, TheProgramEndsAtOnceInAnyState) {
     std::string book;
     for (int page = 0; page < 32767; ++page) book += "<page> p.jpg </page>\n";
     const Proxy proxy([&](const Exchange& to) {

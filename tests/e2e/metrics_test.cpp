@@ -168,7 +168,8 @@ TEST(Metrics, GrowthOfRuns) {
     std::size_t done = 0;
     const auto privateKbAfter = [&](std::size_t runs) {
         for (; done < runs; ++done)
-            program.runByMessages(exampleAddresses[done % std::size(exampleAddresses)]);
+            EXPECT_TRUE(
+                program.runByMessages(exampleAddresses[done % std::size(exampleAddresses)]));
         const auto now = resourceUsage(program.process().id(), program.window());
         std::cout << "after " << done << ": " << now << std::endl;
         return static_cast<double>(now.privateKb);
@@ -178,12 +179,12 @@ TEST(Metrics, GrowthOfRuns) {
                  1.02);
 }
 
-// From the last header of the player's address to the link in the pane.
+// From the last request of the player, which is replied to at once, to the link in the pane.
 TEST(Metrics, ArrivalToLink) {
     std::atomic<Clock::rep> sent{0};
     const Proxy proxy([&](const Exchange& to) {
-        to.forward();
         sent = Clock::now().time_since_epoch().count();
+        to.forward();
     });
     const Program program(Network::proxy(proxy.port()));
     Times times;

@@ -17,7 +17,7 @@ struct Property {
     PropertyValue value;  ///< other than the default, as it is stored
     std::function<void(Owner&)> set;
     std::function<bool(const Owner&)> isSet;
-    std::vector<ControlChange> followed;  ///< what the control's view is notified of
+    std::vector<ControlChange> followed;  ///< what the control's observer is notified of
 };
 
 template <class Owner, class Got, class Set, class T>

@@ -64,7 +64,7 @@ TEST_F(IsButtonWindowTest, RefusedThemesFallBackOnceAndForAll) {
     EXPECT_EQ(themes.asked, 1);
     EXPECT_EQ(themes.lastState, 5) << "focused";
     EXPECT_FALSE(regionHolds(2, 2));
-    // A fallback that is the theme itself ends as well.
+    // A fallback to the theme style itself does not loop.
     model->NonThemeStyle(6);
     model->Style(6);
     EXPECT_EQ(model->Style(), 6);

@@ -26,8 +26,8 @@ TEST_F(IsButtonWindowTest, SequencesRaiseTheirEventsAndEndInTheirState) {
         // A lost capture or focus ends the press without a click.
         {"press captured released release", "", Normal},
         {"press blur release", "", Normal},
-        // A drag off the button shows that nothing will happen, and its end is the leave that the
-        // capture has swallowed or brought too early.
+        // Dragged off, the button looks released; a release there counts as the leave notification,
+        // which the capture holds back or brings too early.
         {"enter enter leave leave", "EL", Normal},
         {"enter press drag-off leave", "E", Hot},
         {"enter press drag-off enter", "E", Pressed},

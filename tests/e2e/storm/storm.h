@@ -74,7 +74,7 @@ class Storm {
     void expectNothingFromTheRun(const Scene& before);
     void expectPatience();
     void expectUsable();
-    /// Until the program is as at its start, by what a user can do.
+    /// Returns the program to its initial state by user input.
     void calmDown();
 
     Point placeOf(const Act& act) const;

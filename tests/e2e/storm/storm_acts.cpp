@@ -13,7 +13,7 @@ using Kind = Act::Kind;
 
 const std::string homeAddress{homePage};
 
-// A link opens so soon after the act that presses it.
+// Longest time from the press of a link to its opening.
 constexpr Milliseconds permissionTime{3000};
 
 // Near the upper left corner of the pane, where the first links are.
@@ -167,6 +167,8 @@ void Storm::permitPointer(const Act& act, BrowserLog::Time since) {
     };
     if (scene_.menu) {
         links = menuLinks_;
+        // The first click may close the menu, the second one press what is below.
+        if (act.button == 1 && act.count > 1) addShown(links, up);
     } else if (act.kind == Kind::Press) {
         pressedLinks_.clear();
         if (act.button == 1) addShown(pressedLinks_, down);
