@@ -253,7 +253,10 @@ std::optional<LRESULT> ScrollPage::onMessage(UINT message, WPARAM wParam, LPARAM
                                : container_.vertical())
                 .wheel(GET_WHEEL_DELTA_WPARAM(wParam));
             return 0;
-        case WM_CTLCOLORSTATIC: return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+        case WM_CTLCOLORSTATIC:
+            SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_WINDOWTEXT));
+            SetBkMode(reinterpret_cast<HDC>(wParam), TRANSPARENT);
+            return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
         case WM_MOUSEHWHEEL:
             container_.horizontal().wheel(-GET_WHEEL_DELTA_WPARAM(wParam));
             return 0;

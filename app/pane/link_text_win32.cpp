@@ -285,7 +285,9 @@ void LinkText::trackHover() {
 }
 
 void LinkText::showTip(POINT point) {
-    // A hover may be reported while a menu is open: the tip would cover the menu.
+    // A hover may be reported while a menu is open, which the tip would cover, and after the result
+    // area has closed.
+    if (!IsWindowVisible(handle())) return;
     GUITHREADINFO thread{};
     thread.cbSize = sizeof thread;
     if (GetGUIThreadInfo(GetCurrentThreadId(), &thread) && thread.hwndMenuOwner) return;

@@ -205,7 +205,12 @@ TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
     send(WM_MOUSEHOVER, 0, pointAt(7));
     pane.DocumentHTML("something else");
     EXPECT_EQ(tip(), "hidden");
-    // The pointer came to rest just before the menu opened: no tip over the menu.
+    // The pointer came to rest just before the pane was hidden or the menu opened.
+    pane.DocumentHTML("<a href='http://h/1'>One</a>");
+    ShowWindow(pane.handle(), SW_HIDE);
+    send(WM_MOUSEHOVER, 0, pointAt(1));
+    EXPECT_EQ(tip(), "hidden");
+    ShowWindow(pane.handle(), SW_SHOW);
     pane.DocumentHTML("<a href='http://h/1'>One</a>");
     PostMessageW(text(), WM_MOUSEHOVER, 0, pointAt(1));
     PostMessageW(text(), WM_KEYDOWN, VK_ESCAPE, 0);
