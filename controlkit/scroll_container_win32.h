@@ -42,8 +42,8 @@ class tsScrollContainer : private Window {
     /// changes.
     void setDrawnContent(HWND content, const SIZE& whole);
 
-    /// What of the content is at the view's upper left corner. It stays, as far as there is
-    /// content, when container or content are resized.
+    /// The point of the content at the view's upper left corner. Kept when the container or the
+    /// content is resized, unless the content then ends too early for it.
     POINT position() const noexcept { return position_; }
     void scrollTo(const POINT& position);
 

@@ -38,7 +38,7 @@ ScrollGeometry ScrollControl::geometry() const {
     const ScrollGeometry resting({length_, scaled(arrowLength(), dpi_),
                                   scaled(scrollSizes.minThumb, dpi_), Min(), Max(), LargeChange(),
                                   Value()});
-    // A dragged thumb stays under the pointer, whatever value that means.
+    // A dragged thumb is drawn under the pointer, even where Value() would draw it elsewhere.
     const bool dragged = held_ == ScrollPart::Thumb && !BlockValue();
     return dragged ? resting.withThumbAt(shownThumb_) : resting;
 }
@@ -196,7 +196,8 @@ void ScrollControl::settleHover() {
 }
 
 void ScrollControl::mouseLeave() {
-    // Comes during a press on some systems, in either order with moves; the press's end settles.
+    // Some systems report this during a press, before or after the moves around it: the end of the
+    // press decides about the hover.
     if (held_ == ScrollPart::None) endHover();
 }
 

@@ -25,7 +25,7 @@ class ScrollHost {
     /// Ticks every `milliseconds` until stopped; starting again restarts.
     virtual void startTimer(RepeatTimer timer, int milliseconds) = 0;
     virtual void stopTimer(RepeatTimer timer) = 0;
-    /// Asks for one call of mouseLeave when the pointer is, or comes to be, outside.
+    /// Requests one call of mouseLeave as soon as the pointer is outside the bar.
     virtual void requestLeave() = 0;
     virtual void enable(bool enabled) = 0;
 };
@@ -64,10 +64,12 @@ class ScrollControl : public tsPrivateScroll {
     /// alone.
     using MouseHandler = std::function<void(MouseButton Button, std::int16_t Shift, bool Control)>;
 
-    // Besides Change, in the order of their numbers. An event of the mouse or the keyboard comes
-    // before what it does to the bar, a release after it.
-    /// The bar acts on the code that the handler leaves, 0 is no key. Keys with Alt and F10 arrive
-    /// too; they move nothing and reach the system all the same.
+    // The events other than Change, in the order of their dispatch numbers. Mouse and keyboard
+    // events are raised before the bar acts on the input, MouseUp after the press has ended.
+
+    /// The handler may replace the code: the bar acts on the value that it leaves, and 0 cancels
+    /// the key. F10 and keys with Alt are raised too, but never move the bar and always reach the
+    /// system.
     KeyHandler KeyDown;
     std::function<void(std::int16_t& KeyAscii)> KeyPress;
     KeyHandler KeyUp;

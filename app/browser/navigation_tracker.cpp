@@ -102,8 +102,8 @@ bool NavigationTracker::beforeNavigate(bool top, std::string_view address) {
         return true;
     }
     if (view_ != View::Loading && !viewIsShown()) return false;
-    // A page that jumps inside itself or reloads itself arrives nowhere else. It may not reload
-    // itself for ever.
+    // A jump to a fragment of the page, or a reload of it, is no new navigation. Reloads are
+    // limited: a page could go on with them without end.
     if (withoutFragment(address) == withoutFragment(viewAddress_))
         return address != viewAddress_ || ++reloads_ <= maxReloads;
     if (isBrowsable(address)) ownNavigation_ = address;

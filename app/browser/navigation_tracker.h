@@ -27,7 +27,8 @@ class NavigationTracker {
     /// Whether the result of that navigation's transfer is still wanted.
     bool awaits(unsigned number) const noexcept;
 
-    /// The transfer has the last reply's header.
+    /// The transfer of navigation `number` has received the header of the final reply, after any
+    /// redirects.
     void arrived(unsigned number, std::string address, DocumentInfo document);
     void failed(unsigned number, std::string reason);
 

@@ -24,7 +24,7 @@ class FillCost {
         bool operator==(const Font&) const = default;
     };
 
-    /// `width` is that of the character, from 1 to 4, `column` that of the line before it, both in
+    /// `width` of the character is 1 to 4; `column` is the width of the line before it. Both in
     /// characters of size 2.
     void addCharacter(char16_t c, std::size_t column, std::size_t width);
     void addLine();

@@ -10,7 +10,7 @@
 namespace velvox {
 namespace {
 
-// Longer files are no shortcuts.
+// Larger files are not taken for shortcuts.
 constexpr DWORD maxShortcutBytes = 64 * 1024;
 
 class Medium {

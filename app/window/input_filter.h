@@ -53,8 +53,8 @@ class InputFilter {
     void setRunning(bool running) noexcept { running_ = running; }
     bool running() const noexcept { return running_; }
 
-    /// Controls have been shown or hidden: what is under the pointer may no longer be what the last
-    /// press was for. A double click that began there does not end on another control.
+    /// Controls have been shown or hidden, so another control may be under the pointer now: it must
+    /// not get the second press of a double click that began on the previous one.
     void controlsChanged() noexcept { changedSincePress_ = true; }
 
     /// False when the event is to be dropped. Every event is passed here once, in order.

@@ -27,7 +27,7 @@ int iconMargin(int style);
 /// Top left corner of the icon. An alignment above 4 puts it at (0, 0).
 Point iconPlace(int iconAlign, int width, int height, int size, int margin);
 
-/// Outlines that cut the window. Polygons are filled alternately.
+/// Outlines that cut the window. Polygons have the fill mode ALTERNATE.
 struct PlainOutline {};
 struct RoundOutline {
     int ellipse = 0;  ///< width and height of the corner's ellipse

@@ -98,8 +98,8 @@ Rgb captionColour(const ButtonLook& look, const SystemColours& system) {
     return look.state == ButtonState::Normal ? look.colours.font : look.colours.fontHighlight;
 }
 
-// The pixels of a square of the face. A stored icon size may be any number: what lies outside the
-// face is left out before it is counted.
+// Calls change for each pixel of a square that lies on the face. A stored icon size may be any
+// number, so the square is clipped in 64 bits before the loops.
 template <class Change>
 void eachPixel(PixelView face, Point corner, std::int64_t size, Change change) {
     const auto end = [size](int start, int limit) {

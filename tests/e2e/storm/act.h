@@ -1,5 +1,5 @@
-// One random act of a user or of the server, as data: the same acts can be run again, and fewer of
-// them.
+// One random act of a user or of the server, as data: a sequence can be replayed, whole or its end
+// only.
 #pragma once
 
 #include <cstdint>
