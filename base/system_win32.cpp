@@ -34,6 +34,14 @@ std::string narrow(std::wstring_view text) {
     return toBytes({reinterpret_cast<const char16_t*>(text.data()), text.size()});
 }
 
+LRESULT copyText(std::string_view text, WPARAM room, LPARAM buffer) {
+    auto* const target = reinterpret_cast<wchar_t*>(buffer);
+    if (room == 0 || !target) return 0;
+    const std::size_t count = widen(text).copy(target, room - 1);
+    target[count] = L'\0';
+    return static_cast<LRESULT>(count);
+}
+
 std::string windowText(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
     const int copied = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));

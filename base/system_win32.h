@@ -27,6 +27,11 @@ std::string narrow(std::wstring_view text);
 /// A window's text as bytes.
 std::string windowText(HWND window);
 
+/// The reply of a window to WM_GETTEXT: copies `text` and its final zero into the caller's buffer
+/// of `room` characters, cut where it does not fit. Returns the characters copied, without the
+/// zero.
+LRESULT copyText(std::string_view text, WPARAM room, LPARAM buffer);
+
 /// The system's colours as GetSysColor has them now.
 class CurrentSystemColours : public SystemColours {
  public:

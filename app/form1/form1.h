@@ -63,9 +63,9 @@ class Form1 : public Control {
     void isButton1_Click();
     void Timer1_Timer();
 
-    /// Replaces the address by a text that was pasted or dropped, even while the box is locked;
-    /// a shown result area closes, so that the address is seen. Does
-    /// nothing during a run or for a text without an address.
+    /// Replaces the address by a text that was pasted or dropped, even while the box is locked; a
+    /// shown result area closes, so that the address is seen. Does nothing during a run or for a
+    /// text without an address.
     void takeAddress(std::string_view text);
 
     // The Download button (download.cpp).

@@ -92,7 +92,7 @@ void ResultPaneWindow::accessibleName(std::wstring name) {
 std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETTEXTLENGTH: return static_cast<LRESULT>(widen(html_).size());
-        case WM_GETTEXT: return copyHtml(wParam, reinterpret_cast<wchar_t*>(lParam));
+        case WM_GETTEXT: return copyText(html_, wParam, lParam);
         case WM_SETTEXT: return FALSE;
         case WM_SETFOCUS: SetFocus(text().handle()); return 0;
         case WM_SIZE:
@@ -132,13 +132,6 @@ void ResultPaneWindow::paint(HDC dc) const {
     GetClientRect(handle(), &all);
     FillRect(dc, &all, GetSysColorBrush(COLOR_WINDOW));
     FrameRect(dc, &all, GetSysColorBrush(COLOR_BTNSHADOW));
-}
-
-LRESULT ResultPaneWindow::copyHtml(std::size_t room, wchar_t* target) const {
-    if (room == 0 || !target) return 0;
-    const std::size_t count = widen(html_).copy(target, room - 1);
-    target[count] = L'\0';
-    return static_cast<LRESULT>(count);
 }
 
 }  // namespace velvox

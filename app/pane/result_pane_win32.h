@@ -42,7 +42,6 @@ class ResultPaneWindow : public Window, public ResultPane {
     LinkText& text() const;
     void renewText();
     void paint(HDC dc) const;
-    LRESULT copyHtml(std::size_t room, wchar_t* target) const;
 
     Desktop& desktop_;
     std::string html_;

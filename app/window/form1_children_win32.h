@@ -29,8 +29,8 @@ struct Form1Window::Children {
 
     // The pieces of the title bar that are no windows are drawn by the form, which repaints as they
     // move.
-    struct RepaintingView : ControlObserver {
-        explicit RepaintingView(HWND owner) : window(owner) {}
+    struct RepaintingObserver : ControlObserver {
+        explicit RepaintingObserver(HWND owner) : window(owner) {}
         void controlChanged(ControlChange) override { InvalidateRect(window, nullptr, FALSE); }
         HWND window;
     };
@@ -40,7 +40,7 @@ struct Form1Window::Children {
     ResultPaneWindow output;
     WebBrowserWindow web;
     Form1 form;
-    RepaintingView titleObserver;
+    RepaintingObserver titleObserver;
     std::vector<std::unique_ptr<ControlObserver>> windows;
     XPTextBoxWindow* linkin = nullptr;  ///< one of them
     std::optional<ClickTarget> quitTarget;

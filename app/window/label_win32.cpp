@@ -80,10 +80,8 @@ std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARA
             if (kind_ != ControlKind::Strip) break;
             return static_cast<LRESULT>(widen(model_.Caption()).size());
         case WM_GETTEXT:
-            if (kind_ != ControlKind::Strip || wParam == 0) break;
-            lstrcpynW(reinterpret_cast<wchar_t*>(lParam), widen(model_.Caption()).c_str(),
-                      static_cast<int>(wParam));
-            return lstrlenW(reinterpret_cast<const wchar_t*>(lParam));
+            if (kind_ != ControlKind::Strip) break;
+            return copyText(model_.Caption(), wParam, lParam);
         case WM_ENABLE:
         case WM_SETFOCUS:
         case WM_KILLFOCUS: InvalidateRect(handle(), nullptr, FALSE); return 0;

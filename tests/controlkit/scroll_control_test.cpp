@@ -97,35 +97,24 @@ class ScrollControlTest : public ::testing::Test {
     int across = 8;
     FakeScrollHost host;
     ScrollControl bar{Axis::Vertical, host};
-    const MouseState left{MouseButton::Left};
-    const MouseState right{MouseButton::Right};
-    const std::map<std::string, std::function<void(std::int16_t)>> actions{
+    using Action = std::function<void(std::int16_t)>;
+    Action mouse(void (ScrollControl::*event)(BarPoint, MouseState), MouseButton button) {
+        return [=, this](int at) { (bar.*event)({at, across}, MouseState{button}); };
+    }
+
+    static constexpr MouseButton left = MouseButton::Left, right = MouseButton::Right;
+    const std::map<std::string, Action> actions{
         {"across", [&](int at) { across = at; }},
         {"move",
          [&](int at) {
              bar.mouseMove({at, across}, MouseState());
          }},
         {"leave", [&](int) { bar.mouseLeave(); }},
-        {"down",
-         [&](int at) {
-             bar.mouseDown({at, across}, left);
-         }},
-        {"up",
-         [&](int at) {
-             bar.mouseUp({at, across}, left);
-         }},
-        {"double",
-         [&](int at) {
-             bar.mouseDoubleClick({at, across}, left);
-         }},
-        {"right-down",
-         [&](int at) {
-             bar.mouseDown({at, across}, right);
-         }},
-        {"right-up",
-         [&](int at) {
-             bar.mouseUp({at, across}, right);
-         }},
+        {"down", mouse(&ScrollControl::mouseDown, left)},
+        {"up", mouse(&ScrollControl::mouseUp, left)},
+        {"double", mouse(&ScrollControl::mouseDoubleClick, left)},
+        {"right-down", mouse(&ScrollControl::mouseDown, right)},
+        {"right-up", mouse(&ScrollControl::mouseUp, right)},
         {"tick", [&](int timer) { bar.tick(static_cast<RepeatTimer>(timer & 1)); }},
         {"wheel", [&](int delta) { bar.wheel(delta); }},
         {"key", [&](std::int16_t code) { bar.keyDown(code, 0); }},

@@ -172,7 +172,7 @@ struct FakeColours : SystemColours {
     Rgb colour(int index) const override { return index; }
 };
 
-struct RecordingView : ControlObserver {
+struct RecordingObserver : ControlObserver {
     void controlChanged(ControlChange change) override {
         if (records.contains(change)) records.at(change)();
     }
@@ -235,9 +235,9 @@ class Form1Fixture {
  private:
     template <class Followed>
     void record(Followed& control, ControlChange change, std::function<void()> action) {
-        RecordingView& view = views_[&control];
-        control.setObserver(&view);
-        view.records[change] = std::move(action);
+        RecordingObserver& observer = observers_[&control];
+        control.setObserver(&observer);
+        observer.records[change] = std::move(action);
     }
     template <class Followed, class Value, class Owner>
     void watch(Followed& control, ControlChange change, std::string name,
@@ -246,7 +246,7 @@ class Form1Fixture {
     }
 
     AddressObserver address_{log, form.linkin.MyTxt};
-    std::map<const void*, RecordingView> views_;
+    std::map<const void*, RecordingObserver> observers_;
 };
 
 }  // namespace velvox::testing
