@@ -207,10 +207,7 @@ void layOutMainWindow(Sheet& sheet) {
         const Bounds place = {14 + static_cast<int>(samples.size()) * 112, 64,
                               design.bounds.width / designTwipsPerPixel,
                               design.bounds.height / designTwipsPerPixel};
-        isButton& button = sheet.add(place, design.name, design.stored);
-        button.FontColor(rgb(0, 0, 0));  // as on the light skin, in every scheme
-        button.FontHighlightColor(rgb(0, 0, 0));
-        samples.push_back({&button, place});
+        samples.push_back({&sheet.add(place, design), place});
         sheet.show(*samples.back().button);
     }
     const auto named = [&](std::string_view name) {

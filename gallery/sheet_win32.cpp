@@ -43,7 +43,15 @@ void Sheet::draw(const Bounds& at, const ButtonLook& look, bool cue) {
 
 isButton& Sheet::add(const Bounds& at, std::string_view name, const PropertyBag& stored,
                      const ButtonAmbient& ambient) {
-    isButton& button = buttons_.emplace_back(name, colours_);
+    return add(buttons_.emplace_back(name, colours_), at, stored, ambient);
+}
+
+isButton& Sheet::add(const Bounds& at, const ControlDesign& design) {
+    return add(buttons_.emplace_back(design.name, skinColours_), at, design.stored, {});
+}
+
+isButton& Sheet::add(isButton& button, const Bounds& at, const PropertyBag& stored,
+                     const ButtonAmbient& ambient) {
     // The size comes after the stored values, as when a form loads.
     button.ReadProperties(stored, ambient);
     button.Move(inTwips(at));

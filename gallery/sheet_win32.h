@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "app/form1/form1_design.h"
+#include "app/form1/skin_colours.h"
 #include "base/system_win32.h"
 #include "base/twips.h"
 #include "base/window_win32.h"
@@ -37,6 +39,8 @@ class Sheet : public Window {
     /// A live button with its stored properties; `show` makes its window.
     isButton& add(const Bounds& at, std::string_view name, const PropertyBag& stored = {},
                   const ButtonAmbient& ambient = {});
+    /// A button of the main window, in the colours that its skin gives it.
+    isButton& add(const Bounds& at, const ControlDesign& design);
     void show(isButton& button);
 
     static std::shared_ptr<const Picture> sampleIcon(LPCWSTR systemIcon);
@@ -56,7 +60,11 @@ class Sheet : public Window {
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void paint(HDC dc);
 
+    isButton& add(isButton& button, const Bounds& at, const PropertyBag& stored,
+                  const ButtonAmbient& ambient);
+
     CurrentSystemColours colours_;
+    SkinColours skinColours_{colours_};
     std::vector<Text> texts_;
     std::vector<Still> stills_;
     std::list<isButton> buttons_;
