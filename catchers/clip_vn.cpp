@@ -1,5 +1,5 @@
-// The clip site: a clip's code is part of its address; the site's feed for the code lists the
-// files.
+// Clip.vn: cuts the clip's code out of the page address and requests the site's feed for that code.
+// The feed lists the media files.
 #include "base/join.h"
 #include "base/text.h"
 #include "catchers/sites.h"
@@ -17,7 +17,7 @@ void Form1::ClipVNCatcher() try {
     link2.Text(join({servers::clip, "/movies/nfo/", code}));
     const std::string page = FetchPage(link2.Text());
     ShowStatus("<font face='tahoma' size='2' >Getting Links...</font>");
-    // Every link carries the number of all links, not its own.
+    // The text of each link shows the number of all links, not the link's own number.
     const auto n = text::splitUpperBound(page, ".flv");
     const std::string count = std::to_string(n);
     ketqua.Text("");
@@ -25,7 +25,7 @@ void Form1::ClipVNCatcher() try {
     for (text::Position i = 1; i <= n; ++i) {
         p1 = text::find(page, "<enclosure url=", pos);
         p2 = text::find(page, ".flv", p1);
-        // From after the opening quotation mark to the end of ".flv".
+        // The address starts after the quotation mark that follows "url=" and ends with ".flv".
         const auto url = text::slice(page, p1 + 15 + 1, ((p2 - p1) - 15) + 3);
         ketqua.append({"<a href='", url, "'><font face='tahoma' size='2'>Download Clip ", count,
                        "</a><br></font>"});

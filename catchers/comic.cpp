@@ -1,11 +1,12 @@
-// Comic books: the page frames a reader, whose folder has a "config.xml" that lists the images.
+// Comic books of vuilen.com: the page shows a reader in an iframe. The reader's folder has a
+// "config.xml" that lists the images.
 #include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
 
 namespace velvox {
 
-// After a successful catch the address box stays disabled; only a failure enables it.
+// Success leaves the address box (`linkin`) disabled; only a failure enables it.
 void Form1::ComicVuiLen() try {
     ShowStatus("<font face='tahoma' size='2'>Connecting...</font>");
     linkin.Enabled(false);
@@ -27,7 +28,7 @@ void Form1::ComicVuiLen() try {
         n = text::toInt16(n - 1);
         pos = p2;
         const auto name = text::slice(page, p1 + 7, (p2 - p1) - 7);
-        // The second "<a>" is where "</a>" would be: the text has always been written this way.
+        // The link is closed with "<a>" instead of "</a>". This old mistake is kept on purpose.
         ketqua.append({"<font face='tahoma' size='2'><a href='", base, name, "'>Download Image ",
                        std::to_string(k), "<a></font><br>"});
         ++k;

@@ -1,5 +1,5 @@
-// Google Video pages: up to three links (FLV, AVI, MP4) from up to three replies. Carried complete,
-// but no handler calls it. It has no trap: a failure reaches its caller.
+// Google Video pages: shows up to three links (FLV, AVI, MP4), cut out of up to three replies. No
+// handler calls this catcher, but it is complete. It handles no exceptions: they reach its caller.
 #include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
@@ -17,7 +17,7 @@ void Form1::GoogleCatcher() {
     const std::string docid{text::slice(linkin.Text(), p + 6, text::length(linkin.Text()))};
     ShowStatus(linkin.Text());
     ShowStatus("<font face='tahoma' size='2' >Scanning For Video...</font>");
-    // The backslash is sent to the site as it is.
+    // The site gets the backslash unchanged.
     link2.Text(join({server, "/videohosted?docid\\", docid}));
     std::string page = FetchPage(link2.Text());
 
@@ -25,7 +25,8 @@ void Form1::GoogleCatcher() {
     auto p1 = text::find(page, prefix);
     if (p1 != 0) {
         const auto p2 = text::find(page, ".gvp?docid=", p1);
-        // Fits identifiers of 20 characters; any other length shifts the end of the name.
+        // The length is correct only for a `docid` of 20 bytes. A longer `docid` cuts the name
+        // short, a shorter one makes it too long.
         const std::string name{
             text::slice(page, p1 + text::length(prefix), (p2 - p1) - 2 - text::length(docid) - 11)};
         const std::string gvp = join({prefix, name, ".gvp?docid=", docid});
@@ -46,7 +47,8 @@ void Form1::GoogleCatcher() {
             {"\r\n<br><font face='tahoma' size='2'><a href='", avi, "'>Download AVI</a>"});
         link2.Text(join({server, "/videohosted?docid=", docid}));
         page = FetchPage(link2.Text());
-        // The address is at fixed distances inside the page's download block.
+        // The MP4 address lies at fixed offsets from the start and the end of the page's download
+        // block.
         const auto block = text::find(page, "ipoddownloaddiv");
         const auto blockEnd = text::find(page, "ipoddownloadlink");
         const auto mp4 = text::slice(page, block + 87, (blockEnd - block) - 6 - 87);

@@ -1,13 +1,13 @@
-// YouTube and Metacafe redirect their player to an address that contains the media file's:
-// when the preview browser arrives there, the link is cut out of that address.
+// YouTube and Metacafe redirect the address of their player to an address from which the link to
+// the media file can be cut. This handler runs when the preview browser has arrived there.
 #include "base/join.h"
 #include "base/text.h"
 #include "catchers/sites.h"
 
 namespace velvox {
 
-// An address that lacks an expected part ends the handler at its first impossible search or slice,
-// with nothing written: any failure is silent here.
+// If the address lacks an expected part, a search or a slice throws and the handler ends without
+// writing anything.
 void Form1::web_DocumentComplete() try {
     if (web.Offline()) return;
 
@@ -38,7 +38,7 @@ void Form1::web_DocumentComplete() try {
         linkin.Enabled(true);
     }
 } catch (const std::exception&) {
-    // Any other page of the two sites: it has no link.
+    // The address is of another page of the two sites, which has no link: show nothing.
 }
 
 }  // namespace velvox

@@ -1,5 +1,5 @@
-// Metacafe watch pages: loads the player for the video's number into the preview browser, whose
-// arrival gives the link and enables the address box again (link_handling.cpp).
+// Metacafe watch pages: loads the player for the video's number into the preview browser. When the
+// browser arrives, link_handling.cpp shows the link and enables the address box again.
 #include "base/join.h"
 #include "base/text.h"
 #include "catchers/sites.h"
@@ -11,7 +11,8 @@ void Form1::MetaCafe() try {
     linkin.Enabled(false);
     ShowStatus("<font face='tahoma' size='2'>Connecting...</font>");
     link2.Text(linkin.Text());
-    // The second search starts on the first "/" of "/watch/" and finds it: the length is always 6.
+    // The search for `p2` finds the first "/" of "/watch/" itself, so `p2` equals `p1` and the
+    // number cut out is always 6 bytes long.
     const auto p1 = text::find(linkin.Text(), "/watch/");
     const auto p2 = text::find(linkin.Text(), "/", p1);
     const auto id = text::slice(linkin.Text(), p1 + 7, ((p2 - p1) + 7) - 1);

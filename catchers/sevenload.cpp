@@ -1,4 +1,5 @@
-// Sevenload pages: the page gives a session value, the site's player interface the file.
+// Sevenload pages: the page contains a session value. The request with that value to the site's
+// player interface returns the address of the media file.
 #include <utility>
 
 #include "app/form1/form1.h"
@@ -7,7 +8,7 @@
 
 namespace velvox {
 
-// After a successful catch the address box stays disabled; only the failures enable it.
+// Success leaves the address box (`linkin`) disabled; only failures enable it.
 void Form1::SevenLoad() try {
     ShowStatus("<font face='tahoma' size='2' >Connecting...</font>");
     linkin.Enabled(false);
@@ -24,7 +25,7 @@ void Form1::SevenLoad() try {
     auto p1 = text::find(page, "fo.addVariable(sess,");
     auto p2 = text::find(page, ");", p1);
     const std::string sess{text::slice(page, p1 + 20, (p2 - p1) - 20)};
-    // The second search starts inside "/videos/" and so finds its final "/": always 7 on.
+    // The search for `b` finds the last "/" of "/videos/", so `b - a` is always 7.
     const auto a = text::find(linkin.Text(), "/videos/");
     const auto b = text::find(linkin.Text(), "/", a + 1);
     const auto id = text::slice(linkin.Text(), a + 8, b - a);

@@ -1,19 +1,19 @@
-// The sites that the program knows: the one table for the site list, its examples and the
-// Download button. To add a site, declare its catcher in app/form1/form1.h, write it in a source of
-// its own in this folder, and add a row.
+// The table of all sites that the program knows. The site list, its example addresses and the
+// Download button use it. To add a site, declare its catcher in app/form1/form1.h, write the
+// catcher in a new source file in this folder, and add a row.
 #pragma once
 
 #include "app/form1/form1.h"
 
 namespace velvox {
 
-// Host names, as they are searched for inside addresses.
+// Host names to search for in addresses.
 namespace hosts {
 inline constexpr std::string_view youtube = "youtube.com";
 inline constexpr std::string_view metacafe = "metacafe.com";
 }  // namespace hosts
 
-// What the addresses that a catcher requests start with.
+// Scheme and host of addresses that the catchers request.
 namespace servers {
 inline constexpr std::string_view youtube = "http://www.youtube.com";
 inline constexpr std::string_view clip = "http://www.clip.vn";

@@ -1,4 +1,4 @@
-// Veoh pages: the site's REST interface returns a video's details, one attribute a line.
+// Veoh pages: the site's REST interface returns the details of a video, one attribute per line.
 #include "base/join.h"
 #include "base/text.h"
 #include "catchers/sites.h"
@@ -6,7 +6,8 @@
 namespace velvox {
 
 void Form1::veOH() try {
-    // The question mark is the end marker of the identifier, so there must be one.
+    // The search below takes "?" as the end of the video's identifier, so the address must contain
+    // one.
     if (!text::contains(linkin.Text(), "?")) linkin.Text(linkin.Text() + "?");
     linkin.Enabled(false);
     ShowStatus("<font face='tahoma' size='2'>Connecting....</font>");

@@ -1,5 +1,5 @@
-// YouTube watch pages: checks that the page is there, then loads the player into the preview
-// browser, whose arrival gives the link (link_handling.cpp).
+// YouTube watch pages: checks that the video exists, then loads the player into the preview
+// browser. When the browser arrives, link_handling.cpp shows the link.
 #include "base/join.h"
 #include "base/text.h"
 #include "catchers/sites.h"
@@ -19,7 +19,7 @@ void Form1::YoutubeCatcher() try {
         ketqua.Text("");
     } else {
         ShowStatus("<font face='tahoma' size='2' >Getting Preview and Download Url..</font>");
-        // Everything after the first "=", further parameters included.
+        // The identifier is everything after the first "=", further parameters included.
         const auto p = text::find(linkin.Text(), "=");
         const auto identifier = text::slice(linkin.Text(), p + 1, text::length(linkin.Text()));
         web.Navigate(join({servers::youtube, "/v/", identifier}));
