@@ -17,10 +17,10 @@ constexpr UINT_PTR subclassId = 0x4163;
 struct Annotation {
     std::wstring name;
     LONG role = ownRole;
-    ComPtr<IAccPropServices> service;  ///< null until an assistive program asks
+    ComPtr<IAccPropServices> service;  ///< null until an assistive program sends WM_GETOBJECT
 
-    // Not before, since this loads the service's library. When any of these calls fails, screen
-    // readers keep to the window's text and class.
+    // Called only after WM_GETOBJECT has arrived, because creating the service loads its library.
+    // If any of these calls fails, screen readers use the window's text and class.
     void apply(HWND window) noexcept {
         if (!service)
             CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,

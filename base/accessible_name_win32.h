@@ -1,5 +1,4 @@
-// Names and roles of windows for screen readers, where a window's own text and class do not say
-// them.
+// Gives windows names and roles for screen readers where a window's text and class are not enough.
 #pragma once
 
 #include <windows.h>
@@ -10,12 +9,12 @@
 
 namespace velvox {
 
-constexpr LONG ownRole = 0;  ///< the one that the window's class has
+constexpr LONG ownRole = 0;  ///< the role that belongs to the window's class
 
-/// Sets a window's name and role for screen readers, for the rest of its life. An empty name leaves
-/// the window's text as its name, or the name set before; `role` is a ROLE_SYSTEM_... number.
-/// Without the system's service, or on a thread without COM, screen readers keep to the window's
-/// text and class.
+/// Sets the name and role that screen readers use for `window` until it is destroyed. An empty
+/// `name` keeps the name set before, or else the window's text. `role` is a ROLE_SYSTEM_... number
+/// or `ownRole`. Without IAccPropServices, or on a thread without COM, screen readers use the
+/// window's text and class.
 void setAccessibleName(HWND window, std::wstring name, LONG role = ownRole);
 
 }  // namespace velvox

@@ -46,7 +46,7 @@ LRESULT CALLBACK AncestorWatch::thunk(HWND window, UINT message, WPARAM wParam, 
             RemoveWindowSubclass(window, &AncestorWatch::thunk, id);
             std::erase(watch->ancestors_, window);
         } else if (endsUse(message, wParam, lParam)) {
-            // The copy outlives the watch, which the callback may destroy.
+            // A copy is called, because the callback may destroy the watch and its members.
             const auto unusable = watch->unusable_;
             unusable();
         }

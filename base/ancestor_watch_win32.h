@@ -1,5 +1,5 @@
-// A window inside a hidden or disabled container gets no message about it. While the mouse or a key
-// is held down it has to know: the release may never arrive.
+// Windows sends a window no message when an ancestor is hidden or disabled. A control that waits
+// for the release of a mouse button or a key must know, because the release may then never arrive.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +9,6 @@
 
 namespace velvox {
 
-/// Observes the ancestors of a window.
 class AncestorWatch {
  public:
     AncestorWatch() = default;

@@ -1,4 +1,4 @@
-// Letters, digits and blanks of ASCII text, independent of the locale.
+// Tests and conversions of ASCII characters, independent of the locale.
 #pragma once
 
 #include <algorithm>
@@ -38,7 +38,7 @@ constexpr bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
-/// `text` without the blanks around it: by default spaces, tabs and line ends.
+/// `text` without leading and trailing blanks, by default spaces, tabs and line ends.
 template <class Blank = bool (*)(char)>
 constexpr std::string_view trimmed(std::string_view text, Blank blank = isBlank) {
     const auto first = std::ranges::find_if_not(text, blank);

@@ -6,11 +6,11 @@
 
 namespace velvox {
 
-/// Drawing in memory that reaches its target in one copy, so that nothing flickers. The memory DC
-/// has the target's coordinates: what is drawn at (x, y) lands at (x, y).
+/// Paints without flicker: drawing goes into a memory DC, and the destructor copies the result to
+/// the target. The memory DC uses the target's coordinates.
 class BufferedPaint {
  public:
-    /// `area` is the part of the target that is drawn, in pixels.
+    /// `area` is the rectangle of the target to paint, in pixels.
     BufferedPaint(HDC target, const RECT& area)
         : target_(target),
           area_(area),

@@ -9,7 +9,7 @@ void set(LPCWSTR pointer) noexcept {
     SetCursor(LoadCursorW(nullptr, pointer));
 }
 
-// The window of this thread under the pointer, or null.
+// The window at a position of the screen if it belongs to this thread, otherwise null.
 HWND windowUnder(POINT at) noexcept {
     const HWND window = WindowFromPoint(at);
     return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId() ? window : nullptr;
@@ -24,8 +24,8 @@ BusyPointer::BusyPointer() noexcept {
 
 BusyPointer::~BusyPointer() {
     if (--alive > 0) return;
-    // The pointer may stand still: nothing else would change it. Not every window of another
-    // library sets one.
+    // Restores the pointer now, because Windows asks for a pointer only when the mouse moves. The
+    // arrow is set first, because not every window of other libraries handles WM_SETCURSOR.
     POINT at{};
     GetCursorPos(&at);
     const HWND window = windowUnder(at);

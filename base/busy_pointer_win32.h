@@ -4,8 +4,8 @@
 
 namespace velvox {
 
-/// While one lives, the busy pointer is shown over every window of the program. For the thread of
-/// the user interface.
+/// While an object of this class exists, every window of the program shows the busy pointer. For
+/// use on the user interface thread only.
 class BusyPointer {
  public:
     BusyPointer() noexcept;
@@ -13,10 +13,11 @@ class BusyPointer {
     BusyPointer& operator=(const BusyPointer&) = delete;
     ~BusyPointer();
 
-    /// Shows it where the pointer is over a window of the program.
+    /// Shows the busy pointer now if the mouse is over a window of this thread.
     void show() const noexcept;
 
-    /// Handles WM_SETCURSOR while one lives; false for any other message.
+    /// Handles WM_SETCURSOR while a BusyPointer exists. Returns false if the message is not
+    /// handled.
     static bool onMessage(UINT message) noexcept;
 };
 

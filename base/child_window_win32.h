@@ -1,4 +1,4 @@
-// Helpers shared by the windows of the main window's controls.
+// Helpers for the child windows of controls.
 #pragma once
 
 #include <windows.h>
@@ -7,17 +7,18 @@
 
 namespace velvox {
 
-/// A parent hands a child's WM_COMMAND notification back to the child as this message, with the
-/// same parameters.
+/// Message with which a parent returns a WM_COMMAND notification to the child that sent it, with
+/// the same parameters.
 inline constexpr UINT reflectedCommand = WM_APP + 1;
 
-/// Hands a notification to the child that sent it. True when there was one.
+/// Sends `reflectedCommand` to `child`, the lParam of WM_COMMAND. Returns false if it is 0: then a
+/// menu or an accelerator sent the command.
 bool reflectCommand(LPARAM child, WPARAM wParam);
 
-/// Has the parent paint the background of a child into the child's DC.
+/// Makes the parent paint its background into `dc`, the DC of `child`.
 void paintParentBackground(HWND child, HDC dc);
 
-/// Carries out a change of place or visibility on a window.
+/// Applies a change of the control's bounds or visibility to its window; ignores other changes.
 void followBounds(HWND window, const Control& control, ControlChange change);
 
 }  // namespace velvox

@@ -14,7 +14,8 @@ void freeGlobal(HGLOBAL memory) noexcept {
     GlobalFree(memory);
 }
 
-// The pair OpenClipboard and CloseClipboard. Another program may hold the clipboard for a moment.
+// Opens the clipboard for the length of a scope. Retries, because another program may have it open
+// for a moment.
 class OpenedClipboard {
  public:
     explicit OpenedClipboard(HWND owner) {
@@ -48,7 +49,7 @@ std::optional<std::string> clipboardText(HWND owner) try {
     const OpenedClipboard clipboard(owner);
     return textOfMemory(GetClipboardData(CF_UNICODETEXT));
 } catch (const RuntimeFailure&) {
-    return std::nullopt;  // another program holds it
+    return std::nullopt;  // another program has the clipboard open
 }
 
 void copyToClipboard(HWND owner, std::string_view text) {

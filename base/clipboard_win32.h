@@ -8,13 +8,14 @@
 
 namespace velvox {
 
-/// Puts text on the clipboard, on behalf of a window. Throws RuntimeFailure (Platform).
+/// Puts text on the clipboard in the name of `owner`. Throws RuntimeFailure (Platform).
 void copyToClipboard(HWND owner, std::string_view text);
 
-/// The clipboard's text. Nothing where it has none or another program holds it.
+/// The clipboard's text; nullopt if it has no text or another program keeps it open.
 std::optional<std::string> clipboardText(HWND owner);
 
-/// The text of global memory that holds UTF-16, up to a zero or its end; empty for no memory.
+/// Reads UTF-16 from global memory up to a zero or the end of the memory. Returns an empty text if
+/// `memory` is null.
 std::string textOfMemory(HGLOBAL memory);
 
 }  // namespace velvox

@@ -1,15 +1,15 @@
-// Colour arithmetic of the owner-drawn controls and of legible text. RGB values keep red in the low
-// byte.
+// Colour arithmetic for owner-drawn controls and for legible text. The low byte of an RGB value is
+// red.
 #pragma once
 
 #include <cstdint>
 
 namespace velvox {
 
-/// An RGB value 0x00BBGGRR, or, with the top bit set, the number of a system colour.
+/// A stored colour: an RGB value 0x00BBGGRR, or the number of a system colour with the top bit set.
 using OleColour = std::uint32_t;
 
-/// A plain 0x00BBGGRR value; -1 where a translation failed.
+/// An RGB value 0x00BBGGRR, or -1 for a colour that `translate` could not convert.
 using Rgb = std::int32_t;
 
 constexpr Rgb rgb(int red, int green, int blue) {
@@ -25,7 +25,7 @@ constexpr int blueOf(Rgb c) {
     return (c >> 16) & 0xFF;
 }
 
-/// The system's numbers of the colours that the controls use.
+/// Numbers of system colours, as GetSysColor takes them.
 enum SystemColour : int {
     WindowColour = 5,
     WindowTextColour = 8,
@@ -42,17 +42,17 @@ constexpr OleColour systemColour(int index) {
     return 0x80000000U | static_cast<OleColour>(index);
 }
 
-/// The system's current colour table.
+/// Looks up the current system colours by number.
 class SystemColours {
  public:
     virtual ~SystemColours() = default;
     virtual Rgb colour(int index) const = 0;
 };
 
-/// Turns an OLE colour into RGB; -1 for a number that is neither RGB nor a known system colour.
+/// Converts a stored colour to RGB; -1 if it is neither an RGB value nor a known system colour.
 Rgb translate(OleColour colour, const SystemColours& table);
 
-/// Mean of each channel, rounded to the nearest whole number and halves to even.
+/// Mean of each channel, rounded to the nearest integer, with halves rounded to even.
 Rgb average(Rgb a, Rgb b);
 
 /// Adds `amount` to each channel and clamps it to 0..255.
@@ -62,19 +62,22 @@ Rgb shift(Rgb colour, int amount);
 /// clamped to 255. `amount` runs from 0 to 255.
 Rgb lighten(Rgb colour, int amount);
 
-/// Colour of line `step` of `steps` between two colours, each channel interpolated linearly.
+/// Colour of line `step` (from 0) in a gradient of `steps` lines, each channel interpolated
+/// linearly.
 Rgb blend(Rgb from, Rgb to, int step, int steps);
 
 /// Contrast ratio of two colours, from 1 to 21, as the Web Content Accessibility Guidelines define
 /// it.
 double contrast(Rgb a, Rgb b);
 
-/// Least contrast of text to its background: usually, and where the user asked for high contrast.
+/// Minimum contrast of text to its background, normally and if the user has turned on high
+/// contrast.
 inline constexpr double textContrast = 4.5;
 inline constexpr double highTextContrast = 7;
 
-/// `text`, or the colour next to it on the way to black or white that has at least the contrast
-/// `ratio` to `background`. Black or white itself where none has.
+/// Returns `text` if its contrast to `background` is at least `ratio`. Otherwise shifts it towards
+/// black or white, whichever contrasts more, until the contrast suffices. Returns black or white if
+/// no shade between does.
 Rgb legible(Rgb text, Rgb background, double ratio);
 
 }  // namespace velvox

@@ -1,4 +1,4 @@
-// Owners for COM: the apartment, interface pointers, strings, and a base for objects.
+// Owner types for OLE, COM interface pointers and COM strings, and base classes for COM objects.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,8 @@
 
 namespace velvox {
 
-/// OLE for this thread, for the length of a scope. "Already initialised" is a success.
+/// Initialises OLE on this thread for the length of a scope. S_FALSE (already initialised) is no
+/// error.
 class OleScope {
  public:
     OleScope() { requireSuccess(OleInitialize(nullptr), "OleInitialize"); }
@@ -23,7 +24,7 @@ class OleScope {
     ~OleScope() { OleUninitialize(); }
 };
 
-/// One reference to a COM interface.
+/// Owns one reference to a COM interface.
 template <class Interface>
 class ComPtr {
  public:
@@ -47,14 +48,14 @@ class ComPtr {
 
     [[nodiscard]] Interface* release() noexcept { return std::exchange(pointer_, nullptr); }
 
-    /// For a call that returns a reference through its last parameter.
+    /// Releases the reference and returns the address where a call can store a new one.
     Interface** put() noexcept {
         reset();
         return &pointer_;
     }
     void** putVoid() noexcept { return reinterpret_cast<void**>(put()); }
 
-    /// Another interface of the same object, or null.
+    /// Queries the object for another interface; null if it does not have it.
     template <class Other>
     ComPtr<Other> query() const noexcept {
         ComPtr<Other> other;
@@ -66,7 +67,7 @@ class ComPtr {
     Interface* pointer_ = nullptr;
 };
 
-/// Another reference to an object that is held elsewhere.
+/// Adds a reference to an object that another owner holds.
 template <class Interface>
 ComPtr<Interface> share(Interface* borrowed) noexcept {
     if (borrowed) borrowed->AddRef();
@@ -86,12 +87,13 @@ inline std::wstring_view view(BSTR text) {
     return {text, SysStringLen(text)};
 }
 
-// COM interfaces have no destructor; objects are deleted by their own Release alone.
+// COM interfaces have no virtual destructor. Only an object's own Release deletes it, so the
+// warning does not apply.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-/// Base of a COM object of ours with the interfaces that it answers to. It starts with one
-/// reference, deletes itself with the last one, and counts as a live handle.
+/// Base of this program's COM objects that implement `Interfaces`. An object starts with one
+/// reference, deletes itself with the last one, and is counted in liveHandles().
 template <class... Interfaces>
 class ComObject : public Interfaces... {
  public:
@@ -116,7 +118,7 @@ class ComObject : public Interfaces... {
  protected:
     virtual ~ComObject() { --liveHandles(); }
 
-    /// The interface of this identity, without a reference, or false.
+    /// Stores the interface `id` without adding a reference; returns false if the object lacks it.
     virtual bool find(REFIID id, void** result) noexcept {
         ((id == __uuidof(Interfaces) && (*result = static_cast<Interfaces*>(this))) || ...);
         if (!*result && id == IID_IUnknown) *result = identity();
@@ -135,7 +137,7 @@ class ComObject : public Interfaces... {
     std::atomic<ULONG> references_{1};
 };
 
-/// A ComObject with an IDispatch that can only be invoked: it has neither types nor names.
+/// A ComObject whose IDispatch supports only Invoke: it has no type information and no names.
 template <class... Interfaces>
 class ComDispatch : public ComObject<Interfaces..., IDispatch> {
  public:

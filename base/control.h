@@ -1,5 +1,5 @@
-// The portable part of a control: its values, and the observer that a window registers to follow
-// them. Without one a control is complete and can be tested as it is.
+// The portable part of a control: its values, and the observer (usually a window) that it notifies
+// of changes. A control works without an observer, so it can be tested without a window.
 #pragma once
 
 #include <string>
@@ -36,10 +36,10 @@ class Control {
     Control& operator=(const Control&) = delete;
     virtual ~Control() = default;
 
-    /// The name by which its container knows it.
+    /// The control's name within its container.
     const std::string& Name() const noexcept { return name_; }
 
-    /// Twips. A negative width or height throws InvalidProperty and changes nothing.
+    /// In twips. A negative width or height throws InvalidProperty and changes nothing.
     int Left() const noexcept { return bounds_.left; }
     void Left(int twips);
     int Top() const noexcept { return bounds_.top; }
@@ -54,7 +54,7 @@ class Control {
     bool Visible() const noexcept { return visible_; }
     void Visible(bool visible);
 
-    /// The window that follows this control, or none. Held, not owned.
+    /// Sets or, with null, removes the observer. The control does not own it.
     void setObserver(ControlObserver* observer) noexcept { observer_ = observer; }
 
  protected:

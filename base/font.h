@@ -4,7 +4,7 @@
 
 namespace velvox {
 
-/// A font as controls store it; the platform font is made from it where text is drawn.
+/// Describes a font. The Win32 layer creates the system's font from it.
 struct Font {
     std::string name = "Tahoma";
     double points = 8.25;

@@ -17,7 +17,7 @@ struct Size {
     bool operator==(const Size&) const = default;
 };
 
-/// A rectangle by its edges, in pixels. Right and bottom lie outside it.
+/// A rectangle given by its edges, in pixels. The right and bottom edges are exclusive.
 struct Rect {
     int left = 0;
     int top = 0;
@@ -27,7 +27,8 @@ struct Rect {
     bool operator==(const Rect&) const = default;
 };
 
-/// A rectangle by its corner and size. In the layout in twips, relative to the container.
+/// A rectangle given by its top left corner and its size. Layout uses twips relative to the
+/// container.
 struct Bounds {
     int left = 0;
     int top = 0;

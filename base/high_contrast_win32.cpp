@@ -1,5 +1,5 @@
-// A source of its own: a test program is linked with another definition, because no system that
-// the tests run on reports high contrast.
+// Kept in its own source file so that a test program can link another definition: no system that
+// runs the tests reports high contrast.
 #include "base/system_win32.h"
 
 namespace velvox {

@@ -19,8 +19,8 @@ HMODULE loadSystemLibrary(const wchar_t* name) noexcept {
 
 }  // namespace velvox
 
-// The stubs of delayed libraries (cmake/DelayedLibrary.cmake) call this for the first call of each
-// function: it returns the function and stores it in the slot that later calls go through.
+// The stubs of delay-loaded libraries (cmake/DelayedLibrary.cmake) call this on the first call of
+// each imported function. It returns that function and stores it in `slot` for later calls.
 extern "C" __attribute__((used)) FARPROC WINAPI __delayLoadHelper2(PCImgDelayDescr library,
                                                                    FARPROC* slot) {
     const auto at = [](RVA offset) {
@@ -32,7 +32,8 @@ extern "C" __attribute__((used)) FARPROC WINAPI __delayLoadHelper2(PCImgDelayDes
     const auto index = slot - reinterpret_cast<FARPROC*>(at(library->rvaIAT));
     const auto* import = reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(at(names[index].u1.AddressOfData));
     *slot = GetProcAddress(velvox::loadSystemLibrary(name), import->Name);
-    // No caller can go on without it: the system ends a program whose library is missing at start.
+    // Ends the program, because no caller can work without the function. Windows does the same at
+    // start-up when a library of a normal import is missing.
     if (!*slot) {
         wchar_t text[2 * MAX_PATH];
         wsprintfW(text, L"Velvox needs %s, which is missing or damaged in this system.", name);

@@ -1,19 +1,19 @@
-// Where DLLs that the program loads by name may come from: the system folder alone.
+// Restricts the DLLs that the program loads by name to the system folder.
 #pragma once
 
 #include <windows.h>
 
 namespace velvox {
 
-/// Takes the program's folder and the current one out of the search for DLLs, where the system can
-/// (Windows 8, and 7 with its updates). Call it before anything else: it also covers what the
-/// system loads on the program's behalf.
+/// Removes the program's folder and the current folder from the DLL search path where Windows
+/// supports that (Windows 8, and Windows 7 with updates). Call this before anything else, because
+/// it also affects the DLLs that Windows loads for the program.
 void searchSystemFolderOnly() noexcept;
 
-/// A DLL of the system folder, which stays loaded; null where it is missing.
+/// Loads a DLL from the system folder for the life of the process; null if it is missing.
 HMODULE loadSystemLibrary(const wchar_t* name) noexcept;
 
-/// A procedure of a loaded DLL; null where either is missing.
+/// Finds a procedure of a loaded DLL; null if the DLL or the procedure is missing.
 template <class Procedure>
 Procedure findProcedure(HMODULE library, const char* name) noexcept {
     if (!library) return nullptr;

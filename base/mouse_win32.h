@@ -6,7 +6,7 @@
 
 namespace velvox {
 
-/// The buttons held during a mouse message, as the sum of their numbers.
+/// The held buttons from the MK_ flags of a mouse message, combined by bitwise or.
 inline MouseButton heldButtons(WPARAM mouseFlags) {
     const auto held = [&](WPARAM flag, MouseButton button) {
         return mouseFlags & flag ? static_cast<int>(button) : 0;

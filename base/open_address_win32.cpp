@@ -9,8 +9,8 @@ namespace velvox {
 
 void openAddress(HWND owner, std::string_view address) {
     if (!isWebAddress(address)) return;
-    // The shell copies the address as it is between the quotation marks of the registered command:
-    // a quotation mark in it would end the argument and start the next.
+    // The shell inserts the address unchanged between the quotation marks of the registered
+    // command. A quotation mark in the address would end the argument and start the next one.
     const std::wstring escaped = widen(escapeForShell(address));
     ShellExecuteW(owner, L"open", escaped.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
 }

@@ -1,5 +1,5 @@
-// Owner types of the system's handles: each releases what it holds exactly once, and
-// counts what is alive, since not every system reports that.
+// Owner types for handles of Windows. Each releases its handle exactly once. They count the live
+// handles, because not every system reports that number.
 #pragma once
 
 #include <windows.h>
@@ -9,13 +9,14 @@
 
 namespace velvox {
 
-/// Number of owned handles alive in this process.
+/// Number of owned handles and COM objects alive in this process.
 inline std::atomic<int>& liveHandles() {
     static std::atomic<int> count{0};
     return count;
 }
 
-/// Owns a handle and closes it with `Close`. A bare handle parameter elsewhere means borrowed.
+/// Owns a handle and closes it with `Close`. Elsewhere, a parameter of a plain handle type is
+/// borrowed.
 template <class Handle, auto Close>
 class Owned {
  public:
@@ -34,7 +35,7 @@ class Owned {
     Handle get() const noexcept { return handle_; }
     explicit operator bool() const noexcept { return handle_ != Handle{}; }
 
-    /// Closes what is held. The thread's last error survives.
+    /// Closes the handle and takes over `next`. Keeps the thread's last error.
     void reset(Handle next = Handle{}) noexcept {
         if (handle_) {
             const DWORD error = GetLastError();
@@ -46,7 +47,7 @@ class Owned {
         count(1);
     }
 
-    /// Hands the handle over to a caller (or a system call) that releases it.
+    /// Gives up the handle without closing it: the caller becomes its owner.
     [[nodiscard]] Handle release() noexcept {
         count(-1);
         return std::exchange(handle_, Handle{});
@@ -118,7 +119,7 @@ class WindowDc {
     HDC dc_;
 };
 
-/// The pair BeginPaint and EndPaint.
+/// Calls BeginPaint, and EndPaint at the end of the scope.
 class PaintScope {
  public:
     explicit PaintScope(HWND window) noexcept : window_(window) { BeginPaint(window, &paint_); }

@@ -4,13 +4,13 @@
 
 namespace velvox {
 
-/// A picture that a control holds. The portable code only passes it on and asks whether there is
-/// one; the platform's own class owns the pixels.
+/// A picture of a control. Portable code only passes it on and asks whether it has an image; a
+/// derived class in the Win32 layer owns the pixels.
 class Picture {
  public:
     virtual ~Picture() = default;
 
-    /// False for the "empty picture" that a fresh control holds.
+    /// False for the empty picture of a new control.
     virtual bool hasImage() const = 0;
 };
 

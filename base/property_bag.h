@@ -1,6 +1,5 @@
-// Stored settings of a user control: an ordered list of keys and values. A key is matched without
-// regard to case, since hosts store the keys in lower case; a value equal to its default is not
-// written.
+// The stored properties of a control: an ordered list of keys and values. Keys match in any letter
+// case, because hosts store them in lower case. A value equal to its default is not stored.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +15,8 @@
 
 namespace velvox {
 
-/// `monostate` is "no value": as a write default it means that the value is always written.
+/// `monostate` means "no value". As the `fallback` of write() it means that the value is always
+/// stored.
 using PropertyValue =
     std::variant<std::monostate, bool, std::int32_t, std::string, Font, PicturePtr>;
 
@@ -32,16 +32,16 @@ class PropertyBag {
     PropertyBag() = default;
     PropertyBag(std::initializer_list<Entry> entries) : entries_(entries) {}
 
-    /// The stored values. Each returns `fallback` for a missing key and throws TypeMismatch for a
-    /// value that cannot be read as asked. Booleans and whole numbers convert into each other
-    /// (true is -1).
+    /// Each returns the value stored under `key`, or `fallback` if there is none. Throws
+    /// TypeMismatch for a value of another type, except that booleans and integers convert into
+    /// each other (true is -1).
     bool readBool(std::string_view key, bool fallback) const;
     std::int32_t readNumber(std::string_view key, std::int32_t fallback) const;
     std::string readText(std::string_view key, std::string_view fallback) const;
     Font readFont(std::string_view key, const Font& fallback) const;
     PicturePtr readPicture(std::string_view key, const PicturePtr& fallback) const;
 
-    /// Stores `value` under `key` unless it equals `fallback`; an older value of the key goes.
+    /// Replaces the value stored under `key`. If `value` equals `fallback`, nothing is stored.
     void write(std::string_view key, PropertyValue value, const PropertyValue& fallback = {});
 
     const std::vector<Entry>& entries() const noexcept { return entries_; }

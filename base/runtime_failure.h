@@ -1,5 +1,5 @@
-// The one exception of the portable code: an operation that cannot be carried out on the values
-// it was given. A catcher's single trap turns it into its red status line.
+// The exception class of this program: an operation cannot be carried out on its values. A catcher
+// handles it in one place, where it shows its red status line.
 #pragma once
 
 #include <stdexcept>
@@ -10,7 +10,7 @@ namespace velvox {
 enum class Fault {
     InvalidCall,      ///< a start, length or argument out of range
     Overflow,         ///< a value that its type cannot hold
-    TypeMismatch,     ///< text where a number is needed, and the like
+    TypeMismatch,     ///< a value of another type, such as text where a number is needed
     InvalidProperty,  ///< a property value that the control refuses
     Transfer,         ///< a page that could not be fetched
     Platform,         ///< a call of the system that failed

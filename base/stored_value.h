@@ -1,5 +1,5 @@
-// How property values are stored in a bag: the idiom of every control with stored settings
-// is a table of key, member and defaults in stored order, which these read and write.
+// Reads and writes values of a property bag by their C++ type. Each control with stored properties
+// has a table of key, member and defaults, and calls these functions for each row.
 #pragma once
 
 #include <bit>
@@ -17,7 +17,7 @@ inline std::int32_t readStored(const PropertyBag& bag, std::string_view key,
                                std::int32_t fallback) {
     return bag.readNumber(key, fallback);
 }
-/// Keeps the bits: a system colour has the top one set.
+/// The bits of a colour are stored as a signed number, because a system colour has the top bit set.
 inline OleColour readStored(const PropertyBag& bag, std::string_view key, OleColour fallback) {
     return std::bit_cast<OleColour>(bag.readNumber(key, std::bit_cast<std::int32_t>(fallback)));
 }

@@ -1,4 +1,4 @@
-// Small services of the system: errors, text conversion, colours, screen resolution.
+// Helpers for Windows calls: errors, text conversion, colours, screen resolution.
 #pragma once
 
 #include <windows.h>
@@ -14,73 +14,73 @@
 
 namespace velvox {
 
-/// Throws RuntimeFailure (Platform) that carries the call's name and the thread's last error.
+/// Throws RuntimeFailure (Platform) with the name of the call and the thread's last error.
 [[noreturn]] void throwLastError(const char* call);
 
-/// Throws RuntimeFailure (Platform) for a failed HRESULT; every success passes, not only S_OK.
+/// Throws RuntimeFailure (Platform) if `result` is a failure. Every success code passes, not only
+/// S_OK.
 void requireSuccess(HRESULT result, const char* call);
 
-/// Bytes (UTF-8) to the system's UTF-16 and back; see base/utf16.h for what happens to the rest.
+/// Convert between bytes (UTF-8) and UTF-16. base/utf16.h says how invalid text is converted.
 std::wstring widen(std::string_view bytes);
 std::string narrow(std::wstring_view text);
 
 /// A window's text as bytes.
 std::string windowText(HWND window);
 
-/// The reply of a window to WM_GETTEXT: copies `text` and its final zero into the caller's buffer
-/// of `room` characters, cut where it does not fit. Returns the characters copied, without the
-/// zero.
+/// Handles WM_GETTEXT: copies `text` and a final zero into `buffer`, which holds `room` characters,
+/// and cuts text that does not fit. Returns the number of characters copied, without the zero.
 LRESULT copyText(std::string_view text, WPARAM room, LPARAM buffer);
 
-/// The system's colours as GetSysColor has them now.
+/// The system colours as GetSysColor returns them at the time of the call.
 class CurrentSystemColours : public SystemColours {
  public:
     Rgb colour(int index) const override;
 };
 
-/// Whether the user has asked the system for high contrast.
+/// Whether the user has turned on high contrast in Windows.
 bool highContrast();
 
-/// Disables or enables a window. A disabled window must not keep the focus: it
-/// moves to the next tab stop of the form first.
+/// Disables or enables a window. If the window to disable has the focus, the focus first moves to
+/// the next tab stop of the form.
 void enableWindow(HWND window, bool enabled);
 
-/// Dots per inch that the system has for its screen.
+/// The screen's dots per inch as Windows reports them.
 int systemDpi();
 
-/// Dots per inch that the program lays out by, for its whole life: the system's, or fewer.
+/// The dots per inch of the program's layout: systemDpi(), or less if fitScreenDpi() has lowered
+/// it.
 int screenDpi();
 
-/// The conversions of base/twips.h at this screen's resolution, `screenDpi()`.
+/// The conversions of base/twips.h at screenDpi().
 inline int toPixels(int twips) {
     return toPixels(twips, screenDpi());
 }
 inline int toTwips(int pixels) {
     return toTwips(pixels, screenDpi());
 }
-/// Pixels at `designDpi` in pixels of this screen.
+/// Converts pixels at `designDpi` to pixels at screenDpi().
 inline int scaled(int pixels) {
     return scaled(pixels, screenDpi());
 }
 
-/// Pixels of a thin line. Rounded down: it is never blurred into a thick one.
+/// Width of a thin line in pixels, rounded down so that thin lines stay thin.
 int thinLine();
 
-/// Covers an area with one colour.
 void fill(HDC dc, const RECT& area, Rgb colour);
 
-/// The system's dotted rectangle that shows the focus, its dots as wide as a thin line.
+/// Draws the system's dotted focus rectangle with a border of thinLine() pixels.
 void drawFocusRing(HDC dc, RECT area);
 
-/// Lowers screenDpi() so far that a layout of `twips` fits into the screen's work area. To be
-/// called before the first window is made.
+/// Lowers screenDpi() until a layout of the size `twips` fits into the screen's work area. Call
+/// this before the first window is created.
 void fitScreenDpi(SIZE twips);
 
-/// Layout bounds in pixels of this screen. Edges are rounded, not lengths, so that neighbours
-/// that touch in twips touch in pixels.
+/// Converts layout bounds to pixels. Edges are rounded instead of lengths, so that neighbours that
+/// touch in twips also touch in pixels.
 RECT toPixels(const Bounds& bounds);
 
-/// The platform font; its character height follows the points at the screen's resolution.
+/// Creates the system's font for `font`, with its height scaled to screenDpi().
 OwnedFont createFont(const Font& font);
 
 }  // namespace velvox

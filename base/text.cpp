@@ -18,9 +18,9 @@ void requireStart(Position start) {
         throw RuntimeFailure(Fault::InvalidCall, "A text search starts before position 1");
 }
 
-// Boyer-Moore skips most bytes and stays fast on pages made against it, but it first makes a table
-// of 256 entries: a match close by is looked for without one, since loops that step from match to
-// match would make the table each time.
+// Boyer-Moore skips most bytes and stays fast even on pages made to slow it down, but it first
+// fills a table of 256 entries. Loops that step from match to match would fill that table each
+// time, so a plain search covers the first `closeBy` bytes.
 constexpr std::size_t closeBy = 512;
 
 std::size_t search(std::string_view text, std::string_view needle, std::size_t from = 0) {
@@ -34,8 +34,8 @@ std::size_t search(std::string_view text, std::string_view needle, std::size_t f
     return at == text.end() ? text.npos : static_cast<std::size_t>(at - text.begin());
 }
 
-/// Reads bytes in lower case. A transform view would do, but clang 14 fails on this library's
-/// views.
+/// Iterator that reads bytes in lower case. clang 14 cannot compile a std::views::transform for
+/// this.
 struct LowerCased {
     using iterator_category = std::random_access_iterator_tag;
     using value_type = char;
@@ -111,7 +111,7 @@ std::string replaceAll(std::string_view text, std::string_view needle, std::stri
     return result;
 }
 
-// Without a branch: in a page the bytes to drop come at irregular intervals, which no branch
+// The loop has no branch, because the bytes to drop come at irregular intervals that no branch
 // predictor foresees.
 std::string without(std::string text, std::string_view unwanted) {
     std::array<std::uint8_t, 256> kept;

@@ -1,4 +1,4 @@
-// Windows of the system's tool tip control.
+// Creates and destroys tool tip windows of the common controls.
 #pragma once
 
 #include <windows.h>
@@ -9,16 +9,17 @@
 
 namespace velvox {
 
-/// A top-most tool tip of `owner` without a tool, or null where the system refuses: a control does
-/// without its tip then.
+/// Creates a topmost tool tip without a tool for `owner`. Returns null if Windows refuses; the
+/// control then works without a tip.
 HWND createToolTip(HWND owner, DWORD style);
 
-/// Also for a tip that the system has already destroyed with its owner's top-level window.
+/// Destroys `tip` unless Windows has already destroyed it together with its owner's top-level
+/// window.
 void destroyToolTip(HWND tip) noexcept;
 
 using OwnedToolTip = Owned<HWND, &destroyToolTip>;
 
-/// The record of a tool of `window`, in the size that every version of the control accepts.
+/// A tool record for `window`, in the size that every version of the tool tip control accepts.
 TTTOOLINFOW toolRecord(HWND window, UINT flags, UINT_PTR id);
 
 }  // namespace velvox

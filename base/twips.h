@@ -1,4 +1,4 @@
-// Layout is kept in twips, 1440 to the inch; drawing happens in pixels.
+// The layout is stored in twips, 1440 to the inch; drawing uses pixels.
 #pragma once
 
 #include <algorithm>
@@ -11,8 +11,8 @@ inline constexpr int twipsPerInch = 1440;
 inline constexpr int designDpi = 96;
 inline constexpr int designTwipsPerPixel = twipsPerInch / designDpi;
 
-/// length * to / from, rounded to the nearest, halves away from zero. A result that does not fit
-/// becomes the greatest or least that does.
+/// `length * to / from`, rounded to the nearest integer, halves away from zero. A result beyond the
+/// range of int is clamped.
 constexpr int scaleLength(int length, int to, int from) {
     const std::int64_t product = static_cast<std::int64_t>(length) * to;
     const std::int64_t half = from / 2;
@@ -21,7 +21,6 @@ constexpr int scaleLength(int length, int to, int from) {
     return static_cast<int>(std::clamp<std::int64_t>(rounded, Limits::min(), Limits::max()));
 }
 
-/// Rounded to the nearest, halves away from zero, like `toTwips`.
 constexpr int toPixels(int twips, int dpi) {
     return scaleLength(twips, dpi, twipsPerInch);
 }
@@ -30,7 +29,7 @@ constexpr int toTwips(int pixels, int dpi) {
     return scaleLength(pixels, twipsPerInch, dpi);
 }
 
-/// A length of pixels at `designDpi` in pixels at `dpi`.
+/// Converts pixels at `designDpi` to pixels at `dpi`.
 constexpr int scaled(int pixels, int dpi) {
     return scaleLength(pixels, dpi, designDpi);
 }

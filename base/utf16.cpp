@@ -10,8 +10,8 @@ struct Decoded {
     std::size_t bytes;
 };
 
-// One code point at the start of a non-empty text. Overlong forms, surrogates and codes above
-// U+10FFFF are not UTF-8, so they too fall back to one Latin-1 character.
+// Decodes the first code point of a non-empty text. Overlong forms, surrogates and codes above
+// U+10FFFF are invalid UTF-8, so their first byte is read as a Latin-1 character.
 Decoded decode(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
     const std::uint8_t lead = byte(0);

@@ -1,4 +1,4 @@
-// Which addresses may be opened in the user's browser or followed, and percent-encoding.
+// Checks and percent-encodes web addresses.
 #pragma once
 
 #include <string>
@@ -6,14 +6,15 @@
 
 namespace velvox {
 
-/// Whether an address may be opened or followed: it starts with http:// or https:// in any letter
-/// case, something comes after that, and no byte of it is a control character.
+/// Whether an address may be opened in the user's browser or loaded: it starts with http:// or
+/// https:// in any letter case, is longer than that, and contains no control character.
 bool isWebAddress(std::string_view address);
 
-/// `text` with controls, bytes above 126 and every byte that is in `unsafe` as %XX.
+/// `text` with control characters, bytes above 126 and the bytes listed in `unsafe` replaced by
+/// %XX.
 std::string percentEncode(std::string_view text, std::string_view unsafe);
 
-/// `address` percent-encoded so that it stays one argument of a command line. A "%" stays.
+/// `address` percent-encoded so that it stays one argument of a command line. A "%" is not encoded.
 std::string escapeForShell(std::string_view address);
 
 }  // namespace velvox

@@ -28,7 +28,7 @@ HWND createWindow(const WindowRequest& request, void* parameter) {
     return window;
 }
 
-// Allocates nothing of its own: the failure may be that of an allocation.
+// Allocates no memory itself, because the failure may be a failed allocation.
 void report(const char* text) noexcept {
     try {
         if (failureReporter())
@@ -79,7 +79,7 @@ void Window::registerClass(const WindowRequest& request) {
 
 Window::~Window() {
     if (!handle_) return;
-    // The derived class is gone already: the last messages must not look for its handler.
+    // The derived class is already destroyed, so the last messages must not reach its handler.
     SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
     destroy();
 }
@@ -111,7 +111,7 @@ LRESULT CALLBACK Window::thunk(HWND window, UINT message, WPARAM wParam, LPARAM 
             answer = 0;
         }
         if (message == WM_NCDESTROY) {
-            // The handler may have destroyed the object: look it up again.
+            // onMessage may have destroyed the object, so look it up again.
             self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
             if (self) self->handle_ = nullptr;
             SetWindowLongPtrW(window, GWLP_USERDATA, 0);
@@ -122,7 +122,8 @@ LRESULT CALLBACK Window::thunk(HWND window, UINT message, WPARAM wParam, LPARAM 
 
 SystemControl::~SystemControl() {
     if (!handle_) return;
-    // As above: only the class's own procedure is left to handle it.
+    // The derived class is already destroyed: only the window class's own procedure may handle the
+    // last messages.
     RemoveWindowSubclass(handle_, &SystemControl::thunk, systemControlSubclass);
     DestroyWindow(handle_);
 }

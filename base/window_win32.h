@@ -1,5 +1,5 @@
-// The window wrapper: every window class of the program runs through one thunk, which keeps
-// exceptions inside and dispatches nothing before creation has begun or after the last message.
+// The window wrapper: all window classes of the program share one window procedure. It lets no
+// exception escape and calls no handler before WM_NCCREATE or after WM_NCDESTROY.
 #pragma once
 
 #include <windows.h>
@@ -15,15 +15,15 @@
 
 namespace velvox {
 
-/// Reports an exception that reached a callback boundary to the user. Set once by the program;
-/// without one the text goes to the debugger.
+/// Shows the user the text of an exception that reached a callback of Windows. The program sets the
+/// reporter once; without one the text goes to the debugger.
 using FailureReporter = std::function<void(std::string_view text)>;
 void setFailureReporter(FailureReporter reporter);
 
-/// Reports the exception under way. For catch blocks at a callback boundary.
+/// Reports the exception being handled. Callbacks call this in their catch blocks.
 void reportCurrentFailure() noexcept;
 
-/// What a window is created with. Bounds are in pixels, relative to the parent's client area.
+/// Parameters of a new window. Bounds are in pixels, relative to the parent's client area.
 struct WindowRequest {
     const wchar_t* className = nullptr;
     std::wstring text{};
@@ -31,9 +31,9 @@ struct WindowRequest {
     DWORD extendedStyle = 0;
     RECT bounds{};
     HWND parent = nullptr;
-    int id = 0;           ///< child windows only
-    UINT classStyle = 0;  ///< counts at the first window of the class
-    int iconId = 0;       ///< resource of the class's icon, 0 for none; the first window's counts
+    int id = 0;           ///< for child windows only
+    UINT classStyle = 0;  ///< only the first window of a class sets its style and icon
+    int iconId = 0;       ///< resource number of the icon, 0 for none
 };
 
 /// A window whose class this program registers.
@@ -52,7 +52,7 @@ class Window {
     void create(const WindowRequest& request);
     void destroy() noexcept;
 
-    /// Handles a message; returns nullopt for the system's default.
+    /// Handles a message, or returns nullopt to leave it to DefWindowProc.
     virtual std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 
  private:
@@ -62,7 +62,7 @@ class Window {
     HWND handle_ = nullptr;
 };
 
-/// A window of one of the system's classes, whose messages pass through `onMessage` first.
+/// A window of one of the system's classes; its messages reach `onMessage` first.
 class SystemControl {
  public:
     SystemControl() = default;
@@ -75,7 +75,7 @@ class SystemControl {
  protected:
     void create(const WindowRequest& request);
 
-    /// Handles a message; returns nullopt for the class's own procedure.
+    /// Handles a message, or returns nullopt to leave it to the class's own procedure.
     virtual std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 
  private:
