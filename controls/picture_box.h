@@ -8,7 +8,8 @@
 
 namespace velvox {
 
-/// The mouse events of a control that can be dragged by. Coordinates are the control's own, twips.
+/// Mouse events of a control that serves as a drag handle. Coordinates are in twips, relative to
+/// the control.
 struct MouseEvents {
     using Handler = std::function<void(MouseButton button, int shift, float x, float y)>;
     Handler MouseDown;

@@ -19,8 +19,9 @@ int sizeOf(HICON icon) {
     return bitmap.bmWidth;
 }
 
-// The system scales icons by leaving pixels out. Drawn `factor` times larger over what is there
-// already, each pixel can be the mean of its square.
+// DrawIconEx shrinks an icon by dropping pixels. For a smooth result, the icon is drawn `factor`
+// times larger over a magnified copy of the background, and each target pixel becomes the mean of
+// `factor` by `factor` pixels.
 void drawSmooth(HICON icon, HDC dc, int x, int y, int width, int height, int factor) {
     const ButtonFace under(width, height);
     BitBlt(under.dc(), 0, 0, width, height, dc, x, y, SRCCOPY);

@@ -10,11 +10,11 @@ namespace velvox {
 
 class DrawablePicture : public Picture {
  public:
-    /// Pixels; the picture is scaled to width and height.
+    /// Draws the picture scaled to `width` by `height` pixels.
     virtual void draw(HDC dc, int x, int y, int width, int height) const = 0;
 };
 
-/// An icon, smooth at sizes below its own.
+/// An icon that is drawn smoothly at sizes below its own.
 class IconPicture : public DrawablePicture {
  public:
     explicit IconPicture(OwnedIcon icon);

@@ -9,9 +9,9 @@ namespace {
 
 constexpr int keySpace = 32;
 constexpr int toggleType = 1;
-constexpr int styleWithoutDesignTimeHover = 5;  // the one style that looks the same while designed
+constexpr int styleWithoutDesignTimeHover = 5;
 
-// Message numbers of the subclass; the window's half asserts that they are the system's.
+// Numbers of Windows messages; is_button_win32.cpp asserts that they are correct.
 constexpr unsigned mouseMoveMessage = 512;
 constexpr unsigned mouseLeaveMessage = 675;
 constexpr unsigned themeChangedMessage = 794;
@@ -69,7 +69,8 @@ void isButton::enter(ButtonState state) {
     changed(ControlChange::Appearance);
 }
 
-// False when the handler has destroyed the button. The copy outlives the member it came from.
+// Returns false when the handler has destroyed the button. A copy of the handler runs, because the
+// button's destruction also destroys the member `event`.
 bool isButton::raise(const std::function<void()>& event) {
     if (!event) return true;
     const std::weak_ptr<const void> alive = alive_;
@@ -123,8 +124,8 @@ void isButton::keyUp(int code) {
     if (code == keySpace && stored_.enabled) mouseUp(MouseButton::Left);
 }
 
-// Space raises Click by itself and then runs the click step, which raises it once more when the
-// last mouse button was the left one; stored programs count on both.
+// Space raises Click, and click() raises Click a second time when the last mouse button was the
+// left one. Existing programs rely on both events.
 void isButton::keyPress(char character) {
     if (character != keySpace || !stored_.enabled) return;
     if (raise(Click)) click();
@@ -191,7 +192,7 @@ ButtonState isButton::visualState() const noexcept {
     if (!userMode_ && stored_.style != styleWithoutDesignTimeHover) return ButtonState::Hot;
     const bool isOff = state_ == ButtonState::Pressed && draggedOff_;
     const ButtonState state = isOff ? restingState() : state_;
-    // Without leave notifications nothing would end a hot look.
+    // Without notifications that the pointer has left, the hot look would never end.
     if (state == ButtonState::Hot && tracking_ == Tracking::None) return ButtonState::Normal;
     return state;
 }

@@ -1,5 +1,6 @@
 // The owner-drawn push button: its stored settings, its visual state machine and its events. The
-// window, the painting and the tool tip follow it through `ButtonHost` and `ControlObserver`.
+// Win32 layer (window, painting and tool tip) observes the button as a `ControlObserver` and serves
+// it as a `ButtonHost`.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +22,7 @@ namespace velvox {
 
 enum class ButtonState : std::int8_t { Normal = 1, Hot = 2, Pressed = 3, Disabled = 4 };
 
-/// Which entry point reports that the pointer has left a window.
+/// The system library whose function reports that the pointer has left a window.
 enum class Tracking : std::int8_t { None, UserInterface, CommonControls };
 
 /// Ambient properties supplied by the container.
@@ -31,7 +32,7 @@ struct ButtonAmbient {
     std::string toolTipText;  ///< the container's own tool tip for the control
 };
 
-/// The tool tip's record.
+/// Contents of the button's tool tip. A colour without a value is the system's.
 struct ButtonToolTip {
     std::string text;
     std::string title;
@@ -42,7 +43,7 @@ struct ButtonToolTip {
     bool centred = false;
 };
 
-/// The four custom colours, translated.
+/// The four custom colours as RGB values.
 struct ButtonColours {
     Rgb back = 0;
     Rgb highlight = 0;
@@ -50,24 +51,24 @@ struct ButtonColours {
     Rgb fontHighlight = 0;
 };
 
-/// Everything that one picture of the button depends on, except its size.
+/// The button's own properties and states that its picture depends on.
 struct ButtonLook {
     int style = 0;
     ButtonState state = ButtonState::Normal;
-    bool focused = false;     ///< has the focus, shown or not
-    bool focusShown = false;  ///< has the focus and shows it
+    bool focused = false;     ///< the button has the focus, whether it shows it or not
+    bool focusShown = false;  ///< the button has the focus and shows it (ShowFocus)
     bool customColours = false;
     ButtonColours colours;
     std::string caption;
-    unsigned captionFlags = 0;  ///< DT_ flags
+    unsigned captionFlags = 0;  ///< DT_ flags of DrawText
     Font font;
     PicturePtr icon;
     int iconSize = 16;  ///< pixels
     int iconAlign = 0;
 };
 
-/// The stored settings of a button, with the values of a freshly placed one. Keys, order and
-/// defaults of the stored form are rows of the table in is_button_bag.cpp.
+/// The stored properties of a button. The initial values are those of a button newly placed on a
+/// form. The table in is_button_bag.cpp lists each property's key and defaults in stored order.
 struct ButtonSettings {
     PicturePtr icon;
     int style = 0;
@@ -94,45 +95,45 @@ struct ButtonSettings {
     bool value = false;
 };
 
-/// What the button needs of its window.
+/// Services that the button's window provides.
 class ButtonHost {
  public:
     virtual ~ButtonHost() = default;
 
-    /// Requests one notification when the pointer leaves.
+    /// Requests one notification for the next time the pointer leaves the window.
     virtual void requestLeaveNotice() = 0;
 
-    /// Recreates the tool tip from the button's record.
+    /// Recreates the tool tip from toolTipRecord().
     virtual void showToolTip() = 0;
 
-    /// The modal About box.
+    /// Shows the modal About box.
     virtual void showAbout() = 0;
 
     /// Opens a web address in the user's browser. Does nothing for any other address.
     virtual void openAddress(std::string_view address) = 0;
 };
 
-/// A handler may destroy the button, run a nested message loop or throw: after each event the
-/// button uses its members only if it still exists.
+/// An event handler may destroy the button, run a nested message loop or throw. After raising an
+/// event the button uses its members only if it still exists.
 class isButton : public Control {
  public:
-    /// A freshly placed control's values; the colours are those that `colours` has now.
-    /// `colours` must outlive the button.
+    /// Creates a button with the properties of a newly placed one. It takes its initial colours
+    /// from `colours`, which must outlive the button.
     isButton(std::string_view name, const SystemColours& colours);
 
     /// Reads the 23 keys in their stored order. Throws TypeMismatch for a value of a wrong type.
     void ReadProperties(const PropertyBag& bag, const ButtonAmbient& ambient = {});
     void WriteProperties(PropertyBag& bag) const;
 
-    /// Handles the four subclassed messages (pointer moved or left, theme or system colours
-    /// changed) before the window's default procedure does; ignores any other.
+    /// Handles four messages (pointer moved or left, theme or system colours changed) before the
+    /// window's default procedure does. Ignores all other messages.
     void zSubclass_Proc(unsigned message);
 
     void About();
     void Refresh();
     std::string_view Version() const noexcept { return "3.0"; }
 
-    /// 0 to 10 choose a painter; any other number shows caption and icon alone.
+    /// 0 to 10 select a painter. Any other number draws only caption and icon.
     int Style() const noexcept { return stored_.style; }
     void Style(int style) { set(&ButtonSettings::style, style); }
     const std::string& Caption() const noexcept { return stored_.caption; }
@@ -145,10 +146,10 @@ class isButton : public Control {
     /// Edge length of the drawn icon, pixels.
     int IconSize() const noexcept { return stored_.iconSize; }
     void IconSize(int pixels) { set(&ButtonSettings::iconSize, pixels); }
-    /// As IconAlign; takes effect with the next resize.
+    /// The same values as IconAlign. A change takes effect at the next resize.
     int CaptionAlign() const noexcept { return stored_.captionAlign; }
     void CaptionAlign(int align) { set(&ButtonSettings::captionAlign, align); }
-    /// The style taken at run time when the system's visual styles do not draw (Style 6).
+    /// The style that replaces style 6 at run time when the system's visual styles cannot be drawn.
     int NonThemeStyle() const noexcept { return stored_.nonThemeStyle; }
     void NonThemeStyle(int style) { set(&ButtonSettings::nonThemeStyle, style); }
     bool Enabled() const noexcept { return stored_.enabled; }
@@ -175,15 +176,15 @@ class isButton : public Control {
     void ToolTipIcon(int icon) { set(&ButtonSettings::toolTipIcon, icon); }
     int ToolTipType() const noexcept { return stored_.toolTipType; }
     void ToolTipType(int type) { set(&ButtonSettings::toolTipType, type); }
-    /// A freshly placed control leaves these two to the system; a value that is assigned or read
-    /// from a bag counts as set, black included.
+    /// Colours of the tool tip. Until a value is assigned or read from a bag, the tool tip has the
+    /// system's colours and these return 0; an assigned 0 is black.
     OleColour ToolTipBackColor() const noexcept { return stored_.toolTipBackColor.value_or(0); }
     void ToolTipBackColor(OleColour colour) { set(&ButtonSettings::toolTipBackColor, colour); }
     OleColour ToolTipForeColor() const noexcept { return stored_.toolTipForeColor.value_or(0); }
     void ToolTipForeColor(OleColour colour) { set(&ButtonSettings::toolTipForeColor, colour); }
     const velvox::Font& Font() const noexcept { return stored_.font; }
     void Font(const velvox::Font& font) { set(&ButtonSettings::font, font); }
-    /// 0 plain, 1 toggle.
+    /// 0 push button, 1 toggle button.
     int ButtonType() const noexcept { return stored_.buttonType; }
     void ButtonType(int type) { set(&ButtonSettings::buttonType, type); }
     /// Toggled state of a toggle button.
@@ -196,36 +197,40 @@ class isButton : public Control {
     std::function<void()> MouseEnter;
     std::function<void()> MouseLeave;
 
-    /// The container's notification that a property has been set, under its stored name.
+    /// Notifies the container that the property of this name has been set.
     std::function<void(std::string_view property)> PropertyChanged;
 
-    // Events of the button.
+    // Input from the button's window.
     void mouseDown(MouseButton button);
     void mouseUp(MouseButton button);
-    /// The container's click, after the mouse-up it belongs to.
+    /// Called for a click, after the mouseUp() that completes it.
     void click();
     void doubleClick();
-    /// Virtual key codes; only Space (32) means something.
+    /// `code` is a virtual key code. All keys except Space (32) are ignored.
     void keyDown(int code);
     void keyUp(int code);
     void keyPress(char character);
-    /// Enter, a mnemonic, or a tool's click: one Click whatever mouse button was last.
+    /// Raises Click exactly once, whichever mouse button was used last. Called for Enter, a
+    /// mnemonic and BM_CLICK.
     void activate();
     void gotFocus();
     void lostFocus();
     void pointerMoved();
     void pointerLeft();
-    /// While the left button is held: whether the pointer is over the button. Off it the button
-    /// shows that a release will do nothing.
+    /// Called while the left mouse button is held; `over` is true while the pointer is over the
+    /// button. A button that the pointer has left does not look pressed, because a release will not
+    /// click it.
     void pointerDragged(bool over);
-    /// No release will follow: focus or capture moved to another window, or the button became
-    /// hidden or disabled. Ends the pressed look, and a hot look that a key has left.
+    /// Called when no release will follow a press, because the focus or the capture moved to
+    /// another window or the button was hidden or disabled. Ends the pressed look, and the hot look
+    /// that remains after a key press.
     void pressCancelled();
-    /// The visual styles did not draw: at run time NonThemeStyle becomes Style.
+    /// Called when the system's visual styles could not be drawn. At run time, Style then takes the
+    /// value of NonThemeStyle.
     void themeRefused();
 
-    // Queries of the window and the painter.
-    /// The state after the adjustment for design time, toggled and disabled buttons.
+    // Queries for the button's window and painters.
+    /// The state to draw, which also depends on design time, Enabled and a toggle button's Value.
     ButtonState visualState() const noexcept;
     bool hasFocus() const noexcept { return hasFocus_; }
     bool mouseInside() const noexcept { return mouseInside_; }
@@ -237,14 +242,14 @@ class isButton : public Control {
     ButtonLook look() const;
     const SystemColours& systemColours() const noexcept { return *colours_; }
 
-    /// The window that serves the button, or none. Held, not owned.
+    /// `host` may be null. The button does not own it.
     void setHost(ButtonHost* host) noexcept { host_ = host; }
 
-    /// Expires with the button: asked by callers that go on after raising events.
+    /// Expires when the button is destroyed. Callers check it after raising an event.
     std::weak_ptr<const void> lifetime() const noexcept { return alive_; }
 
  protected:
-    /// No side is shorter than 300 twips.
+    /// Enlarges a side that is shorter than 300 twips.
     void resized() override;
 
  private:

@@ -5,7 +5,7 @@
 namespace velvox {
 namespace {
 
-constexpr int versionText = 100;  // as in is_button_about.rc
+constexpr int versionText = 100;  // control id in is_button_about.rc
 
 struct AboutTexts {
     std::wstring caption, version;
@@ -18,7 +18,7 @@ INT_PTR CALLBACK aboutProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lP
         SetDlgItemTextW(box, versionText, texts.version.c_str());
         return TRUE;
     }
-    // Close, Escape and the frame's own button.
+    // IDCANCEL comes from the "Close" button, from Escape and from the frame's close button.
     if (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(box, 0);
     return message == WM_COMMAND;
 }

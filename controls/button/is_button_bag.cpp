@@ -1,13 +1,14 @@
-// The stored form of a push button. Keys, their odd letter case, their order and the differing
-// defaults of reading and writing are those of forms already stored.
+// Reads and writes a push button's properties. Forms that are already stored depend on the keys
+// with their odd letter case, on their order, and on the different defaults for reading and
+// writing.
 #include "base/stored_value.h"
 #include "controls/button/is_button.h"
 
 namespace velvox {
 namespace {
 
-// Defaults besides plain values: the colour that the system has at the time, a member of the
-// ambient values, and none, for a property that is always written.
+// Kinds of default other than a plain value: a system colour (SystemDefault), an ambient property
+// (AmbientDefault), and `always` for a property that is written even if it has its default value.
 struct SystemDefault {
     int index;
 };
@@ -21,12 +22,12 @@ struct Row {
     Value ButtonSettings::*member;
     ReadDefault readDefault;
     WriteDefault writeDefault;
-    std::string_view property;  ///< the name in notifications
+    std::string_view property;  ///< the name passed to PropertyChanged
     ControlChange change = ControlChange::Appearance;
 };
 
-// In stored order. Stored forms count on the tool tip's two colours, although the system's own tips
-// have them the other way round.
+// The rows are in stored order. By default, the tool tip's background has the system's tip text
+// colour and its text the system's tip background colour, because stored forms rely on this swap.
 template <class Visit>
 void eachProperty(Visit visit) {
     using S = ButtonSettings;
@@ -58,7 +59,7 @@ void eachProperty(Visit visit) {
     visit(Row{"Value", &S::value, false, false, "Value"});
 }
 
-// A row's default as a value of its member.
+// Converts the default of a row to the type of its member.
 struct Defaults {
     const SystemColours& colours;
     const ButtonAmbient& ambient;
@@ -113,7 +114,8 @@ void isButton::ReadProperties(const PropertyBag& bag, const ButtonAmbient& ambie
         held = readStored(bag, row.key, defaults.of<Value>(row.readDefault));
     });
     userMode_ = ambient.userMode;
-    // Notify only when all is read: the window of a form about to be shown may already follow.
+    // Observers are notified only after all properties are read, because the button's window may
+    // already exist.
     changed(ControlChange::Other);
     changed(ControlChange::Text);
     changed(ControlChange::Enabled);
@@ -129,7 +131,7 @@ void isButton::WriteProperties(PropertyBag& bag) const {
         if constexpr (std::is_same_v<Default, std::monostate>) {
             bag.write(row.key, storedValue(held));
         } else if constexpr (std::is_same_v<Value, std::optional<OleColour>>) {
-            // An unset colour, written as 0, would come back as black.
+            // An unset colour, written as 0, would be read back as black.
             if (held)
                 bag.write(row.key, storedValue(*held),
                           storedValue(*defaults.of<Value>(row.writeDefault)));

@@ -1,5 +1,4 @@
-// The memory surface that one picture of a push button is drawn on before it is copied to the
-// screen at once.
+// A memory surface. A push button is drawn on it and then copied to the screen in one step.
 #pragma once
 
 #include <windows.h>
@@ -14,20 +13,20 @@ namespace velvox {
 /// A 32-bit surface with both a device context and direct access to its pixels.
 class ButtonFace {
  public:
-    /// Pixels; a side shorter than 1 becomes 1. Throws RuntimeFailure (Platform) when the system
-    /// has no memory for it.
+    /// `width` and `height` are in pixels; values below 1 become 1. Throws RuntimeFailure
+    /// (Platform) when the system has no memory for the surface.
     ButtonFace(int width, int height);
     ~ButtonFace();
     ButtonFace(const ButtonFace&) = delete;
     ButtonFace& operator=(const ButtonFace&) = delete;
 
-    /// For the system's own drawing calls. The system may hold them back: call `GdiFlush` before
-    /// touching the pixels.
+    /// For GDI drawing calls. GDI may queue the calls: call `GdiFlush` before accessing the pixels.
     HDC dc() const noexcept { return dc_.get(); }
 
     PixelView pixels() const noexcept { return {bits_, width_, height_}; }
 
-    /// Only what lies in `region`, given relative to the picture's corner, or all for none.
+    /// Copies the surface to (x, y). With a region, which is relative to the surface's top left
+    /// corner, only the part inside the region is copied.
     void copyTo(HDC target, int x, int y, HRGN region = nullptr) const;
 
  private:

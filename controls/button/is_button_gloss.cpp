@@ -7,7 +7,7 @@ namespace velvox {
 namespace {
 
 constexpr int maxParts = 255;
-constexpr int minDifference = 48;  // of the three channels together
+constexpr int minDifference = 48;  // sum over the three channels
 constexpr int lightnessStep = 72;
 
 bool standsOut(Rgb colour, Rgb from) {

@@ -1,15 +1,15 @@
-// What the designed styles 7 to 10 have in common.
+// Colour functions shared by styles 7 to 10.
 #pragma once
 
 #include "controls/button/is_button_paint.h"
 
 namespace velvox {
 
-/// Parts of a colour over another, in 255ths; clamped.
+/// Blends `parts` 255ths of the colour `over` into `under`; `parts` is clamped.
 Rgb mixed(Rgb under, Rgb over, int parts);
 
-/// The colour of hover and focus: the highlight colour, or one of its hue and another lightness
-/// where it is too close to the face to be seen.
+/// The colour that marks hover and focus: the highlight colour, made lighter or darker where it
+/// would hardly differ from the face.
 Rgb accentOf(const FacePlan& plan);
 
 }  // namespace velvox

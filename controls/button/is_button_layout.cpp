@@ -8,7 +8,8 @@ namespace {
 constexpr unsigned captionFlagTable[] = {37, 36, 38, 33, 41};
 constexpr int captionInset = 4;
 constexpr int maxPillDiameter = 48;
-// A stored size may be any number, and no face shows the difference between two beyond this.
+// Limits a stored icon size, which may be any number, so that iconPlace() cannot overflow. No face
+// is large enough to show a difference between sizes above the limit.
 constexpr int maxIconSize = 1 << 30;
 
 }  // namespace

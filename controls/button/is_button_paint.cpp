@@ -14,11 +14,12 @@ constexpr int liftedShift = -2;
 constexpr int shadowStyle = 4;
 constexpr int themedStyle = 6;
 
-// A disabled icon keeps this share of its light and shade over the face.
+// The greys of a disabled icon are blended into the face: disabledParts of disabledOf.
 constexpr int disabledParts = 2;
 constexpr int disabledOf = 5;
 
-// The focus rectangle's distance from the edge, across and down; it stays inside the frames.
+// Distance of the focus rectangle from the left and right edges (x) and from the top and bottom
+// edges (y), in thin lines. The rectangle lies inside the frames.
 struct CueInset {
     int x;
     int y;
@@ -27,8 +28,8 @@ constexpr CueInset plainCue{4, 4};
 constexpr CueInset framedCue{6, 6};
 constexpr CueInset pillCue{12, 5};
 
-// These styles show the focus by a ring of their own; style 5 has no room for it in the sunken
-// face of a pressed or toggled button, nor in the bare one of a disabled button.
+// Whether the style's painter draws a focus ring itself. Style 5 draws none for a pressed, toggled
+// or disabled button, because these faces have no room for one.
 bool hasOwnRing(int style, ButtonState state) {
     if (style == 5) return state == ButtonState::Normal || state == ButtonState::Hot;
     return style >= 7 && style <= 10;
@@ -46,7 +47,7 @@ FaceState faceState(const ButtonLook& look) {
     return static_cast<FaceState>(look.state);
 }
 
-// The styles that are nothing but pixel arithmetic.
+// Paints the styles that need no drawing calls of the system.
 void paintPixels(PixelView face, const FacePlan& plan, int style) {
     face.fill(face.rect(), plan.sys(ButtonFaceColour));
     switch (style) {
@@ -61,8 +62,8 @@ void paintPixels(PixelView face, const FacePlan& plan, int style) {
     }
 }
 
-// With lines of several pixels a face is painted that much smaller and magnified: frames, rings and
-// round corners keep their shape.
+// Where a thin line is several pixels wide (high DPI), a face is painted smaller by that factor and
+// then magnified, because frames, rings and round corners keep their shape this way.
 void paintMagnified(PixelView face, const FacePlan& plan, int style, int factor) {
     const int width = (face.width() + factor - 1) / factor;
     const int height = (face.height() + factor - 1) / factor;
@@ -98,8 +99,8 @@ Rgb captionColour(const ButtonLook& look, const SystemColours& system) {
     return look.state == ButtonState::Normal ? look.colours.font : look.colours.fontHighlight;
 }
 
-// Calls change for each pixel of a square that lies on the face. A stored icon size may be any
-// number, so the square is clipped in 64 bits before the loops.
+// Calls `change` for each pixel of a square that lies on the face. A stored icon size may be any
+// number, so 64-bit arithmetic clips the square before the loops.
 template <class Change>
 void eachPixel(PixelView face, Point corner, std::int64_t size, Change change) {
     const auto end = [size](int start, int limit) {
@@ -109,7 +110,7 @@ void eachPixel(PixelView face, Point corner, std::int64_t size, Change change) {
         for (int x = std::max(corner.x, 0); x < end(corner.x, face.width()); ++x) change(x, y);
 }
 
-// The icon in greys that stand out from the face by a part of their strength.
+// Paints the icon in greys that are partly blended into the face.
 void paintDisabledIcon(PixelView face, const Picture& icon, Point at, int size,
                        ButtonDrawing& system) {
     std::vector<Rgb> before;
@@ -135,7 +136,8 @@ void paintIcon(PixelView face, const ButtonLook& look, ButtonDrawing& system) {
     if (look.state == ButtonState::Hot && look.style == shadowStyle) {
         const Rgb plain = face.at(1, 1);
         system.icon(icon, at, size);
-        // Both ends of the square are included.
+        // The square includes its right and bottom edges: one column and one row more than the
+        // icon.
         eachPixel(face, at, std::int64_t{size} + 1, [&](int x, int y) {
             if (face.at(x, y) != plain) face.pixel(x, y, shadowGrey);
         });
@@ -144,7 +146,7 @@ void paintIcon(PixelView face, const ButtonLook& look, ButtonDrawing& system) {
     system.icon(icon, at, size);
 }
 
-// A calm dotted rectangle: every other dot, of `size` pixels, half way to the caption's colour.
+// Draws a dotted rectangle: every other dot of `size` pixels, blended half and half with `colour`.
 void paintFocusCue(PixelView face, CueInset inset, Rgb colour, int size) {
     const int right = face.width() / size - 1 - inset.x;
     const int bottom = face.height() / size - 1 - inset.y;

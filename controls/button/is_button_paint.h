@@ -7,12 +7,12 @@
 
 namespace velvox {
 
-/// What a picture depends on besides the button's own look.
+/// Conditions outside the button that its picture depends on.
 struct ButtonScene {
     const SystemColours& colours;
-    Rgb surroundings = 0;   ///< colour around the button, for smooth outer edges
+    Rgb surroundings = 0;   ///< the focus came by keyboard, so it must be visible
     bool focusCue = false;  ///< the focus came by keyboard and has to be seen
-    int lineWidth = 1;      ///< pixels of a thin line; frames and rings grow with it
+    int lineWidth = 1;      ///< width of a thin line in pixels; frames and rings scale with it
 };
 
 /// State passed to a painter: the visual state, or 5 for a normal button that has the focus.
@@ -21,21 +21,22 @@ enum class FaceState { Normal = 1, Hot = 2, Pressed = 3, Disabled = 4, Focused =
 /// Kinds of three-dimensional edges: the BDR_ flags of the system's call.
 enum class ButtonEdge : unsigned { OuterSunken = 2, InnerRaised = 4, Raised = 5, Sunken = 10 };
 
-/// The drawing done by the system. Each call leaves the pixels of the face up to date.
+/// Drawing operations that the system performs on the face. After each call the face's pixels are
+/// up to date.
 class ButtonDrawing {
  public:
     virtual ~ButtonDrawing() = default;
 
-    /// Along all four sides of the face.
+    /// Draws an edge along all four sides of the face.
     virtual void edge(ButtonEdge kind) = 0;
 
-    /// The visual style's push button over the whole face; false when it could not be drawn.
+    /// Draws the visual style's push button over the whole face. Returns false on failure.
     virtual bool themedFace(FaceState state) = 0;
 
-    /// The look's caption in the look's font.
+    /// Draws the look's caption in the look's font.
     virtual void caption(const ButtonLook& look, const Rect& area, Rgb colour) = 0;
 
-    /// A picture scaled to a square of `size` pixels.
+    /// Draws `picture` scaled to a square of `size` pixels.
     virtual void icon(const Picture& picture, Point corner, int size) = 0;
 };
 
@@ -49,17 +50,19 @@ struct FacePlan {
     Rgb surroundings = 0;
 
     Rgb sys(int index) const { return system.colour(index); }
-    /// BackColor or HighlightColor, or a system colour where custom colours are off.
+    /// BackColor and HighlightColor. Without custom colours they are the system's button face
+    /// colour and the system colour `index`.
     Rgb back() const { return customColours ? colours.back : sys(ButtonFaceColour); }
     Rgb highlight(int index) const { return customColours ? colours.highlight : sys(index); }
 };
 
-/// Draws the whole button. False when the style needs visual styles and they failed; then only
-/// the plain background is drawn.
+/// Draws the whole button. Returns false when the style needs the system's visual styles and
+/// drawing them failed; the face is then a plain background.
 bool paintButton(PixelView face, const ButtonLook& look, const ButtonScene& scene,
                  ButtonDrawing& system);
 
-// One painter for each style; the face is filled with the button face colour before.
+// One painter for each style, whose number ends the line. The caller has already filled the face
+// with the button face colour.
 void paintEdged(PixelView face, const FacePlan& plan, ButtonDrawing& system);  // 0
 void paintThin(PixelView face, const FacePlan& plan, ButtonDrawing& system);   // 1
 void paintTool(PixelView face, const FacePlan& plan, ButtonDrawing& system);   // 2

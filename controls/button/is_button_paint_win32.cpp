@@ -97,7 +97,7 @@ OwnedRegion buttonRegion(int style, int width, int height, int lineWidth) {
         return OwnedRegion(CreatePolygonRgn(corners, 8, ALTERNATE));
     }
     if (const auto* round = std::get_if<RoundOutline>(&outline))
-        // The call leaves out the last column and row.
+        // CreateRoundRectRgn leaves out the last column and row.
         return OwnedRegion(
             CreateRoundRectRgn(0, 0, width + 1, height + 1, round->ellipse, round->ellipse));
     return OwnedRegion(CreateRectRgn(0, 0, width, height));

@@ -1,5 +1,5 @@
-// The system's part in a push button's picture: edges, visual styles, text and icons, and the shape
-// of its window.
+// The parts of a push button's picture that the system draws (edges, visual styles, text, icons),
+// and the region of the button's window.
 #pragma once
 
 #include "controls/button/is_button_face_win32.h"
@@ -8,12 +8,12 @@
 
 namespace velvox {
 
-/// Draws the whole button. `window` is the one whose theme is used. False as the portable
+/// Draws the whole button in the theme of `window`. The result is that of the portable
 /// `paintButton`.
 bool paintButton(const ButtonFace& face, const ButtonLook& look, const ButtonScene& scene,
                  HWND window, ThemeLibrary& themes);
 
-/// The shape of a style's window; its corners grow with the pixels of a thin line.
+/// The window region of a style. Its corners scale with `lineWidth`, a thin line's width in pixels.
 OwnedRegion buttonRegion(int style, int width, int height, int lineWidth = 1);
 
 }  // namespace velvox

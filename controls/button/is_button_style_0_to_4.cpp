@@ -4,22 +4,22 @@
 namespace velvox {
 namespace {
 
-// Amounts of white in the flat style's faces and outlines.
+// Amounts of white added to the flat style's faces and outlines.
 constexpr int flatFaceWhite = 96;
 constexpr int flatDisabledWhite = 64;
 constexpr int flatHotWhite = 190;
 constexpr int flatPressedWhite = 128;
 constexpr int flatOutlineWhite = 40;
 constexpr int flatDisabledOutlineWhite = 110;
-// The flat outline of custom colours is this much darker than their face.
+// With custom colours, the flat style's outline is the face colour shifted by this amount.
 constexpr int flatOutlineShade = -72;
 
 void outline(PixelView face, Rgb colour) {
     face.frame(0, 0, face.width() - 1, face.height() - 1, colour);
 }
 
-// Custom colours highlight every state that is not at rest; for styles 1 and 2 a disabled button is
-// at rest too.
+// Face colour of styles 0 to 2. With custom colours, a button that is not at rest has the highlight
+// colour. A disabled button is at rest in styles 1 and 2 only.
 Rgb plainFace(const FacePlan& plan, bool atRest) {
     return atRest ? plan.back() : plan.highlight(ButtonFaceColour);
 }
@@ -44,7 +44,7 @@ void paintThin(PixelView face, const FacePlan& plan, ButtonDrawing& system) {
     }
 }
 
-// Focused, it has no outline: the dotted rectangle inside shows the focus.
+// A focused button has no outline, because the dotted rectangle inside shows the focus.
 void paintTool(PixelView face, const FacePlan& plan, ButtonDrawing& system) {
     face.fill(face.rect(), plainFace(plan, isNormalOrDisabled(plan.state)));
     switch (plan.state) {
@@ -56,8 +56,9 @@ void paintTool(PixelView face, const FacePlan& plan, ButtonDrawing& system) {
     }
 }
 
-// A solid face in a shadow-coloured frame with softened corners. A line of the window's colour
-// lights the upper left inside, or the lower right while pressed.
+// Paints a solid face in a shadow-coloured frame with softened corners. Inside the frame, a line of
+// the system's window colour runs along the top and left sides, or along the bottom and right sides
+// while the button is pressed.
 void paintSolid(PixelView face, const FacePlan& plan) {
     const int right = face.width() - 1;
     const int bottom = face.height() - 1;
@@ -87,7 +88,8 @@ void paintFlat(PixelView face, const FacePlan& plan) {
     const Rgb accent = plan.highlight(HighlightColour);
     const Rgb edgeBase =
         plan.customColours ? shift(back, flatOutlineShade) : plan.sys(ButtonShadowColour);
-    // Custom colours may highlight in the face's own colour: the outline still has to be seen.
+    // A custom highlight colour may equal the face colour. The outline is darker, so it stays
+    // visible.
     const Rgb accentEdge = plan.customColours ? shift(accent, flatOutlineShade) : accent;
     Rgb fill = lighten(back, flatFaceWhite);
     Rgb frame = lighten(edgeBase, flatOutlineWhite);

@@ -8,19 +8,19 @@
 namespace velvox {
 namespace {
 
-// Lengths inside this file are in 256ths of a pixel: whole numbers give the same picture on every
-// processor.
+// Lengths in this file are integers in 256ths of a pixel, because integer arithmetic gives the same
+// picture on every processor.
 constexpr int one = 256;
 
 namespace pill {
 constexpr int borderShift = -112, disabledBorderShift = -50;
-constexpr int edgeShade = -34;      // just inside the border
-constexpr int edgeReach = 4 * one;  // over which that shade fades
+constexpr int edgeShade = -34;      // of the fill just inside the border
+constexpr int edgeReach = 4 * one;  // distance over which edgeShade fades out
 constexpr int bottomGlow = 44, topShade = -24, pressedShade = -40;
 constexpr int capTopWhite = 225, capBottomWhite = 60;
 constexpr int capInset = 2 * one;
-constexpr int capPercent = 46, capSidePercent = 22;  // of the height
-constexpr int solidDepth = 5 * one;                  // neither border nor ring reaches further in
+constexpr int capPercent = 46, capSidePercent = 22;  // of the face's height
+constexpr int solidDepth = 5 * one;                  // border and focus ring end within this depth
 constexpr int borderDepth = one + one / 2;
 constexpr int hotParts = 120, focusParts = 190;
 constexpr int focusReach = 3 * one;
@@ -35,7 +35,7 @@ class RoundRect {
 
     int radius() const { return radius_; }
 
-    /// How far a point lies inside; negative outside.
+    /// Distance of a point from the nearest edge; negative outside.
     int depth(Point p) const {
         const std::int64_t dx =
             std::max({at_.left + radius_ - p.x, p.x - (at_.right - radius_), 0});
@@ -50,7 +50,8 @@ class RoundRect {
     int radius_;
 };
 
-// How much of a pixel at this depth is covered, in 255ths.
+// How much of a pixel a shape covers, in 255ths; `depth` is the distance of the pixel's centre
+// inside the shape's edge.
 int covered(int depth) {
     return std::clamp(depth + one / 2, 0, one) * 255 / one;
 }
@@ -70,7 +71,7 @@ class Pill {
         border_ = shift(base_, isOff() ? pill::disabledBorderShift : pill::borderShift);
     }
 
-    /// Columns at either end beyond which a row has one colour.
+    /// Number of columns at each end of a row; the columns between the ends have a single colour.
     int endColumns() const {
         return std::max(outline_.radius(), capSide() + cap_.radius()) / one + 1;
     }
@@ -93,7 +94,8 @@ class Pill {
     int capSide() const { return height_ * pill::capSidePercent / 100; }
     bool isOff() const { return plan_.state == FaceState::Disabled; }
 
-    // Darker at the top and along the edge, and under the cap.
+    // The fill at a point: a vertical gradient, darker along the edge, with the light cap blended
+    // over it.
     Rgb shaded(Point p, int depth) const {
         const bool down = plan_.state == FaceState::Pressed;
         const int shade = pill::topShade + (pill::bottomGlow - pill::topShade) * (p.y / (one / 2)) /
@@ -130,7 +132,7 @@ void paintPill(PixelView face, const FacePlan& plan) {
     const int w = face.width();
     const int ends = std::min(pill.endColumns(), (w + 1) / 2);
     for (int y = 0; y < face.height(); ++y) {
-        // Both ends are mirror images.
+        // The right end is the mirror image of the left end.
         for (int x = 0; x < ends; ++x) {
             const Rgb colour = pill.colour(x, y);
             face.pixel(x, y, colour);

@@ -1,10 +1,10 @@
-// Style 5: the polished button, from custom colours or from the system's.
+// Style 5: the polished button, painted in custom colours or in the system's colours.
 #include "controls/button/is_button_paint.h"
 
 namespace velvox {
 namespace {
 
-// Amounts by which the face colour is shifted, in the order of their use.
+// Amounts by which the base colour is shifted, in the order of their use.
 namespace raised {
 constexpr int faceBottom = -15, faceTop = 21;
 constexpr int innerEdgeBottom = -21, innerEdgeTop = -5;
@@ -18,7 +18,7 @@ constexpr int outerEdgeBottom = -37, outerEdgeTop = -21;
 constexpr int innerEdgeBottom = -21, innerEdgeTop = -5;
 constexpr int faceBottom = -5, faceTop = 5;
 constexpr int firstLine = -32, secondLine = -22, lowerLine = -24, thirdLine = -15;
-constexpr int topLeft = -48;  // both pixels
+constexpr int topLeft = -48;  // for both pixels of this corner
 constexpr int bottomLeftSide = -5, bottomLeftEnd = -16;
 constexpr int bottomRightSide = 18, bottomRightEnd = 8;
 constexpr int topRightSide = -48, topRightEnd = -37;
@@ -34,7 +34,7 @@ namespace ring {
 constexpr int top = 85, secondTop = 69, lower = 16, sides = 69;
 }
 
-// The painter of the system's colours: amounts of white, shifts of the face and of the shadow.
+// Constants of paintSystem(): amounts of white, and shifts of the face and shadow colours.
 namespace plain {
 constexpr int topWhite = 190;
 constexpr int bottomShift = -14;
@@ -50,7 +50,7 @@ Size sizeOf(PixelView face) {
     return {face.width(), face.height()};
 }
 
-// The outermost lines without the two pixels at each end.
+// Draws the outermost lines without their first and last two pixels.
 void border(PixelView face, Rgb top, Rgb left, Rgb bottom, Rgb right) {
     const auto [w, h] = sizeOf(face);
     face.line(2, 0, w - 2, 0, top);
@@ -79,7 +79,7 @@ void cornerPixels(PixelView face, Rgb colour) {
     face.pixel(w - 1, h - 2, colour);
 }
 
-// Inside the border, one and two pixels from it: bright along the top, calm along the bottom.
+// Draws a ring, two pixels wide, inside the border. It is brightest along the top.
 void highlightRing(PixelView face, Rgb base) {
     const auto [w, h] = sizeOf(face);
     const Rgb sides = shift(base, ring::sides);
@@ -164,8 +164,8 @@ void paintPolished(PixelView face, const FacePlan& plan) {
     }
 }
 
-// The same shape in the system's colours: nearly white at the top, the frame in the shadow's
-// colour, and a ring in the colour of selections.
+// Paints the shape of paintPolished() in system colours: a face that is nearly white at the top, a
+// frame in the shadow colour and, for hover and focus, a ring in the selection colour.
 void paintSystem(PixelView face, const FacePlan& plan) {
     const auto [w, h] = sizeOf(face);
     const Rgb base = plan.sys(ButtonFaceColour);

@@ -1,4 +1,4 @@
-// Styles 7 to 9: designed faces, pixel by pixel, inside the windows' cut corners.
+// Styles 7 to 9: faces computed pixel by pixel, in windows with cut corners.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -9,8 +9,8 @@
 namespace velvox {
 namespace {
 
-// How far the outline cuts each corner: a pixel belongs to the window when its distances from the
-// corner's two sides add up to at least this much.
+// Depth of the cut at each corner. A pixel belongs to the window when the sum of its distances from
+// the two sides of the corner is at least this depth.
 struct Cuts {
     int topLeft;
     int topRight;
@@ -21,13 +21,14 @@ constexpr Cuts smallCuts{1, 1, 1, 1};
 constexpr Cuts deepCuts{2, 3, 2, 3};
 constexpr int deepestCut = 3;
 
-// A rectangle with slanted corners, seen as rings from the outside in.
+// A rectangle with slanted corners, divided into one-pixel rings numbered from the outside in.
 class Octagon {
  public:
     Octagon(PixelView face, const Cuts& cuts)
         : right_(face.width() - 1), bottom_(face.height() - 1), cuts_(cuts) {}
 
-    /// Number of the ring that holds a pixel, -1 outside; `deepest` and all inside it are one.
+    /// Number of the ring that contains a pixel, -1 outside. Pixels inside ring `deepest` count as
+    /// part of it.
     int ring(int x, int y, int deepest) const {
         int depth = -1;
         while (depth < deepest && holds(x, y, depth + 1)) ++depth;
@@ -41,7 +42,8 @@ class Octagon {
         const int r = right_ - x - inset;
         const int b = bottom_ - y - inset;
         if (l < 0 || t < 0 || r < 0 || b < 0) return false;
-        // A slanted side seven tenths as long as it is wide moves inwards by as much less.
+        // Inner rings have smaller cuts: a slanted side that moves inwards by `inset` pixels
+        // shortens the cut by (2 - sqrt 2) * inset, about half of it.
         const auto cut = [&](int whole) { return std::max(whole - inset / 2, inset ? 1 : whole); };
         return l + t >= cut(cuts_.topLeft) && r + t >= cut(cuts_.topRight) &&
                r + b >= cut(cuts_.bottomRight) && l + b >= cut(cuts_.bottomLeft);
@@ -52,11 +54,12 @@ class Octagon {
     Cuts cuts_;
 };
 
-// Colours each pixel by its ring. `rowPainter(y)` returns a function of x and the ring, so that a
-// row's own colours are computed once.
+// Colours each pixel by its ring. `rowPainter(y)` returns a function of x and the ring; colours
+// that depend on y alone are computed once for each row.
 template <class RowPainter>
 void paintRings(PixelView face, const Octagon& shape, int deepest, RowPainter rowPainter) {
-    // Between the margins the corners have no effect, and a row lies in one ring.
+    // Between the left and right margins the corners have no effect: a row's pixels are in one
+    // ring.
     const int margin = deepest + deepestCut;
     for (int y = 0; y < face.height(); ++y) {
         const auto colour = rowPainter(y);
@@ -76,7 +79,8 @@ bool showsFocus(const FacePlan& plan) {
     return plan.state == FaceState::Focused || plan.focusShown;
 }
 
-// Shades of one glossy face from top to bottom: amounts of white above the middle, shifts below.
+// Shades of a glossy face from top to bottom. Above the middle they are amounts of white, below the
+// middle shifts of the colour.
 struct Gloss {
     int topWhite;
     int middleWhite;
@@ -84,7 +88,7 @@ struct Gloss {
     int bottomShift;
 };
 
-// The shade of a row; rows beyond the face, in its frame, continue the first and the last.
+// Colour of a row. Rows of the frame, above and below the face, have the colour of the nearest row.
 Rgb glossy(Rgb base, const Gloss& gloss, int row, int rows) {
     row = std::max(std::min(row, rows - 1), 0);
     const int half = rows / 2;
@@ -105,7 +109,7 @@ constexpr int hotParts = 80, focusParts = 150;
 }  // namespace glass
 
 namespace brushed {
-constexpr int grain[] = {7, -3, 4, -7, 1, -4};  // shifts of successive rows
+constexpr int grain[] = {7, -3, 4, -7, 1, -4};  // colour shifts of successive rows
 constexpr int outer = -140, disabledOuter = -52;
 constexpr int bevelLight = 60, bevelDark = -52, bevelSoft = 26, bevelSoftDark = -26;
 constexpr int pressedFace = -26, hotFace = 12;
@@ -123,7 +127,7 @@ constexpr int plateBorder = -104, disabledPlateBorder = -48;
 constexpr int hotParts = 70, focusParts = 120;
 }  // namespace porcelain
 
-// The colour of the ring inside a pane's frame.
+// Colour of the ring inside the frame of style 7.
 Rgb glassEdge(const FacePlan& plan, Rgb fill, Rgb accent) {
     if (showsFocus(plan)) return mixed(fill, accent, glass::focusParts);
     if (plan.state == FaceState::Disabled) return fill;
@@ -151,7 +155,7 @@ void paintGlass(PixelView face, const FacePlan& plan) {
         const Rgb colours[] = {corner, border, glassEdge(plan, fill, accent), fill};
         return [=](int, int ring) { return colours[ring + 1]; };
     });
-    // The rounded corner's own pixel.
+    // The diagonal pixel inside each corner belongs to the border.
     const int right = face.width() - 2;
     const int bottom = face.height() - 2;
     for (const int x : {1, right})
@@ -175,7 +179,7 @@ void paintBrushed(PixelView face, const FacePlan& plan) {
     };
     const Rgb light = bevel(brushed::bevelLight);
     const Rgb dark = bevel(brushed::bevelDark);
-    // A soft light lies across the metal, a third of the way from the left.
+    // A soft highlight crosses the metal at a third of its width.
     const int reach = std::max(w / 3, 1);
     const bool sheen = !off && upright(plan.state);
     paintRings(face, shape, 3, [&](int y) {

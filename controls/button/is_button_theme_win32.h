@@ -1,21 +1,21 @@
-// The system's visual styles, as far as a push button needs them.
+// Draws a push button in the system's visual style.
 #pragma once
 
 #include <windows.h>
 
 namespace velvox {
 
-/// Tests refuse the themes with a library of their own.
+/// Tests replace this library by one that refuses to draw.
 class ThemeLibrary {
  public:
     virtual ~ThemeLibrary() = default;
 
-    /// True only when the theme of the class "Button" opened for `window` and the drawing of its
-    /// push button in `state` succeeded.
+    /// Draws the push button of the theme class "Button" in `state`. Returns false when the theme
+    /// cannot be opened for `window` or when drawing fails.
     virtual bool drawPushButton(HWND window, HDC dc, int state, const RECT& area) = 0;
 };
 
-/// The system's library, looked up once; a system without one refuses.
+/// Uses uxtheme.dll, which is loaded once. Without that library, drawPushButton() returns false.
 ThemeLibrary& systemThemes();
 
 }  // namespace velvox

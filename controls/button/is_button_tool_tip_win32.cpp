@@ -8,17 +8,17 @@
 namespace velvox {
 namespace {
 
-constexpr DWORD plainTip = 3;     // always shown, no prefix characters
-constexpr DWORD balloonTip = 67;  // and in a balloon
+constexpr DWORD plainTip = 3;
+constexpr DWORD balloonTip = 67;
 constexpr int balloonType = 1;
-constexpr UINT subclassed = 16;  // the tip watches the owner's messages itself
+constexpr UINT subclassed = 16;
 constexpr UINT centredTool = 18;
 
 static_assert(plainTip == (TTS_ALWAYSTIP | TTS_NOPREFIX));
 static_assert(balloonTip == (plainTip | TTS_BALLOON));
 static_assert(subclassed == TTF_SUBCLASS && centredTool == (TTF_SUBCLASS | TTF_CENTERTIP));
 
-// The tip's messages are the ones with text in the system's own code page.
+// Converts text to the system's code page for the A versions of the tool tip messages.
 std::string ansi(std::string_view bytes) {
     const std::wstring wide = widen(bytes);
     const int from = static_cast<int>(wide.size());
@@ -67,7 +67,7 @@ void ToolTip::show(const ButtonToolTip& record, HWND owner) {
     if (!window_) return;
 
     TTTOOLINFOA tool{};
-    // The smallest size: every version of the library accepts it.
+    // Every version of the common controls library accepts the smallest size.
     tool.cbSize = TTTOOLINFOA_V1_SIZE;
     tool.uFlags = record.centred ? centredTool : subclassed;
     tool.hwnd = owner;

@@ -1,4 +1,4 @@
-// The push button's own tool tip, created again each time the pointer enters.
+// The push button's tool tip, which is recreated each time the pointer enters the button.
 #pragma once
 
 #include <windows.h>
@@ -7,12 +7,12 @@
 
 namespace velvox {
 
-/// The system's side of a tool tip; tests record its calls.
+/// The system calls that a tool tip needs. Tests replace and record them.
 class ToolTipSystem {
  public:
     virtual ~ToolTipSystem() = default;
 
-    /// A top-most window of class "tooltips_class32"; null when the system refuses.
+    /// Creates a top-most window of class "tooltips_class32". Returns null on failure.
     virtual HWND create(DWORD style, HWND owner) = 0;
     virtual void send(HWND tip, UINT message, WPARAM wParam, LPARAM lParam) = 0;
     virtual void destroy(HWND tip) = 0;
@@ -27,7 +27,7 @@ class ToolTip {
     ToolTip& operator=(const ToolTip&) = delete;
     ~ToolTip() { destroy(); }
 
-    /// Replaces the tip that is there by one for the whole of `owner`.
+    /// Replaces the current tool tip by one that covers the whole of `owner`.
     void show(const ButtonToolTip& record, HWND owner);
     void destroy();
 

@@ -8,7 +8,7 @@ namespace {
 class SystemProcedures : public ProcedureFinder {
  public:
     FARPROC find(const char* library, const char* procedure) override {
-        // Both libraries are among the program's imports and stay loaded.
+        // The program imports both libraries, so they are always loaded.
         const HMODULE module = GetModuleHandleA(library);
         return module ? GetProcAddress(module, procedure) : nullptr;
     }

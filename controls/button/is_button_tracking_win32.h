@@ -1,5 +1,5 @@
-// Notifications that the pointer has left a window. Not every system has them, and some have them
-// in another library.
+// Notifications that the pointer has left a window. Some systems lack the function that requests
+// them, and some have it in another library.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@
 
 namespace velvox {
 
-/// Finds procedures of the system's libraries; tests take each away.
+/// Finds procedures of system libraries. Tests replace it to simulate missing procedures.
 class ProcedureFinder {
  public:
     virtual ~ProcedureFinder() = default;
@@ -23,12 +23,12 @@ class LeaveTracker {
  public:
     LeaveTracker() = default;
 
-    /// Takes "TrackMouseEvent" of User32, or else "_TrackMouseEvent" of Comctl32.
+    /// Uses "TrackMouseEvent" of User32, or else "_TrackMouseEvent" of Comctl32.
     explicit LeaveTracker(ProcedureFinder& finder);
 
     Tracking available() const noexcept { return available_; }
 
-    /// One WM_MOUSELEAVE for `window` when the pointer leaves it.
+    /// Requests one WM_MOUSELEAVE for the next time the pointer leaves `window`.
     void request(HWND window) const;
 
  private:

@@ -22,8 +22,8 @@ bool isRepeat(LPARAM keyFlags) {
     return (keyFlags & (1 << 30)) != 0;
 }
 
-// In high contrast the button is drawn with the system's own colours and plain edges: stored
-// colours and gradients cannot know what is legible then.
+// With a high contrast scheme the button is drawn in system colours with plain edges, because
+// stored colours and gradients may be illegible in that scheme.
 void followContrast(ButtonLook& look) {
     if (!highContrast()) return;
     look.customColours = false;
@@ -74,7 +74,7 @@ isButtonWindow::~isButtonWindow() {
         model_.setObserver(nullptr);
         model_.setHost(nullptr);
     }
-    // Messages that arrive from here on are ignored.
+    // Messages that arrive during the rest of the destruction are ignored.
     modelAlive_.reset();
     removeSubclass();
     onDestroy();
@@ -110,7 +110,7 @@ void isButtonWindow::controlChanged(ControlChange change) {
 
 // --- pointer tracking -----------------------------------------------------------------------
 
-// At run time alone; a form that is being designed shows no hover.
+// Tracks the pointer only at run time, because a form that is being designed shows no hover.
 void isButtonWindow::detectTracking() {
     if (!model_.userMode()) return removeSubclass();
     if (subclassed_) return;
@@ -144,12 +144,13 @@ LRESULT CALLBACK isButtonWindow::hoverThunk(HWND window, UINT message, WPARAM wP
 
 void isButtonWindow::beforeDefault(UINT message, LPARAM lParam) {
     if (pressing_) {
-        // The capture also reports moves far away, and not every system holds the notice of
-        // leaving back until the capture ends: the end of the press decides.
+        // During a press the capture also reports moves outside the button, and some systems send
+        // WM_MOUSELEAVE before the capture ends. Both are ignored here, because release() and
+        // captureLost() decide whether the hover ends.
         if (message == WM_MOUSELEAVE) return;
         if (message == WM_MOUSEMOVE && !over({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) return;
     }
-    // A hover that disabling or hiding has ended already is not left a second time.
+    // When disabling or hiding has already ended the hover, the model must not see a second leave.
     if (message == WM_MOUSELEAVE && !model_.mouseInside()) return;
     model_.zSubclass_Proc(message);
 }
@@ -199,12 +200,12 @@ void isButtonWindow::release(POINT at) {
     model_.mouseUp(MouseButton::Left);
     // Without hover, a cancelled press would leave a toggle button looking pressed.
     if (!inside) return model_.mouseInside() ? endHover() : model_.pressCancelled();
-    // The request made on entering may have been used up during the press.
+    // The request made when the pointer entered may have been used up during the press.
     if (model_.mouseInside()) requestLeaveNotice();
     model_.click();
 }
 
-// Another window took the mouse: nothing is clicked.
+// Another window has taken the mouse capture: the press ends without a click.
 void isButtonWindow::captureLost() {
     if (!pressing_) return;
     pressing_ = false;
@@ -214,7 +215,7 @@ void isButtonWindow::captureLost() {
     if (model_.mouseInside()) requestLeaveNotice();
 }
 
-// Ends what mouse or keyboard have begun and can no longer finish.
+// Ends a press by mouse or keyboard that can no longer be completed.
 void isButtonWindow::endPress() {
     spaceHeld_ = false;
     pressWatch_.stop();
@@ -223,7 +224,7 @@ void isButtonWindow::endPress() {
     if (!alive.expired() && !modelAlive_.expired()) model_.pressCancelled();
 }
 
-// The window, or one that holds it, is hidden or disabled now.
+// Called when the window or one of its ancestors has been hidden or disabled.
 void isButtonWindow::endUse() {
     const std::weak_ptr<const void> alive = alive_;
     endPress();
@@ -243,14 +244,14 @@ std::optional<LRESULT> isButtonWindow::onMouse(UINT message, LPARAM lParam) {
         case WM_MOUSEMOVE:
             if (pressing_) model_.pointerDragged(over(at));
             return 0;
-        // The default opens the container's context menu.
+        // The default procedure opens the container's context menu.
         case WM_RBUTTONUP: model_.mouseUp(MouseButton::Right); return std::nullopt;
         case WM_MBUTTONUP: model_.mouseUp(MouseButton::Middle); return std::nullopt;
         default: return std::nullopt;
     }
 }
 
-// A held key acts once: a run that Space or Enter starts must not start again by itself.
+// Key repeats are ignored, because holding Space or Enter must not start a second run.
 std::optional<LRESULT> isButtonWindow::onKey(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_KEYDOWN:
@@ -330,7 +331,7 @@ std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LP
 
 void isButtonWindow::repaint() {
     cutOutline();
-    // At once: a click's handler may keep the message loop waiting for a long time.
+    // Paints immediately, because a click's handler may block the message loop for a long time.
     RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_NOERASE | RDW_UPDATENOW);
 }
 
@@ -340,7 +341,8 @@ void isButtonWindow::paintOnScreen() {
         const PaintScope painting(handle());
         paintInto(painting.dc());
     }
-    // The fallback of refused visual styles may have another outline.
+    // Painting may have changed the style (themeRefused()), and the new style may have another
+    // outline.
     cutOutline();
 }
 
@@ -361,7 +363,7 @@ void isButtonWindow::paintInto(HDC dc) {
     face.copyTo(dc, 0, 0, buttonRegion(look.style, size.cx, size.cy, thinLine()).get());
 }
 
-// Sets the window's region where style or size have changed it.
+// Sets the window's region if style or size have changed.
 void isButtonWindow::cutOutline() {
     const SIZE size = clientSize(handle());
     const int style = highContrast() ? classicStyle : model_.Style();
@@ -372,7 +374,7 @@ void isButtonWindow::cutOutline() {
     outlineStyle_ = style;
     outlineSize_ = size;
     OwnedRegion region = buttonRegion(style, size.cx, size.cy, thinLine());
-    // The system owns the region once it has taken it.
+    // After success the system owns the region.
     if (SetWindowRgn(handle(), region.get(), TRUE)) static_cast<void>(region.release());
 }
 

@@ -1,4 +1,4 @@
-// The window of a push button: unpacks messages for the model, paints its look and shows its
+// The window of a push button: passes messages to the model, paints the model's look and shows the
 // tool tip.
 #pragma once
 
@@ -23,15 +23,15 @@ struct ButtonServices {
 
 class isButtonWindow : public Window, public ControlObserver, private ButtonHost {
  public:
-    /// A child window of class "isButton" whose text is the caption; it follows `model`. A
-    /// handler may destroy both, in any order.
+    /// Creates a child window of class "isButton" that shows `model` and has the caption as its
+    /// text. An event handler may destroy the window and the model, in any order.
     isButtonWindow(isButton& model, HWND parent, int id, const ButtonServices& services = {});
     ~isButtonWindow() override;
 
     void controlChanged(ControlChange change) override;
 
     HWND toolTip() const noexcept { return toolTip_.handle(); }
-    /// How often the button has been painted on the screen.
+    /// Number of times the button has been painted on the screen.
     unsigned paints() const noexcept { return paints_; }
 
  private:
@@ -74,11 +74,11 @@ class isButtonWindow : public Window, public ControlObserver, private ButtonHost
     LeaveTracker tracker_;
     ToolTip toolTip_;
     bool subclassed_ = false;
-    bool pressing_ = false;  ///< holds the capture for the left button
+    bool pressing_ = false;  ///< the window has the capture while the left mouse button is down
     bool spaceHeld_ = false;
     AncestorWatch pressWatch_;
     bool focusCue_ = false;  ///< the focus came by keyboard
-    bool outlined_ = false;  ///< a region cuts the window
+    bool outlined_ = false;  ///< a window region is set
     int outlineStyle_ = 0;
     SIZE outlineSize_{};
     unsigned paints_ = 0;

@@ -6,7 +6,7 @@ namespace velvox {
 
 void PixelView::line(int x1, int y1, int x2, int y2, Rgb colour) const {
     if (x1 == x2 && y1 == y2) return;
-    // The end that is not drawn may be the left or the upper one.
+    // The end point, which is not drawn, may be left of the start point or above it.
     if (y1 == y2)
         fill({std::min(x1, x2 + 1), y1, std::max(x2, x1 + 1), y1 + 1}, colour);
     else

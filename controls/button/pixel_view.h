@@ -1,4 +1,4 @@
-// Pixels of a picture in memory, and drawing on them that is plain arithmetic.
+// Pixels of a picture in memory, and drawing operations that need no system calls.
 #pragma once
 
 #include <cstddef>
@@ -9,8 +9,8 @@
 
 namespace velvox {
 
-/// Rows of pixels 0x00RRGGBB, the topmost row first. Coordinates are pixels; what lies outside is
-/// cut off. A view does not own the pixels, and its copies share them.
+/// Rows of pixels 0x00RRGGBB, the topmost row first. Coordinates are in pixels; drawing outside the
+/// picture is clipped. A view does not own the pixels, and its copies share them.
 class PixelView {
  public:
     PixelView(std::uint32_t* pixels, int width, int height) noexcept
@@ -20,7 +20,7 @@ class PixelView {
     int height() const noexcept { return height_; }
     Rect rect() const noexcept { return {0, 0, width_, height_}; }
 
-    /// -1 outside.
+    /// Colour of a pixel; -1 outside the picture.
     Rgb at(int x, int y) const {
         return holds(x, y) ? static_cast<Rgb>(swapped(pixels_[offset(x, y)])) : -1;
     }
@@ -28,16 +28,16 @@ class PixelView {
         if (holds(x, y)) pixels_[offset(x, y)] = swapped(static_cast<std::uint32_t>(colour));
     }
 
-    /// Horizontal or vertical, from the first point to the last, which itself is not drawn.
+    /// Draws a horizontal or vertical line. The end point (x2, y2) is not drawn.
     void line(int x1, int y1, int x2, int y2, Rgb colour) const;
 
-    /// The four sides of a rectangle whose corners are both drawn.
+    /// Draws the four sides of a rectangle; `right` and `bottom` are inclusive.
     void frame(int left, int top, int right, int bottom, Rgb colour) const;
 
-    /// Right and bottom are outside.
+    /// Fills an area; its right column and bottom row are exclusive.
     void fill(const Rect& area, Rgb colour) const;
 
-    /// Horizontal lines over the rows of `area`, from `top` to `bottom` colour.
+    /// Fills an area with a vertical gradient between the colours `top` and `bottom`.
     void gradient(const Rect& area, Rgb top, Rgb bottom) const;
 
  private:

@@ -1,4 +1,4 @@
-// The standard text box inside an XPTextBox: its values, which an EDIT window displays.
+// The model of the standard text box inside an XPTextBox. An EDIT window displays it.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ struct Selection {
     bool operator==(const Selection&) const = default;
 };
 
-/// The window of a text box reports the selection that the user has made.
+/// Implemented by the window of a text box, where the user changes the selection.
 class TextBoxView : public ControlObserver {
  public:
     virtual Selection selection() const = 0;
@@ -32,8 +32,8 @@ class TextBox : public Control {
     using Control::Control;
 
     const std::string& Text() const noexcept { return text_; }
-    /// Keeps the first MaxLength characters; the selection moves to the start. Raises Change when
-    /// the text differs.
+    /// Sets the text, cut to the first MaxLength characters, and moves the selection to the start.
+    /// Raises Change when the text is different.
     void Text(std::string_view text);
 
     /// 0 left, 1 right, 2 centred. Throws InvalidProperty for anything else.
@@ -52,8 +52,8 @@ class TextBox : public Control {
     OleColour ForeColor() const noexcept { return foreColor_; }
     void ForeColor(OleColour colour);
 
-    /// How many characters can be assigned or entered; 0 is no limit. A text that is longer
-    /// already stays. Throws InvalidProperty for a negative limit.
+    /// Maximum number of characters that can be assigned or entered; 0 for no limit. A longer text
+    /// that is already in the box stays. Throws InvalidProperty for a negative limit.
     std::int32_t MaxLength() const noexcept { return maxLength_; }
     void MaxLength(std::int32_t length);
 
@@ -70,21 +70,23 @@ class TextBox : public Control {
     std::int32_t SelLength() const { return selection().length; }
     void SelLength(std::int32_t length);
     std::string SelText() const;
-    /// Replaces the selection by as much of the text as MaxLength leaves room for, and puts the
-    /// caret after it.
+    /// Replaces the selection by `text`, cut to the room that MaxLength leaves, and puts the caret
+    /// after the inserted text.
     void SelText(std::string_view text);
 
-    /// How many characters can replace the selection while there is a limit.
+    /// Maximum number of characters that can replace the selection; only valid with a MaxLength
+    /// above 0.
     std::size_t roomAtSelection() const;
 
     void SetFocus();
 
-    /// The user has changed the text in the window; raises Change when it differs.
+    /// Called after the user has edited the text in the window. Raises Change when the text is
+    /// different.
     void typed(std::string_view text);
 
     void setTextView(TextBoxView* view) noexcept;
 
-    /// The selection that was set last, for the view to apply.
+    /// The selection that the program set last; the window applies it.
     Selection wantedSelection() const noexcept { return selection_; }
 
     std::function<void()> Change, Click, DblClick;

@@ -19,8 +19,8 @@ constexpr Rgb disabledText = rgb(161, 161, 146);
 constexpr int insetPixels = 3;
 constexpr int newInstanceHeight = 330;  // twips
 
-// In stored order, between Alignment and DataFields: key, getter and setter of the inner box, and
-// default.
+// Calls `visit` with key, getter, setter and default of each property of the inner box, in stored
+// order. Alignment is stored before these properties, DataFields after them.
 template <class Visit>
 void eachInnerProperty(const Font& ambient, Visit visit) {
     using T = TextBox;
@@ -87,7 +87,7 @@ void XPTextBox::InitProperties() {
     velvox::Font font = MyTxt.font();
     font.name = "Verdana";
     MyTxt.font(font);
-    // A new height lays out by itself.
+    // Setting a different height calls resized() itself.
     if (Height() == newInstanceHeight)
         resized();
     else
@@ -95,8 +95,8 @@ void XPTextBox::InitProperties() {
 }
 
 void XPTextBox::ReadProperties(const PropertyBag& bag, const velvox::Font& ambient) {
-    // An alignment that the inner box would refuse becomes left; the rest of the record is still
-    // read.
+    // An alignment that the inner box would reject becomes left, so that the other properties are
+    // still read.
     const std::int32_t alignment = bag.readNumber("Alignment", 0);
     const bool isKnown = alignment >= 0 && alignment <= 2;
     MyTxt.Alignment(isKnown ? static_cast<std::int16_t>(alignment) : std::int16_t{0});
@@ -113,13 +113,13 @@ void XPTextBox::WriteProperties(PropertyBag& bag, const velvox::Font& ambient) c
 void XPTextBox::RePos() {
     const int inset = insetPixels * twipsPerPixel_;
     Pic.Move({0, 0, Width(), Height()});
-    // A control without room for it has an inner box without width or height.
+    // In a control that is too small, the inner box has no width or height.
     MyTxt.Move({inset, inset, std::max(0, Pic.Width() - 2 * inset),
                 std::max(0, Pic.Height() - 2 * inset)});
 }
 
-// The four distances are rounded, not the edges: a window can be a pixel smaller than its size in
-// twips suggests, and the margin must keep its width.
+// The four margins are rounded to pixels, not the edges: a window can be a pixel smaller than its
+// size in twips suggests, and the margins must keep their width.
 Rect XPTextBox::textBounds(int width, int height, int dpi) const {
     const Bounds text = MyTxt.bounds();
     return {toPixels(text.left, dpi), toPixels(text.top, dpi),
@@ -155,8 +155,8 @@ void XPTextBox::PaintFrame(OleColour margin, Look look) {
     changed(ControlChange::Appearance);
 }
 
-// The normal look at every resize, the one after loading included, makes the box white, enabled
-// and unlocked whatever was stored: the control's own, deliberate behaviour.
+// Every resize, also the one after loading, applies the normal look: the box becomes white, enabled
+// and unlocked whatever was stored. This behaviour is intended.
 void XPTextBox::resized() {
     RePos();
     PaintFrame(marginColour, Look::Normal);
@@ -189,14 +189,16 @@ double XPTextBox::GetValue() const {
     std::string_view text = MyTxt.Text();
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
-    // Words such as "inf" are no numbers here: a sign may only be followed by a digit or a point.
+    // from_chars also accepts words such as "inf", so the first character must be a digit or a
+    // point.
     const std::size_t first = text.starts_with('-') ? 1 : 0;
     if (text.size() <= first || std::string_view("0123456789.").find(text[first]) == text.npos)
         return 0;
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        // Both report too large and too small numbers alike.
+        // from_chars reports overflow and underflow alike. strtod returns infinity for an overflow
+        // only.
         value = std::strtod(std::string(text.data(), result.ptr).c_str(), nullptr);
         if (std::isinf(value)) throw RuntimeFailure(Fault::Overflow, "The number does not fit");
     }

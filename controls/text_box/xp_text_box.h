@@ -25,22 +25,23 @@ struct DrawnLine {
 
 class XPTextBox : public Control {
  public:
-    /// The frame is one screen pixel wide and the text lies three pixels inside it, whatever a
-    /// pixel is in twips.
+    /// `twipsPerPixel` is the size of a screen pixel: the frame is one pixel wide, and the inner
+    /// box is inset by three pixels.
     explicit XPTextBox(std::string_view name, int twipsPerPixel = designTwipsPerPixel);
 
-    /// First placement on a form: shows its own name in Verdana, 330 twips high.
+    /// Called when the control is first placed on a form: it shows its name in Verdana and becomes
+    /// 330 twips high.
     void InitProperties();
-    /// A stored alignment that is not 0, 1 or 2 counts as 0. Throws TypeMismatch or InvalidProperty
-    /// for another setting that cannot be taken.
+    /// A stored alignment other than 0, 1 or 2 counts as 0. Throws TypeMismatch or InvalidProperty
+    /// for any other invalid value.
     void ReadProperties(const PropertyBag& bag, const velvox::Font& ambient = {});
     void WriteProperties(PropertyBag& bag, const velvox::Font& ambient = {}) const;
 
-    /// Lays out the two children.
+    /// Lays out Pic and MyTxt.
     void RePos();
 
-    /// 0 left, 1 right, 2 centred; above 2 becomes 0. A negative value reaches the inner box,
-    /// which refuses it (InvalidProperty).
+    /// 0 left, 1 right, 2 centred. A value above 2 becomes 0; a negative value throws
+    /// InvalidProperty.
     std::int16_t Alignment() const { return MyTxt.Alignment(); }
     void Alignment(std::int16_t alignment);
     bool Enabled() const { return MyTxt.Enabled(); }
@@ -75,17 +76,18 @@ class XPTextBox : public Control {
     /// Selects the whole text and moves the keyboard focus into the box.
     void Focus();
 
-    /// The number at the start of the text, 0 when there is none. Throws Overflow beyond a double.
+    /// The number at the start of the text, 0 when there is none. Throws Overflow for a number that
+    /// a double cannot hold.
     double GetValue() const;
 
     std::function<void()> Change, Click, DblClick;
     std::function<void(std::int16_t& keyAscii)> KeyPress;
     std::function<void(std::int16_t button, std::int16_t shift, float x, float y)> MouseMove;
 
-    /// The host's notification, by property name.
+    /// Notifies the container that the property of this name has been set.
     std::function<void(std::string_view)> PropertyChanged;
 
-    /// The lines of the frame as last drawn.
+    /// The lines of the frame that was drawn last.
     const std::array<DrawnLine, 4>& frame() const noexcept { return frame_; }
 
     PictureBox Pic{"Pic"};
@@ -97,8 +99,8 @@ class XPTextBox : public Control {
     /// or inverted when there is no room.
     Rect textBounds(int width, int height, int dpi) const;
 
-    /// Draws the frame and sets the look of the inner box. The program itself only ever asks for
-    /// Normal.
+    /// Draws the frame and sets the look of the inner box. The control itself uses only
+    /// Look::Normal.
     void PaintFrame(OleColour margin, Look look);
 
  protected:

@@ -21,8 +21,8 @@ DWORD alignmentStyle(std::int16_t alignment) {
     return styles[alignment];
 }
 
-// Converts a position in bytes into one in UTF-16 units, and back. A position within a character
-// becomes the next one.
+// unitsOf() converts a byte offset into an offset in UTF-16 units, bytesOf() does the reverse. An
+// offset inside a character becomes that of the next character.
 int unitsOf(std::string_view text, std::int32_t bytes) {
     std::size_t passed = 0;
     int units = 0;
@@ -44,10 +44,11 @@ std::int32_t bytesOf(std::string_view text, DWORD units) {
     return static_cast<std::int32_t>(bytes);
 }
 
-// Characters that a paste inserts into a box without a limit: the default of an EDIT.
+// Maximum number of characters that a paste inserts into a box without MaxLength: the default of an
+// EDIT.
 constexpr std::int32_t maxPasted = 30'000;
 
-/// What an EDIT of one line pastes of a text.
+/// The part of a text that a single-line EDIT pastes.
 std::string firstLine(const std::string& text) {
     return text.substr(0, text.find_first_of("\r\n"));
 }
@@ -116,7 +117,8 @@ void TextBoxWindow::applyToolTip() {
     SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-// The EDIT counts UTF-16 units: each surrogate pair in its text raises the limit by one.
+// EM_LIMITTEXT counts UTF-16 units and MaxLength counts characters, so each surrogate pair in the
+// text raises the limit by one.
 void TextBoxWindow::limitText() {
     const std::u16string text = toUtf16(windowText(handle()));
     const auto pairs = std::count_if(text.begin(), text.end(),
@@ -125,7 +127,7 @@ void TextBoxWindow::limitText() {
     Edit_LimitText(handle(), limit ? limit + static_cast<WPARAM>(pairs) : 0);
 }
 
-// The EDIT itself would split a surrogate pair at the limit.
+// Cuts the text at MaxLength, because the EDIT itself would split a surrogate pair at the limit.
 void TextBoxWindow::insert(std::string_view text) {
     if (model_.MaxLength() > 0) text = firstCharacters(text, model_.roomAtSelection());
     Edit_LimitText(handle(), 0);
@@ -166,8 +168,8 @@ RECT TextBoxWindow::bounds() const {
     return {at.left, at.top, std::max(at.left, at.right), std::max(at.top, at.bottom)};
 }
 
-// The EDIT aligns its text at the top: as tall as its text and centred, it leaves as much room
-// above the text as below.
+// An EDIT aligns its text at the top. To centre the text vertically, the EDIT becomes as tall as
+// its text and is itself centred.
 void TextBoxWindow::fit() {
     RECT at = bounds();
     const WindowDc dc(handle());
@@ -181,7 +183,8 @@ void TextBoxWindow::fit() {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// In high contrast the user's own colours hold: white on the box's white would be illegible.
+// With a high contrast scheme the box has the system's colours, because white system text would be
+// illegible on the box's own white.
 HBRUSH TextBoxWindow::colour(HDC dc) {
     const bool own = !highContrast();
     const OleColour back = own ? model_.BackColor() : systemColour(WindowColour);
@@ -215,7 +218,8 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             return 0;
         case WM_UNDO:
         case EM_UNDO: {
-            // The previous text fitted; it can have more surrogate pairs.
+            // The limit is lifted during an undo, because the previous text may have more surrogate
+            // pairs.
             Edit_LimitText(handle(), 0);
             const LRESULT result = DefSubclassProc(handle(), message, wParam, lParam);
             limitText();
@@ -239,8 +243,8 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             RECT client{};
             GetClientRect(handle(), &client);
             const POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-            // The system's order: the click of the first release, then the double click of the
-            // second press, whose release is no click.
+            // The events come in the system's order: Click at the first release, DblClick at the
+            // second press, and nothing at the second release.
             const bool clicked = std::exchange(pressed_, false) && PtInRect(&client, at);
             const LRESULT result = DefSubclassProc(handle(), message, wParam, lParam);
             const auto& handler = message == WM_LBUTTONUP ? model_.Click : model_.DblClick;
@@ -252,13 +256,14 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
     return std::nullopt;
 }
 
-// The EDIT captures the mouse for a press; losing the capture ends it.
+// The EDIT captures the mouse during a press. Losing the capture ends the press.
 void TextBoxWindow::endPress() {
     if (GetCapture() == handle()) ReleaseCapture();
 }
 
 std::optional<LRESULT> TextBoxWindow::character(WPARAM unit, LPARAM lParam) {
-    // A character of two units arrives as two messages; half of it is no text.
+    // A character of two UTF-16 units arrives as two messages. The first unit is kept until the
+    // second arrives.
     const wchar_t first = std::exchange(firstOfPair_, L'\0');
     if (IS_HIGH_SURROGATE(unit)) {
         firstOfPair_ = static_cast<wchar_t>(unit);
@@ -269,7 +274,7 @@ std::optional<LRESULT> TextBoxWindow::character(WPARAM unit, LPARAM lParam) {
         if (first && !model_.Locked()) insert(narrow({pair, 2}));
         return 0;
     }
-    // Only characters that fit the handler's 16-bit number reach it.
+    // Only characters that fit the handler's 16-bit number are passed to it.
     if (!model_.KeyPress || unit > 0x7FFF) return std::nullopt;
     auto key = static_cast<std::int16_t>(unit);
     model_.KeyPress(key);
@@ -349,15 +354,15 @@ void XPTextBoxWindow::paint(HDC target) const {
         return translate(own ? colour : systemColour(inContrast), colours_);
     };
     fill(dc, client, rgbOf(model_.Pic.BackColor(), WindowColour));
-    // The EDIT is only as tall as its text; the rest of its bounds is painted alike.
+    // The EDIT is only as tall as its text. The area above and below it gets the same background.
     const RECT inner = edit_->bounds();
     FillRect(dc, &inner, edit_->background());
     for (const DrawnLine& line : model_.frame()) {
         const OwnedPen pen(
             CreatePen(PS_SOLID, 1, static_cast<COLORREF>(rgbOf(line.colour, WindowTextColour))));
         const ScopedSelectObject selected(dc, pen.get());
-        // Scaled by the window's actual size in pixels, so that the far edges lie on its last
-        // ones.
+        // Scales by the window's actual size in pixels, so that the right and bottom lines lie in
+        // the window's last column and row.
         const auto x = [&](int twips) { return MulDiv(twips, client.right, model_.Pic.Width()); };
         const auto y = [&](int twips) { return MulDiv(twips, client.bottom, model_.Pic.Height()); };
         MoveToEx(dc, x(line.x1), y(line.y1), nullptr);

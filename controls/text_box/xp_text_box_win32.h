@@ -29,16 +29,18 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     /// Positions the EDIT; called after the parent's size has changed.
     void fit();
 
-    /// Null while there is none.
+    /// Null while the box has no tool tip.
     HWND toolTip() const noexcept { return tip_.get(); }
 
-    /// Returns what a paste of a text inserts; without it, the text's first line.
+    /// Returns the text that a paste of `text` inserts. When it is not set, a paste inserts the
+    /// first line.
     std::function<std::string(std::string_view text)> pasted;
 
     /// The background brush of the text.
     HBRUSH background() const;
 
-    /// The background and text colours that the parent returns for WM_CTLCOLOREDIT.
+    /// Sets the text colours of `dc` and returns the background brush. The parent calls it for
+    /// WM_CTLCOLOREDIT.
     HBRUSH colour(HDC dc);
 
  private:
@@ -59,21 +61,21 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     std::string tipText_;
     OwnedToolTip tip_;
     bool setting_ = false;
-    wchar_t firstOfPair_ = 0;   // typed; the second is awaited
-    bool pressed_ = false;      // a release inside makes a click
-    AncestorWatch containers_;  // during a press: hidden or disabled they end it
+    wchar_t firstOfPair_ = 0;   // typed high surrogate whose low surrogate has not arrived
+    bool pressed_ = false;      // a release inside the EDIT will be a click
+    AncestorWatch containers_;  // end a press when an ancestor window is hidden or disabled
 };
 
 /// The window of an XPTextBox: frame and margin around the EDIT.
 class XPTextBoxWindow : public Window, public ControlObserver {
  public:
-    /// `colours` are the system's for all that the box paints; they must outlive it.
+    /// `colours` must outlive the window.
     XPTextBoxWindow(XPTextBox& model, HWND parent, int id, const SystemColours& colours);
     ~XPTextBoxWindow() override;
 
     void controlChanged(ControlChange change) override;
     HWND editHandle() const noexcept { return edit_->handle(); }
-    /// From now on a paste of a text inserts what `pasted` returns for it.
+    /// Sets the function that returns the text to insert for a pasted text.
     void onPaste(std::function<std::string(std::string_view text)> pasted) {
         edit_->pasted = std::move(pasted);
     }
@@ -84,7 +86,7 @@ class XPTextBoxWindow : public Window, public ControlObserver {
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void paint(HDC target) const;
 
-    // Pic has no window of its own: its colour shows in this one, and disabling it alters nothing.
+    // Pic has no window of its own. This window shows Pic's colour; disabling Pic has no effect.
     struct PicObserver : ControlObserver {
         explicit PicObserver(XPTextBoxWindow& owner) : window(owner) {}
         void controlChanged(ControlChange change) override;
