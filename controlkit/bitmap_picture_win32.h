@@ -1,4 +1,4 @@
-// A picture that owns its pixels.
+// A picture that owns a bitmap.
 #pragma once
 
 #include <windows.h>
@@ -12,7 +12,7 @@ class BitmapPicture : public Picture {
  public:
     BitmapPicture() = default;
 
-    /// `palette` belongs to the bitmap on a palette device; else it is empty.
+    /// `palette` is the bitmap's palette; it is empty except on a palette device.
     explicit BitmapPicture(OwnedBitmap bitmap, OwnedPalette palette = {});
 
     bool hasImage() const override { return static_cast<bool>(bitmap_); }
@@ -20,7 +20,7 @@ class BitmapPicture : public Picture {
     HBITMAP bitmap() const noexcept { return bitmap_.get(); }
     HPALETTE palette() const noexcept { return palette_.get(); }
 
-    /// Pixels.
+    /// Size of the bitmap in pixels.
     SIZE size() const noexcept { return size_; }
 
  private:

@@ -1,4 +1,4 @@
-// clsFastCollection: items in order, each with an optional key.
+// clsFastCollection: an ordered collection whose items may have keys.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,7 @@
 
 namespace velvox {
 
-/// Where `Add` inserts, by the place of an item that is there already.
+/// Where `Add` inserts a new item: before or after the existing item at `place`.
 struct Before {
     std::size_t place;
 };
@@ -22,11 +22,12 @@ struct After {
     std::size_t place;
 };
 
-/// Places count from 1. Keys are compared byte for byte; an empty key is none. A place outside, an
-/// unknown key and a key that is taken throw InvalidCall and change nothing.
+/// Places count from 1. Keys are compared byte for byte; an empty key means no key. An invalid
+/// place, an unknown key or a duplicate key throws InvalidCall and leaves the collection unchanged.
 ///
-/// An item stays at its address until it is removed. `Item` takes constant time, by key on average;
-/// so does adding at the end. Adding and removing elsewhere moves a pointer for each item after it.
+/// An item keeps its address until it is removed. Access by place and adding at the end take
+/// constant time, access by key takes constant time on average. Adding or removing elsewhere moves
+/// one pointer for each later item.
 template <class T>
 class clsFastCollection {
     struct Entry {
@@ -60,7 +61,7 @@ class clsFastCollection {
     };
 
  public:
-    /// Adds at the end. Returns the item in the collection.
+    /// Adds an item at the end and returns a reference to it.
     T& Add(T item, std::string_view key = {}) { return insert(Count(), std::move(item), key); }
     T& Add(T item, std::string_view key, Before next) {
         return insert(indexOf(next.place), std::move(item), key);
@@ -74,11 +75,12 @@ class clsFastCollection {
     T& Item(std::string_view key) { return entryOf(key).item; }
     const T& Item(std::string_view key) const { return entryOf(key).item; }
 
-    /// The order of the others stays.
+    /// Removes an item without changing the order of the other items.
     void Remove(std::size_t place) { erase(entries_.begin() + offset(indexOf(place))); }
     void Remove(std::string_view key) {
         const Entry* const entry = &entryOf(key);
-        // From the end, as the items after it have to be moved anyway.
+        // The search runs from the end, because the items after the removed one must be moved
+        // anyway.
         auto at = entries_.end();
         do --at;
         while (at->get() != entry);
@@ -97,7 +99,7 @@ class clsFastCollection {
     /// The key of the item at a place; empty when it has none.
     const std::string& keyAt(std::size_t place) const { return entries_[indexOf(place)]->key; }
 
-    // In order. Adding, removing and sorting end the validity of every iterator.
+    // Iterates in order. Adding, removing and sorting invalidate all iterators.
     auto begin() noexcept { return Iterator<typename Entries::iterator, T>(entries_.begin()); }
     auto end() noexcept { return Iterator<typename Entries::iterator, T>(entries_.end()); }
     auto begin() const noexcept {
@@ -128,7 +130,7 @@ class clsFastCollection {
 
     T& insert(std::size_t index, T&& item, std::string_view key) {
         auto entry = std::make_unique<Entry>(Entry{std::move(item), std::string(key)});
-        // Operations that can fail come first.
+        // Operations that can throw come before any change of entries_.
         if (entries_.size() == entries_.capacity()) entries_.reserve(entries_.size() * 2 + 8);
         if (!key.empty() && !byKey_.emplace(entry->key, entry.get()).second)
             throw RuntimeFailure(Fault::InvalidCall,
@@ -141,7 +143,7 @@ class clsFastCollection {
     }
 
     Entries entries_;
-    std::unordered_map<std::string_view, Entry*> byKey_;  // views of the entries' own keys
+    std::unordered_map<std::string_view, Entry*> byKey_;  // the keys are views of Entry::key
 };
 
 }  // namespace velvox

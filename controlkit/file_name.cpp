@@ -7,7 +7,8 @@ namespace velvox {
 namespace {
 
 bool matchesOne(std::string_view name, std::string_view pattern) {
-    // Where to go on when what follows the last `*` does not match: the star takes one more.
+    // Backtracking state: when the pattern after the last `*` does not match, `*` takes one more
+    // byte.
     std::string_view afterStar;
     std::string_view retry;
     bool hasStar = false;

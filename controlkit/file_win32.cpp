@@ -18,7 +18,7 @@ void closeFind(HANDLE find) noexcept {
 }
 using OwnedFind = Owned<HANDLE, &closeFind>;
 
-/// No box that asks for a disk, for the length of a scope.
+/// Suppresses the system's message boxes about missing disks for the duration of a scope.
 class NoDiskPrompts {
  public:
     NoDiskPrompts() noexcept { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &previous_); }
@@ -35,8 +35,8 @@ class NoDiskPrompts {
                                               "\" cannot be read: error " + std::to_string(error));
 }
 
-/// Whether a path names one place as it is. The system's own completion would take dots and blanks
-/// off the ends of names.
+/// Whether a path is absolute and has nothing to resolve. Such a path is not passed to
+/// GetFullPathNameW, which would remove dots and blanks from the ends of names.
 bool isComplete(const std::wstring& path) {
     if (path.starts_with(LR"(\\?\)")) return true;
     const auto has = [&](const wchar_t* part) { return (path + L'\\').find(part, 2) != path.npos; };
@@ -44,11 +44,11 @@ bool isComplete(const std::wstring& path) {
     return rooted && !has(L"/") && !has(LR"(\.\)") && !has(LR"(\..\)") && !has(LR"(\\)");
 }
 
-/// The full path of a folder, with a backslash at its end; empty with the thread's last error where
-/// there is none.
+/// The full path of a folder, with a backslash at its end. On failure it is empty, and GetLastError
+/// returns the reason.
 std::wstring fullPath(std::string_view folder) {
     std::wstring path = widen(folder);
-    // A null character would cut the path off.
+    // A null character would end the path early.
     if (path.find(L'\0') != path.npos) {
         SetLastError(ERROR_INVALID_NAME);
         return {};
@@ -66,7 +66,7 @@ std::wstring fullPath(std::string_view folder) {
     return path;
 }
 
-/// The form of a full path that the system does not limit to 260 characters.
+/// Converts a full path to the form that the system does not limit to 260 characters.
 std::wstring unlimited(const std::wstring& path) {
     if (path.starts_with(LR"(\\?\)") || path.starts_with(LR"(\\.\)")) return path;
     if (path.starts_with(LR"(\\)")) return LR"(\\?\UNC\)" + path.substr(2);
@@ -80,7 +80,7 @@ void add(clsFile::Items& items, const std::wstring& folder, const wchar_t* name,
     if (widen(item.text) == name) item.key = narrow(folder) + item.text;
     item.size = size;
     const std::string key = item.key;
-    // A folder that changes meanwhile may give a name twice.
+    // The system may list a name twice when the folder changes during the enumeration.
     if (items.contains(key)) return;
     items.Add(std::move(item), key);
 }
@@ -89,7 +89,7 @@ bool isFolder(const WIN32_FIND_DATAW& found) {
     return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-/// What a folder contains, for which `accepts(found, name)` is true.
+/// The entries of a folder for which `accepts(entry)` returns true.
 template <class Accepts>
 clsFile::Items entries(std::string_view folder, Accepts accepts) {
     const NoDiskPrompts noPrompts;
@@ -98,7 +98,7 @@ clsFile::Items entries(std::string_view folder, Accepts accepts) {
     clsFile::Items items;
     WIN32_FIND_DATAW found{};
     const HANDLE first = FindFirstFileW((unlimited(path) + L"*").c_str(), &found);
-    // The root of an empty drive has not even an entry for itself.
+    // The root of an empty drive has no entries at all, not even ".".
     if (first == INVALID_HANDLE_VALUE) {
         if (const DWORD error = GetLastError(); error != ERROR_FILE_NOT_FOUND)
             throwUnreadable(folder, error);
@@ -151,7 +151,7 @@ OwnedIcon clsFile::GetIcon(std::string_view path, IconSize size) {
     const std::wstring plain = widen(path);
     if (plain.size() < MAX_PATH && SHGetFileInfoW(plain.c_str(), 0, &info, sizeof info, wanted))
         return OwnedIcon(info.hIcon);
-    // With the backslash at its end, which only a folder can have.
+    // fullPath() appends a backslash, so only a folder has attributes here.
     const DWORD found = GetFileAttributesW(unlimited(fullPath(path)).c_str());
     const DWORD kind = found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY)
                            ? FILE_ATTRIBUTE_DIRECTORY

@@ -1,4 +1,4 @@
-// clsFile: drives, folders and files of the system.
+// clsFile: lists drives, folders and files.
 #pragma once
 
 #include <string_view>
@@ -10,34 +10,35 @@
 
 namespace velvox {
 
-/// Paths may be of any length, and names have any characters: "\\?\" is added where it is needed,
-/// and does not show. A relative path counts from the current folder.
+/// Paths may have any length and names any characters: the prefix "\\?\" is added internally where
+/// it is needed. A relative path starts at the current folder.
 ///
-/// Items have the name as `text` and the full path as `key`, also as the collection's key, for
-/// the next call. A name that is not valid UTF-16 is listed with U+FFFD in it and no key: no text
-/// names its file. Items have no icon yet; `GetIcon` takes long for many files.
+/// An item has the name as `text` and the full path as `key`, which is also its key in the
+/// collection and can be passed to these functions. A name that is not valid UTF-16 is listed with
+/// U+FFFD and without a key, because no text can name the file. Items have no icon, because
+/// `GetIcon` takes long for many files.
 class clsFile {
  public:
     using Items = clsFastCollection<tsListItem>;
 
-    /// The files of a folder whose names match (see `matchesPattern`), hidden ones too, in the
-    /// system's order. Nothing below the folder is visited, so links in circles do no harm; a link
-    /// to a file is a file. Throws Platform for a folder that cannot be read to its end.
+    /// Lists the files of a folder, also hidden ones, whose names match `pattern` (see
+    /// `matchesPattern`), in the system's order. A link to a file counts as a file. Subfolders are
+    /// not visited. Throws Platform if the folder cannot be read completely.
     static Items EnumFiles(std::string_view folder, std::string_view pattern = "*");
 
-    /// The folders in a folder, but for itself and its parent; a link to a folder is a folder.
-    /// They have no size. Throws as EnumFiles does.
+    /// Lists the subfolders of a folder, without "." and "..". They have size 0; a link to a folder
+    /// counts as a folder. Throws as EnumFiles does.
     static Items EnumFolders(std::string_view folder);
 
-    /// The roots of all drives, such as "C:\". Fixed drives have their whole size; of others,
-    /// which may be empty or far away, it is not asked for.
+    /// Lists the roots of all drives, such as "C:\". A fixed drive has its capacity as size. Other
+    /// drives have size 0, because they may be empty or remote.
     static Items EnumDrives();
 
     enum class IconSize { Small, Large };
 
-    /// The icon that the system shows for a file, folder or drive. Where it has none of its own, or
-    /// its path is too long for the system or leads to nothing, that of its kind. Null where the
-    /// system has none at all. COM must be initialised.
+    /// The icon that the system shows for a file, folder or drive. If the path does not exist or is
+    /// too long for the system, the icon of its file type or that of folders. Null if the system
+    /// has no icon. COM must be initialised.
     static OwnedIcon GetIcon(std::string_view path, IconSize size = IconSize::Small);
 
     /// See `fileExtension`.

@@ -15,7 +15,8 @@ namespace {
 }  // namespace
 
 FixedPoint::FixedPoint(double number) {
-    // 10000 is 625 * 16, so the product has 53 + 10 bits at most: exact here, and rounded once.
+    // 10000 is 625 * 16, so the product has at most 53 + 10 bits: it is exact in Wide and is
+    // rounded only once.
     using Wide = long double;
     static_assert(std::numeric_limits<Wide>::digits >= 63);
     const Wide units = std::nearbyint(static_cast<Wide>(number) * unitsPerOne);

@@ -1,4 +1,4 @@
-// The number that a scroll bar counts in.
+// The number type of a scroll bar's value.
 #pragma once
 
 #include <compare>
@@ -7,8 +7,8 @@
 
 namespace velvox {
 
-/// A 64-bit fixed-point number with four decimal places: exact steps, no drift. It reaches from
-/// -922337203685477.5808 to 922337203685477.5807; what lies beyond throws Overflow.
+/// A 64-bit fixed-point number with four decimal places, whose sums have no rounding errors. The
+/// range is -922337203685477.5808 to 922337203685477.5807; a number outside it throws Overflow.
 class FixedPoint {
  public:
     static constexpr std::int64_t unitsPerOne = 10000;
@@ -16,8 +16,8 @@ class FixedPoint {
     constexpr FixedPoint() = default;
     constexpr FixedPoint(std::int32_t whole) : units_(whole * unitsPerOne) {}
 
-    /// The nearest number of four decimals, halves to even. Throws Overflow, also for a number
-    /// that is not finite.
+    /// Rounds to four decimal places, halves to even. Throws Overflow for a number that is out of
+    /// range or not finite.
     FixedPoint(double number);
 
     static constexpr FixedPoint ofUnits(std::int64_t units) {
@@ -31,7 +31,7 @@ class FixedPoint {
 
     double toDouble() const noexcept;
 
-    /// The nearest whole number, halves to even. Throws Overflow beyond 32 bits.
+    /// Rounds to a whole number, halves to even. Throws Overflow beyond 32 bits.
     std::int32_t toWhole() const;
 
     /// Decimal digits without trailing zeros: "50", "-0.25".
@@ -39,7 +39,7 @@ class FixedPoint {
 
     friend FixedPoint operator+(FixedPoint a, FixedPoint b);
     friend FixedPoint operator-(FixedPoint a, FixedPoint b);
-    // NOLINTNEXTLINE(modernize-use-nullptr): taken for a comparison with a pointer
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check mistakes it for a comparison with a pointer
     friend constexpr auto operator<=>(FixedPoint, FixedPoint) = default;
 
  private:

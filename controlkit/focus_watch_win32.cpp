@@ -18,7 +18,7 @@ void unhook(HHOOK hook) noexcept {
 /// One hook serves all watches.
 struct Watches {
     Owned<HHOOK, &unhook> hook;
-    std::vector<FocusWatch*> all;  // inner containers are made after outer ones
+    std::vector<FocusWatch*> all;  // in order of creation: inner containers follow outer ones
 };
 
 Watches& watches() {

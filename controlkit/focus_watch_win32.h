@@ -6,7 +6,8 @@
 
 namespace velvox {
 
-/// Observes where the keyboard focus goes, which only the window concerned is notified of.
+/// Observes the keyboard focus of this thread. The system itself notifies only the two windows that
+/// lose and get the focus.
 class FocusWatch {
  public:
     /// Invokes `moving` when a window of this thread is about to get the focus. The callback may

@@ -1,4 +1,4 @@
-// The arithmetic of the drawing surface, apart from the drawing.
+// Computes the corners of a gradient for the drawing surface (clsVirtualDC).
 #pragma once
 
 #include <array>
@@ -8,7 +8,7 @@
 
 namespace velvox {
 
-/// A corner of a gradient as the platform takes it: 16-bit colour components.
+/// A corner of a gradient with 16-bit colour components, as in the system's TRIVERTEX.
 struct GradientVertex {
     std::int32_t x = 0;
     std::int32_t y = 0;
@@ -34,7 +34,7 @@ constexpr std::array<GradientVertex, 2> gradientVertices(OleColour colour1, OleC
     return {gradientVertex(x, y, colour1), gradientVertex(x + width, y + height, colour2)};
 }
 
-/// The direction that runs left to right; every other number runs top to bottom.
+/// The direction of a gradient from left to right; any other number means top to bottom.
 inline constexpr int leftToRight = 1;
 
 }  // namespace velvox

@@ -7,10 +7,10 @@
 
 namespace velvox {
 
-/// A row of a list, as `clsFile` gives them.
+/// An item of a list, such as the lists of `clsFile`.
 struct tsListItem {
-    std::string text;        ///< what is shown
-    std::string key;         ///< what it identifies
+    std::string text;        ///< the text to show
+    std::string key;         ///< identifies the item
     std::uint64_t size = 0;  ///< bytes
     PicturePtr icon;         ///< null for none
     bool selected = false;

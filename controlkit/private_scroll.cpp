@@ -70,7 +70,8 @@ void tsPrivateScroll::Max(std::int32_t max) {
 }
 
 void tsPrivateScroll::keepWithinBounds() {
-    // Only where it is needed: an assignment would end a suppression meant for the host's own.
+    // Value is assigned only if it is outside the bounds, because every assignment ends a
+    // suppression of Change (BlockVS) that the host has set for its own assignment.
     if (bounded(settings_.value, settings_) != settings_.value) Value(settings_.value);
 }
 
@@ -78,7 +79,7 @@ void tsPrivateScroll::Value(FixedPoint value) {
     if (blocksValue_) return;
     if (bounded(value, settings_) != settings_.value) {
         if (!suppressesNextChange_ && Change) Change(settings_.value);
-        // A handler may have moved the bounds.
+        // The handler of Change may have changed Min or Max.
         settings_.value = bounded(value, settings_);
         notify("Value");
         redraw();

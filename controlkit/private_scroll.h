@@ -10,8 +10,8 @@
 
 namespace velvox {
 
-/// Every setter stores its value, notifies the host under the property's name and redraws. A
-/// negative change, length or interval throws InvalidProperty and alters nothing.
+/// Every setter stores its value, raises PropertyChanged with the property's name and redraws. A
+/// negative step, length or interval throws InvalidProperty and changes nothing.
 class tsPrivateScroll {
  public:
     explicit tsPrivateScroll(Axis axis = Axis::Vertical) : axis_(axis) {}
@@ -31,10 +31,10 @@ class tsPrivateScroll {
     void FrontColor(OleColour colour) { set(&ScrollSettings::frontColor, colour); }
     OleColour DownColor() const noexcept { return settings_.downColor; }  ///< a pressed part
     void DownColor(OleColour colour) { set(&ScrollSettings::downColor, colour); }
-    /// A thumb or an arrow under the mouse.
+    /// The colour of a thumb or an arrow under the mouse.
     OleColour MouseHoverColor() const noexcept { return settings_.mouseHoverColor; }
     void MouseHoverColor(OleColour colour) { set(&ScrollSettings::mouseHoverColor, colour); }
-    /// The piece of the track that is held down for a large change.
+    /// The colour of the part of the track that is pressed for a large change.
     OleColour LargeChangeColor() const noexcept { return settings_.largeChangeColor; }
     void LargeChangeColor(OleColour colour) { set(&ScrollSettings::largeChangeColor, colour); }
 
@@ -43,22 +43,24 @@ class tsPrivateScroll {
     bool EnableWheel() const noexcept { return settings_.enableWheel; }
     void EnableWheel(bool enabled) { set(&ScrollSettings::enableWheel, enabled); }
 
-    /// The value stays within Min and Max. A Max below Min leaves nothing to scroll and holds
-    /// the value at Min. A new bound takes a value outside along, by the rule of `Value`.
+    /// Value stays within Min and Max. If Max is not above Min, there is nothing to scroll and
+    /// Value is Min. A new bound that excludes Value assigns the bound to Value.
     std::int32_t Min() const noexcept { return settings_.min; }
     void Min(std::int32_t min);
     std::int32_t Max() const noexcept { return settings_.max; }
     void Max(std::int32_t max);
 
-    /// Assigning does nothing while the value is blocked. A value that differs (after it has
-    /// been brought within the bounds) first raises Change, unless that is suppressed, and is
-    /// then stored and drawn; so a handler of Change still reads the previous value, and one
-    /// that assigns the value itself is called again before anything is stored: it must set
-    /// BlockVS first. Every assignment that is not blocked ends the suppression.
+    /// While BlockValue is true, an assignment does nothing. Otherwise the new value is clamped to
+    /// the bounds. If it then differs, Change is raised first, unless BlockVS suppresses it, and
+    /// the value is stored and drawn afterwards. A handler of Change therefore still reads the
+    /// previous value. If the handler itself assigns Value, it is called again before anything is
+    /// stored, so it must set BlockVS first. Every assignment that is not blocked ends the
+    /// suppression.
     FixedPoint Value() const noexcept { return settings_.value; }
     void Value(FixedPoint value);
 
-    /// Steps of an arrow, of the track and of one notch of the wheel.
+    /// Steps for an arrow (SmallChange), for the track (LargeChange) and for one notch of the wheel
+    /// (WheelChange).
     std::int32_t SmallChange() const noexcept { return settings_.smallChange; }
     void SmallChange(std::int32_t change) { set(&ScrollSettings::smallChange, change); }
     std::int32_t LargeChange() const noexcept { return settings_.largeChange; }
@@ -66,47 +68,48 @@ class tsPrivateScroll {
     std::int32_t WheelChange() const noexcept { return settings_.wheelChange; }
     void WheelChange(std::int32_t change) { set(&ScrollSettings::wheelChange, change); }
 
-    /// Milliseconds between two steps while an arrow or the track is held; 0 repeats nothing.
+    /// Milliseconds between two steps while an arrow or the track is held; 0 disables repeating.
     std::int32_t MouseInterval() const noexcept { return settings_.mouseInterval; }
     void MouseInterval(std::int32_t milliseconds) {
         set(&ScrollSettings::mouseInterval, milliseconds);
     }
 
-    /// While true, whatever the name suggests, setting any property redraws; while false a new
-    /// colour, length, bound or state waits for the next redraw or Refresh. A new Value is always
+    /// Despite the name, true redraws the bar whenever a property is set. While false, a new
+    /// colour, length, bound or state is drawn at the next redraw or Refresh. A new Value is always
     /// drawn.
     bool UnRefreshControl() const noexcept { return settings_.unRefreshControl; }
     void UnRefreshControl(bool redraws) { set(&ScrollSettings::unRefreshControl, redraws); }
 
-    /// Suppresses Change for the next assignment of Value alone, also for one that alters
-    /// nothing. For a host that moves the bar after its own content.
+    /// Suppresses Change for the next assignment of Value only, even if that assignment changes
+    /// nothing. A host sets it before it adjusts the bar to the position of its content.
     bool BlockVS() const noexcept { return suppressesNextChange_; }
     void BlockVS(bool suppress) noexcept { suppressesNextChange_ = suppress; }
 
-    /// While true, Value cannot be altered, neither by assignment nor by the user: a thumb that is
-    /// being dragged shows the value again.
+    /// While true, neither assignments nor the user can change Value, and a thumb that is being
+    /// dragged is drawn at Value.
     bool BlockValue() const noexcept { return blocksValue_; }
     void BlockValue(bool block);
 
-    /// Gives a new instance its defaults. No event is raised.
+    /// Sets the defaults of a new instance. Raises no event.
     virtual void InitProperties();
 
-    /// Takes the stored settings over, defaults for missing keys. No event is raised. Throws
-    /// TypeMismatch or InvalidProperty and alters nothing for a setting that cannot be taken.
+    /// Replaces all settings by the stored ones; missing keys get defaults. Raises no event. If a
+    /// setting is invalid, throws TypeMismatch or InvalidProperty and changes nothing.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 
-    /// `Value` refers to the stored field, which still holds the previous value.
+    /// Raised before Value changes: the argument refers to the stored field, which still has the
+    /// previous value.
     std::function<void(const FixedPoint& Value)> Change;
 
-    /// Notifies the host which property was set.
+    /// Notifies the host that the property of this name has been set.
     std::function<void(std::string_view name)> PropertyChanged;
 
  protected:
     std::int32_t arrowLength() const noexcept { return settings_.arrowLength; }
     void arrowLength(std::int32_t pixels) { set(&ScrollSettings::arrowLength, pixels); }
 
-    /// For the class that has a window.
+    /// Overridden by the class that has a window.
     virtual void redraw() {}
     virtual void enabledChanged() {}
 

@@ -19,7 +19,8 @@ bool isDown(int key) {
     return GetKeyState(key) < 0;
 }
 
-/// With Alt where the message of a system key says so: its state may have changed since.
+/// The modifier keys of a key message. Alt is also read from the message's flags, because the key
+/// may have been released since.
 std::int16_t keyShiftState(LPARAM keyFlags) {
     return static_cast<std::int16_t>(
         (isDown(VK_SHIFT) ? ShiftKey : 0) | (isDown(VK_CONTROL) ? ControlKey : 0) |
@@ -80,11 +81,11 @@ std::optional<LRESULT> ScrollBarWindow::WindowProc(UINT message, WPARAM wParam, 
             if (!wParam) hidden();
             return std::nullopt;
         case WM_ENABLE:
-            // Also when the window is enabled or disabled from outside.
+            // Other code may have called EnableWindow without setting Enabled.
             if (Enabled() != (wParam != 0)) Enabled(wParam != 0);
             return 0;
         case WM_TIMER:
-            // A tick of an earlier start has another number and is stale.
+            // A tick with another id belongs to an earlier start of the timer and is ignored.
             for (const RepeatTimer timer : {RepeatTimer::Arrow, RepeatTimer::Track})
                 if (wParam == timerIds_[static_cast<std::size_t>(timer)]) tick(timer);
             return 0;
@@ -93,7 +94,8 @@ std::optional<LRESULT> ScrollBarWindow::WindowProc(UINT message, WPARAM wParam, 
             if (wheel(GET_WHEEL_DELTA_WPARAM(wParam))) return 0;
             return std::nullopt;
         case WM_MOUSEHWHEEL:
-            // Positive to the right, which is towards Max; for a horizontal bar only.
+            // A positive delta scrolls right, towards Max. Only a horizontal bar handles this
+            // message.
             if (axis() == Axis::Horizontal && wheel(-GET_WHEEL_DELTA_WPARAM(wParam))) return 0;
             return std::nullopt;
 
@@ -137,7 +139,7 @@ std::optional<LRESULT> ScrollBarWindow::onKey(UINT message, WPARAM wParam, LPARA
     switch (message) {
         case WM_KEYDOWN: keyDown(code, keyShiftState(lParam)); return 0;
         case WM_KEYUP: keyUp(code, keyShiftState(lParam)); return 0;
-        // The system's menus and shortcuts follow from these.
+        // The default procedure handles menus and shortcuts for these messages.
         case WM_SYSKEYDOWN: keyDown(code, keyShiftState(lParam)); return std::nullopt;
         case WM_SYSKEYUP: keyUp(code, keyShiftState(lParam)); return std::nullopt;
         default: keyPress(code); return 0;
@@ -205,7 +207,7 @@ void ScrollBarWindow::enable(bool enabled) {
     repaint();
 }
 
-// Defined once: link-time optimisation here trips over the thunks of inline ones.
+// Not inline, because link-time optimisation has trouble with the thunks of inline destructors.
 tsVScrollPrivate::~tsVScrollPrivate() = default;
 tsHScrollPrivate::~tsHScrollPrivate() = default;
 

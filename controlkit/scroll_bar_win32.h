@@ -1,5 +1,5 @@
-// The scroll bars as windows. One class serves both directions; what differs is the axis and the
-// name under which the arrows' length is known.
+// The windows of the scroll bars. One class implements both directions; only the axis and the name
+// of the arrow length (ScrollHeight or ScrollWidth) differ.
 #pragma once
 
 #include <array>
@@ -17,20 +17,20 @@ class ScrollBarWindow : public ScrollControl, private Window, private ScrollHost
     explicit ScrollBarWindow(Axis axis) : ScrollControl(axis, *this) {}
     ~ScrollBarWindow() override { destroy(); }
 
-    /// Makes the visible window at a place of the parent's client area, in pixels. Throws
+    /// Creates the visible window. `bounds` is in pixels of the parent's client area. Throws
     /// RuntimeFailure (Platform).
     void create(HWND parent, const RECT& bounds, int id = 0);
 
-    /// Answers a message of the bar's window, or nullopt for the system's default.
+    /// Handles a message of the bar's window. Returns nullopt if the default procedure has to run.
     std::optional<LRESULT> WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
 
     /// Null before creation.
     HWND hWnd() const noexcept { return handle(); }
 
-    /// The DC of the surface that the bar was last drawn on; null before its first drawing.
+    /// The DC of the off-screen surface; null before the bar has been drawn for the first time.
     HDC hDC() const noexcept { return surface_.hDC(); }
 
-    /// Draws now, whatever UnRefreshControl says.
+    /// Draws the bar immediately, whatever UnRefreshControl is.
     void Refresh();
 
  private:
@@ -52,7 +52,7 @@ class ScrollBarWindow : public ScrollControl, private Window, private ScrollHost
     void paint(HDC target);
 
     clsVirtualDC surface_;
-    AncestorWatch containers_;  // while a part is held: hidden or disabled they end the press
+    AncestorWatch containers_;  // end a press when an ancestor window is hidden or disabled
     std::array<UINT_PTR, 2> timerIds_{};  // 0 while a timer does not run
     UINT_PTR lastTimerId_ = 0;
 };

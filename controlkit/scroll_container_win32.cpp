@@ -10,7 +10,7 @@ namespace {
 
 constexpr UINT_PTR contentSubclass = 1;
 
-/// Pixels of a 96 dpi screen.
+/// Lengths and steps in pixels of a 96 dpi screen.
 constexpr int barThickness = 17;
 constexpr int smallChange = 16;
 constexpr int wheelChange = 48;
@@ -78,7 +78,7 @@ void tsScrollContainer::attach(HWND content, std::optional<SIZE> drawn) {
                                           contentSubclass, reinterpret_cast<DWORD_PTR>(this)))
             throwLastError("SetWindowSubclass");
         content_ = content;
-        // The bars are no stops of their own where the keys reach the content.
+        // The bars are tab stops only if the content cannot receive keys.
         const bool takesKeys =
             content && ((GetWindowLongW(content, GWL_STYLE) & WS_TABSTOP) ||
                         (GetWindowLongW(content, GWL_EXSTYLE) & WS_EX_CONTROLPARENT));
@@ -123,7 +123,7 @@ Size tsScrollContainer::contentSize() const {
 }
 
 void tsScrollContainer::arrange() {
-    // Bounds the rounds for content that requests another size whenever it is given one.
+    // Limits the recursion for content that requests another size whenever it is resized.
     constexpr int maxNesting = 3;
     if (!horizontal_.hWnd() || arranging_ == maxNesting) return;
     struct Nesting {
@@ -134,7 +134,7 @@ void tsScrollContainer::arrange() {
 
     RECT client{};
     GetClientRect(handle(), &client);
-    // The bars' outlines lie on the container's: one line, not two.
+    // The bars' outlines overlap the container's outline, so that only one line is visible.
     const int line = scaled(scrollSizes.border);
     const int thick = scaled(barThickness);
     layout_ = layOutScroll({client.right - 2 * line, client.bottom - 2 * line}, contentSize(),
@@ -147,7 +147,7 @@ void tsScrollContainer::arrange() {
     SetWindowPos(view(), nullptr, line, line, layout_.horizontal.view, layout_.vertical.view,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     follow();
-    // Last: it may re-enter this function.
+    // This call must be the last, because it may re-enter arrange().
     if (content_ && drawn_)
         SetWindowPos(content_, nullptr, 0, 0, layout_.horizontal.view, layout_.vertical.view,
                      SWP_NOZORDER | SWP_NOACTIVATE);
@@ -190,7 +190,7 @@ void tsScrollContainer::scrollIntoView(const RECT& part) {
 }
 
 void tsScrollContainer::focusMoves(HWND to) {
-    // Nothing moves while a mouse button is pressed.
+    // The content does not scroll when a press of the mouse moves the focus.
     if (!content_ || drawn_ || !IsChild(content_, to) || mouseIsPressed()) return;
     RECT at{};
     GetWindowRect(to, &at);
@@ -258,7 +258,7 @@ std::optional<LRESULT> tsScrollContainer::View::onMessage(UINT message, WPARAM w
             return 1;
         }
         case WM_KEYDOWN:
-        case WM_MOUSEHWHEEL: break;  // which not every system passes on by itself
+        case WM_MOUSEHWHEEL: break;  // some systems do not pass this message on to the parent
         default:
             if (!isForParent(message)) return std::nullopt;
     }

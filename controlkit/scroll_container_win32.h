@@ -1,4 +1,4 @@
-// tsScrollContainer: a window that shows a part of a larger one, with the bars to move it.
+// tsScrollContainer: a window with scroll bars that shows a part of a larger content.
 #pragma once
 
 #include <functional>
@@ -11,52 +11,52 @@
 
 namespace velvox {
 
-/// Positions and sizes are in pixels of the screen. The bars show where the content does not fit;
-/// their Max, LargeChange and Value follow from content and size, and the container handles their
-/// Scroll. What else they have is free for use.
+/// Positions and sizes are in pixels of the screen. A bar is visible if the content does not fit in
+/// its direction. The container sets the bars' Max, LargeChange and Value and handles their Scroll
+/// event; their other properties and events are free for use.
 ///
-/// The wheel scrolls wherever the content leaves it to its parent. Keys scroll when the content
-/// sends their WM_KEYDOWN on to `view`. A control in the content that gets the focus, other than by
-/// a press of the mouse, is scrolled into view. WM_COMMAND, WM_NOTIFY and WM_CTLCOLOR... of the
-/// content reach the container's parent.
+/// The wheel scrolls if the content passes the wheel's messages on to its parent. Keys scroll if
+/// the content sends WM_KEYDOWN on to `view`. A control in the content that gets the focus, other
+/// than by a press of the mouse, is scrolled into view. WM_COMMAND, WM_NOTIFY and WM_CTLCOLOR... of
+/// the content are passed on to the container's parent.
 class tsScrollContainer : private Window {
  public:
     ~tsScrollContainer() override;
 
-    /// Makes the visible window, without content. Throws RuntimeFailure (Platform).
+    /// Creates the visible window without content. Throws RuntimeFailure (Platform).
     void create(HWND parent, const RECT& bounds, int id = 0);
 
     /// Null before creation.
     HWND hWnd() const noexcept { return handle(); }
 
-    /// The window to create the content in.
+    /// The parent window for the content.
     HWND view() const noexcept { return view_.handle(); }
 
-    /// Shows a child of `view`, or null for none, and moves it as the bars say. The bars follow its
-    /// size. The system counts the mouse in 16 bits: up to 32,767 pixels. The container does not
-    /// own the window.
+    /// Shows `content`, a child window of `view`, or nothing for null. The container moves the
+    /// content when the bars scroll and adapts the bars to the content's size, but does not own it.
+    /// Mouse positions have 16 bits, so the content can be up to 32,767 pixels wide or high.
     void setContent(HWND content);
 
-    /// Content of any size that draws the seen part itself: its window always is as large as the
-    /// view, and is redrawn when `position` changes. Repeated for the same window where `whole`
-    /// changes.
+    /// Shows content of any size that draws its visible part itself. Its window is always as large
+    /// as the view and is redrawn when `position` changes. `whole` is the size of the whole
+    /// content; call again when that size changes.
     void setDrawnContent(HWND content, const SIZE& whole);
 
-    /// The point of the content at the view's upper left corner. Kept when the container or the
-    /// content is resized, unless the content then ends too early for it.
+    /// The point of the content at the view's upper left corner. It is kept when the container or
+    /// the content is resized, unless the content becomes too small for it.
     POINT position() const noexcept { return position_; }
     void scrollTo(const POINT& position);
 
-    /// Scrolls no further than is needed to see a part of the content.
+    /// Scrolls by the minimum that makes a part of the content visible.
     void scrollIntoView(const RECT& part);
 
-    /// How much of the content is seen.
+    /// Size of the area that shows the content.
     SIZE viewSize() const noexcept { return {layout_.horizontal.view, layout_.vertical.view}; }
 
     tsVScrollPrivate& vertical() noexcept { return vertical_; }
     tsHScrollPrivate& horizontal() noexcept { return horizontal_; }
 
-    /// Raised after the position has changed, whatever the reason.
+    /// Raised after every change of the position.
     std::function<void()> Scroll;
 
  private:
@@ -90,7 +90,7 @@ class tsScrollContainer : private Window {
     tsHScrollPrivate horizontal_;
     ScrollLayout layout_;
     HWND content_ = nullptr;
-    std::optional<SIZE> drawn_;  // the size of content that draws itself
+    std::optional<SIZE> drawn_;  // whole size of content that draws its visible part itself
     POINT position_{};
     int arranging_ = 0;
     std::optional<FocusWatch> focus_;

@@ -80,7 +80,8 @@ void ScrollControl::mouseMove(BarPoint at, MouseState state) {
         host_.repaint();
         launch(MouseHover);
     }
-    // Asked for on every move: a lost request is repeated by the next move.
+    // The leave notification is requested on every move, so that the next move repeats a lost
+    // request.
     if (!wasHeld) host_.requestLeave();
     launch(MouseMove, state.button, state.shift, hasControl(state));
     if (held_ == ScrollPart::Thumb) drag();
@@ -130,7 +131,7 @@ void ScrollControl::tick(RepeatTimer timer) {
         timerPeriod_ = MouseInterval();
         host_.startTimer(timer, timerPeriod_);
     }
-    // Pauses while the pointer is off the part, and where the thumb has come under it.
+    // No step while the pointer is outside the held part or the thumb has moved under the pointer.
     if (partUnderPointer() == held_) stepHeldPart();
 }
 
@@ -172,7 +173,7 @@ void ScrollControl::mouseUp(BarPoint at, MouseState state) {
 }
 
 void ScrollControl::endPress() {
-    // First: losing the capture calls back.
+    // held_ is cleared first, because releasing the capture calls captureLost().
     if (std::exchange(held_, ScrollPart::None) == ScrollPart::None) return;
     host_.stopTimer(RepeatTimer::Arrow);
     host_.stopTimer(RepeatTimer::Track);
@@ -196,8 +197,8 @@ void ScrollControl::settleHover() {
 }
 
 void ScrollControl::mouseLeave() {
-    // Some systems report this during a press, before or after the moves around it: the end of the
-    // press decides about the hover.
+    // Some systems send WM_MOUSELEAVE during a press. It is ignored, because settleHover() ends the
+    // hover after the press.
     if (held_ == ScrollPart::None) endHover();
 }
 
@@ -236,7 +237,7 @@ bool ScrollControl::wheel(int delta) {
 void ScrollControl::keyDown(std::int16_t code, std::int16_t shift) {
     if (!Enabled()) return;
     launch(KeyDown, code, shift);
-    // A key with Alt is the system's.
+    // Keys with Alt are left to the system.
     if (!Enabled() || held_ != ScrollPart::None || (shift & altKey) != 0) return;
     switch (code) {
         case ScrollKeys::left:

@@ -1,6 +1,6 @@
-// How a scroll bar reacts to the mouse, the wheel, the keyboard and its timers. Knows no window:
-// what it needs of one it requests through ScrollHost. A handler may alter, disable and hide the
-// bar, but must neither destroy it nor replace itself while it runs.
+// The reactions of a scroll bar to the mouse, the wheel, the keyboard and its timers. This class
+// has no window; it uses the window's services through ScrollHost. An event handler may change,
+// disable and hide the bar, but must neither destroy the bar nor replace the handler while it runs.
 #pragma once
 
 #include <cstdint>
@@ -13,16 +13,16 @@
 
 namespace velvox {
 
-/// The two timers that repeat the step of what is held.
+/// The timers that repeat a step while an arrow or the track is held.
 enum class RepeatTimer { Arrow, Track };
 
-/// What a bar needs of its window.
+/// Services that the bar's window provides.
 class ScrollHost {
  public:
     virtual ~ScrollHost() = default;
     virtual void repaint() = 0;
     virtual void capture(bool on) = 0;
-    /// Ticks every `milliseconds` until stopped; starting again restarts.
+    /// Calls tick() every `milliseconds` until stopped. Starting a running timer restarts it.
     virtual void startTimer(RepeatTimer timer, int milliseconds) = 0;
     virtual void stopTimer(RepeatTimer timer) = 0;
     /// Requests one call of mouseLeave as soon as the pointer is outside the bar.
@@ -42,7 +42,7 @@ struct MouseState {
     std::int16_t shift = 0;  ///< 1 Shift, 2 Control, 4 Alt
 };
 
-/// The numbers of the keys that move a bar, as the platform counts them.
+/// Virtual key codes of the keys that move a bar.
 struct ScrollKeys {
     static constexpr std::int16_t pageUp = 0x21;
     static constexpr std::int16_t pageDown = 0x22;
@@ -56,44 +56,43 @@ struct ScrollKeys {
 
 class ScrollControl : public tsPrivateScroll {
  public:
-    /// `host` is held, not owned.
+    /// `host` is not owned.
     ScrollControl(Axis axis, ScrollHost& host) : tsPrivateScroll(axis), host_(host) {}
 
     using KeyHandler = std::function<void(std::int16_t& KeyCode, std::int16_t Shift)>;
-    /// `Shift` has 1 for Shift, 2 for Control and 4 for Alt; `Control` is the Control key
-    /// alone.
+    /// `Shift` is the sum of 1 for Shift, 2 for Control and 4 for Alt; `Control` is true while the
+    /// Control key is down.
     using MouseHandler = std::function<void(MouseButton Button, std::int16_t Shift, bool Control)>;
 
-    // The events other than Change, in the order of their dispatch numbers. Mouse and keyboard
-    // events are raised before the bar acts on the input, MouseUp after the press has ended.
+    // All events except Change, in the order of their dispatch numbers. Mouse and keyboard events
+    // are raised before the bar acts on the input, but MouseUp is raised after the press has ended.
 
-    /// The handler may replace the code: the bar acts on the value that it leaves, and 0 cancels
-    /// the key. F10 and keys with Alt are raised too, but never move the bar and always reach the
-    /// system.
+    /// The handler may replace `KeyCode`: the bar acts on the new code, and 0 cancels the key. F10
+    /// and keys with Alt raise the event too, but never move the bar and always reach the system.
     KeyHandler KeyDown;
     std::function<void(std::int16_t& KeyAscii)> KeyPress;
     KeyHandler KeyUp;
     std::function<void()> MouseHover;  ///< the pointer has come over the bar
-    std::function<void()> MouseLeave;  ///< it has left, or the bar was disabled or hidden
-    /// Once a notch while EnableWheel is on: 1 for a turn towards Min (away from the user), -1
-    /// for one towards Max.
+    std::function<void()> MouseLeave;  ///< the pointer has left, or the bar was disabled or hidden
+    /// Raised for each notch while EnableWheel is true: 1 towards Min (away from the user), -1
+    /// towards Max.
     std::function<void(std::int16_t Sens)> MouseWheel;
     MouseHandler MouseDown;
     MouseHandler MouseUp;
-    MouseHandler MouseDblClick;  ///< in place of the MouseDown of a second click; it steps too
+    MouseHandler MouseDblClick;  ///< replaces MouseDown for a second click, which steps as well
     MouseHandler MouseMove;
-    /// The user has moved the value: raised after it was stored and drawn, for every way of
-    /// moving it. The value that Change cannot show yet is read here.
+    /// Raised after the user has moved the value in any way. Unlike in a handler of Change, Value
+    /// already returns the new value.
     std::function<void()> Scroll;
 
-    /// While false, the events of keys and mouse (KeyDown to MouseMove in the order above) are
-    /// not raised; the bar works as before. True at first.
+    /// While false, the key and mouse events (KeyDown to MouseMove in the order above) are not
+    /// raised, but the bar works as before. Initially true.
     bool LaunchKeyMouseEvents() const noexcept { return launchesKeyMouseEvents_; }
     void LaunchKeyMouseEvents(bool launch) noexcept { launchesKeyMouseEvents_ = launch; }
 
     void InitProperties() override;
 
-    // Events of the window. A disabled bar ignores all input.
+    // Called by the window. A disabled bar ignores all input.
     void resize(int length, int thickness, int dpi);
     void mouseMove(BarPoint at, MouseState state);
     void mouseDown(BarPoint at, MouseState state);
@@ -101,17 +100,17 @@ class ScrollControl : public tsPrivateScroll {
     void mouseUp(BarPoint at, MouseState state);
     void mouseLeave();
     void captureLost();
-    void hidden();  ///< or out of use otherwise, such as within a disabled container
+    void hidden();  ///< also called if the bar cannot be used, such as in a disabled container
     void tick(RepeatTimer timer);
-    /// `delta` counts 120 for a notch, positive towards Min; parts of a notch add up. False when
-    /// the wheel is not for this bar.
+    /// `delta` is 120 for a notch, positive towards Min; parts of a notch add up. Returns false if
+    /// the bar does not use the wheel.
     bool wheel(int delta);
     void keyDown(std::int16_t code, std::int16_t shift);
     void keyPress(std::int16_t character);
     void keyUp(std::int16_t code, std::int16_t shift);
     void focus(bool has);
 
-    // What is drawn.
+    // Queries for drawing the bar.
     ScrollGeometry geometry() const;
     PartState stateOf(ScrollPart part) const;
     bool hasFocus() const noexcept { return hasFocus_; }
@@ -151,13 +150,13 @@ class ScrollControl : public tsPrivateScroll {
     int dpi_ = designDpi;
     bool hasFocus_ = false;
     bool inside_ = false;  // MouseHover was raised, MouseLeave not yet
-    BarPoint pointer_;     // where it was seen last
+    BarPoint pointer_;     // last known position of the pointer
     int wheelRest_ = 0;
 
     ScrollPart held_ = ScrollPart::None;
     int timerPeriod_ = 0;
     // Drag state:
-    int grabOffset_ = 0;  // of the pointer from the thumb's start
+    int grabOffset_ = 0;  // distance of the pointer from the thumb's start
     int dragStartThumb_ = 0;
     int shownThumb_ = 0;
     FixedPoint dragStartValue_;

@@ -1,5 +1,5 @@
-// Where the parts of a scroll bar lie, counted in pixels along the bar. Knows no direction: the
-// same numbers serve a vertical and a horizontal bar.
+// Positions of the parts of a scroll bar, in pixels along the bar. The numbers are the same for a
+// vertical and a horizontal bar.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ struct Span {
     bool operator==(const Span&) const = default;
 };
 
-/// The numbers that the parts follow from.
+/// Input for the positions of the parts.
 struct ScrollMeasure {
     int length = 0;       ///< the whole bar, pixels
     int arrowLength = 0;  ///< pixels
@@ -43,32 +43,33 @@ struct ScrollMeasure {
 
 class ScrollGeometry {
  public:
-    /// Arrows that do not fit share the bar. The thumb covers LargeChange / (Max - Min +
-    /// LargeChange) of the track, `minThumb` at least, and all of it where there is nothing
-    /// to scroll (Max at or below Min); a track shorter than the minimum has none.
+    /// Arrows that do not fit get half of the bar each. The thumb takes LargeChange / (Max - Min +
+    /// LargeChange) of the track, but at least `minThumb`. It takes the whole track if there is
+    /// nothing to scroll (Max at or below Min). A track shorter than `minThumb` has no thumb.
     explicit ScrollGeometry(const ScrollMeasure& measure);
 
     Span lessArrow() const noexcept { return lessArrow_; }
     Span track() const noexcept { return track_; }
     Span moreArrow() const noexcept { return moreArrow_; }
 
-    /// Of length 0 where the track is too short for one.
+    /// Has length 0 if the track is too short for a thumb.
     Span thumb() const noexcept { return thumb_; }
 
-    /// A piece of the track beside the thumb.
+    /// The parts of the track before and after the thumb.
     Span trackBefore() const noexcept { return {track_.start, thumb_.start - track_.start}; }
     Span trackAfter() const noexcept { return {thumb_.end(), track_.end() - thumb_.end()}; }
 
-    /// The part at a pixel of the bar.
+    /// The part at a position along the bar.
     ScrollPart hit(int along) const;
 
-    /// `start` clamped to the range of the thumb.
+    /// Clamps the start of the thumb to its possible positions.
     int clampThumb(int start) const;
 
-    /// The whole number that a thumb starting at `start` shows; both ends of the range are exact.
+    /// The value, a whole number, of a thumb that starts at `start`. The first and the last
+    /// position give exactly Min and Max.
     FixedPoint valueAt(int start) const;
 
-    /// The same bar with its thumb held at a pixel.
+    /// A copy whose thumb starts at `start`.
     ScrollGeometry withThumbAt(int start) const;
 
  private:

@@ -25,7 +25,8 @@ ScrollExtent extent(int room, int content, int takenByOther, bool hasBar) {
 ScrollLayout layOutScroll(const Size& room, const Size& content, int thickness) {
     bool horizontal = false;
     bool vertical = false;
-    // A bar that shows never hides the other, so the second round is the last that alters anything.
+    // A visible bar only takes room from the other direction, so nothing changes after the second
+    // round.
     for (int round = 0; round < 2; ++round) {
         horizontal = content.width > std::max(room.width - (vertical ? thickness : 0), 0);
         vertical = content.height > std::max(room.height - (horizontal ? thickness : 0), 0);

@@ -1,4 +1,4 @@
-// The decisions of a scroll container: which bars show, how far they reach, and where it scrolls.
+// Layout of a scroll container: which bars are visible, their range, and the position to scroll to.
 #pragma once
 
 #include <cstdint>
@@ -9,11 +9,11 @@
 
 namespace velvox {
 
-/// One direction of a scroll container. Lengths are pixels.
+/// One direction of a scroll container. Lengths are in pixels.
 struct ScrollExtent {
-    int view = 0;         ///< of the content that is seen; never negative
-    bool hasBar = false;  ///< the bar that scrolls in this direction shows
-    int max = 0;          ///< the position at which the content's end is seen
+    int view = 0;         ///< length of the visible area; never negative
+    bool hasBar = false;  ///< the bar of this direction is visible
+    int max = 0;          ///< the position that shows the end of the content
 
     bool operator==(const ScrollExtent&) const = default;
 };
@@ -25,19 +25,20 @@ struct ScrollLayout {
     bool operator==(const ScrollLayout&) const = default;
 };
 
-/// A bar shows where the content does not fit. It takes `thickness` of the room in the other
-/// direction, which may be why the other bar shows too.
+/// A bar is visible if the content does not fit in its direction. The bar takes `thickness` of the
+/// other direction's room, which can make the other bar necessary too.
 ScrollLayout layOutScroll(const Size& room, const Size& content, int thickness);
 
-/// The position nearest to `position` at which a part of the content can be seen. Of a part larger
-/// than the view its start is, unless the view lies within it.
+/// The position nearest to `position` that shows a part of the content. For a part larger than the
+/// view it is the part's start, unless the view already lies within the part.
 int positionShowing(const Span& part, int position, int view);
 
-/// The bar that a key (see `ScrollKeys`) moves. Keys that are not bound to a direction move the
-/// horizontal bar where there is no vertical one.
+/// The bar that a key (see `ScrollKeys`) moves. Keys without a direction, such as Home, move the
+/// vertical bar, or the horizontal one if there is no vertical bar.
 std::optional<Axis> barOfKey(std::int16_t code, const ScrollLayout& layout);
 
-/// The bar that the wheel moves: the vertical one, without one or with Shift the horizontal one.
+/// The bar that the wheel moves: the vertical bar, or the horizontal one with Shift. If only one
+/// bar is visible, the wheel moves that bar.
 std::optional<Axis> barOfWheel(bool shift, const ScrollLayout& layout);
 
 }  // namespace velvox

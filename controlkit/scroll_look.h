@@ -1,4 +1,4 @@
-// Sizes and times of a scroll bar in one table, and which colour a part has in its state.
+// Sizes and times of a scroll bar, and the colours of its parts.
 #pragma once
 
 #include "base/colour.h"
@@ -7,22 +7,22 @@
 
 namespace velvox {
 
-/// Lengths are pixels of a 96 dpi screen.
+/// Lengths are in pixels of a 96 dpi screen.
 struct ScrollSizes {
     int border = 1;
     int minThumb = 12;
-    int arrowGlyph = 4;        ///< from its tip to its base; the base is twice as long, less one
-    int arrowGlyphMargin = 1;  ///< least space between glyph and border, along the bar
+    int arrowGlyph = 4;  ///< height from tip to base; the base is twice as long, less one pixel
+    int arrowGlyphMargin = 1;  ///< minimum space between glyph and border, along the bar
     int gripLines = 3;
     int gripSpacing = 3;
     int gripMargin = 4;   ///< from the thumb's border to the ends of a grip line
-    int minGripRoom = 7;  ///< of thumb on either side of the grip
+    int minGripRoom = 7;  ///< minimum length of the thumb on each side of the grip
     int focusInset = 2;   ///< from the thumb's edge to the focus rectangle
 
-    /// A drag that strays this many thicknesses from the bar shows the value it began with.
+    /// A drag this many thicknesses away from the bar restores the value at the drag's start.
     int snapBackThicknesses = 8;
-    int firstRepeatMs = 250;  ///< a single click must not repeat
-    int minContrast = 24;     ///< sum of the channels' distances below which nothing can be seen
+    int firstRepeatMs = 250;  ///< delay of the first repeat: a single click must not repeat
+    int minContrast = 24;     ///< minimum sum of the channels' differences of a visible glyph
 };
 inline constexpr ScrollSizes scrollSizes;
 
@@ -35,9 +35,9 @@ struct ScrollPartLook {
     Rgb glyph = 0;  ///< arrow glyph or grip
 };
 
-/// The colours of an arrow, the thumb or a piece of the track. A disabled bar is faded towards
-/// the track. A glyph too close to its fill takes the border's colour, as the white arrows
-/// of the default colours do under the mouse.
+/// The colours of an arrow, the thumb or a part of the track. A disabled bar is faded towards the
+/// track colour. A glyph with too little contrast to its fill gets the border colour; by default
+/// this applies to the white arrows under the mouse.
 ScrollPartLook scrollPartLook(const tsPrivateScroll& bar, ScrollPart part, PartState state,
                               const SystemColours& table);
 

@@ -31,7 +31,7 @@ class Painter {
         return scrollPartLook(bar_, part, bar_.stateOf(part), CurrentSystemColours());
     }
 
-    /// A stretch of the bar without `edge` pixels on both of its long sides.
+    /// The rectangle of a span of the bar without `edge` pixels on both long sides.
     RECT area(Span along, int edge) const {
         const int across = bar_.thickness() - edge;
         if (bar_.axis() == Axis::Vertical) return {edge, along.start, across, along.end()};
@@ -53,10 +53,11 @@ class Painter {
             surface_.DrawLine(along, margin, along, end);
     }
 
-    /// Without arrows the track reaches the ends of the bar, which are outlined as well.
+    /// Leaves the outline visible at the ends of the bar, which the track reaches if there are no
+    /// arrows.
     void track(Span span, ScrollPart part) { fill(inside(span), border_, look(part).fill); }
 
-    /// The part of a stretch that lies between the outlines of the bar's ends.
+    /// The part of a span between the outlines at the two ends of the bar.
     Span inside(Span span) const {
         const int start = std::max(span.start, border_);
         return {start, std::min(span.end(), bar_.length() - border_) - start};
@@ -74,8 +75,8 @@ class Painter {
         const int height = std::min({pixels(scrollSizes.arrowGlyph), room, bar_.thickness() / 4});
         if (height <= 0) return;
         surface_.PenColor(static_cast<OleColour>(colours.glyph));
-        // Its tip is as wide as the middle: one pixel of an odd thickness, two of an even one.
-        // An odd pixel of space lies on the inner side of either arrow.
+        // The tip of the glyph is one pixel wide if the bar's thickness is odd, otherwise two. If
+        // the space beside the glyph is odd, the extra pixel lies on the side of the bar's middle.
         const bool tipFirst = part == ScrollPart::LessArrow;
         const int space = (span.length - height) / 2;
         const int first = tipFirst ? span.start + space : span.end() - space - height;
@@ -89,8 +90,8 @@ class Painter {
         const Span place = parts_.thumb();
         if (place.length == 0) return;
         const ScrollPartLook colours = look(ScrollPart::Thumb);
-        // Its outline lies on those of the arrows where it touches them: one line, not two. Without
-        // arrows it lies on the bar's own.
+        // The thumb's outline overlaps the outline of an arrow that it touches, or without arrows
+        // the outline of the bar, so that only one line is visible.
         const int start = std::max(0, place.start - border_);
         const Span outlined{start, std::min(bar_.length(), place.end() + border_) - start};
         raised(outlined, colours);

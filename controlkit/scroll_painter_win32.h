@@ -6,7 +6,7 @@
 
 namespace velvox {
 
-/// Reads the bar and changes nothing of it. The surface must have the bar's size.
+/// `surface` must have the bar's size.
 void paintScrollBar(clsVirtualDC& surface, const ScrollControl& bar);
 
 }  // namespace velvox

@@ -1,4 +1,4 @@
-// What a scroll bar stores, under which keys and with which defaults: one table for both
+// The stored settings of a scroll bar with their keys and defaults, in one table for both
 // directions.
 #pragma once
 
@@ -32,7 +32,7 @@ struct ScrollSettings {
     bool unRefreshControl = true;
 };
 
-/// The name of the arrows' length, the one key in which the two directions differ.
+/// The key of the arrow length, the only key that depends on the direction.
 constexpr std::string_view arrowLengthKey(Axis axis) {
     return axis == Axis::Vertical ? "ScrollHeight" : "ScrollWidth";
 }

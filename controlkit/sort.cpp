@@ -5,7 +5,7 @@
 namespace velvox {
 namespace {
 
-// Takes the digits at the start of a text, without leading zeros.
+// Removes the digits at the start of `rest` and returns them without leading zeros.
 std::string_view takeNumber(std::string_view& rest) {
     const auto end = std::ranges::find_if_not(rest, ascii::isDigit);
     std::string_view number = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));

@@ -12,17 +12,17 @@
 
 namespace velvox {
 
-/// Names as a reader orders them: numbers in them count by value (file 2 before file 10), ASCII
-/// letters match in either case. Names that are equal then are ordered by their bytes.
+/// Natural order of names: numbers in names are compared by value (file 2 before file 10), ASCII
+/// letters without regard to case. Names that are equal by these rules are compared by their bytes.
 std::strong_ordering compareNaturally(std::string_view a, std::string_view b);
 
 enum class SortOrder { Ascending, Descending };
 
 class clsSort {
  public:
-    /// Sorts by `less`, which returns whether its first item comes before its second. Items of
-    /// which neither does keep their order, whatever the direction. Keys and addresses stay with
-    /// their items. When `less` throws, the list is as it was.
+    /// Sorts by `less(a, b)`, which returns whether item a comes before item b. The sort is stable
+    /// in both directions. Items keep their keys and addresses. If `less` throws, the list is
+    /// unchanged.
     template <class T, class Less>
     static void SortList(clsFastCollection<T>& list, Less less,
                          SortOrder order = SortOrder::Ascending) {

@@ -22,7 +22,7 @@ TRIVERTEX toPlatform(const GradientVertex& v) {
     return {v.x, v.y, v.red, v.green, v.blue, v.alpha};
 }
 
-/// Null where there is nothing to draw on. The system would give a size of 0 one pixel.
+/// Returns null for an empty size, for which the system would create a bitmap of one pixel.
 OwnedBitmap compatibleBitmap(HDC screen, int width, int height) {
     if (width <= 0 || height <= 0) return {};
     return OwnedBitmap(CreateCompatibleBitmap(screen, width, height));
@@ -30,7 +30,7 @@ OwnedBitmap compatibleBitmap(HDC screen, int width, int height) {
 
 constexpr WORD paletteEntries = 256;
 
-/// The system's palette as a logical one.
+/// A copy of the system's palette as a logical palette.
 OwnedPalette copySystemPalette(HDC screen) {
     struct {
         WORD version = 0x300;
@@ -82,7 +82,8 @@ void clsVirtualDC::resize(int width, int height) {
     const OwnedMemoryDc old(CreateCompatibleDC(screen.get()));
     OwnedBitmap next = compatibleBitmap(screen.get(), width, height);
     if (!old || !next) return releaseSurface();
-    // A bitmap can be selected into one DC alone: the old one moves over to be copied from.
+    // A bitmap can be selected into only one DC, so the previous bitmap is moved to `old` and
+    // copied from there.
     SelectObject(dc_.get(), next.get());
     const ScopedSelectObject copied(old.get(), bitmap_.get());
     BitBlt(dc_.get(), 0, 0, width, height, old.get(), 0, 0, SRCCOPY);
@@ -90,8 +91,8 @@ void clsVirtualDC::resize(int width, int height) {
 }
 
 void clsVirtualDC::releaseSurface() {
-    // The objects are deleted while still selected, the DC last: the system defers the deletion
-    // of a selected object until that of its DC, and never deletes a stock object.
+    // The objects are deleted while still selected, and the DC is deleted last. The system defers
+    // the deletion of a selected object until its DC is deleted, and never deletes a stock object.
     ownedFont_.reset();
     ownedPen_.reset();
     ownedBrush_.reset();
@@ -149,7 +150,7 @@ void clsVirtualDC::BrushHatch(int hatch) {
 void clsVirtualDC::makeFont() {
     if (!font_) return;
     LOGFONTW request{};
-    // A positive height is the cell's. Whole points, as the multiplication takes them.
+    // A positive height is that of the character cell. scaleLength() takes whole points.
     request.lfHeight =
         scaleLength(static_cast<int>(std::nearbyint(font_->points)), screenDpi(), 72);
     request.lfWeight = font_->bold ? FW_BOLD : FW_NORMAL;
@@ -236,7 +237,7 @@ void clsVirtualDC::DrawImageToVirtualDC(const PicturePtr& picture, int x, int y)
 
 int clsVirtualDC::DrawText(std::string_view text, RECT& rectangle, UINT format) {
     const std::wstring wide = widen(text);
-    // With DT_MODIFYSTRING the system would write up to four more characters: not offered.
+    // DT_MODIFYSTRING is removed, because the system would write up to four additional characters.
     return DrawTextW(dc_.get(), wide.c_str(), static_cast<int>(wide.size()), &rectangle,
                      format & ~static_cast<UINT>(DT_MODIFYSTRING));
 }

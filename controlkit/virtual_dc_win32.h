@@ -1,5 +1,5 @@
-// An off-screen drawing surface, for controls that paint without flicker: draw into memory, copy
-// once.
+// An off-screen drawing surface. Controls draw into memory and copy the result to the screen once,
+// which avoids flicker.
 #pragma once
 
 #include <windows.h>
@@ -16,7 +16,7 @@
 
 namespace velvox {
 
-/// What a surface copies from a picture box. Lengths in twips.
+/// The properties of a picture box that a surface copies. Lengths are in twips.
 struct PictureBoxFace {
     int width = 0;
     int height = 0;
@@ -25,12 +25,12 @@ struct PictureBoxFace {
     OleColour foreColor = systemColour(ButtonTextColour);
 };
 
-/// A memory DC with a bitmap, a pen, a brush and a font. Coordinates are pixels; right and bottom
-/// edges lie outside what is drawn. Before CreateMyDC, and where the system refuses to make
-/// something, drawing does nothing and is no error.
+/// A memory DC with a bitmap, a pen, a brush and a font. Coordinates are in pixels; right and
+/// bottom edges are exclusive. Before CreateMyDC, and when the system cannot create an object,
+/// drawing does nothing and reports no error.
 ///
-/// Pen, brush, font and the text's colours may be set at any time and hold for every DC that
-/// CreateMyDC makes.
+/// Pen, brush, font and text colours may be set at any time and apply to every DC that CreateMyDC
+/// creates.
 class clsVirtualDC {
  public:
     clsVirtualDC() = default;
@@ -38,35 +38,36 @@ class clsVirtualDC {
     clsVirtualDC& operator=(const clsVirtualDC&) = delete;
     ~clsVirtualDC() { DestroyDC(); }
 
-    /// The size of the bitmap, pixels. A new size keeps what is drawn and leaves what is added
-    /// black; one that cannot be created releases the surface.
+    /// The size of the bitmap in pixels. A new size keeps the drawing, and added areas are black.
+    /// If the new bitmap cannot be created, the surface is released.
     int Width() const noexcept { return width_; }
     void Width(int pixels) { resize(pixels, height_); }
     int Height() const noexcept { return height_; }
     void Height(int pixels) { resize(width_, pixels); }
 
-    /// The colour of `Cls`.
+    /// The colour that `Cls` fills the surface with.
     OleColour BackColor() const noexcept { return backColor_; }
     void BackColor(OleColour colour) noexcept { backColor_ = colour; }
 
-    /// The text's colour, and the colour around it, which is passed on as it is: an RGB value.
+    /// ForeColor is the text colour. BkColor is the colour around the text and must be an RGB
+    /// value.
     OleColour ForeColor() const noexcept { return foreColor_; }
     void ForeColor(OleColour colour);
     OleColour BkColor() const noexcept { return bkColor_; }
     void BkColor(OleColour colour);
 
-    /// The platform's background mode; 0 leaves a new DC with the platform's own (opaque).
+    /// The system's background mode. With 0, a new DC keeps the system's default mode (opaque).
     int BackMode() const noexcept { return backMode_; }
     void BackMode(int mode);
 
-    /// None until one is set. The points give the height of the cell, not of the character.
+    /// No font is selected until one is set. Its points are the height of the cell, not of the
+    /// character.
     const std::optional<velvox::Font>& Font() const noexcept { return font_; }
     void Font(const velvox::Font& font);
 
     HDC hDC() const noexcept { return dc_.get(); }
 
-    /// A copy of the whole surface that owns itself; a picture without an image while there is
-    /// no surface.
+    /// An independent copy of the whole surface; a picture without an image if there is no surface.
     PicturePtr Picture() const;
 
     /// Draws the picture at the upper left corner and keeps it until the next CreateMyDC.
@@ -79,7 +80,7 @@ class clsVirtualDC {
     OleColour PenColor() const noexcept { return pen_.colour; }
     void PenColor(OleColour colour);
 
-    /// Style 1 (hollow) at first.
+    /// The initial style is 1 (hollow).
     int BrushStyle() const noexcept { return brush_.style; }
     void BrushStyle(int style);
     OleColour BrushColor() const noexcept { return brush_.colour; }
@@ -87,11 +88,11 @@ class clsVirtualDC {
     int BrushHatch() const noexcept { return brush_.hatch; }
     void BrushHatch(int hatch);
 
-    /// Replaces the DC and its bitmap. A size of 0 or less, or one that the system refuses, leaves
-    /// none: hDC is null.
+    /// Replaces the DC and its bitmap. If a size is 0 or less or the system fails, there is no DC
+    /// and hDC returns null.
     void CreateMyDC(int Width, int Height);
 
-    /// Takes font and colours from the box and makes a surface of its size in pixels.
+    /// Copies font and colours of the box and creates a surface of the box's size.
     void CreateFromPictureBox(const PictureBoxFace& box);
 
     /// Copies a part of the surface, or all of it, to another DC.
@@ -104,12 +105,12 @@ class clsVirtualDC {
                               int sourceX = 0, int sourceY = 0, DWORD operation = SRCCOPY);
     void DrawImageToVirtualDC(const PicturePtr& picture, int x = 0, int y = 0);
 
-    /// `format` is the platform's; with DT_CALCRECT the rectangle receives the size. Returns the
-    /// text's height.
+    /// `format` has the system's DT_ flags; with DT_CALCRECT, `rectangle` receives the size.
+    /// Returns the text's height.
     int DrawText(std::string_view text, RECT& rectangle, UINT format);
     void DrawLine(int x1, int y1, int x2, int y2);
 
-    /// Direction 1 runs left to right, any other top to bottom.
+    /// Direction 1 means left to right, any other number top to bottom.
     void DrawGradient(OleColour Color1, OleColour Color2, int X, int Y, int Width, int Height,
                       int Direction);
     void FillArea(const RECT& rectangle, OleColour colour);
@@ -117,7 +118,7 @@ class clsVirtualDC {
     void Cls();
     void SetPixel(int x, int y, OleColour colour);
 
-    /// -1 outside the surface or without one.
+    /// Returns -1 outside the surface and when there is no surface.
     Rgb GetPixel(int x, int y) const;
     void DrawFocusRect(const RECT& rectangle);
     void DrawEllipse(int x1, int y1, int x2, int y2);
@@ -125,7 +126,7 @@ class clsVirtualDC {
     void DrawRoundRectangle(int x1, int y1, int x2, int y2, int cornerWidth, int cornerHeight);
     void DrawEdge(const RECT& rectangle, UINT edge, UINT flags);
 
-    /// Releases everything that the surface holds. Settings stay for the next CreateMyDC, except
+    /// Releases all system objects of the surface. Settings stay for the next CreateMyDC, except
     /// Font and Picture, which are cleared.
     void DestroyDC();
 
@@ -161,7 +162,7 @@ class clsVirtualDC {
 
     OwnedMemoryDc dc_;
     OwnedBitmap bitmap_;
-    OwnedObject previousBitmap_;  // what the DC held before the bitmap: a stock object
+    OwnedObject previousBitmap_;  // the stock bitmap that the DC held first
     OwnedPen ownedPen_;
     OwnedBrush ownedBrush_;
     OwnedFont ownedFont_;

@@ -10,8 +10,8 @@ namespace velvox {
 /// Conditions outside the button that its picture depends on.
 struct ButtonScene {
     const SystemColours& colours;
-    Rgb surroundings = 0;   ///< the focus came by keyboard, so it must be visible
-    bool focusCue = false;  ///< the focus came by keyboard and has to be seen
+    Rgb surroundings = 0;   ///< colour around the button, for smooth outer edges
+    bool focusCue = false;  ///< the focus came by keyboard, so it must be visible
     int lineWidth = 1;      ///< width of a thin line in pixels; frames and rings scale with it
 };
 
