@@ -19,7 +19,7 @@ constexpr const char* styleNames[] = {"0 Edged",   "1 Thin",      "2 Tool",  "3 
                                       "8 Brushed", "9 Porcelain", "10 Pill"};
 constexpr int styleCount = std::size(styleNames);
 
-// A page that a function lays out on one sheet.
+// A gallery page of one sheet, which a function lays out.
 class SheetPage : public Page {
  public:
     SheetPage(std::string_view title, std::function<void(Sheet&)> layOut)
@@ -45,12 +45,12 @@ void colourLikeMainWindow(isButton& button) {
     button.UseCustomColors(true);
     button.BackColor(polishedGrey);
     button.HighlightColor(polishedGrey);
-    // Black on the light face, also where the scheme's own text is light.
+    // The text is black, because the face is light even in a scheme with light system text.
     button.FontColor(rgb(0, 0, 0));
     button.FontHighlightColor(rgb(0, 0, 0));
 }
 
-// The look of a button in a state, as its own model gives it.
+// The look that `button` has in `state`.
 ButtonLook lookOf(const isButton& button, ButtonState state) {
     ButtonLook look = button.look();
     look.state = state;
@@ -88,7 +88,7 @@ void layOutStyles(Sheet& sheet, ButtonColouring colouring) {
         ButtonLook focused = lookOf(live, ButtonState::Normal);
         focused.focused = focused.focusShown = true;
         still(5, focused);
-        // A toggled button is drawn pressed; the focus is on it after the click that did it.
+        // A toggled button is drawn pressed, and it has the focus after the click that toggled it.
         ButtonLook toggled = lookOf(live, ButtonState::Pressed);
         toggled.focused = toggled.focusShown = true;
         still(6, toggled);
@@ -110,7 +110,7 @@ void layOutAlignments(Sheet& sheet) {
         button.IconAlign(iconAlign);
         return &button;
     };
-    // The caption is at the side opposite to the icon.
+    // Caption alignment for each icon alignment: the side opposite to the icon.
     constexpr int opposite[] = {4, 0, 0, 4, 3};
     for (int align = 0; align < 5; ++align)
         sheet.show(*sample(align, 34, 5, align, opposite[align]));

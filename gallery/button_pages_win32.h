@@ -9,19 +9,19 @@ namespace velvox {
 
 enum class ButtonColouring { System, Custom };
 
-/// Every style in every state, and a live button of each.
+/// Every style in every state, as pictures and as live buttons.
 std::unique_ptr<Page> makeStylesPage(ButtonColouring colouring);
 
-/// Positions of icons and captions.
+/// All alignments of icons and captions.
 std::unique_ptr<Page> makeAlignmentPage();
 
 /// Live buttons with each kind of tool tip.
 std::unique_ptr<Page> makeToolTipPage();
 
-/// Every style as a form that is being designed shows it.
+/// Every style in the look that it has while a form is designed.
 std::unique_ptr<Page> makeDesignTimePage();
 
-/// The main window's three buttons as they are stored.
+/// The main window's three buttons with their stored properties.
 std::unique_ptr<Page> makeMainWindowPage();
 
 }  // namespace velvox

@@ -10,7 +10,7 @@
 
 namespace velvox {
 
-/// A control of the system, unchanged.
+/// A standard control without additional behaviour.
 class PlainControl : public SystemControl {
  public:
     void create(const WindowRequest& request, const Font& font = {});
@@ -23,10 +23,10 @@ class PlainControl : public SystemControl {
 
 class EventList {
  public:
-    /// `bounds` in pixels of the parent's client area.
+    /// `bounds` is in pixels of the parent's client area.
     void create(HWND parent, const RECT& bounds);
 
-    /// A run of equal lines becomes one that counts them.
+    /// Adds a line at the top. Consecutive equal lines become one line with a count.
     void add(std::string_view source, std::string_view event, std::string_view detail = {});
 
  private:

@@ -1,4 +1,4 @@
-// The rows of the Files page, which of them is selected, and in which order they are.
+// The rows of the Files page, their order and the selected row.
 #pragma once
 
 #include <cstddef>
@@ -13,11 +13,10 @@
 
 namespace velvox {
 
-/// "512 B", "1.5 KB" and so on, of 1024 each.
+/// A size as text, such as "512 B" or "1.5 KB", in units of 1024.
 std::string sizeText(std::uint64_t bytes);
 
-/// The folder that contains a folder; empty, meaning the drives, above the root of a
-/// drive.
+/// The parent of a folder. Empty for the root of a drive, where the list of drives is shown.
 std::string parentFolder(std::string_view folder);
 
 class FileRows {
@@ -25,11 +24,12 @@ class FileRows {
     using Items = clsFastCollection<tsListItem>;
     enum class Column { Name, Size };
 
-    /// Shows new items, the first selected. A parent's row comes before all others, folders before
-    /// files.
+    /// Replaces all rows and selects the first one. The parent's row comes first, then folders,
+    /// then files.
     void show(Items parent, Items folders, Items files);
 
-    /// Reverses the order when it is sorted by the column already. The selection stays.
+    /// Sorts by a column, or reverses the order if the rows are sorted by it already. The selected
+    /// item stays selected.
     void sortBy(Column column);
     Column column() const noexcept { return column_; }
     SortOrder order() const noexcept { return order_; }
@@ -38,14 +38,16 @@ class FileRows {
     tsListItem& row(std::size_t index) { return *rows_.at(index); }
     bool isFolder(std::size_t index) const noexcept { return index < folderRows_; }
 
-    /// The selected row; 0 without rows.
+    /// Index of the selected row; 0 without rows.
     std::size_t selected() const noexcept { return selected_; }
 
-    /// The row next to a wanted one. Returns whether there is any.
+    /// Selects the row nearest to an index, or the row with a key. Returns whether there is such a
+    /// row.
     bool select(std::ptrdiff_t index);
     bool select(std::string_view key);
 
-    /// Moves the selection where a key (see `ScrollKeys`) does so, by `pageRows` for a page.
+    /// Handles a key that moves the selection (see `ScrollKeys`). `pageRows` is the distance for
+    /// Page Up and Page Down.
     bool key(std::int16_t code, std::ptrdiff_t pageRows);
 
  private:

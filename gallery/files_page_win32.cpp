@@ -24,7 +24,7 @@ constexpr struct {
     int icon = 16;
     int gap = 4;
     int sizeColumn = 110;
-    int listWidth = 420;  // below that it scrolls sideways
+    int listWidth = 420;  // a narrower view scrolls horizontally
 } sizes;
 
 enum CommandId : int { ByNameId = 100, BySizeId };
@@ -40,7 +40,7 @@ std::string startFolder() {
     return narrow(path);
 }
 
-/// Larger than drawn, for a smooth picture at any resolution.
+/// The large icon, which is drawn smaller so that it is smooth at any resolution.
 PicturePtr iconOf(std::string_view path) {
     return std::make_shared<IconPicture>(clsFile::GetIcon(path, clsFile::IconSize::Large));
 }
@@ -84,7 +84,7 @@ std::optional<LRESULT> FileListWindow::onMessage(UINT message, WPARAM wParam, LP
             press(lParam);
             if (Open) Open();
             return 0;
-        case WM_GETDLGCODE:  // Enter is otherwise the dialog's
+        case WM_GETDLGCODE:  // otherwise the dialog handles Enter
             return DLGC_WANTARROWS | (wParam == VK_RETURN ? DLGC_WANTMESSAGE : 0);
         case WM_KEYDOWN: return onKey(wParam);
         default: return std::nullopt;
@@ -136,7 +136,7 @@ void FileListWindow::paintRow(HDC dc, const RECT& at, std::size_t index) {
         FillRect(dc, &at, GetSysColorBrush(hasFocus ? COLOR_HIGHLIGHT : COLOR_BTNFACE));
         SetTextColor(dc, GetSysColor(hasFocus ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
     }
-    // Only what is seen gets its icon: asking for one takes a moment.
+    // Only visible rows get an icon, because loading an icon takes long.
     if (!item.icon)
         item.icon =
             std::make_shared<IconPicture>(clsFile::GetIcon(item.key, clsFile::IconSize::Small));
@@ -177,7 +177,7 @@ void FilesPage::create(HWND parent) {
                          .bounds = layout.byName,
                          .parent = handle(),
                          .id = ByNameId};
-    // Tahoma lacks triangles on some systems.
+    // The headers are in Arial, because Tahoma lacks triangles on some systems.
     Font triangles;
     triangles.name = "Arial";
     byName_.create(header, triangles);
@@ -213,7 +213,7 @@ void FilesPage::open(std::string folder, std::string selected) {
         container_.scrollTo({0, 0});
         list_->refresh();
     } catch (const RuntimeFailure& failure) {
-        // The previous folder stays.
+        // The previous folder stays open.
         status_ = failure.what();
     }
     InvalidateRect(handle(), nullptr, FALSE);

@@ -1,4 +1,4 @@
-// The page of files: drives, folders and files in a scroll container, sorted by a click.
+// The Files page: drives, folders and files in a scroll container, sorted by a click.
 #pragma once
 
 #include <functional>
@@ -13,18 +13,19 @@
 
 namespace velvox {
 
-/// The list itself, which draws the rows that are seen.
+/// The list of rows, of which it draws the visible ones.
 class FileListWindow : public Window {
  public:
-    /// The content of `container`, for the rows of `rows`; both must outlive it.
+    /// Creates the content of `container`, which shows `rows`. Both must outlive the window.
     FileListWindow(tsScrollContainer& container, FileRows& rows);
     ~FileListWindow() override { destroy(); }
 
-    /// After other rows, another order or another selection.
+    /// Redraws the list and shows the selected row. Called after a change of rows, order or
+    /// selection.
     void refresh();
 
-    std::function<void()> Open;  ///< the selected row
-    std::function<void()> Up;    ///< to the parent
+    std::function<void()> Open;  ///< raised to open the selected row
+    std::function<void()> Up;    ///< raised to open the parent folder
 
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -56,7 +57,7 @@ class FilesPage : public Page, private Window {
     void paint(HDC dc);
 
     FileRows rows_;
-    std::string folder_;  // empty for the drives
+    std::string folder_;  // empty for the list of drives
     std::string status_;
     OwnedFont font_;
     tsScrollContainer container_;

@@ -1,6 +1,6 @@
-// velvox-gallery: every control of the program in every state, live and as pictures:
-//   velvox-gallery                                 the window
-//   velvox-gallery --page N [--write FILE.bmp]     opens at page N, or writes it and ends
+// velvox-gallery: every control of the program in every state, live and as pictures.
+//   velvox-gallery                                 shows the window
+//   velvox-gallery --page N [--write FILE.bmp]     shows page N, or only writes it to FILE.bmp
 #include <windows.h>
 
 #include <shellapi.h>
@@ -43,7 +43,7 @@ class PageList : public SystemControl {
     OwnedFont font_;
 };
 
-// The container of one page; each page gets a new one.
+// The parent window of one page. Each page gets a new one.
 class PageHost : public Window {
  public:
     explicit PageHost(HWND parent) {
@@ -86,7 +86,7 @@ class GalleryWindow : public Window {
         destroy();
     }
 
-    /// Throws RuntimeFailure (InvalidCall) for a number that no page has.
+    /// Shows a page. Throws RuntimeFailure (InvalidCall) if no page has this number.
     void open(std::size_t number) {
         if (number >= pages_.size())
             throw RuntimeFailure(Fault::InvalidCall, "There is no such page");
@@ -140,7 +140,7 @@ int run(int show) {
     const OleScope com;
     const Options options = readOptions();
     if (!options.file.empty())
-        // A script waits for the program: no user is there to close a message box.
+        // A script waits for the program, and no user is there to close a message box.
         setFailureReporter([](std::string_view text) {
             std::fprintf(stderr, "velvox-gallery: %.*s\n", static_cast<int>(text.size()),
                          text.data());

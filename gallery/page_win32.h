@@ -19,7 +19,8 @@ class Page {
 
     virtual std::string_view title() const = 0;
 
-    /// Fills the client area of `parent`, which keeps its size and destroys its children.
+    /// Creates the page in the client area of `parent`, which keeps its size and destroys its child
+    /// windows.
     virtual void create(HWND parent) = 0;
 };
 

@@ -10,7 +10,8 @@
 namespace velvox {
 namespace {
 
-// Children are visited one by one, since not every system hands the request on to them.
+// Prints a window and then each child, because some systems do not pass WM_PRINTCLIENT on to
+// children.
 void print(HWND window, HDC dc, POINT origin) {
     RECT client{};
     GetClientRect(window, &client);
@@ -56,7 +57,7 @@ void writePicture(HWND window, const std::string& path) {
     head.bfType = 0x4D42;  // "BM"
     head.bfOffBits = sizeof head + sizeof info.bmiHeader;
     head.bfSize = head.bfOffBits + size;
-    // A stream of the standard library would add a megabyte to the program.
+    // std::ofstream would add a megabyte to the program.
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(_wfopen(widen(path).c_str(), L"wb"),
                                                                &std::fclose);
     const auto write = [&](const void* data, std::size_t bytes) {

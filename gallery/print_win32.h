@@ -6,8 +6,8 @@
 
 namespace velvox {
 
-/// Writes a BMP file of the client area of a window and of all visible children, painted as they
-/// paint themselves. The window need not be on the screen. Throws RuntimeFailure (Platform).
+/// Writes the client area of a window, with all its visible children, to a BMP file. The window
+/// need not be on the screen. Throws RuntimeFailure (Platform).
 void writePicture(HWND window, const std::string& path);
 
 }  // namespace velvox

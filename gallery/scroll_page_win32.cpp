@@ -91,7 +91,7 @@ LargePicture::LargePicture(HWND parent) {
     constexpr int lastColumn = sizes.pictureWidth / step - 1,
                   lastRow = sizes.pictureHeight / step - 1;
     constexpr struct {
-        int column, row;  // of the grid
+        int column, row;  // cell of the grid
         const wchar_t* text;
     } places[] = {{0, 0, L"Upper left"},
                   {lastColumn, 0, L"Upper right"},
@@ -296,7 +296,7 @@ void ScrollPage::paint(HDC target) {
     Font font;
     font.points = sizes.captionPoints;
     surface_.Font(font);
-    // In the unit of the picture's grid.
+    // Converts screen pixels to the unit of the picture's grid.
     const auto designed = [](LONG pixels) {
         return std::to_string(scaleLength(static_cast<int>(pixels), designDpi, screenDpi()));
     };

@@ -1,5 +1,5 @@
-// The page of the scroll bars: a container shows a part of a large picture, and a list shows what
-// its bars raise.
+// The page of the scroll bars: a container that shows a part of a large picture, and a list of the
+// events that the container's bars raise.
 #pragma once
 
 #include <list>
@@ -13,7 +13,7 @@
 
 namespace velvox {
 
-/// A large picture with buttons on it, some of which are always out of sight.
+/// A large picture with buttons on it. The view can never show all buttons at once.
 class LargePicture : public Window {
  public:
     explicit LargePicture(HWND parent);

@@ -17,7 +17,7 @@ WindowRequest filling(HWND parent, const wchar_t* className) {
 }
 
 Sheet::Sheet(HWND parent) : font_(createFont({})) {
-    // Not every system has a bold Tahoma that looks bold at all sizes.
+    // Bold text is in Arial, because bold Tahoma does not look bold at all sizes on some systems.
     Font bold;
     bold.name = "Arial";
     bold.bold = true;
@@ -52,7 +52,7 @@ isButton& Sheet::add(const Bounds& at, const ControlDesign& design) {
 
 isButton& Sheet::add(isButton& button, const Bounds& at, const PropertyBag& stored,
                      const ButtonAmbient& ambient) {
-    // The size comes after the stored values, as when a form loads.
+    // The button is moved after its stored properties are read, as when a form loads.
     button.ReadProperties(stored, ambient);
     button.Move(inTwips(at));
     return button;

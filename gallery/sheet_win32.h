@@ -1,5 +1,5 @@
-// A window that fills a gallery page: captions and still pictures of buttons painted on it, live
-// buttons as children.
+// A window that fills a gallery page. It paints captions and still pictures of buttons; live
+// buttons are its child windows.
 #pragma once
 
 #include <list>
@@ -21,25 +21,25 @@ constexpr Bounds inTwips(const Bounds& designPixels) {
             designPixels.width * designTwipsPerPixel, designPixels.height * designTwipsPerPixel};
 }
 
-/// A window that fills the client area of its parent.
+/// Describes a child window that fills the client area of `parent`.
 WindowRequest filling(HWND parent, const wchar_t* className);
 
-/// Bounds are in design pixels, of which 96 make an inch; the sheet scales them to the screen.
+/// Bounds are in pixels of a 96 dpi screen; the sheet scales them to the actual screen.
 class Sheet : public Window {
  public:
     explicit Sheet(HWND parent);
     ~Sheet() override;
 
-    /// Height 0 is one line.
+    /// Adds a text. Height 0 means one line.
     void write(const Bounds& at, std::string_view text, bool bold = false, bool centred = false);
 
-    /// A still picture. `cue` draws the focus as after a key press.
+    /// Adds a still picture of a button. `cue` draws the focus as after a key press.
     void draw(const Bounds& at, const ButtonLook& look, bool cue = false);
 
-    /// A live button with its stored properties; `show` makes its window.
+    /// Adds a live button with stored properties. Its window is created by `show`.
     isButton& add(const Bounds& at, std::string_view name, const PropertyBag& stored = {},
                   const ButtonAmbient& ambient = {});
-    /// A button of the main window, in the colours that its skin gives it.
+    /// Adds a button of the main window in the colours of the main window's skin.
     isButton& add(const Bounds& at, const ControlDesign& design);
     void show(isButton& button);
 

@@ -16,7 +16,7 @@ namespace {
 constexpr struct {
     int margin = 12;
     int captionHeight = 20;
-    int padding = 10;  // from a card's edge to what is drawn in it
+    int padding = 10;  // between a card's edge and its drawing
     int columns = 3;
     int rows = 3;
     double captionPoints = 11;
@@ -38,7 +38,7 @@ int height(const RECT& r) {
     return r.bottom - r.top;
 }
 
-/// Part `index` of `count` equal parts of a length, with gaps between them.
+/// Start of part `index` of `count` equal parts of a length, with a gap after each part.
 int partStart(int start, int length, int gap, int count, int index) {
     return start + (length + gap) * index / count;
 }
@@ -181,7 +181,7 @@ void drawText(clsVirtualDC& on, RECT area) {
     on.BackMode(TRANSPARENT);
 }
 
-/// A small scene of its own surface, to be copied as a picture.
+/// A copy of a small scene, which is drawn on a separate surface.
 PicturePtr scene(int sceneWidth, int sceneHeight) {
     clsVirtualDC on;
     on.CreateMyDC(sceneWidth, sceneHeight);
@@ -194,7 +194,7 @@ PicturePtr scene(int sceneWidth, int sceneHeight) {
     on.DrawEllipse(sceneWidth / 2 - sun, horizon - sun, sceneWidth / 2 + sun, horizon + sun);
     on.DrawGradient(teal, ink, 0, horizon, sceneWidth, sceneHeight - horizon, 0);
     const PicturePtr copy = on.Picture();
-    // Later drawing must not show in the copy.
+    // Drawing on the surface must not change the copy any more.
     on.FillArea({0, 0, sceneWidth, sceneHeight}, crimson);
     return copy;
 }
@@ -205,7 +205,7 @@ void drawPictures(clsVirtualDC& on, RECT area) {
     on.DrawImageToVirtualDC(picture, large.left, large.top);
     const RECT pieces = column(area, scaled(8), 2, 1);
     for (int i = 0; i < 4; ++i) {
-        // The four quarters, drawn separately.
+        // The four quarters of the picture are drawn separately.
         const RECT to = row(column(pieces, scaled(8), 2, i % 2), scaled(8), 2, i / 2);
         on.DrawImageToVirtualDC(picture, to.left, to.top, width(to), height(to),
                                 i % 2 * (width(large) - width(to)),
@@ -220,7 +220,7 @@ void drawInversion(clsVirtualDC& on, RECT area) {
     for (int y = 0; y < rows; ++y)
         for (int x = y % 2; x < columns; x += 2)
             on.InvertArea(row(column(area, 0, columns, x), 0, rows, y));
-    // Inverted a second time: the gradient is back as it was.
+    // The right cell in the outline is inverted a second time, which restores the gradient.
     const RECT middle = row(column(area, 0, columns, 3), 0, rows, 2);
     const RECT twice{middle.left, middle.top, middle.left + 2 * width(middle), middle.bottom};
     on.InvertArea(row(column(area, 0, columns, 4), 0, rows, 2));

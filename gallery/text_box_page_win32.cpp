@@ -8,7 +8,7 @@
 namespace velvox {
 namespace {
 
-/// Pixels of a 96 dpi screen.
+/// Lengths in pixels of a 96 dpi screen.
 constexpr int left = 14, top = 14, nameWidth = 96, boxLeft = left + nameWidth, boxWidth = 130;
 constexpr int boxHeight = 25, rowStep = 32, textDrop = 6, noteLeft = boxLeft + boxWidth + 12;
 constexpr int eventsLeft = 540;
@@ -71,7 +71,7 @@ XPTextBox& TextBoxPage::add(const Bounds& at, std::string_view name, std::string
     XPTextBox& box = boxes_.emplace_back(name, twipsPerInch / screenDpi());
     box.Move(inTwips(at));
     box.Text(text);
-    // Its background is white in every scheme.
+    // The text is black, because the box's background is white in every scheme.
     box.ForeColor(rgb(0, 0, 0));
     return box;
 }

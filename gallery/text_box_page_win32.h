@@ -1,4 +1,5 @@
-// The page of the text box: every property on a box of its own, and the events that they raise.
+// The page of the text box: one box for each property, and a list of the events that the boxes
+// raise.
 #pragma once
 
 #include <list>
