@@ -4,8 +4,8 @@
 
 namespace velvox {
 
-/// Runs the program until its window is closed; returns the process's exit code. `limits` is what
-/// one page fetch may use.
+/// Runs the program until its window is closed; returns the process's exit code. `limits` apply to
+/// each page fetch and each navigation of the preview.
 int runVelvox(const TransferLimits& limits);
 
 }  // namespace velvox

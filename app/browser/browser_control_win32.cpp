@@ -5,11 +5,12 @@
 namespace velvox {
 namespace {
 
-// No import library has this one.
+// CLSID_HTMLDocument, which no import library defines.
 constexpr CLSID htmlDocument = {
     0x25336920, 0x03F9, 0x11CF, {0x8F, 0xD0, 0x00, 0xAA, 0x00, 0x68, 0x6F, 0x13}};
 
-// CoGetClassObject succeeds even without an engine; only creating a document shows it.
+// Throws if the system has no HTML engine. Only creating a document shows that, because
+// CoGetClassObject succeeds even without an engine.
 void requireHtmlEngine() {
     ComPtr<IUnknown> document;
     requireSuccess(CoCreateInstance(htmlDocument, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
@@ -56,7 +57,7 @@ void BrowserControl::embed(HWND window) {
                    "IConnectionPointContainer::FindConnectionPoint");
     requireSuccess(connection_->Advise(events_.get(), &cookie_), "IConnectionPoint::Advise");
 
-    // A preview shows no dialogs and takes no dropped files.
+    // The preview must not open dialogs or accept dropped files.
     browser_->put_Silent(VARIANT_TRUE);
     browser_->put_RegisterAsDropTarget(VARIANT_FALSE);
 
@@ -86,7 +87,8 @@ void BrowserControl::release() noexcept {
 void BrowserControl::navigate(std::string_view address) {
     const Bstr url = makeBstr(widen(address));
     VARIANT none{};
-    // Should it let messages through, one of them may destroy this object.
+    // Keeps the control alive: Navigate may dispatch messages, and one of them may destroy this
+    // object.
     const auto browser = share(browser_.get());
     requireSuccess(browser->Navigate(url.get(), &none, &none, &none, &none),
                    "IWebBrowser2::Navigate");

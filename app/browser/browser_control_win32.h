@@ -12,17 +12,17 @@
 
 namespace velvox {
 
-/// The system's web browser control, embedded in a window for the length of this object's life.
+/// The system's web browser control, embedded in a window while this object exists.
 class BrowserControl {
  public:
-    /// Creates it hidden. Its events go to the tracker, and `changed` is called after each. Throws
-    /// RuntimeFailure (Platform) where the system has no such control or no HTML engine for it.
+    /// Creates the control hidden. Its events go to `tracker`, and `changed` is called after each
+    /// event. Throws RuntimeFailure (Platform) if the system lacks the control or an HTML engine.
     BrowserControl(HWND window, NavigationTracker& tracker, std::function<void()> changed);
     BrowserControl(const BrowserControl&) = delete;
     BrowserControl& operator=(const BrowserControl&) = delete;
     ~BrowserControl();
 
-    /// Throws RuntimeFailure (Platform) when the navigation cannot be started.
+    /// Throws RuntimeFailure (Platform) if the navigation cannot be started.
     void navigate(std::string_view address);
 
     /// Moves the control to a rectangle of the window, in pixels.
@@ -39,7 +39,7 @@ class BrowserControl {
     ComPtr<IWebBrowser2> browser_;
     ComPtr<IConnectionPoint> connection_;
     DWORD cookie_ = 0;
-    HWND window_ = nullptr;  // the control's own, borrowed
+    HWND window_ = nullptr;  // the control's window, borrowed
 };
 
 }  // namespace velvox

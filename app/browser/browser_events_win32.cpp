@@ -1,4 +1,3 @@
-// Event arguments are passed in reverse order.
 #include "app/browser/browser_events_win32.h"
 
 #include <exdisp.h>
@@ -9,7 +8,8 @@
 namespace velvox {
 namespace {
 
-// The argument at a position counted from the front, or an empty one.
+// The argument at a position in the order of declaration, or an empty VARIANT. DISPPARAMS holds the
+// arguments in reverse order.
 const VARIANT& argument(const DISPPARAMS& parameters, UINT position) {
     static const VARIANT none{};
     if (position >= parameters.cArgs) return none;

@@ -1,4 +1,3 @@
-// The events of the system's web browser control.
 #pragma once
 
 #include <functional>
@@ -8,14 +7,14 @@
 
 namespace velvox {
 
-/// Unpacks the control's events and hands them to the tracker; `changed` is called after each. It
-/// runs inside the control, which must not be destroyed by it.
+/// Receives the events of the system's web browser control, passes them to the tracker and calls
+/// `changed` after each. `changed` runs inside the control, so it must not destroy the control.
 class BrowserEvents final : public ComDispatch<> {
  public:
     BrowserEvents(IUnknown* control, NavigationTracker& tracker, std::function<void()> changed)
         : control_(control), tracker_(&tracker), changed_(std::move(changed)) {}
 
-    /// Later events are ignored.
+    /// Ignores all later events.
     void disconnect() noexcept { tracker_ = nullptr; }
 
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
@@ -26,7 +25,7 @@ class BrowserEvents final : public ComDispatch<> {
     void dispatch(DISPID id, const DISPPARAMS& parameters);
     bool isTop(const VARIANT& frame) const noexcept;
 
-    IUnknown* control_;  // borrowed: its identity distinguishes the top document from a frame
+    IUnknown* control_;  // borrowed; its identity distinguishes the top document from a frame
     NavigationTracker* tracker_;
     std::function<void()> changed_;
 };

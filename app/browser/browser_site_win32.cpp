@@ -3,7 +3,7 @@
 namespace velvox {
 namespace {
 
-// From mshtmdid.h and mshtmhst.h, which would bring a hundred thousand lines of declarations.
+// Copied from mshtmdid.h and mshtmhst.h, which would add a hundred thousand lines of declarations.
 constexpr DISPID ambientDownloadControl = -5512;
 constexpr long showImages = 0x10;
 constexpr long showVideos = 0x20;
@@ -18,7 +18,7 @@ HRESULT returnWindow(HWND window, HWND* result) {
     return S_OK;
 }
 
-/// The container's frame window as the control sees it.
+/// Represents the container's frame window to the control. The frame has no menus and no tool bars.
 class BrowserFrame final : public ComObject<IOleInPlaceFrame> {
  public:
     explicit BrowserFrame(HWND window) : window_(window) {}
@@ -89,7 +89,7 @@ class BrowserSite final : public ComDispatch<IOleClientSite, IOleInPlaceSite> {
     STDMETHODIMP DeactivateAndUndo() override { return S_OK; }
     STDMETHODIMP OnPosRectChange(LPCRECT) override { return S_OK; }
 
-    // Ambient properties.
+    // Returns ambient properties of the container.
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                         UINT*) override {
         if (id != ambientDownloadControl || !result) return DISP_E_MEMBERNOTFOUND;

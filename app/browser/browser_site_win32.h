@@ -4,8 +4,9 @@
 
 namespace velvox {
 
-/// What the system's web browser control asks of the window that embeds it: the control may fill
-/// the window, has no menus and tool bars, and installs nothing.
+/// Creates the container object of the system's web browser control for the window that embeds the
+/// control. The control may fill the window, gets no menus or tool bars, and must not install
+/// anything.
 ComPtr<IOleClientSite> createBrowserSite(HWND window);
 
 }  // namespace velvox

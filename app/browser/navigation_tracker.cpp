@@ -13,7 +13,7 @@ constexpr std::uint32_t lastHttpStatus = 599;
 
 constexpr int maxReloads = 10;
 
-/// Whether the preview follows an address: http, https, and the blank page.
+/// Whether the preview may load an address: http, https or the blank page.
 bool isBrowsable(std::string_view address) {
     return isWebAddress(address) || ascii::equalIgnoringCase(address, blankAddress);
 }
@@ -102,8 +102,8 @@ bool NavigationTracker::beforeNavigate(bool top, std::string_view address) {
         return true;
     }
     if (view_ != View::Loading && !viewIsShown()) return false;
-    // A jump to a fragment of the page, or a reload of it, is no new navigation. Reloads are
-    // limited: a page could go on with them without end.
+    // A jump to a fragment of the page and a reload of the page are no new navigation. Reloads are
+    // limited, because a page could reload itself without end.
     if (withoutFragment(address) == withoutFragment(viewAddress_))
         return address != viewAddress_ || ++reloads_ <= maxReloads;
     if (isBrowsable(address)) ownNavigation_ = address;
@@ -121,7 +121,7 @@ void NavigationTracker::documentComplete(bool top) noexcept {
 }
 
 bool NavigationTracker::navigateError(bool top, std::uint32_t status) noexcept {
-    // The server's own error page follows and is a document like any other.
+    // The server's own error page follows. It is shown like any other document.
     if (status >= firstHttpStatus && status <= lastHttpStatus) return true;
     if (top && view_ == View::Loading) view_ = View::Failed;
     return false;

@@ -1,4 +1,3 @@
-// Which transfers and which events of the browser control count as arrivals at a document.
 #pragma once
 
 #include <cstdint>
@@ -12,79 +11,83 @@ namespace velvox {
 
 inline constexpr std::string_view blankAddress = "about:blank";
 
-/// The state of the preview's navigation. A navigation is resolved by a transfer; where that ends
-/// is the arrival. Only after the arrival has been announced may a browser control show the
-/// document: a view, whose success or failure changes nothing about the arrival. When the view
-/// sets out for another document by itself (a link, a script), that is a new navigation.
+/// Tracks the navigation of the preview. A transfer resolves the requested address, and the address
+/// of its final reply is where the navigation arrives. After the arrival has been announced, a
+/// browser control (the "view") may show the document; its success or failure changes nothing about
+/// the arrival. If the view tries to load another document by itself (a link, a script), a new
+/// navigation to that address replaces the attempt.
 ///
-/// "Top" is the control's own document, as opposed to one of its frames.
+/// "Top" is the document of the control itself, as opposed to the document of a frame.
 class NavigationTracker {
  public:
-    /// A new navigation, which supersedes any other. Returns its generation number: results that
-    /// carry an older one are ignored.
+    /// Starts a navigation, which replaces any other. Returns its generation number: results with
+    /// an older number are ignored.
     unsigned start(std::string_view address);
 
-    /// Whether the result of that navigation's transfer is still wanted.
+    /// Whether the transfer of navigation `number` is still awaited.
     bool awaits(unsigned number) const noexcept;
 
-    /// The transfer of navigation `number` has received the header of the final reply, after any
-    /// redirects.
+    /// Called when the transfer of navigation `number` has received the header of the final reply,
+    /// after any redirects.
     void arrived(unsigned number, std::string address, DocumentInfo document);
     void failed(unsigned number, std::string reason);
 
-    /// True once for each document that has arrived: DocumentComplete is to be raised.
+    /// Returns true once for each document that has arrived. The caller then raises
+    /// DocumentComplete.
     [[nodiscard]] bool takeAnnouncement() noexcept;
 
-    /// Where the view wants to go by itself, once: to be navigated to.
+    /// Returns, once, the address that the view has tried to load by itself. The caller navigates
+    /// to it.
     [[nodiscard]] std::optional<std::string> takeOwnNavigation() noexcept;
 
-    /// The run is over: without a navigation there is no preview until the next one.
+    /// Called when a run has ended. If the run has not navigated, there is no preview until the
+    /// next navigation.
     void runEnded() noexcept { runEnded_ = true; }
 
-    /// Whether a transfer or the view has yet to show a result.
+    /// Whether the transfer or the view has not yet shown a result.
     bool waiting() const noexcept;
 
-    /// Whether a transfer or the view is still at work: a view that shows its document may go on
-    /// loading it without end.
+    /// Whether the transfer or the view is still loading. A view that already shows its document
+    /// may go on loading it without end.
     bool busy() const noexcept;
 
-    /// The address arrived at; empty before.
+    /// The address at which the navigation has arrived; empty before the arrival.
     const std::string& location() const noexcept { return location_; }
 
-    /// What the panel shows where no view covers it.
+    /// What the panel shows while no view covers it.
     PreviewContent content() const;
 
-    // The view.
+    // The view: a browser control that shows the document.
 
-    /// Whether a control is to be created for the document and asked to show it, once there is
-    /// nothing left to announce.
+    /// Whether to create a view for the document. To be asked once all arrivals have been
+    /// announced.
     bool wantsView() const noexcept;
     void viewOpened();
-    /// It could not be opened or has not shown anything in time.
+    /// Called when the view could not be opened or has not shown anything in time.
     void viewFailed() noexcept;
     bool viewIsShown() const noexcept { return view_ == View::Shown || view_ == View::Finished; }
     bool viewHasFailed() const noexcept { return view_ == View::Failed; }
 
-    // Events of the control that is the view. A result of false cancels what it was about to do.
+    // Events of the view's control. Returning false cancels the navigation or download in question.
 
     bool beforeNavigate(bool top, std::string_view address);
     void navigateComplete(bool top) noexcept;
-    /// A frame's document is an arrival too.
+    /// The document of a frame counts as an arrival too.
     void documentComplete(bool top) noexcept;
     /// A navigation failed with an HTTP status or an HRESULT. Cancelling keeps the control from
-    /// putting a page of its own in the document's place.
+    /// replacing the document by an error page of its own.
     bool navigateError(bool top, std::uint32_t status) noexcept;
-    /// The control wants to download a file instead of showing it.
+    /// The control is about to download a file. `isDocument` means that it will show the file.
     bool fileDownload(bool isDocument) noexcept;
 
  private:
     enum class State { Idle, Loading, Arrived, Failed };
     enum class View {
         None,
-        Opened,   ///< asked to show the document; has not begun
-        Loading,  ///< has begun
+        Opened,   ///< has been asked to show the document
+        Loading,  ///< has started to load the document
         Shown,
-        Finished,  ///< shows all of it
+        Finished,  ///< has loaded the whole document
         Failed,
     };
 
@@ -97,8 +100,8 @@ class NavigationTracker {
     std::string location_;
     std::string reason_;
     DocumentInfo document_;
-    std::string viewAddress_;  ///< as the control writes it
-    int reloads_ = 0;          ///< that the view has begun by itself
+    std::string viewAddress_;  ///< address of the document as the control reports it
+    int reloads_ = 0;          ///< number of reloads that the view has started by itself
     std::optional<std::string> ownNavigation_;
 };
 

@@ -8,26 +8,26 @@
 
 namespace velvox {
 
-/// What the preview area shows in place of a rendered page.
+/// What the preview area shows instead of a rendered page.
 struct PreviewContent {
     enum class Kind {
         Blank,
-        NoPreview,  ///< nothing was navigated to in a run
+        NoPreview,  ///< the run has not navigated
         Loading,
-        NotRendered,  ///< a page that no view shows
-        Unviewable,   ///< a document of a type that no preview shows
+        NotRendered,  ///< a page that could be rendered, but no view shows it
+        Unviewable,   ///< a document of a type that cannot be rendered
         Unreachable,
     };
 
     Kind kind = Kind::Blank;
     std::string address = {};
     DocumentInfo document = {};
-    std::string reason = {};  ///< why an address is unreachable
+    std::string reason = {};  ///< why the address could not be loaded
 
     bool operator==(const PreviewContent&) const = default;
 };
 
-/// Whether an HTML engine shows documents of a media type: pages, texts and pictures.
+/// Whether an HTML engine can render documents of a media type: pages, texts and pictures.
 bool isRenderable(const std::string& type);
 
 /// "1,234 bytes", or "" for an unknown size.

@@ -10,7 +10,7 @@
 namespace velvox {
 namespace {
 
-// Twips.
+// Lengths in twips.
 struct Sizes {
     int margin = 120;
     int labelWidth = 720;
@@ -24,14 +24,15 @@ COLORREF valueColour() {
     return GetSysColor(COLOR_WINDOWTEXT);
 }
 
-// The system's own grey for text is too light to be read on its window colour.
+// The system's grey text colour is too light to be read on the system's window colour.
 COLORREF labelColour() {
     if (highContrast()) return valueColour();
     const auto background = static_cast<Rgb>(GetSysColor(backgroundColour));
     return static_cast<COLORREF>(legible(palette::quietText, background, textContrast));
 }
 
-// More than any panel holds; keeps measuring short whatever a server redirects to.
+// Longer than any panel can show. Limits the time for measuring, however long a redirect's address
+// is.
 constexpr std::size_t maxAddressLength = 4096;
 
 constexpr UINT wrapped = DT_NOPREFIX | DT_WORDBREAK;
@@ -51,9 +52,9 @@ std::size_t fitting(HDC dc, std::wstring_view text, int width) {
     return static_cast<std::size_t>(count);
 }
 
-// The text in lines of a width, broken between any two characters: addresses have no blanks, and
-// what a drawing call takes for words in them differs between systems. An ellipsis ends the last
-// line when there is more.
+// Breaks a text into lines of `width` pixels, between any two characters: addresses have no blanks,
+// and systems differ in where DrawText breaks them. If text remains, the last line ends in an
+// ellipsis.
 std::vector<std::wstring> breakIntoLines(HDC dc, std::wstring_view text, int width,
                                          std::size_t maxLines) {
     std::vector<std::wstring> lines;
@@ -108,7 +109,7 @@ class Painter {
         draw(wide, bounds_, labelColour(), wrapped | DT_CENTER);
     }
 
-    /// Lines that a short value takes, two at most.
+    /// Number of lines that a short value needs, two at most.
     int linesOf(const std::string& value) const {
         const int width = bounds_.right - bounds_.left - toPixels(sizes.labelWidth);
         return static_cast<int>(breakIntoLines(dc_, widen(value), width, 2).size());

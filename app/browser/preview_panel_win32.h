@@ -7,7 +7,8 @@
 
 namespace velvox {
 
-/// Paints the address of a document, its type and its size.
+/// Paints the preview area while no page is rendered: address, type and size of a document, or a
+/// note.
 class PreviewPanel {
  public:
     void paint(HDC dc, const RECT& bounds, const PreviewContent& content) const;

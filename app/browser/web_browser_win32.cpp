@@ -13,7 +13,7 @@ constexpr UINT changedMessage = WM_APP + 2;
 
 constexpr UINT_PTR patienceTimer = 1;
 
-constexpr int framePixels = 1;  // as the result pane beside it
+constexpr int framePixels = 1;  // same width as the frame of the result pane
 
 }  // namespace
 
@@ -69,8 +69,8 @@ void WebBrowserWindow::advance(unsigned number) {
     changed();
 }
 
-// Also called from inside the control, so everything that a change leads to is done from the
-// message loop. Each document that arrives has a message of its own.
+// Only posts a message, because this is also called from inside the control. Each document that
+// arrives posts its own message.
 void WebBrowserWindow::changed() noexcept {
     PostMessageW(handle(), changedMessage, 0, 0);
 }
@@ -79,8 +79,8 @@ void WebBrowserWindow::refresh() {
     if (!tracker_.busy()) KillTimer(handle(), patienceTimer);
     InvalidateRect(handle(), nullptr, FALSE);
     if (tracker_.takeAnnouncement()) {
-        // The view comes after the link. The handler may destroy this object and with it the
-        // function that is running.
+        // The handler shows the link; the next message opens the view. A copy of the handler is
+        // called, because the handler may destroy this object.
         changed();
         const auto handler = DocumentComplete;
         if (handler) handler();
@@ -97,12 +97,12 @@ void WebBrowserWindow::openView() {
     const unsigned number = number_;
     try {
         auto control = std::make_unique<BrowserControl>(handle(), tracker_, [this] { changed(); });
-        if (number != number_) return;  // its creation let messages through: it is not wanted now
+        if (number != number_) return;  // messages during its creation began another navigation
         control_ = std::move(control);
         control_->navigate(tracker_.location());
         SetTimer(handle(), patienceTimer, static_cast<UINT>(limits_.time.count()), nullptr);
     } catch (const RuntimeFailure&) {
-        // The document has arrived all the same; the panel says what it is.
+        // The document has still arrived, and the panel shows its address, type and size.
         if (number == number_) tracker_.viewFailed();
     }
 }
@@ -148,7 +148,7 @@ std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, 
             return 0;
         }
         case WM_NCCALCSIZE:
-            // Either form of the argument starts with the rectangle.
+            // Whatever wParam is, the structure at lParam starts with the rectangle.
             InflateRect(reinterpret_cast<RECT*>(lParam), -framePixels, -framePixels);
             return 0;
         case WM_NCPAINT: paintFrame(); return 0;

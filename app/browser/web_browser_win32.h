@@ -10,30 +10,31 @@
 
 namespace velvox {
 
-/// The preview browser. It resolves an address with a transfer of its own, which ends at the header
-/// of the last reply: that is the arrival. Then, where the system has an HTML engine and the
-/// document is of a type that it renders, the system's web browser control shows it; otherwise a
-/// panel shows its address, type and size.
+/// The preview browser. It resolves an address with a transfer that ends at the header of the final
+/// reply: this is the arrival. The system's web browser control then shows the document if the
+/// system has an HTML engine that renders its type. Otherwise a panel shows the document's address,
+/// type and size.
 ///
 /// `DocumentComplete` is raised from the message loop, never from inside `Navigate`. Its handler
 /// may throw, navigate again, or destroy this window.
 class WebBrowserWindow : public Window, public WebBrowser {
  public:
-    /// A child window at a place in pixels. `session` outlives it; `limits.time` is what a
-    /// navigation may take. Throws RuntimeFailure (Platform).
+    /// Creates a child window with bounds in pixels. `session` must outlive it. `limits.time` is
+    /// the longest time that a navigation may take. Throws RuntimeFailure (Platform).
     WebBrowserWindow(HWND parent, const RECT& pixels, int id, InternetSession& session,
                      const TransferLimits& limits = {});
     ~WebBrowserWindow() override;
 
     void Navigate(std::string_view address) override;
     std::string LocationURL() const override { return tracker_.location(); }
-    /// It keeps nothing that it could show without the network.
+    /// Always false, because the browser has no content that it can show without the network.
     bool Offline() const override { return false; }
 
-    /// After a run that has not navigated, the panel says that there is no preview.
+    /// Called when a run has ended. If the run has not navigated, the panel says that there is no
+    /// preview.
     void runEnded();
 
-    /// What the panel shows where no page is rendered.
+    /// What the panel shows while no page is rendered.
     PreviewContent content() const { return tracker_.content(); }
 
  protected:
@@ -52,7 +53,7 @@ class WebBrowserWindow : public Window, public WebBrowser {
     InternetSession& session_;
     TransferLimits limits_;
     NavigationTracker tracker_;
-    unsigned number_ = 0;  ///< of the current navigation
+    unsigned number_ = 0;  ///< number of the current navigation
     std::unique_ptr<HttpTransfer> transfer_;
     std::unique_ptr<BrowserControl> control_;
     PreviewPanel panel_;

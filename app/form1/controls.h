@@ -1,4 +1,5 @@
-// The plain controls of the main window: labels, images, lines, boxes, the list and the timers.
+// The simple controls of the main window: labels, images, lines, hidden texts, the list and the
+// timers.
 #pragma once
 
 #include <cstdint>
@@ -37,13 +38,13 @@ class Label : public Control, public MouseEvents {
     Font font_;
 };
 
-/// A picture of the skin, shown as it is or stretched to its place.
+/// A picture of the skin, in its own size or stretched to its bounds.
 class Image : public Control, public MouseEvents {
  public:
     using Control::Control;
 };
 
-/// A decorating line between two points, in twips.
+/// A decorative line between two points, in twips.
 struct Line {
     std::string_view name;
     int x1 = 0;
@@ -57,12 +58,12 @@ class HiddenText {
  public:
     const std::string& Text() const noexcept { return text_; }
     void Text(std::string text);
-    /// The pieces must not be parts of Text().
+    /// `pieces` must not point into Text().
     void append(std::initializer_list<std::string_view> pieces) {
         for (const std::string_view piece : pieces) text_.append(piece);
     }
 
-    /// Called for every assignment (not for append).
+    /// Called after every assignment, but not after append().
     std::function<void()> Change;
 
  private:
@@ -77,14 +78,14 @@ class ComboBox : public Control {
     void AddItem(std::string_view text);
     const std::vector<std::string>& items() const noexcept { return items_; }
 
-    /// -1 while nothing is selected.
+    /// Index of the selected entry, or -1.
     int ListIndex() const noexcept { return index_; }
 
-    /// Selects an entry and raises Click, also when it was selected before. Throws
-    /// InvalidProperty for an index that is no entry.
+    /// Selects an entry, or none for -1, and raises Click even if the selection stays the same.
+    /// Throws InvalidProperty for any other index.
     void ListIndex(int index);
 
-    /// The selected entry, or an empty text.
+    /// Text of the selected entry; empty if none is selected.
     std::string_view Text() const;
 
     std::function<void()> Click;
@@ -94,7 +95,7 @@ class ComboBox : public Control {
     int index_ = -1;
 };
 
-/// Ticks every Interval milliseconds while enabled. Enabling it again starts a new interval.
+/// Ticks every Interval milliseconds while enabled. Enabling a timer again starts a new interval.
 class Timer {
  public:
     explicit Timer(std::string_view name) : name_(name) {}

@@ -1,5 +1,5 @@
-// The Download button: prepares the result area, recognises the pasted address and calls the
-// catcher of every pattern that it contains.
+// The Download button: shows the result area and calls the catcher of every site whose pattern the
+// pasted address contains.
 #include "app/form1/form1.h"
 #include "base/join.h"
 #include "base/text.h"
@@ -20,7 +20,7 @@ void Form1::UniXPButton1_Click() {
     ketqua.Text("");
     bool matched = false;
     for (const Site& site : sites_) {
-        // The box is read again for each test: a catcher may have changed its text.
+        // The address box is read again for each site, because a catcher may have changed its text.
         if (!site.catcher || !text::contains(linkin.Text(), join({site.host, site.path}))) continue;
         (this->*site.catcher)();
         matched = true;

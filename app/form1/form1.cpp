@@ -63,7 +63,8 @@ void Form1::applyDesign() {
         Control& control = this->control(design.name);
         if (auto* button = dynamic_cast<isButton*>(&control)) button->ReadProperties(design.stored);
         if (auto* box = dynamic_cast<XPTextBox*>(&control)) box->ReadProperties(design.stored);
-        // A resize follows the reading of the stored values, as when a form loads.
+        // A form that loads reads the stored properties first and then sets the bounds, which
+        // raises a resize.
         control.Move(design.bounds);
         control.Visible(design.shown != Shown::Result);
     }

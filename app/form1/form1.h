@@ -1,10 +1,10 @@
-// The portable main window: its controls, its handlers and its catchers. A handler is named
-// control_event; each group of handlers has its own source in this folder, each catcher one in
-// catchers/.
+// The portable main window: its controls, its handlers and its catchers. Handlers are named
+// control_event. Each group of handlers has its own source file in this folder, each catcher has
+// one in catchers/.
 //
-// Error handling follows one rule per routine: a catcher has a single trap for its whole body that
-// ends in its red status line, some handlers ignore errors statement by statement, and a handler
-// without a trap lets the failure through to the window, which reports it.
+// Error handling: a catcher has one catch block for its whole body, which shows the catcher's red
+// status line. Some handlers ignore errors statement by statement. The other handlers let
+// exceptions through to the window, which reports them.
 #pragma once
 
 #include <deque>
@@ -31,15 +31,14 @@ class Form1;
 /// A site that the program knows.
 struct Site {
     std::string_view entry;        ///< its text in the site list
-    std::string_view server;       ///< the example's address up to its path
-    std::string_view examplePath;  ///< the rest of the example's address
-    std::string_view host;         ///< an address of the site contains the host,
-    std::string_view path;         ///< directly followed by this
-    void (Form1::*catcher)();      ///< null: neither listed nor downloaded from
+    std::string_view server;       ///< the example address up to its path
+    std::string_view examplePath;  ///< path and query of the example address
+    std::string_view host;         ///< an address belongs to the site if it contains `host`
+    std::string_view path;         ///< directly followed by `path`
+    void (Form1::*catcher)();      ///< null for a site that is not listed and not downloaded from
 };
 
-/// What the main window is given: the system's services and the table of sites. All of it outlives
-/// the form.
+/// Services and data that the main window uses. All of them must outlive the form.
 struct Form1Services {
     TransferControl& transfer;
     ResultPane& resultPane;
@@ -47,7 +46,7 @@ struct Form1Services {
     Desktop& desktop;
     FormFrame& frame;
     const SystemColours& colours;
-    std::span<const Site> sites;  ///< in the order of the list and of Download's tests
+    std::span<const Site> sites;  ///< in the order of the site list and of Download's checks
     int twipsPerPixel = designTwipsPerPixel;
 };
 
@@ -55,7 +54,7 @@ class Form1 : public Control {
  public:
     explicit Form1(const Form1Services& services);
 
-    // Start-up and the small click handlers (start_up.cpp).
+    // Start-up and simple click handlers (start_up.cpp).
     void Form_Load();
     void ds_Click();
     void vd_Click();
@@ -63,9 +62,9 @@ class Form1 : public Control {
     void isButton1_Click();
     void Timer1_Timer();
 
-    /// Replaces the address by a text that was pasted or dropped, even while the box is locked; a
-    /// shown result area closes, so that the address is seen. Does nothing during a run or for a
-    /// text without an address.
+    /// Puts a pasted or dropped address into the address box, even while the box is disabled.
+    /// Closes the result area, so that the user sees the address. Does nothing during a run or if
+    /// `text` has no address.
     void takeAddress(std::string_view text);
 
     // The Download button (download.cpp).
@@ -75,7 +74,7 @@ class Form1 : public Control {
     std::string FetchPage(std::string_view url);
     void ShowStatus(std::string_view html);
 
-    // Links from the addresses at which the browser arrives (catchers/link_handling.cpp).
+    // Cuts links out of addresses at which the browser arrives (catchers/link_handling.cpp).
     void web_DocumentComplete();
 
     // News ticker (news_ticker.cpp).
@@ -84,7 +83,7 @@ class Form1 : public Control {
     void Timer6_Timer();
     void Timer7_Timer();
 
-    // Skinned frame (skinned_frame.cpp). Coordinates are not used: a drag follows the cursor.
+    // Skinned frame (skinned_frame.cpp). `x` and `y` are not used: a drag follows the cursor.
     void Form_MouseDown(MouseButton button, int shift, float x, float y);
     void Form_MouseMove(MouseButton button, int shift, float x, float y);
     void Form_MouseUp(MouseButton button, int shift, float x, float y);
@@ -93,7 +92,7 @@ class Form1 : public Control {
     void isButton2_MouseEnter();
     void isButton2_MouseLeave();
 
-    // Catchers, one source each in catchers/.
+    // Catchers, each in its own source file in catchers/.
     void YoutubeCatcher();
     void GoogleCatcher();
     void ClipVNCatcher();
@@ -102,10 +101,10 @@ class Form1 : public Control {
     void MetaCafe();
     void ComicVuiLen();
 
-    /// A control by its name. Throws InvalidCall for one that the form does not have.
+    /// Finds a control by name. Throws InvalidCall if the form has no such control.
     Control& control(std::string_view name);
 
-    // Controls. Every label of the design is one of `labels`; those that handlers use follow.
+    // Controls. `labels` has all labels; the references name the labels that handlers use.
     std::deque<Label> labels;
     Label& vd;
     Label& Label4;
@@ -134,8 +133,8 @@ class Form1 : public Control {
 
     // State of the form.
     std::string NewsText;
-    std::string NewsPos;  ///< the byte shown first, a whole number; nothing before the first scroll
-    std::string CurrentSite;  ///< written by MetaCafe; nothing reads it
+    std::string NewsPos;      ///< decimal position of the first byte shown; empty until a tick
+    std::string CurrentSite;  ///< set by MetaCafe; never read
     bool Dragging = false;
     bool Moving = false;
 

@@ -31,7 +31,8 @@ LabelText title(std::string_view caption) {
     return {caption, palette::titleText, {.points = 9, .bold = true}};
 }
 
-// What all buttons share. The host stores the keys in lower case.
+// The stored properties that all buttons share. The keys are in lower case, as the host stores
+// them.
 PropertyBag button(std::string_view caption, std::initializer_list<PropertyBag::Entry> more = {}) {
     PropertyBag bag{{"style", 5},
                     {"caption", std::string(caption)},
@@ -58,14 +59,14 @@ PropertyBag closeButton() {
 constexpr std::string_view form = "Form1";
 constexpr std::string_view product = "Velvox " VELVOX_VERSION;
 
-// One grid: captions start at 240, what they name at 1800, and everything ends at 7215.
+// Grid in twips: captions start at 240, the controls that they name at 1800; rows end at 7215.
 const std::vector<ControlDesign>& controls() {
     static const std::vector<ControlDesign> rows = {
         // The client area: 497 x 297 pixels at 96 dots per inch.
         {form, Form, {}, {0, 0, 7455, 4455}},
 
-        // Title bar; Form_Resize stretches skinbar and moves topendskin to the right edge. The quit
-        // button rests in the middle of its height.
+        // Title bar. Form_Resize stretches skinbar and moves topendskin to the right edge. The quit
+        // button is centred vertically.
         {"skinicon", TitlePiece, form, {0, 0, 480, 510}},
         {"skinbar", TitlePiece, form, {480, 0, 6435, 510}},
         {"topendskin", Box, form, {6915, 0, 540, 510}},
@@ -88,8 +89,9 @@ const std::vector<ControlDesign>& controls() {
         {"Picture1", Box, form, {15, 4155, 7425, 285}},
         {"Label4", Strip, "Picture1", {225, 30, 6975, 225}, Always, quiet("")},
 
-        // The result area covers everything between title bar and news while it is shown. The skin
-        // draws its panel 60 twips below its top and 90 before its right and lower edges.
+        // The result area covers everything between the title bar and the news while it is shown.
+        // The skin draws a panel in it, 60 twips below its top and 90 twips inside its right and
+        // bottom edges.
         {"outer", Box, form, {120, 4200, 7305, 3495}, Result},
         {"Label3", Text, "outer", {180, 210, 2400, 240}, Always, heading("Status")},
         {"output", Pane, "outer", {180, 540, 4200, 2685}},
@@ -100,15 +102,15 @@ const std::vector<ControlDesign>& controls() {
     return rows;
 }
 
-// Timer1 blinks the home link; the others drive the news ticker. The poll of
-// 1 ms runs at the shortest period that a window timer has here.
+// Timer1 makes the home page link blink; the others drive the news ticker. Timer4 polls with 1 ms,
+// which WindowTimer raises to its shortest period.
 constexpr TimerDesign timers[] = {
     {"Timer1", 500, true},  {"Timer4", 1, false},     {"Timer5", 100, true},
     {"Timer6", 1000, true}, {"Timer7", 10000, false},
 };
 
-// Etched separators: a dark line over a light one. The dark ones stand on pixels of the form
-// 4n + 3, where the pairs touch at every usual resolution.
+// Etched separators: a dark line above a light one. The dark lines lie on pixels 4n + 3 of the
+// form, where a dark and a light line touch at every usual screen resolution.
 constexpr Line lines[] = {
     {"Line1", 240, 1605, 7215, 1605},  {"Line2", 240, 1620, 7215, 1620},
     {"Line3", 1800, 2385, 7215, 2385}, {"Line4", 1800, 2400, 7215, 2400},

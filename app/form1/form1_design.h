@@ -1,4 +1,4 @@
-// The design of the main window: the one table of its controls, and its timers and lines.
+// The design of the main window: tables of its controls, timers and lines.
 #pragma once
 
 #include <span>
@@ -10,15 +10,15 @@
 
 namespace velvox {
 
-/// What a control is on the screen.
+/// How a control is shown and used.
 enum class ControlKind {
     Form,
     TitlePiece,  ///< a picture that the form draws itself
-    Box,         ///< a container with a background of its own
-    Text,        ///< a label that is only read
-    Link,        ///< a label that is clicked; wraps at its right edge
-    DragHandle,  ///< a label that the window is dragged by
-    Strip,       ///< a label for one line of a longer text
+    Box,         ///< a container with its own background
+    Text,        ///< a label that the user only reads
+    Link,        ///< a label that the user clicks; wraps at its right edge
+    DragHandle,  ///< a label by which the user drags the window
+    Strip,       ///< a label that shows one line of a longer text
     Address,
     Button,
     List,
@@ -30,7 +30,7 @@ constexpr bool isLabel(ControlKind kind) {
     return kind >= ControlKind::Text && kind <= ControlKind::Strip;
 }
 
-/// When a control is visible: the result area covers others while it is shown.
+/// When a control is visible: always, while the result area is hidden, or while it is shown.
 enum class Shown { Always, Covered, Result };
 
 struct LabelText {
@@ -43,10 +43,10 @@ struct ControlDesign {
     std::string_view name;
     ControlKind kind;
     std::string_view parent;
-    Bounds bounds;  ///< twips, in its parent
+    Bounds bounds;  ///< twips, relative to the parent
     Shown shown = Shown::Always;
     LabelText text = {};
-    PropertyBag stored = {};  ///< of a button or the address box
+    PropertyBag stored = {};  ///< stored properties of a button or of the address box
 };
 
 struct TimerDesign {
@@ -55,13 +55,13 @@ struct TimerDesign {
     bool enabled;
 };
 
-/// The number of a control's window.
+/// Identifier of a control's window.
 enum class ControlId : int {};
 
-/// The form first, then its controls: those with the same parent in the order of the tab key.
+/// The form first, then its controls. Controls with the same parent are in tab order.
 std::span<const ControlDesign> controlDesigns();
 
-/// Both throw InvalidCall for a name that is not on the form.
+/// designOf and controlId throw InvalidCall for a name that is not on the form.
 const ControlDesign& designOf(std::string_view name);
 ControlId controlId(std::string_view name);
 

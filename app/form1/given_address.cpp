@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::string_view lineEnds = "\r\n";
 
-// No address is longer, and a text field takes many seconds for megabytes.
+// Every real address is shorter, and a text field takes many seconds for megabytes of text.
 constexpr std::size_t maxAddressBytes = 64 * 1024;
 
 std::string_view takeLine(std::string_view& text) {

@@ -1,4 +1,4 @@
-// Addresses that come by paste or drop, as other programs hand them over.
+// Finds addresses in texts that other programs supply by paste or drop.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 namespace velvox {
 
-/// The address in a text: its first line that is not blank, without blanks around it; empty when
-/// there is none, or when that line is longer than 64 KiB.
+/// The first line of `text` that is not blank, without surrounding blanks. Empty if there is no
+/// such line or if it is longer than 64 KiB.
 std::string givenAddress(std::string_view text);
 
-/// The address in the content of an Internet shortcut (a .url file); empty when it has none.
+/// The address in the content of an Internet shortcut (a .url file); empty if it has none.
 std::string shortcutAddress(std::string_view content);
 
 }  // namespace velvox

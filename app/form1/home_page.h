@@ -4,7 +4,7 @@
 
 namespace velvox {
 
-/// The product's home page, opened by the blinking link; the news file lies beside it.
+/// The product's home page, which the blinking link opens. The news file is in the same folder.
 inline constexpr std::string_view homePage = "http://www.velvox.example/";
 
 }  // namespace velvox

@@ -1,5 +1,5 @@
-// The news strip: Timer6 starts a request, Timer4 polls it, Timer7 waits for the next one (or
-// gives a silent server up), Timer5 scrolls.
+// The news ticker: Timer6 starts a request, Timer4 polls it, and Timer5 scrolls the news. Timer7
+// waits for the next request, or gives up a request that the server does not answer.
 #include "app/form1/form1.h"
 #include "app/form1/home_page.h"
 #include "base/join.h"
@@ -15,8 +15,8 @@ constexpr std::size_t blanksBeforeNews = 145;
 constexpr std::size_t shownCharacters = 150;
 constexpr int complete = 4;
 
-/// Position of the next character: the strip moves by whole characters, however many bytes
-/// they have. Outside the news it is the next position.
+/// Position of the next character. The ticker moves by whole characters, each of which may have
+/// several bytes. Outside the news the result is the next position.
 text::Position nextCharacterPosition(std::string_view news, text::Position place) {
     if (place < 1 || place > text::length(news)) return place + 1;
     return place +
@@ -33,7 +33,7 @@ XmlHttpRequest& Form1::newsRequest() {
 void Form1::Timer6_Timer() {
     Timer6.Enabled(false);
     ignoringErrors([&] { newsRequest().abort(); });
-    // The date makes the address new each time, so that no cache is used.
+    // The date makes each address different, so that no reply comes from a cache.
     ignoringErrors([&] {
         newsRequest().open("get", join({homePage, "news.txt?rnd=", desktop_.dateTimeText()}));
     });
@@ -42,7 +42,7 @@ void Form1::Timer6_Timer() {
     Timer4.Enabled(true);
 }
 
-// A request that fails gives no text at all, which reads like a reply without markers.
+// A failed request gives an empty text, which is handled like a reply without markers.
 void Form1::Timer4_Timer() {
     Timer4.Enabled(false);
     int state = 0;
@@ -60,7 +60,8 @@ void Form1::Timer4_Timer() {
         Label4.Caption("Unknown Error ! While Loading News...");
     } else {
         ignoringErrors([&] {
-            // Markers in the wrong order give a negative length: the previous news stays.
+            // If the markers are in the wrong order, the length is negative: slice throws and the
+            // previous news stays.
             const auto news = text::slice(reply, p + 10, q - p - 10);
             std::string candidate = join({std::string(blanksBeforeNews, ' '), news});
             if (candidate != NewsText) {
@@ -79,8 +80,8 @@ void Form1::Timer7_Timer() {
     Timer4.Enabled(false);
 }
 
-// NewsPos is empty until the first tick has run: the caption and the step fail on it, and a
-// position that is not a number lies after the end.
+// NewsPos is empty before the first tick: setting the caption and moving on then throw. A position
+// that is not a number counts as past the end.
 void Form1::Timer5_Timer() {
     ignoringErrors([&] {
         const auto rest = text::slice(NewsText, text::toNumber(NewsPos), text::length(NewsText));

@@ -9,8 +9,8 @@ class ResultPane {
  public:
     virtual ~ResultPane() = default;
 
-    /// Replaces the whole content and has it painted before returning, since a fetch may block
-    /// the thread next. Takes any bytes; never throws.
+    /// Replaces the whole content and paints it before returning, because a fetch may block the
+    /// thread next. Accepts any bytes; never throws.
     virtual void DocumentHTML(std::string_view html) noexcept = 0;
 };
 

@@ -14,11 +14,12 @@ struct TextOnSurface {
     double contrast;
 };
 
-// Which system text colours the controls use on which surfaces of the skin.
+// System colours that controls use for texts, the skin's surface below each text, and the minimum
+// contrast.
 constexpr TextOnSurface texts[] = {
     {ButtonTextColour, palette::button, textContrast},
     {WindowTextColour, palette::box, textContrast},
-    {GrayTextColour, palette::button, 2},  // disabled: need only be visible
+    {GrayTextColour, palette::button, 2},  // disabled text need only be visible
 };
 
 constexpr struct {

@@ -1,13 +1,12 @@
-// The system's colours as the window's own controls use them.
 #pragma once
 
 #include "base/colour.h"
 
 namespace velvox {
 
-/// The system's colours, or, where its text colours could not be read on the skin's light surfaces
-/// (a dark scheme), those of a plain light scheme. In high contrast no surface is the
-/// skin, so the system's colours are used unchanged.
+/// The system colours for the window's controls. If the system's text colours are not readable on
+/// the light surfaces of the skin (a dark scheme), colours of a plain light scheme replace them. In
+/// high contrast the skin is not drawn, so the system colours are used unchanged.
 class SkinColours : public SystemColours {
  public:
     /// `system` must outlive this object.

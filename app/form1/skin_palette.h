@@ -1,19 +1,20 @@
 // Every colour of the window that the system does not choose. tools/make-art reads this table too,
-// so that pictures and drawn pieces agree: one colour a line, red, green and blue in decimal.
+// so that pictures and drawn pieces match. It needs one colour per line, with red, green and blue
+// in decimal.
 #pragma once
 
 #include "base/colour.h"
 
 namespace velvox::palette {
 
-// Program icon and the mark in the title bar.
+// Program icon, and its symbol in the title bar.
 inline constexpr Rgb tileTop = rgb(63, 135, 153);
 inline constexpr Rgb tileBottom = rgb(34, 86, 106);
 inline constexpr Rgb markLight = rgb(255, 255, 255);
 inline constexpr Rgb markShade = rgb(201, 223, 229);
 inline constexpr Rgb markAccent = rgb(240, 166, 60);
 
-// Title bar. The edge frames the whole window.
+// Title bar. titleEdge is also the colour of the frame around the window.
 inline constexpr Rgb titleEdge = rgb(27, 68, 83);
 inline constexpr Rgb titleShine = rgb(103, 158, 174);
 inline constexpr Rgb titleTop = rgb(60, 125, 143);

@@ -1,11 +1,11 @@
-// The window carries its own title bar of three pictures. It is dragged by them, by the title and
-// by its own background, with the pointer captured from press to release.
+// The window has its own title bar of three pictures. The user drags the window by these pictures,
+// by the title and by the window's background. The mouse is captured from press to release.
 #include "app/form1/form1.h"
 
 namespace velvox {
 namespace {
 
-// Twips. The quit button dips a little while the pointer is over it.
+// Twips. The quit button moves down a little while the pointer is over it.
 constexpr int quitTopHovered = 130;
 constexpr int quitTop = 100;
 constexpr int rightEndMargin = 60;

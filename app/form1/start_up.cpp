@@ -1,4 +1,4 @@
-// What the window does when it loads, the site list, and the small click handlers.
+// Loading of the window, the site list, and the simple click handlers.
 #include "app/form1/form1.h"
 #include "app/form1/given_address.h"
 #include "app/form1/home_page.h"
@@ -21,7 +21,6 @@ void Form1::Form_Load() {
     NewsText = std::string(leadingBlanks, ' ') + "| Loading News....  |";
 }
 
-// The entry of the music albums is compared as well although the list does not have it.
 void Form1::ds_Click() {
     for (const Site& site : sites_)
         if (ds.Text() == site.entry) vd.Caption(join({site.server, site.examplePath}));

@@ -5,13 +5,14 @@
 
 namespace velvox {
 
-/// Fetches whole pages.
+/// Fetches pages over HTTP.
 class TransferControl {
  public:
     virtual ~TransferControl() = default;
 
-    /// The body of the reply to one request for `address`, whatever its status. Returns when the
-    /// whole body is there; throws RuntimeFailure (Transfer) with a plain reason otherwise.
+    /// Requests `address` and returns the body of the reply, whatever its status. Blocks until the
+    /// whole body has arrived. If that fails, throws RuntimeFailure (Transfer) with a readable
+    /// reason.
     virtual std::string OpenURL(std::string_view address) = 0;
 };
 

@@ -5,8 +5,8 @@
 
 namespace velvox {
 
-/// An asynchronous request whose state is polled. Every operation
-/// throws RuntimeFailure (Platform) when the system refuses it.
+/// An asynchronous request whose state is polled. Every operation throws RuntimeFailure (Platform)
+/// if the system refuses it.
 class XmlHttpRequest {
  public:
     virtual ~XmlHttpRequest() = default;
@@ -15,7 +15,7 @@ class XmlHttpRequest {
     virtual void send() = 0;
     virtual void abort() = 0;
 
-    /// 4 once the reply is complete.
+    /// State of the request; 4 means that the reply is complete.
     virtual int readyState() const = 0;
     virtual std::string responseText() const = 0;
 };
