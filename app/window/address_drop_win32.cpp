@@ -10,7 +10,7 @@
 namespace velvox {
 namespace {
 
-// Larger files are not taken for shortcuts.
+// Only the start of a dropped file is read, because Internet shortcuts are small.
 constexpr DWORD maxShortcutBytes = 64 * 1024;
 
 class Medium {
@@ -26,7 +26,7 @@ class Medium {
         if (medium_.tymed != TYMED_NULL) ReleaseStgMedium(&medium_);
     }
 
-    /// Null when the object lacks the format.
+    /// Null if the data object does not have the format.
     HGLOBAL memory() const noexcept {
         return medium_.tymed == TYMED_HGLOBAL ? medium_.hGlobal : nullptr;
     }
@@ -83,7 +83,7 @@ class DropTarget final : public ComObject<IDropTarget> {
  private:
     HRESULT answer(DWORD* effect) const {
         if (!effect) return E_POINTER;
-        // A browser offers a link or a copy; either effect is accepted.
+        // A browser may offer a link or a copy; both effects are accepted.
         const DWORD allowed = *effect & (DROPEFFECT_COPY | DROPEFFECT_LINK);
         const bool taken = hasAddress_ && accepts_();
         *effect = !taken ? DROPEFFECT_NONE : allowed & DROPEFFECT_COPY ? DROPEFFECT_COPY : allowed;

@@ -1,4 +1,3 @@
-// Addresses that are dropped onto the window.
 #pragma once
 
 #include <windows.h>
@@ -11,16 +10,16 @@
 
 namespace velvox {
 
-/// The address in a data object: from a link, an Internet shortcut or a text. Empty when it
-/// has none of them.
+/// The address in a data object, taken from a link, an Internet shortcut or a text. Empty if the
+/// object has none of these.
 std::string droppedText(IDataObject& data);
 
-/// Makes a window take dropped addresses for as long as this object lives. A file that is dropped
+/// Accepts addresses that the user drops onto a window, while this object exists. A dropped file
 /// must be an Internet shortcut.
 class AddressDrop {
  public:
-    /// `accepts` returns whether the window takes an address now, `take` gets what was dropped.
-    /// Needs OLE. Throws RuntimeFailure (Platform).
+    /// `accepts` returns whether the window takes an address at that moment; `take` receives the
+    /// dropped text. OLE must be initialised. Throws RuntimeFailure (Platform).
     AddressDrop(HWND window, std::function<bool()> accepts,
                 std::function<void(std::string_view)> take);
     AddressDrop(const AddressDrop&) = delete;

@@ -6,11 +6,12 @@
 
 namespace velvox {
 
-/// A larger click target below a small button, for clicks that miss it by a little. It
-/// shows its parent's background and takes no focus.
+/// An area around a small button that accepts clicks which just miss the button. It shows its
+/// parent's background and takes no focus.
 class ClickTarget : public Window {
  public:
-    /// `pixels` are the bounds in the parent, below all its other children.
+    /// `pixels` are the bounds in the parent. The area is below the parent's other children in
+    /// z-order.
     ClickTarget(HWND parent, const RECT& pixels, std::function<void()> click);
     ~ClickTarget() override;
 

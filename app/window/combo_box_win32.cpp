@@ -15,7 +15,7 @@ constexpr int droppedRows = 12;
 ComboBoxWindow::ComboBoxWindow(ComboBox& model, HWND parent, int id)
     : model_(model), font_(createFont(Font{})) {
     RECT pixels = toPixels(model.bounds());
-    // The height of a drop-down list's window is that of the list pulled down.
+    // The height of a drop-down list's window includes the open list.
     pixels.bottom += (pixels.bottom - pixels.top) * droppedRows;
     create({.className = L"COMBOBOX",
             .style = WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST |
@@ -45,7 +45,7 @@ void ComboBoxWindow::controlChanged(ControlChange change) {
 }
 
 std::optional<LRESULT> ComboBoxWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    // Wine's class takes F4 for the list even with Alt, which ends the program.
+    // Wine's COMBOBOX class opens the list for Alt+F4 as for F4, but Alt+F4 must end the program.
     if (message == WM_SYSKEYDOWN && wParam == VK_F4)
         return DefWindowProcW(handle(), message, wParam, lParam);
     if (message != reflectedCommand) return std::nullopt;

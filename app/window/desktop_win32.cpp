@@ -30,12 +30,12 @@ std::unique_ptr<XmlHttpRequest> WindowsDesktop::createXmlHttpRequest() {
 }
 
 void WindowsDesktop::endProgram() {
-    // At once, without clean-up code: the system takes everything back. An orderly exit would run
-    // that of the libraries, which may wait for a lock that a thread of a transfer held as it
-    // ended.
+    // Terminates the process without clean-up code, because the system releases everything. An
+    // orderly exit would run the clean-up code of libraries, which may wait for a lock that a
+    // transfer's thread held when it ended.
     if (window_) ShowWindow(window_, SW_HIDE);
     TerminateProcess(GetCurrentProcess(), 0);
-    ExitProcess(0);  // for the compiler: does not return
+    ExitProcess(0);  // never reached; shows the compiler that this does not return
 }
 
 }  // namespace velvox

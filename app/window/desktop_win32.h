@@ -7,7 +7,7 @@
 
 namespace velvox {
 
-/// The desktop of Windows. Boxes are shown in front of `window`.
+/// The system's services. Message boxes appear in front of the window given to setWindow.
 class WindowsDesktop : public Desktop {
  public:
     explicit WindowsDesktop(MessagePump& pump) : pump_(pump) {}

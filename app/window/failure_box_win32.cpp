@@ -12,7 +12,7 @@ void showFailureBox(const wchar_t* introduction, std::string_view text) noexcept
     static bool open = false;
     if (open) return;
     open = true;
-    // The end of a long text is cut off. No byte becomes more than one character.
+    // A text that is too long is cut off. No UTF-8 byte becomes more than one UTF-16 character.
     constexpr int capacity = 1024;
     wchar_t report[capacity + 1]{};
     lstrcpynW(report, introduction, capacity / 2);
@@ -21,7 +21,7 @@ void showFailureBox(const wchar_t* introduction, std::string_view text) noexcept
     const int room = capacity - used;
     const int bytes = static_cast<int>(std::min(text.size(), static_cast<std::size_t>(room)));
     MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, report + used, room);
-    // The box disables the main window even when no window is active.
+    // MB_TASKMODAL disables the main window even when no window is active.
     MessageBoxW(GetActiveWindow(), report, programTitle, MB_OK | MB_ICONWARNING | MB_TASKMODAL);
     open = false;
 }

@@ -19,7 +19,8 @@ RECT designPixels(std::string_view name) {
     return toPixels(designOf(name).bounds);
 }
 
-// 24 pixels at 96 dots an inch, large enough for a finger or an unsteady hand.
+// Bounds of the quit button's click area: 24 pixels at 96 DPI, large enough for a finger or an
+// unsteady hand.
 RECT quitPlace() {
     constexpr int margin = 30;
     const Bounds button = designOf("isButton2").bounds;
@@ -27,7 +28,7 @@ RECT quitPlace() {
                      button.height + 2 * margin});
 }
 
-// A caption without the colon and blanks at its end.
+// The caption of a label without the colon and the blanks at its end.
 std::wstring accessibleNameFor(std::string_view label) {
     const std::string_view caption = designOf(label).text.caption;
     return widen(caption.substr(0, caption.find_last_not_of(" :") + 1));
@@ -61,7 +62,8 @@ Form1Window::Children::Children(Form1Window& owner)
     quitTarget.emplace(topendskin.handle(), quitPlace(), [this] { form.isButton2.activate(); });
     outer.onVisible = [&owner](bool visible) { owner.coverControls(visible); };
     output.accessibleName(accessibleNameFor("Label3"));
-    // The list is named by the label before it; these have no such label.
+    // Screen readers name the site list after the label before it. These windows have no such
+    // label.
     setAccessibleName(linkin->editHandle(), accessibleNameFor("Label1"));
     setAccessibleName(web.handle(), accessibleNameFor("Label2"), ROLE_SYSTEM_PANE);
     setAccessibleName(handle("isButton2"), L"Quit");
@@ -72,8 +74,8 @@ HWND Form1Window::Children::handle(std::string_view name) const {
     return parent.empty() ? window : GetDlgItem(handle(parent), idOf(name));
 }
 
-// A window that follows the control. Windows with the same parent are created in the order of the
-// tab key.
+// Creates the window of a control, which then observes the control. Windows with the same parent
+// are created in tab order.
 void Form1Window::Children::create(const ControlDesign& design, const Form1Window& owner) {
     const HWND parent = handle(design.parent);
     const int id = idOf(design.name);

@@ -1,4 +1,4 @@
-// What is inside the main window: the form and a window for each of its controls.
+// The contents of the main window: the form and a window for each of its controls.
 #pragma once
 
 #include <array>
@@ -19,16 +19,16 @@
 
 namespace velvox {
 
-/// The boxes that hold the pane and the preview come before the form that uses these, and the form
-/// before the windows that follow its controls.
+/// The members are created in order. The windows of the boxes, the pane and the preview come before
+/// the form, which uses them; the windows that observe the form's controls come after it.
 struct Form1Window::Children {
     explicit Children(Form1Window& owner);
 
-    /// The window of a control; the form's own for an empty name.
+    /// The window of a control; the main window for an empty name.
     HWND handle(std::string_view name) const;
 
-    // The pieces of the title bar that are no windows are drawn by the form, which repaints as they
-    // move.
+    // Some pieces of the title bar have no window and are drawn by the main window. This observer
+    // repaints the main window when such a piece moves.
     struct RepaintingObserver : ControlObserver {
         explicit RepaintingObserver(HWND owner) : window(owner) {}
         void controlChanged(ControlChange) override { InvalidateRect(window, nullptr, FALSE); }
@@ -42,7 +42,7 @@ struct Form1Window::Children {
     Form1 form;
     RepaintingObserver titleObserver;
     std::vector<std::unique_ptr<ControlObserver>> windows;
-    XPTextBoxWindow* linkin = nullptr;  ///< one of them
+    XPTextBoxWindow* linkin = nullptr;  ///< one of `windows`
     std::optional<ClickTarget> quitTarget;
     std::array<WindowTimer, 5> timers;
 

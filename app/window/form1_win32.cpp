@@ -22,7 +22,7 @@ RECT designPixels(std::string_view name) {
     return toPixels(designOf(name).bounds);
 }
 
-// Between the word Status and the right edge of the pane.
+// Bounds of the progress text: from the end of the "Status" label to the right edge of the pane.
 RECT progressPlace() {
     const Bounds word = designOf("Label3").bounds;
     const Bounds pane = designOf("output").bounds;
@@ -30,7 +30,8 @@ RECT progressPlace() {
     return toPixels({left, word.top, pane.left + pane.width - left, word.height});
 }
 
-// Centred on the work area of the primary monitor, and inside it even where it is small.
+// Bounds of the window at start-up: centred on the work area of the primary monitor. On a small
+// work area, the top left corner stays inside.
 RECT openingPlace(SIZE size) {
     RECT work{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
@@ -39,8 +40,8 @@ RECT openingPlace(SIZE size) {
     return {left, top, left + size.cx, top + size.cy};
 }
 
-// Whether a window and all its parents up to `form` are visible and enabled. Windows outside the
-// form, such as a drop-down list, look after themselves.
+// Whether a window and all its parents up to `form` are visible and enabled. True for windows
+// outside the form, such as an open drop-down list.
 bool canTakeKeys(HWND window, HWND form) {
     if (!IsChild(form, window)) return true;
     for (; window != form; window = GetParent(window))
@@ -159,7 +160,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
             return 0;
         case WM_MOUSEMOVE: form().Form_MouseMove(heldButtons(wParam), 0, 0, 0); return 0;
         case WM_CAPTURECHANGED:
-            // Losing the capture ends the drag.
+            // Losing the mouse capture ends a drag.
             form().Dragging = false;
             return 0;
         case WM_TIMER:
@@ -179,7 +180,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_THEMECHANGED: followContrast(); break;
         case WM_SETFOCUS: restoreFocus(); return 0;
         case WM_SYSCOMMAND:
-            // Wine gives a minimised window the keys. Its menu would be invisible and hold up a
+            // Wine sends keys to a minimised window. Its menu would be invisible and would block a
             // run.
             if ((wParam & 0xFFF0) == SC_KEYMENU && IsIconic(handle())) return 0;
             break;
@@ -205,7 +206,6 @@ void Form1Window::paint(HDC dc) const {
     }
 }
 
-// Beside the word above the pane, up to the pane's right edge.
 void Form1Window::paintResultArea(HDC dc, const RECT& client) const {
     skin_.draw(dc, Skin::Piece::ResultArea, client);
     if (progress_.empty()) return;
@@ -231,8 +231,8 @@ void Form1Window::endRun() {
     children_->web.runEnded();
 }
 
-// The result area covers the input controls. While it is shown they are hidden, so that the tab
-// key never leads to something that cannot be seen.
+// The result area covers the input controls. They are hidden while it is shown, so that the Tab key
+// never moves the focus to a control that the user cannot see.
 void Form1Window::coverControls(bool covered) {
     input_.controlsChanged();
     const HWND area = children_->outer.handle();
@@ -246,16 +246,16 @@ void Form1Window::coverControls(bool covered) {
         SetFocus(children_->handle("UniXPButton1"));
         return;
     }
-    // The next address replaces the last one, as in a browser's address bar.
+    // Selects the old address, so that the next one replaces it, as in a browser's address bar.
     const HWND address = children_->linkin->editHandle();
     SetFocus(address);
     Edit_SetSel(address, 0, -1);
 }
 
-// Whether a key pastes where there is no text field. Pages in the browser have fields of their own.
+// Whether a key press pastes outside a text field. Pages in the browser have their own text fields.
 bool Form1Window::pastesAddress(const MSG& message) const {
     if (message.message != WM_KEYDOWN || (HIWORD(message.lParam) & KF_REPEAT) != 0) return false;
-    // AltGr is Control with Alt.
+    // Control together with Alt is AltGr.
     const bool control = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
     const bool shift = GetKeyState(VK_SHIFT) < 0;
     const bool paste = message.wParam == 'V'         ? control && !shift
@@ -270,12 +270,13 @@ void Form1Window::takeAddress(std::string_view text) {
     if (form().outer.Visible() || !form().linkin.Enabled()) return;
     const HWND address = children_->linkin->editHandle();
     SetFocus(address);
-    // The next paste is the text field's own: a second one in quick succession replaces this
-    // address.
+    // The text field itself handles the next paste. Selecting the address lets a second paste in
+    // quick succession replace it.
     Edit_SetSel(address, 0, -1);
 }
 
-// Before the dialog keys: Escape closes the result area, Enter in the address box presses Download.
+// Handles keys before IsDialogMessage does: Escape closes the result area, Enter in the address box
+// presses Download.
 bool Form1Window::intercept(MSG& message) {
     isButton& closeButton = form().isButton1;
     if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE && form().outer.Visible() &&
@@ -289,14 +290,15 @@ bool Form1Window::intercept(MSG& message) {
     }
     const bool key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
     if (key && !canTakeKeys(message.hwnd, handle())) {
-        // Queued for a control that has been hidden or disabled since. The dialog keys' search for
-        // an access key would never leave a hidden container. Keys with Alt are for the window.
+        // The key was queued for a control that has been hidden or disabled since. It is dropped,
+        // because IsDialogMessage would search a hidden container for an access key without end.
+        // Keys with Alt go to the main window.
         if (message.message < WM_SYSKEYDOWN) return true;
         message.hwnd = handle();
     }
     if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
         message.hwnd == children_->linkin->editHandle()) {
-        // A held key presses it once.
+        // A held key presses Download only once.
         if ((HIWORD(message.lParam) & KF_REPEAT) == 0) form().UniXPButton1.activate();
         return true;
     }
@@ -316,7 +318,8 @@ InputEvent::Target Form1Window::inputTargetOf(HWND window) const {
 void Form1Window::followContrast() {
     skin_.setContrast(Skin::systemContrast());
     colours_.setHighContrast(highContrast());
-    // Stored as plain colours when the scheme was another one. In high contrast they are not used.
+    // The buttons store plain colours, which came from the previous colour scheme. In high contrast
+    // the buttons do not use them.
     if (!highContrast()) {
         const auto text = static_cast<OleColour>(colours_.colour(ButtonTextColour));
         for (isButton* button : {&form().UniXPButton1, &form().isButton1, &form().isButton2})
@@ -338,7 +341,8 @@ void Form1Window::restoreFocus() {
 }
 
 void Form1Window::close() {
-    // During a run the catcher on the stack still uses the controls: it cannot be unwound.
+    // During a run, a catcher on the stack still uses the controls. It cannot be unwound, so the
+    // process is ended.
     if (input_.running()) desktop_.endProgram();
     ShowWindow(handle(), SW_HIDE);
     pump_.quit(0);

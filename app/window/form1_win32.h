@@ -1,4 +1,4 @@
-// The main window on the screen: one window of class Form1 with a child for every control that a
+// The main window on the screen: one window of class Form1 with a child for every control that the
 // user can read or use. All logic is in Form1.
 #pragma once
 
@@ -64,12 +64,12 @@ class Form1Window : public Window, public FormFrame {
     InternetSession session_;
     WinHttpTransfer transfer_;
     Skin skin_;
-    std::string progress_;  ///< of the page fetch
+    std::string progress_;  ///< progress text of the page fetch
     OwnedFont progressFont_ = createFont(Font{});
     std::unique_ptr<Children> children_;
     std::optional<AddressDrop> addressDrop_;
     std::optional<SystemMenu> systemMenu_;
-    HWND lastFocus_ = nullptr;  ///< where the focus returns when the window is active again
+    HWND lastFocus_ = nullptr;  ///< gets the focus back when the window becomes active again
 };
 
 }  // namespace velvox

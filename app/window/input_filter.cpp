@@ -13,13 +13,14 @@ constexpr unsigned enter = 0x0D;
 constexpr unsigned space = 0x20;
 constexpr unsigned f4 = 0x73;
 
-// Virtual keys and characters: Enter and Space are the same number in both.
+// Whether an event closes, moves or minimises the window. Enter and Space have the same number as
+// virtual key and as character.
 bool closesOrMoves(const InputEvent& event) {
     switch (event.kind) {
         case Kind::KeyDown:
         case Kind::KeyUp:
         case Kind::Character:
-            // Alt+F4, and Alt+Space for the window's menu.
+            // Alt+F4 closes the window, Alt+Space opens its menu.
             if (event.alt)
                 return event.code == space || (event.kind == Kind::KeyDown && event.code == f4);
             return event.target == Target::QuitButton &&
@@ -33,7 +34,7 @@ bool closesOrMoves(const InputEvent& event) {
     }
 }
 
-// Removes a member of a set; returns whether it was in it.
+// Removes a member from a set. Returns whether the set contained it.
 template <class Set>
 bool take(Set& set, unsigned member) {
     if (member >= set.size() || !set.test(member)) return false;
@@ -80,7 +81,7 @@ bool InputFilter::acceptsPress(const InputEvent& event) {
     if (running_ || passes)
         lastPress_ = {event.code, event.window, event.at, event.timeMs, !passes};
     else
-        lastPress_.reset();  // the next click is meant for what is shown now
+        lastPress_.reset();  // the next press is a new click, not part of this one
     changedSincePress_ = false;
     return passes;
 }

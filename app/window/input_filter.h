@@ -1,4 +1,4 @@
-// Decides which input of the user reaches the main window.
+// Decides which user input reaches the main window.
 #pragma once
 
 #include <bitset>
@@ -9,7 +9,7 @@
 
 namespace velvox {
 
-/// One event of the keyboard or the mouse.
+/// One keyboard or mouse event.
 struct InputEvent {
     enum class Kind : std::int8_t {
         KeyDown,
@@ -18,30 +18,30 @@ struct InputEvent {
         Press,
         Release,
         Move,
-        Other,  ///< wheel, request for a context menu, press by an assistive program
+        Other,  ///< wheel, context menu request, press by an assistive program
     };
     enum class Target : std::int8_t {
         Control,
-        Frame,  ///< what the window is dragged by
+        Frame,  ///< an area by which the user drags the window
         QuitButton,
     };
 
     Kind kind = Kind::Other;
     Target target = Target::Control;
-    unsigned code = 0;             ///< virtual key, character, or number of the mouse button from 1
-    bool repeat = false;           ///< from a key that is held down
-    bool alt = false;              ///< Alt is held down
-    const void* window = nullptr;  ///< target
-    Point at;                      ///< position of the pointer
-    std::uint32_t timeMs = 0;      ///< since the system has started; wraps around
+    unsigned code = 0;             ///< virtual key, character, or mouse button (from 1)
+    bool repeat = false;           ///< sent by a key that is held down
+    bool alt = false;              ///< the Alt key is held down
+    const void* window = nullptr;  ///< the window that receives the event
+    Point at;                      ///< pointer position
+    std::uint32_t timeMs = 0;      ///< milliseconds since the system has started; wraps around
 };
 
-/// While a run is under way, keys and clicks are dropped except those that close, move or minimise
-/// the window. What belongs to a dropped press is dropped after the run too: its release, its
-/// repeats, and the second click of a double click.
+/// During a run, drops keys and clicks except those that close, move or minimise the window. Events
+/// that belong to a dropped press are dropped even after the run: its release, its key repeats, and
+/// the second click of a double click.
 class InputFilter {
  public:
-    /// What the system takes for a double click. Pixels.
+    /// The system's limits for a double click. Width and height are in pixels.
     struct DoubleClick {
         std::uint32_t timeMs = 500;
         int width = 4;
@@ -53,11 +53,12 @@ class InputFilter {
     void setRunning(bool running) noexcept { running_ = running; }
     bool running() const noexcept { return running_; }
 
-    /// Controls have been shown or hidden, so another control may be under the pointer now: it must
-    /// not get the second press of a double click that began on the previous one.
+    /// Called when controls have been shown or hidden, so that another control may be under the
+    /// pointer. That control must not get the second press of a double click on the previous
+    /// control.
     void controlsChanged() noexcept { changedSincePress_ = true; }
 
-    /// False when the event is to be dropped. Every event is passed here once, in order.
+    /// Returns false if the event must be dropped. Must be called once for each event, in order.
     bool accepts(const InputEvent& event);
 
  private:
@@ -77,8 +78,8 @@ class InputFilter {
     bool running_ = false;
     bool changedSincePress_ = false;
     std::optional<Press> lastPress_;
-    std::bitset<256> droppedKeys_;   ///< keys whose press was dropped, until their release
-    std::bitset<8> droppedButtons_;  ///< mouse buttons, likewise
+    std::bitset<256> droppedKeys_;   ///< keys that are held down since a dropped press
+    std::bitset<8> droppedButtons_;  ///< the same for mouse buttons
 };
 
 }  // namespace velvox

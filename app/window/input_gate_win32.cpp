@@ -10,7 +10,7 @@ using Kind = InputEvent::Kind;
 constexpr unsigned left = 1;
 constexpr unsigned right = 2;
 constexpr unsigned middle = 3;
-constexpr unsigned firstExtra = 3;  // and the number of the extra button
+constexpr unsigned firstExtra = 3;  // plus the number of the extra button
 
 std::optional<InputEvent> event(Kind kind, unsigned code = 0) {
     InputEvent result;
@@ -26,7 +26,7 @@ std::optional<InputEvent> keyEvent(Kind kind, const MSG& message) {
     return result;
 }
 
-// Empty for a message that is not input.
+// The input event of a message; nullopt if the message is not input.
 std::optional<InputEvent> eventOf(const MSG& message) {
     switch (message.message) {
         case WM_KEYDOWN:
@@ -99,7 +99,7 @@ void InputGate::run(const std::function<void()>& handler) {
     const struct End {
         InputGate& gate;
         ~End() {
-            // Keys and clicks made so far are still in the queue.
+            // Keys and clicks made during the run are still in the queue: drop them now.
             gate.pump_.serveInput();
             gate.pointer_.reset();
             gate.filter_.setRunning(false);
@@ -128,7 +128,8 @@ bool InputGate::accepts(const MSG& message) {
     input->at = {message.pt.x, message.pt.y};
     input->timeMs = message.time;
     if (filter_.accepts(*input)) return true;
-    // A window of another library, such as the browser's, has just set its own pointer.
+    // Sets the busy pointer again, because a window of another library, such as the browser's, may
+    // have set its own pointer for this message.
     if (pointer_) pointer_->show();
     return false;
 }

@@ -11,8 +11,8 @@
 
 namespace velvox {
 
-/// Connects the input filter to the message pump: drops input that a run of Download does not let
-/// through, and shows the busy pointer during the run.
+/// Connects the input filter to the message pump: drops input that the filter refuses during a run,
+/// and shows the busy pointer during the run.
 class InputGate {
  public:
     using TargetOf = std::function<InputEvent::Target(HWND)>;
@@ -22,15 +22,15 @@ class InputGate {
     InputGate& operator=(const InputGate&) = delete;
     ~InputGate();
 
-    /// Calls the handler of Download. Inside another such call it does nothing, nor for a second
-    /// click that the same message makes, as Space does when the last button was the left one.
+    /// Calls the handler of Download. Does nothing during a run, and for a second click from the
+    /// same message. Space clicks twice if the last mouse button used was the left one.
     void run(const std::function<void()>& handler);
     bool running() const noexcept { return filter_.running(); }
 
     void controlsChanged() noexcept { filter_.controlsChanged(); }
 
-    /// The window has been disabled under a message box, or enabled again. Input that came before
-    /// the box is not meant for it.
+    /// Called when a message box has disabled or enabled the window. Input from before the box is
+    /// dropped, because the user did not mean it for the box.
     void windowEnabled(bool enabled);
 
  private:
@@ -39,7 +39,7 @@ class InputGate {
     MessagePump& pump_;
     TargetOf targetOf_;
     InputFilter filter_;
-    unsigned lastStart_ = 0;  ///< the message that started a run
+    unsigned lastStart_ = 0;  ///< number of the message that started the last run
     std::optional<BusyPointer> pointer_;
 };
 

@@ -57,9 +57,10 @@ LabelWindow::~LabelWindow() {
 void LabelWindow::controlChanged(ControlChange change) {
     followBounds(handle(), model_, change);
     if (change == ControlChange::Text && kind_ == ControlKind::Strip) {
-        // It changes ten times a second for as long as the program runs. Storing the text in the
-        // window and painting it through the message loop would take more than the drawing.
-        if (IsIconic(GetAncestor(handle(), GA_ROOT))) return;  // restoring it paints
+        // The news strip changes ten times a second while the program runs. It is painted directly,
+        // because storing its text in the window and painting it through the message loop costs
+        // more than the drawing.
+        if (IsIconic(GetAncestor(handle(), GA_ROOT))) return;  // a restored window repaints
         const WindowDc dc(handle());
         return paint(dc.get());
     }
@@ -74,7 +75,8 @@ std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_ERASEBKGND: return 1;
         case WM_SETTEXT:
-            // The class itself would draw at once, over what is painted here.
+            // Keeps the message from the STATIC class, which would draw at once over this window's
+            // painting.
             return DefWindowProcW(handle(), message, wParam, lParam);
         case WM_GETTEXTLENGTH:
             if (kind_ != ControlKind::Strip) break;
@@ -100,7 +102,7 @@ std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARA
             return DLGC_STATIC;
         case WM_KEYDOWN:
             if (kind_ != ControlKind::Link || (wParam != VK_RETURN && wParam != VK_SPACE)) break;
-            // A held key opens a link once.
+            // A held key opens the link only once.
             if ((HIWORD(lParam) & KF_REPEAT) == 0 && model_.Click) model_.Click();
             return 0;
         case WM_LBUTTONDOWN:
@@ -117,7 +119,7 @@ std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARA
     return std::nullopt;
 }
 
-// A click is a press and a release, both on the link.
+// A click is a press and a release that are both inside the link.
 void LabelWindow::release(POINT at) {
     if (!std::exchange(pressed_, false)) return;
     ReleaseCapture();

@@ -7,11 +7,11 @@
 
 namespace velvox {
 
-/// The window of a label: a STATIC that draws its caption over its parent's background. A label
-/// that can be clicked takes the focus and is pressed with Enter or Space too.
+/// The window of a label: a STATIC that draws its caption on its parent's background. A link takes
+/// the focus and can also be pressed with Enter or Space.
 class LabelWindow : public SystemControl, public ControlObserver {
  public:
-    /// `kind` is one of a label. `skin` says in which colour the caption is legible.
+    /// `kind` must be a kind of label. `skin` supplies a legible colour for the caption.
     LabelWindow(Label& model, HWND parent, int id, ControlKind kind, const Skin& skin);
     ~LabelWindow() override;
 
@@ -27,7 +27,7 @@ class LabelWindow : public SystemControl, public ControlObserver {
     ControlKind kind_;
     const Skin& skin_;
     OwnedFont font_;
-    bool pressed_ = false;  ///< the left button went down on it and is still held
+    bool pressed_ = false;  ///< the left button was pressed on the link and is still held
 };
 
 }  // namespace velvox

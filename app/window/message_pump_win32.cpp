@@ -25,7 +25,8 @@ class ValueScope {
     T before_;
 };
 
-// Keys come first: Alt+F4 and Alt+Space turn into system commands.
+// Messages that serveInput handles. Keys come first, because Alt+F4 and Alt+Space turn into system
+// commands.
 constexpr struct {
     UINT first;
     UINT last;
@@ -40,22 +41,22 @@ constexpr struct {
     {WM_CLOSE, WM_CLOSE},
 };
 
-// Ends the loop of a menu or of a move by keys.
+// Ends the modal loop of a menu or of a window move by keyboard.
 void leaveModalLoop() noexcept {
     EndMenu();
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
     if (!GetGUIThreadInfo(GetCurrentThreadId(), &info)) return;
-    // Wine ends neither the menu mode of a window without a menu bar by EndMenu nor a move by
-    // WM_CANCELMODE.
+    // Under Wine, EndMenu does not end the menu of a window without a menu bar, and WM_CANCELMODE
+    // does not end a move by keyboard.
     if (info.hwndMenuOwner) PostMessageW(info.hwndMenuOwner, WM_CANCELMODE, 0, 0);
-    // A menu inside a move hides the move from this.
+    // If a menu is open during a move, hwndMoveSize is null: use the active window.
     const HWND moved = info.hwndMoveSize ? info.hwndMoveSize : info.hwndActive;
     if (moved) PostMessageW(moved, WM_LBUTTONUP, 0, 0);
 }
 
-// Ticks in the loop of a menu or of a move by keys, and ends that loop when the caller's wait is
-// over.
+// Runs a timer in the modal loop of a menu or of a window move by keyboard. Ends that loop when the
+// caller's wait is over.
 class ModalLoopTimer {
  public:
     explicit ModalLoopTimer(const std::function<bool()>& isOver)
@@ -80,7 +81,7 @@ class ModalLoopTimer {
         }
     }
 
-    static inline ModalLoopTimer* current = nullptr;  // of the UI thread
+    static inline ModalLoopTimer* current = nullptr;  // for the UI thread
 
     const std::function<bool()>& isOver_;
     ModalLoopTimer* outer_;
@@ -117,7 +118,7 @@ int MessagePump::run() {
         else
             dispatch(message);
     }
-    // Left in the queue, it would close the next message box at once.
+    // A WM_QUIT left in the queue would close the next message box at once.
     PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     return exitCode_;
 }
@@ -125,8 +126,8 @@ int MessagePump::run() {
 void MessagePump::quit(int exitCode) {
     quitting_ = true;
     exitCode_ = exitCode;
-    // A menu's loop cannot be ended by a message. The other loops of the system end with this
-    // message, and some of them, Wine's menus too, remove it.
+    // No message ends the loop of a menu. The system's other modal loops end with WM_QUIT, but some
+    // of them, as well as Wine's menus, remove WM_QUIT from the queue.
     leaveModalLoop();
     PostQuitMessage(exitCode);
 }
@@ -147,7 +148,7 @@ void MessagePump::serveInput(const std::function<bool()>& isOver) {
     const ValueScope serving(serving_, true);
     const ModalLoopTimer timer(isOver);
     MSG message;
-    // WM_QUIT is retrieved for any filter.
+    // PeekMessage returns WM_QUIT for any filter.
     const auto dispatchAll = [&](UINT first, UINT last, UINT flags, int most) {
         while (most-- > 0 && PeekMessageW(&message, nullptr, first, last, PM_REMOVE | flags)) {
             if (message.message == WM_QUIT) return quit(static_cast<int>(message.wParam));
@@ -155,8 +156,7 @@ void MessagePump::serveInput(const std::function<bool()>& isOver) {
         }
     };
     for (const auto& [first, last] : inputRanges) dispatchAll(first, last, 0, INT_MAX);
-    // A window that never validates itself, as one of another library may, is sent WM_PAINT without
-    // end.
+    // A window of another library may never validate itself. It is then sent WM_PAINT without end.
     constexpr int maxPaints = 100;
     dispatchAll(WM_PAINT, WM_PAINT, PM_QS_PAINT, maxPaints);
 }

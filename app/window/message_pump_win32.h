@@ -6,41 +6,42 @@
 
 namespace velvox {
 
-/// The program's message loop, and the loops inside it that a long run yields to. An exception out
-/// of the hooks is reported; the loops go on.
+/// The program's message loop, and the nested message loops in which a long run yields. Exceptions
+/// from `accepts` and `intercept` are reported, and the loop continues.
 class MessagePump {
  public:
-    /// Sees each message first; false when it is to be dropped.
+    /// Called first for each message. Returns false to drop the message.
     std::function<bool(const MSG&)> accepts;
 
-    /// Sees each accepted message before it is dispatched; true when it has handled it.
+    /// Called for each accepted message before it is dispatched. Returns true if the message is
+    /// handled.
     std::function<bool(MSG&)> intercept;
 
-    /// Runs until `quit` and returns its exit code.
+    /// Runs the message loop until `quit` is called. Returns the exit code.
     int run();
 
-    /// Ends `run`, also from inside a loop of the system's that swallows the quit message.
+    /// Ends `run`, even from inside a modal loop of the system that removes WM_QUIT.
     void quit(int exitCode);
 
-    /// Handles all waiting messages, then returns. Inside `serveInput` it does nothing.
+    /// Handles all messages in the queue, then returns. Does nothing inside `serveInput`.
     void yield();
 
-    /// While a run is under way, a loop of the system's that starts in `yield` is soon ended.
+    /// During a run, a modal loop of the system that starts inside `yield` is soon ended.
     void setRunning(bool running) { running_ = running; }
 
-    /// Handles waiting input, system commands, closing and painting, then returns. All other
-    /// messages stay in the queue, as if the thread were blocked. While a loop of the system's,
-    /// such as that of an open menu, keeps this from returning, `isOver` is called every 100 ms;
-    /// once it returns true that loop is ended.
+    /// Handles queued input, system commands, close requests and painting, then returns. All other
+    /// messages stay in the queue, as if the thread were blocked. If a modal loop of the system,
+    /// such as that of an open menu, keeps this function from returning, `isOver` is called every
+    /// 100 ms. Once `isOver` returns true, the modal loop is ended.
     void serveInput(const std::function<bool()>& isOver = [] { return true; });
 
-    /// Runs the handler of a timer's message. A menu, a message box or a scroll bar that is held
-    /// has a loop of its own, which lets timers tick as well: a yield in such a tick does nothing,
-    /// since it would take away the keys and clicks meant for that loop and give them to the window
-    /// below.
+    /// Runs the handler of a WM_TIMER message. A menu, a message box and a held scroll bar have
+    /// their own modal loops, which dispatch timers too. A yield during such a tick does nothing,
+    /// because it would take the keys and clicks meant for the modal loop and give them to the
+    /// window below.
     void tick(const std::function<void()>& handler);
 
-    /// Number of the message that is being dispatched, 0 outside of any.
+    /// Number of the message that is being dispatched; 0 if there is none.
     unsigned currentMessage() const noexcept { return currentMessage_; }
 
  private:
@@ -48,7 +49,7 @@ class MessagePump {
 
     unsigned currentMessage_ = 0;
     unsigned messages_ = 0;
-    bool ownTimer_ = false;  ///< this pump's message to a timer is being dispatched
+    bool ownTimer_ = false;  ///< this pump, not a modal loop, dispatches WM_TIMER
     bool inForeignTick_ = false;
     bool serving_ = false;
     bool running_ = false;

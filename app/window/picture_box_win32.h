@@ -8,17 +8,17 @@
 
 namespace velvox {
 
-/// The window of a picture box: a container that draws its own background and hands its children's
-/// notifications back to them. It is created before the model that it later follows.
+/// The window of a picture box: a container that draws its own background and returns notifications
+/// to the children that sent them. It is created before the model that it follows.
 class PictureBoxWindow : public Window, public ControlObserver {
  public:
-    /// Draws the background of a client area of this size.
+    /// Draws the background of the client area `client`.
     using Painter = std::function<void(HDC dc, const RECT& client)>;
 
     PictureBoxWindow(const ControlDesign& design, HWND parent, int id, Painter painter);
     ~PictureBoxWindow() override;
 
-    /// From now on the window follows `model` and passes its mouse events on.
+    /// Makes the window follow `model` and pass mouse presses on to it.
     void bind(PictureBox& model);
 
     void controlChanged(ControlChange change) override;

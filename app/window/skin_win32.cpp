@@ -14,12 +14,12 @@ namespace {
 
 constexpr int pictureResolutions[] = {96, 120, 144, 192};
 
-// Twips. The result area keeps this distance to the title bar, the window's edge and the news.
+// Twips. Distances of the panel from the edges of the result area.
 constexpr int areaMarginTop = 60;
 constexpr int areaMarginRight = 90;
 constexpr int areaMarginBottom = 90;
 
-// How far an inactive title bar is on its way to inactiveOverlay, of 255.
+// Opacity of inactiveOverlay over an inactive title bar; 255 is opaque.
 constexpr BYTE overlayStrength = 150;
 
 void frame(HDC dc, RECT area, Rgb colour) {
@@ -117,7 +117,8 @@ void Skin::drawTitle(HDC dc, Piece piece, const RECT& area) const {
     const Picture& picture = piece == Piece::Icon ? corner_ : piece == Piece::Bar ? bar_ : end_;
     const OwnedMemoryDc memory(CreateCompatibleDC(dc));
     const ScopedSelectObject selected(memory.get(), picture.bitmap.get());
-    // One column repeated needs no smoothing; a picture for another resolution does.
+    // The bar's picture is one column that is repeated and needs no smoothing. The other pictures
+    // need smoothing if they are scaled to another resolution.
     SetStretchBltMode(dc, piece == Piece::Bar ? COLORONCOLOR : HALFTONE);
     SetBrushOrgEx(dc, 0, 0, nullptr);
     StretchBlt(dc, area.left, area.top, area.right - area.left, area.bottom - area.top,

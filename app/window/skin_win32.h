@@ -7,35 +7,36 @@
 
 namespace velvox {
 
-/// Draws the pieces of the skin and the backgrounds that go with them. Where the user asked the
-/// system for high contrast, everything is in the system's colours instead.
+/// Draws the pieces of the skin and their backgrounds. If the user has turned on high contrast in
+/// Windows, everything is drawn in system colours.
 class Skin {
  public:
     enum class Piece { Icon, Bar, RightEnd, Form, ResultArea, NewsStrip };
     enum class TextRole { Plain, Link, Title };
     enum class Contrast { Normal, High };
 
-    /// Loads the pictures for the screen's resolution. Throws RuntimeFailure (Platform) in a
-    /// program without them.
+    /// Loads the pictures for the screen's resolution. Throws RuntimeFailure (Platform) if the
+    /// program's resources lack them.
     explicit Skin(Contrast contrast = systemContrast());
 
-    /// Whether the user has asked for high contrast.
+    /// The contrast that the user has chosen in Windows.
     static Contrast systemContrast();
 
     Contrast contrast() const noexcept { return contrast_; }
     void setContrast(Contrast contrast) noexcept { contrast_ = contrast; }
 
-    /// Whether the window is active; an inactive window's title bar is paler.
+    /// Whether the window is active. An inactive window's title bar is paler.
     bool active() const noexcept { return active_; }
     void setActive(bool active) noexcept { active_ = active; }
 
-    /// Fills `area` (pixels) of `dc` with a piece.
+    /// Draws a piece into `area` of `dc`, in pixels.
     void draw(HDC dc, Piece piece, const RECT& area) const;
 
-    /// One etched separator line, level or upright; even ones are the light halves.
+    /// Draws a separator line, horizontal or vertical: light for an even `number`, dark for an odd
+    /// one.
     void drawLine(HDC dc, int number, POINT from, POINT to) const;
 
-    /// The colour in which a text that was designed in `designed` is legible.
+    /// A legible colour for a text whose designed colour is `designed`.
     Rgb textColour(TextRole role, OleColour designed) const;
 
  private:

@@ -11,7 +11,7 @@
 namespace velvox {
 namespace {
 
-// Below SC_SIZE; the system uses the four lowest bits itself.
+// Must be below SC_SIZE. The four lowest bits must be 0, because the system uses them itself.
 constexpr UINT aboutCommand = 0x10;
 
 constexpr UINT commandOf(WPARAM wParam) {
@@ -41,7 +41,7 @@ std::optional<LRESULT> SystemMenu::onMessage(UINT message, WPARAM wParam, LPARAM
             openBelowIcon();
             return 0;
         case WM_CONTEXTMENU: {
-            if (lParam == -1) return std::nullopt;  // by keyboard, of a control
+            if (lParam == -1) return std::nullopt;  // opened by keyboard for a control
             const POINT screen{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
             POINT client = screen;
             ScreenToClient(window_, &client);
@@ -58,8 +58,8 @@ void SystemMenu::pressed(POINT client) noexcept {
     if (PtInRect(&icon_, client)) press_ = onScreen(client);
 }
 
-// The icon also drags the window: a click is a press and a
-// release within the system's drag threshold.
+// The user can also drag the window by the icon. A click on the icon is a press and a release
+// within the system's drag threshold.
 void SystemMenu::released(POINT client) {
     const auto press = std::exchange(press_, std::nullopt);
     if (!press) return;
@@ -75,7 +75,7 @@ POINT SystemMenu::onScreen(POINT client) const noexcept {
 }
 
 void SystemMenu::openBelowIcon() const {
-    // Wine opens an invisible menu over a minimised window, which takes all keys.
+    // Over a minimised window Wine would open an invisible menu that takes all keys.
     if (IsIconic(window_)) return;
     open(onScreen({icon_.left, icon_.bottom}));
 }
@@ -90,8 +90,8 @@ void SystemMenu::open(POINT screen) const {
     enable(SC_MINIMIZE, IsIconic(window_) == FALSE);
     enable(aboutCommand, !running_());
     SetMenuDefaultItem(menu, SC_CLOSE, MF_BYCOMMAND);
-    // The choice is posted, so that the menu's loop has ended before it is carried out, which may
-    // destroy this object.
+    // The chosen command is posted, because it may destroy this object: it runs after the menu's
+    // loop has ended.
     const HWND window = window_;
     const UINT chosen = static_cast<UINT>(TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON,
                                                          screen.x, screen.y, 0, window, nullptr));

@@ -1,4 +1,4 @@
-// The main window's system menu: it has no caption that would open one.
+// The system menu of the main window, which has no caption that would open this menu.
 #pragma once
 
 #include <windows.h>
@@ -8,18 +8,18 @@
 
 namespace velvox {
 
-/// Opens by Alt+Space and by a click on the icon below it, by a right click on the title bar at the
-/// pointer. It holds what the window can do, and "About Velvox".
+/// Alt+Space or a click on the icon opens the menu below the icon; a right click on the title bar
+/// opens it at the pointer. It has the window's commands and "About Velvox".
 class SystemMenu {
  public:
-    /// `titleBar` and `icon` are places in the client area, in pixels; `running` returns whether a
-    /// run is under way, in which About is greyed.
+    /// `titleBar` and `icon` are bounds in the client area, in pixels. `running` returns whether a
+    /// run is in progress; About is disabled during a run.
     SystemMenu(HWND window, const RECT& titleBar, const RECT& icon, std::function<bool()> running);
 
-    /// Empty for a message that is not the menu's.
+    /// Returns nullopt for a message that the menu does not handle.
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
-    /// The left button went down or came up over the window itself.
+    /// Called when the left button is pressed or released over the window itself, not over a child.
     void pressed(POINT client) noexcept;
     void released(POINT client);
 
@@ -33,7 +33,7 @@ class SystemMenu {
     RECT titleBar_;
     RECT icon_;
     std::function<bool()> running_;
-    std::optional<POINT> press_;  ///< on the icon, in screen coordinates
+    std::optional<POINT> press_;  ///< position of a press on the icon, in screen coordinates
 };
 
 }  // namespace velvox

@@ -9,7 +9,8 @@
 
 namespace velvox {
 
-/// A window timer that follows a timer of the form. Its owner passes WM_TIMER on to `tick`.
+/// A window timer that runs as a Timer of the form prescribes. Its owner passes WM_TIMER on to
+/// `tick`.
 class WindowTimer : public ControlObserver {
  public:
     WindowTimer(Timer& model, HWND window, UINT_PTR id) : model_(model), window_(window), id_(id) {
@@ -29,9 +30,9 @@ class WindowTimer : public ControlObserver {
 
     UINT_PTR id() const noexcept { return id_; }
 
-    /// A tick that was already under way when the timer was stopped is not delivered.
-    /// A handler that switches its timer off and on again finds it running: the interval has just
-    /// begun, and a timer that polls would spend most of its time on stopping and starting.
+    /// Calls the handler, unless the model has been stopped since the tick began. If the handler
+    /// turns its timer off and on again, the window timer just goes on: its interval has only
+    /// begun, and a polling timer would spend most of its time on stopping and starting.
     void tick() {
         if (!model_.Enabled() || !model_.Tick) return;
         const Ticking outermost(*this);
@@ -56,9 +57,9 @@ class WindowTimer : public ControlObserver {
         bool nested_;
     };
 
-    /// Milliseconds, or 0 for a stopped timer. Every timer here drives a display, and none
-    /// runs faster than the eye can follow. A poll each millisecond, which Windows would round up
-    /// to 16, would cost an idle program more than everything else that it does.
+    /// Period in milliseconds, or 0 for a stopped timer. Every timer of the form drives a display,
+    /// so none runs faster than the eye can follow. A poll every millisecond, which Windows would
+    /// round up to 16, would cost an idle program more than all its other work.
     UINT wanted() const {
         constexpr UINT shortest = 50;
         return model_.Enabled() ? std::max(model_.Interval(), shortest) : 0;
@@ -66,7 +67,7 @@ class WindowTimer : public ControlObserver {
 
     void restart() {
         running_ = wanted();
-        // Setting it again also restarts its interval.
+        // SetTimer for a running timer restarts its interval.
         if (running_ != 0)
             SetTimer(window_, id_, running_, nullptr);
         else
