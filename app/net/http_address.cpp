@@ -23,7 +23,8 @@ bool canBeHost(std::string_view host) {
            });
 }
 
-/// The scheme of an address typed by a user: "host:80" is a host and a port.
+/// The scheme of an address that a user has typed, or empty. In "host:80", the text before the
+/// colon is a host.
 std::string writtenScheme(std::string_view address) {
     std::string scheme = urlScheme(address);
     if (scheme.empty()) return scheme;

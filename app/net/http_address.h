@@ -1,4 +1,4 @@
-// Addresses of pages: parsing, composing, and the form sent on the request line.
+// Parses and composes addresses of web pages, and escapes them for a request line.
 #pragma once
 
 #include <cstdint>
@@ -13,27 +13,27 @@ constexpr std::uint16_t defaultPort(bool secure) {
 
 struct HttpAddress {
     bool secure = false;
-    std::string host;  ///< an IPv6 address is in brackets
+    std::string host;  ///< IPv6 addresses are in brackets
     std::uint16_t port = 80;
-    std::string target;         ///< path and query, as written; at least "/"
-    std::string fragment = {};  ///< with its "#"; never part of a request
+    std::string target;         ///< path and query as written; at least "/"
+    std::string fragment = {};  ///< starts with "#" unless empty; never part of a request
 
     bool operator==(const HttpAddress&) const = default;
 };
 
-/// Parses an address that the user or a page has written. One without a scheme is taken as
-/// http. Target and fragment are kept byte for byte. Throws RuntimeFailure (Transfer) with a plain
-/// reason for any scheme but http and https and for a host or port that cannot be one.
+/// Parses an address that the user has typed or that a page contains. An address without a scheme
+/// is read as http. Target and fragment are kept byte for byte. Throws RuntimeFailure (Transfer)
+/// with a readable reason for other schemes than http and https and for an invalid host or port.
 HttpAddress parseHttpAddress(std::string_view address);
 
-/// The whole address; a port that is the scheme's default is left out.
+/// The whole address, without the port if it is the scheme's default.
 std::string toString(const HttpAddress& address);
 
-/// The bytes that would break a request line (blanks, controls, bytes above 126) as %XX; every
-/// other byte, "%" and the backslash included, as it is.
+/// `target` with the bytes that would break a request line (blanks, control characters, bytes above
+/// 126) as %XX. All other bytes stay as they are, "%" and the backslash included.
 std::string escapeForRequestLine(std::string_view target);
 
-/// The scheme of an address in lower case without its colon; empty when it has none.
+/// The scheme of an address in lower case, without its colon; empty if there is none.
 std::string urlScheme(std::string_view address);
 
 }  // namespace velvox

@@ -32,13 +32,13 @@ void check(BOOL accepted) {
     if (!accepted) failWithError(GetLastError());
 }
 
-/// A header's bytes as the server sent them. WinHTTP widens each by the system's code page; it is
-/// not documented that it always does, so a character outside the code page is taken as a byte's
-/// number.
+/// A header's bytes as the server sent them. WinHTTP usually widens each byte by the system's code
+/// page, but this is not documented. So a character outside the code page is taken as the number of
+/// a byte.
 std::string wireBytes(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size());
-    // 0 and null: the only arguments that a UTF-8 code page takes.
+    // A UTF-8 code page accepts only 0 and null for these two arguments.
     const bool utf8 = GetACP() == CP_UTF8;
     for (const wchar_t c : text) {
         char narrowed[4];
@@ -56,9 +56,9 @@ std::string wireBytes(std::wstring_view text) {
 
 }  // namespace
 
-// Where WinHTTP's threads store the result of a step. One step is under way at a time, since the
-// next one is only asked for after this one's completion has been taken: there is never more than
-// one to leave, and the status, written last and read first, hands its value over without a lock.
+// WinHTTP's threads store the result of a step here. Only one step is in progress at a time,
+// because the next one is started after the completion of the previous one has been taken. `status`
+// is written last and read first, which passes `value` to the other thread without a lock.
 struct HttpTransfer::Completion {
     explicit Completion(const StepRecipient& to) : recipient(to) {
         if (!recipient.window) event = OwnedHandle(CreateEventW(nullptr, FALSE, FALSE, nullptr));
@@ -77,15 +77,16 @@ struct HttpTransfer::Completion {
     OwnedHandle event;
     std::atomic<DWORD> status{0};
     DWORD value = 0;
-    // Kept here, since a read that was given up may still be written to.
+    // Belongs to the completion, because WinHTTP may still write to it after the transfer was given
+    // up.
     std::array<char, chunkBytes> chunk{};
 
     static void CALLBACK onStatus(HINTERNET, DWORD_PTR context, DWORD status, void* information,
                                   DWORD length) noexcept;
 };
 
-// The context is a reference of the request handle's own, held until the handle's closing notice:
-// that may come long after the transfer has been given up.
+// `context` is a shared_ptr that the request handle owns. It is deleted when the handle reports
+// that it closes, which may be long after the transfer was given up.
 void CALLBACK HttpTransfer::Completion::onStatus(HINTERNET, DWORD_PTR context, DWORD status,
                                                  void* information, DWORD length) noexcept {
     auto* const held = reinterpret_cast<std::shared_ptr<Completion>*>(context);
@@ -149,13 +150,14 @@ void HttpTransfer::sendRequest() {
     const HINTERNET request = request_.get();
     if (!request) failWithError(GetLastError());
 
-    // Redirects are followed here: not every system follows a 303. Under Wine a kept connection
-    // would pass what a server sends after a body to the next request as its reply.
+    // HttpTransfer follows redirects itself, because not every system follows a 303. Connections
+    // are not kept alive, because under Wine the bytes that a server sends after a body would
+    // become the reply to the next request.
     DWORD features = WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_REDIRECTS |
                      WINHTTP_DISABLE_AUTHENTICATION | WINHTTP_DISABLE_KEEP_ALIVE;
     check(WinHttpSetOption(request, WINHTTP_OPTION_DISABLE_FEATURE, &features, sizeof features));
-    // WinHTTP's own time-outs, 30 seconds and less by default, must not end a transfer before its
-    // deadline does. Name resolution has none; with one it would run on its own thread.
+    // WinHTTP's own time-outs, 30 seconds or less by default, must not end a transfer before its
+    // deadline. Name resolution has no time-out, because it would run on its own thread with one.
     auto beyond = static_cast<DWORD>(2 * limits_.time.count());
     check(WinHttpSetTimeouts(request, 0, static_cast<int>(beyond), static_cast<int>(beyond),
                              static_cast<int>(beyond)));
@@ -176,8 +178,9 @@ void HttpTransfer::sendRequest() {
                              0, context));
 }
 
-// One step only: Wine completes a step within its call when the bytes are there already, so a
-// server of tiny chunks would keep a loop busy for ever. The next step has left its notice by then.
+// Takes one step only. Wine completes a step within its call if the bytes are already there, so a
+// server of tiny chunks would keep a loop busy for ever. The completion of that step has then been
+// signalled already.
 bool HttpTransfer::advance() {
     Completion& completion = *completion_;
     const DWORD status = completion.status.exchange(0, std::memory_order_acquire);
@@ -237,18 +240,19 @@ bool HttpTransfer::takeHeader() {
     return false;
 }
 
-// True: the announced length is reached. Wine also delivers what comes after it.
+// Returns true once the body has its announced length. Wine also delivers bytes after that length,
+// which are dropped.
 bool HttpTransfer::append(std::size_t count) {
     const auto left = header_.document.size.value_or(UINT64_MAX) - body_.size();
     count = static_cast<std::size_t>(std::min<std::uint64_t>(count, left));
     if (count > limits_.bytes - body_.size()) fail("The page is too large");
-    // From here the capacity doubles up to the limit and not beyond.
+    // Doubling this first capacity reaches the limit exactly and never exceeds it.
     if (body_.empty()) body_.reserve(chunkBytes);
     body_.append(completion_->chunk.data(), count);
     return count == left;
 }
 
-// Not every system reports a body that ends before its announced length.
+// Throws if the body is shorter than its announced length, because not every system reports that.
 void HttpTransfer::checkWhole() const {
     if (header_.document.size.value_or(0) > body_.size())
         failWithError(ERROR_WINHTTP_CONNECTION_ERROR);

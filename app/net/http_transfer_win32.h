@@ -15,51 +15,52 @@ namespace velvox {
 
 /// Limits of one transfer.
 struct TransferLimits {
-    std::chrono::milliseconds time{60'000};  ///< for everything, redirects included
-    std::size_t bytes = 64U << 20;           ///< of one body; kept in memory up to 1.5 times
+    std::chrono::milliseconds time{60'000};  ///< for the whole transfer, redirects included
+    std::size_t bytes = 64U << 20;           ///< maximum body size; memory use is up to 1.5 times
 };
 
-/// A window that gets a posted message, with `number` as its wParam, for each completed step of a
-/// transfer. Without one the event of the transfer is set instead.
+/// The window that gets a posted message for each completed step of a transfer, with `number` as
+/// wParam. Without a window, the transfer sets an event instead.
 struct StepRecipient {
     HWND window = nullptr;
     UINT message = 0;
     WPARAM number = 0;
 };
 
-/// One GET over WinHTTP, redirects followed. It proceeds in short steps on the thread that made it:
-/// whenever WinHTTP has completed a step, `advance` takes the next one. Its destruction ends it at
-/// once in any state. The body of a redirect is never read.
+/// One GET over WinHTTP that follows redirects. It proceeds in short steps on the thread that
+/// created it: after WinHTTP has completed a step, `advance` starts the next one. Destroying the
+/// transfer ends it at once in any state. The body of a redirect is never read.
 class HttpTransfer {
  public:
     using Clock = std::chrono::steady_clock;
 
     enum class Wants { HeaderOnly, WholeBody };
 
-    /// Sends the first request. Throws RuntimeFailure (Transfer) with a plain reason.
+    /// Sends the first request. Throws RuntimeFailure (Transfer) with a readable reason.
     HttpTransfer(InternetSession& session, std::string_view address, Wants wants,
                  const TransferLimits& limits, const StepRecipient& recipient = {});
     HttpTransfer(const HttpTransfer&) = delete;
     HttpTransfer& operator=(const HttpTransfer&) = delete;
     ~HttpTransfer();
 
-    /// Takes the step that is due, if any. Returns true once everything requested has arrived.
-    /// Throws RuntimeFailure (Transfer) with a plain reason; the transfer is then over.
+    /// Starts the next step if a step has completed. Returns true once everything requested has
+    /// arrived. Throws RuntimeFailure (Transfer) with a readable reason; the transfer is then over.
     [[nodiscard]] bool advance();
 
-    /// An event that is set when a step has completed; each request has its own.
+    /// The event that is set when a step has completed. Each request of a transfer has its own
+    /// event.
     HANDLE completed() const noexcept;
 
     Clock::time_point deadline() const noexcept { return deadline_; }
 
-    /// Bytes of the last reply's body so far.
+    /// Number of bytes of the last reply's body that have arrived so far.
     std::size_t received() const noexcept { return body_.size(); }
 
-    /// The reason given when a transfer reaches its deadline.
+    /// Error text of a transfer that reaches its deadline.
     static constexpr const char* timeoutReason = "The server did not answer in time";
     [[noreturn]] static void failWithTimeout();
 
-    /// Of the last reply.
+    /// Address and document of the last reply.
     std::string address() const { return toString(chain_.current()); }
     const DocumentInfo& document() const noexcept { return header_.document; }
     std::string takeBody() noexcept { return std::move(body_); }

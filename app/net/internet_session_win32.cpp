@@ -10,7 +10,7 @@ using GlobalText = Owned<wchar_t*, &freeGlobal>;
 
 OwnedInternet open(DWORD access, const wchar_t* proxy = WINHTTP_NO_PROXY_NAME,
                    const wchar_t* bypass = WINHTTP_NO_PROXY_BYPASS) {
-    // No user agent: servers do not require one.
+    // Sends no user agent, because servers do not require one.
     return OwnedInternet(WinHttpOpen(nullptr, access, proxy, bypass, WINHTTP_FLAG_ASYNC));
 }
 
@@ -22,8 +22,8 @@ bool machineHasProxy() {
     return info.dwAccessType == WINHTTP_ACCESS_TYPE_NAMED_PROXY;
 }
 
-// The user's static proxy comes first; then one set for the whole machine (which is where Wine
-// keeps http_proxy); then the automatic choice, which exists from Windows 8.1 on.
+// Uses the user's static proxy if there is one, else a proxy that is set for the whole machine
+// (where Wine keeps http_proxy), else automatic proxy settings, which exist since Windows 8.1.
 OwnedInternet openWithUsersProxy() {
     WINHTTP_CURRENT_USER_IE_PROXY_CONFIG user{};
     if (WinHttpGetIEProxyConfigForCurrentUser(&user)) {

@@ -13,11 +13,12 @@ inline void closeInternet(HINTERNET handle) noexcept {
 }
 using OwnedInternet = Owned<HINTERNET, &closeInternet>;
 
-/// The WinHTTP session of all transfers, asynchronous and with the user's proxy settings.
+/// The WinHTTP session that all transfers share. It is asynchronous and uses the user's proxy
+/// settings.
 class InternetSession {
  public:
-    /// Opens the session at the first call, which keeps WinHTTP out of the program's start. Null
-    /// on failure, with the thread's last error set.
+    /// Opens the session on the first call, so that WinHTTP is not loaded at the program's start.
+    /// Returns null on failure, with the thread's last error set.
     HINTERNET handle();
 
  private:

@@ -7,21 +7,21 @@
 
 namespace velvox {
 
-/// The requests of one transfer: one for the address it is given, then one for each redirect (301,
-/// 302, 303, 307 and 308), ten at most.
+/// The requests of one transfer: one for the given address, then one for each redirect (301, 302,
+/// 303, 307 and 308), up to maxRedirects.
 class RedirectChain {
  public:
     static constexpr int maxRedirects = 10;
 
-    /// Throws RuntimeFailure (Transfer) for an address that cannot be fetched.
+    /// Throws RuntimeFailure (Transfer) if `address` cannot be fetched.
     explicit RedirectChain(std::string_view address);
 
-    /// The next request; after the last reply, the address that it came from.
+    /// The address to request next; after the last reply, the address that sent it.
     const HttpAddress& current() const noexcept { return current_; }
 
-    /// Takes the reply to `current`. Returns true for a redirect, after which `current` is the next
-    /// request. Throws RuntimeFailure (Transfer) for one redirect too many and for one that leads
-    /// to no address or says nothing.
+    /// Handles the reply to the request for `current`. Returns true for a redirect: `current` is
+    /// then the address to request next. Throws RuntimeFailure (Transfer) for too many redirects
+    /// and for a redirect without a valid address.
     [[nodiscard]] bool follow(const ReplyHeader& reply);
 
  private:

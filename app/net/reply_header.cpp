@@ -17,7 +17,7 @@ std::optional<Number> wholeNumber(std::string_view digits) {
     return number;
 }
 
-// "HTTP/1.1 200 OK"
+// The status in a line such as "HTTP/1.1 200 OK"; 0 for any other line.
 int statusOf(std::string_view line) {
     const auto blank = line.find(' ');
     if (!line.starts_with("HTTP/") || blank == line.npos) return 0;

@@ -7,26 +7,26 @@
 
 namespace velvox {
 
-/// What a reply states about its document.
+/// What the header of a reply states about the document.
 struct DocumentInfo {
-    std::string type;                   ///< media type as the server named it; may be empty
-    std::optional<std::uint64_t> size;  ///< bytes
+    std::string type;                   ///< media type as the server sent it; may be empty
+    std::optional<std::uint64_t> size;  ///< in bytes; nullopt if unknown
 
     bool operator==(const DocumentInfo&) const = default;
 };
 
-/// The header of a reply, as far as it is used here.
+/// The parts of a reply's header that the program uses.
 struct ReplyHeader {
-    int status = 0;        ///< 0 without a status line
-    std::string location;  ///< as written; empty without one
+    int status = 0;        ///< 0 if there is no status line
+    std::string location;  ///< the Location field as written; empty if there is none
     DocumentInfo document;
 
     bool operator==(const ReplyHeader&) const = default;
 };
 
-/// Parses a reply's header: a status line and fields, with any line ends. The first of
-/// several fields of one name counts. A Content-Length beside a Transfer-Encoding is ignored,
-/// and so is one that is not a number.
+/// Parses a reply's header: a status line and fields, with any line ends. If a field occurs several
+/// times, the first one counts. A Content-Length is ignored if it is not a number or if there is a
+/// Transfer-Encoding.
 ReplyHeader parseReplyHeader(std::string_view header);
 
 }  // namespace velvox

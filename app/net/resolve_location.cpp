@@ -11,7 +11,7 @@
 namespace velvox {
 namespace {
 
-// What browsers percent-encode besides controls and bytes above 126.
+// Bytes that browsers percent-encode, besides control characters and bytes above 126.
 constexpr std::string_view unsafeInPath = " \"#<>?^`{}";
 constexpr std::string_view unsafeInQuery = " \"#<>'";
 constexpr std::string_view unsafeInFragment = " \"<>`";
@@ -26,7 +26,7 @@ bool isSlash(char c) {
     return slashes.find(c) != slashes.npos;
 }
 
-/// Without the blanks and controls around it and the tabs and line ends in it.
+/// Removes blanks and control characters from both ends, and tabs and line ends everywhere.
 std::string cleaned(std::string_view location) {
     const auto isEdge = [](char c) { return static_cast<unsigned char>(c) <= ' '; };
     while (!location.empty() && isEdge(location.front())) location.remove_prefix(1);
@@ -36,7 +36,7 @@ std::string cleaned(std::string_view location) {
     return result;
 }
 
-/// Cuts `text` before the first `delimiter` and returns the rest, `delimiter` included.
+/// Cuts `text` before the first `delimiter`. Returns the rest, which starts with `delimiter`.
 std::string_view takeFrom(std::string_view& text, char delimiter) {
     const auto at = std::min(text.find(delimiter), text.size());
     const std::string_view tail = text.substr(at);
@@ -50,8 +50,8 @@ bool isStep(std::string_view step, std::initializer_list<std::string_view> spell
     });
 }
 
-/// `path` (empty, or steps that each start with a slash) continued by `steps`, whose first slash
-/// has been taken off.
+/// Appends `steps`, which come without their first slash, to `path` and resolves "." and "..".
+/// `path` is empty or consists of steps that each start with a slash.
 std::string continuePath(std::string path, std::string_view steps) {
     for (;;) {
         const auto end = std::min(steps.find_first_of(slashes), steps.size());
@@ -83,7 +83,7 @@ void setAuthority(HttpAddress& address, std::string_view authority) {
     address.port = parts.port.value_or(defaultPort(address.secure));
 }
 
-/// Removes the scheme from the front of `rest` and returns whether there is one.
+/// Removes a scheme from the front of `rest`. Returns whether there was one.
 bool takeScheme(std::string_view& rest, bool& secure) {
     const std::string scheme = urlScheme(rest);
     if (scheme.empty()) return false;

@@ -6,11 +6,11 @@
 
 namespace velvox {
 
-/// Where the Location header of a reply from `base` leads, resolved by the rules of the URL
-/// Standard for http and https, as browsers do: the host in its canonical form, dot steps taken,
-/// blanks and the like percent-encoded. The port may be 0, which no request can be sent to.
-/// Throws RuntimeFailure (Transfer) with a plain reason for an empty Location, any other scheme,
-/// a host or port that cannot be one, a host beyond ASCII, and a user name or password.
+/// Resolves the Location header of a reply from `base` by the rules of the URL Standard for http
+/// and https, as browsers do: the host is made canonical, "." and ".." are resolved, and blanks and
+/// similar bytes are percent-encoded. The port of the result may be 0, to which no request can be
+/// sent. Throws RuntimeFailure (Transfer) with a readable reason for an empty Location, any other
+/// scheme, an invalid host or port, a non-ASCII host, and a user name or password.
 HttpAddress resolveLocation(const HttpAddress& base, std::string_view location);
 
 }  // namespace velvox

@@ -12,22 +12,24 @@ namespace {
 using Clock = HttpTransfer::Clock;
 using std::chrono::milliseconds;
 
-// Timers are left out: they would wake the wait needlessly.
+// Input that ends the wait. Timers are not included, because they would end it needlessly.
 constexpr DWORD awaitedInput =
     QS_SENDMESSAGE | QS_POSTMESSAGE | QS_PAINT | QS_MOUSEBUTTON | QS_MOUSEMOVE | QS_KEY;
 
-// A PeekMessage with a filter marks all queued messages as seen, after which the wait no longer
-// wakes for them; and a body that streams in fast keeps the wait from ever seeing a message.
+// Messages are handled at least this often. A wait alone could miss them: PeekMessage with a filter
+// marks all queued messages as seen, after which they no longer end the wait, and a body that
+// arrives fast ends every wait before a message does.
 constexpr milliseconds maxPollInterval{100};
 
-// A fetch that is advanced by its caller's wait and from inside a menu's loop.
+// A page fetch that is advanced both by the waiting loop of OpenURL and by a timer while a menu is
+// open.
 class Fetch {
  public:
     explicit Fetch(HttpTransfer& transfer) : transfer_(transfer) {}
 
-    /// Takes the steps that are due. A failure is kept for `advance`.
+    /// Takes the steps that are due. `advance` rethrows an exception of these steps later.
     bool isOver() noexcept {
-        // A tick comes every 100 ms: several steps each, so that a page does not take minutes.
+        // The timer ticks only every 100 ms. With one step per tick a page would take minutes.
         constexpr int stepsOfATick = 16;
         try {
             for (int step = 0; step < stepsOfATick && !done_ && !failure_; ++step)

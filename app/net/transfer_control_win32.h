@@ -8,16 +8,17 @@
 
 namespace velvox {
 
-/// Page fetches over WinHTTP. The calling thread waits.
+/// Fetches pages over WinHTTP. The calling thread waits for the page.
 class WinHttpTransfer : public TransferControl {
  public:
-    /// Advances the fetch; true once the page has arrived or has been given up.
+    /// Advances the fetch. Returns true once the page has arrived, the fetch has failed or its time
+    /// is over.
     using IsOver = std::function<bool()>;
 
-    /// Called when window messages arrive and every 100 ms at the latest, so that a window can
-    /// repaint itself and be closed. It may end the program, but must not start another fetch. If
-    /// it takes long, as while a menu is open, it has to call its argument from time to time and
-    /// to return when the fetch is over.
+    /// Called when window messages arrive, and at least every 100 ms, so that a window can repaint
+    /// itself and be closed. The function may end the program, but must not start another fetch. If
+    /// it runs for long, for example while a menu is open, it must call its argument from time to
+    /// time and return once the argument returns true.
     using WhileWaiting = std::function<void(const IsOver&)>;
 
     explicit WinHttpTransfer(InternetSession& session, const TransferLimits& limits = {},
@@ -25,7 +26,7 @@ class WinHttpTransfer : public TransferControl {
 
     std::string OpenURL(std::string_view address) override;
 
-    /// Called as often as `whileWaiting`, before it.
+    /// Called each time before `WhileWaiting` is.
     std::function<void(const TransferProgress&)> onProgress;
 
  private:

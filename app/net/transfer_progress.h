@@ -13,7 +13,7 @@ struct TransferProgress {
     std::chrono::milliseconds limit{};
 };
 
-/// "1,234 KB, 12 of 60 s"; nothing in the first second, in which most fetches end.
+/// A text such as "1,234 KB, 12 of 60 s". Empty in the first second, in which most fetches end.
 std::string progressText(const TransferProgress& progress);
 
 }  // namespace velvox

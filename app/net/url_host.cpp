@@ -30,7 +30,8 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
     }
 }
 
-/// `digits` in `base`; the type's maximum for a number beyond it.
+/// Parses a number; nullopt if `digits` is none. A number that is too large becomes the type's
+/// maximum.
 std::optional<std::uint64_t> number(std::string_view digits, int base) {
     std::uint64_t value = 0;
     const char* end = digits.data() + digits.size();
@@ -39,14 +40,15 @@ std::optional<std::uint64_t> number(std::string_view digits, int base) {
     return error == std::errc{} ? value : std::numeric_limits<std::uint64_t>::max();
 }
 
-/// One part of a dotted IPv4 address: decimal, octal after "0", hexadecimal after "0x".
+/// Parses a part of a dotted IPv4 address: hexadecimal after "0x", octal after "0", otherwise
+/// decimal.
 std::optional<std::uint64_t> ipv4Part(std::string_view part) {
     if (part.starts_with("0x")) return part.size() == 2 ? 0 : number(part.substr(2), 16);
     if (part.size() > 1 && part[0] == '0') return number(part.substr(1), 8);
     return number(part, 10);
 }
 
-/// The host as an IPv4 address if its last part is a number: no name ends in one.
+/// The host as an IPv4 address if its last part is a number, because no host name ends in a number.
 std::optional<std::string> canonicalIpv4(std::string_view host) {
     std::vector<std::string_view> parts = split(host, '.');
     if (parts.size() > 1 && parts.back().empty()) parts.pop_back();
@@ -54,7 +56,7 @@ std::optional<std::string> canonicalIpv4(std::string_view host) {
     if (parts.size() > 4) throw noHost();
     std::uint64_t address = 0;
     for (std::size_t i = 0; i < parts.size(); ++i) {
-        // The last part fills all the bytes that the others leave.
+        // The last part fills all bytes that the other parts leave.
         const bool last = i + 1 == parts.size();
         const std::uint64_t limit = last ? 1ULL << (8 * (5 - parts.size())) : 256;
         const auto value = ipv4Part(parts[i]);
@@ -69,7 +71,7 @@ std::optional<std::string> canonicalIpv4(std::string_view host) {
 
 using Ipv6Pieces = std::vector<std::uint16_t>;
 
-/// The dotted IPv4 address that an IPv6 address may end with, as its last two pieces.
+/// Appends the dotted IPv4 address in which an IPv6 address may end, as two pieces.
 void appendDotted(std::string_view text, Ipv6Pieces& pieces) {
     const auto parts = split(text, '.');
     if (parts.size() != 4) throw noHost();
@@ -84,7 +86,7 @@ void appendDotted(std::string_view text, Ipv6Pieces& pieces) {
     pieces.push_back(static_cast<std::uint16_t>(bytes[2] << 8 | bytes[3]));
 }
 
-/// Pieces with colons between them; none in an empty text.
+/// Parses pieces that are separated by colons. An empty text has no pieces.
 Ipv6Pieces ipv6Pieces(std::string_view text, bool mayEndDotted) {
     Ipv6Pieces pieces;
     if (text.empty()) return pieces;
@@ -118,7 +120,8 @@ Ipv6Pieces parseIpv6(std::string_view text) {
 
 std::string canonicalIpv6(std::string_view text) {
     const Ipv6Pieces pieces = parseIpv6(text);
-    // "::" replaces the first of the longest runs of two zeros or more.
+    // "::" replaces the longest run of two or more zeros, and the first such run if several are
+    // longest.
     std::size_t gap = pieces.size();
     std::size_t gapSize = 1;
     for (std::size_t begin = 0; begin < pieces.size();) {

@@ -27,7 +27,7 @@ VARIANT boolVariant(bool flag) {
 bool announcesTooMuch(IXMLHttpRequest& request) {
     const Bstr name = makeBstr(L"Content-Length");
     BSTR value = nullptr;
-    // No such header, or none yet.
+    // The reply has no such header, or it has not arrived yet.
     if (request.getResponseHeader(name.get(), &value) != S_OK) return false;
     const Bstr owner(value);
     const std::string digits = narrow(view(value));
@@ -48,8 +48,7 @@ MsxmlRequest::MsxmlRequest() {
 
 void MsxmlRequest::open(std::string_view method, std::string_view address) {
     const Bstr verb = makeBstr(widen(method));
-    // The address carries a date in the user's own format: escape it so the request line stays
-    // valid.
+    // The address contains a date in the user's own format. Escaping keeps the request line valid.
     const Bstr url = makeBstr(widen(escapeForRequestLine(address)));
     const Bstr noUser = makeBstr(L"");
     requireSuccess(request_->open(verb.get(), url.get(), boolVariant(true),
@@ -63,8 +62,8 @@ void MsxmlRequest::send() {
     requireSuccess(request_->send(nothing), "The request's send");
 }
 
-// The object is kept: under Wine the transfer continues after this, and crashes once it is
-// released.
+// Keeps the request object: under Wine the transfer continues after an abort, and crashes if the
+// object has been released.
 void MsxmlRequest::abort() {
     requireSuccess(request_->abort(), "The request's abort");
 }
@@ -72,7 +71,7 @@ void MsxmlRequest::abort() {
 int MsxmlRequest::readyState() const {
     LONG state = 0;
     requireSuccess(request_->get_readyState(&state), "The request's readyState");
-    // Aborting leaves the request at 0, so the reply never counts as complete.
+    // abort() resets the state to 0, so such a reply never counts as complete.
     if (state < headersReceived || !announcesTooMuch(*request_.get()))
         return static_cast<int>(state);
     requireSuccess(request_->abort(), "The request's abort");

@@ -9,8 +9,8 @@
 
 namespace velvox {
 
-/// MSXML's request object. It works through the thread's message loop. A reply that announces
-/// more than 1 MB is aborted and never becomes complete.
+/// MSXML's request object, which needs the thread's message loop. If a reply announces more than 1
+/// MB, the request is aborted and never becomes complete.
 class MsxmlRequest : public XmlHttpRequest {
  public:
     MsxmlRequest();
