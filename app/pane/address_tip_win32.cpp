@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t maxTipLength = 400;
 constexpr int tipWidth = 480;        // pixels at 96 DPI
-constexpr int tipBelowPointer = 20;  // the same
+constexpr int tipBelowPointer = 20;  // pixels at 96 DPI
 
 TTTOOLINFOW tipTool(HWND control) {
     return toolRecord(control, TTF_TRACK | TTF_ABSOLUTE, 1);

@@ -1,4 +1,4 @@
-// The tool tip that shows where a link leads.
+// The tool tip that shows the address of a link.
 #pragma once
 
 #include <windows.h>
@@ -12,10 +12,10 @@ namespace velvox {
 
 class AddressTip {
  public:
-    /// `owner` is the control that the tip belongs to.
+    /// `owner` is the control that contains the links.
     explicit AddressTip(HWND owner);
 
-    /// Shows the start of `address` below a point of the screen.
+    /// Shows the start of `address` below a position on the screen.
     void show(std::string_view address, POINT screen);
     void hide() noexcept;
 

@@ -13,13 +13,15 @@ constexpr size_t newFontCost = 180;
 constexpr size_t linkCost = 16;
 constexpr size_t spanCost = 700;
 
-// A change of script, or between letters, digits and signs, starts a new item for the shaper.
+// Cost of a new item for the text shaper. An item starts at a change of script, or between letters,
+// digits and signs.
 constexpr size_t itemCost = 3;
 
-// Whenever a row is full the control splits the line and shapes all the rest of it again.
+// Cost of a full row: the control splits the line there and shapes all the rest of the line again.
 constexpr size_t rowCost = 36;
 
-// Columns that fit into a row of the pane, less half a word that moves to the next one.
+// Number of columns in a row of the pane, less half a word, because a word that does not fit moves
+// to the next row.
 constexpr size_t rowColumns(size_t width) {
     constexpr size_t columns = 34;
     constexpr size_t halfWord = 4;

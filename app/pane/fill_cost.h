@@ -1,6 +1,6 @@
-// What filling a rich-edit control costs. The control lays out all of its text at once on the
-// window's thread, so what is shown is bounded by this cost: a count of characters or lines alone
-// lets one text take ten times as long as another.
+// The cost of filling a rich-edit control. The control lays out all of its text at once on the
+// window's thread, so this cost limits what is shown. A limit on characters or lines alone would
+// let one text take ten times as long as another.
 #pragma once
 
 #include <array>
@@ -9,11 +9,12 @@
 
 namespace velvox {
 
-/// Adds up the cost of a text. The unit is a plain letter on a short line. The weights are measured
-/// under Wine's control, which is by far the slowest; docs/performance.md has the figures.
+/// Adds up the cost of a text. The unit is the cost of a plain letter on a short line. The weights
+/// are measured with Wine's control, which is by far the slowest; docs/performance.md has the
+/// figures.
 class FillCost {
  public:
-    /// The maximum cost of a text: what 32,767 lines "Download Image N", each a link, need.
+    /// The maximum cost of a text, enough for 32,767 lines "Download Image N" that are each a link.
     static constexpr std::size_t max = 1'920'000;
 
     struct Font {
@@ -24,14 +25,14 @@ class FillCost {
         bool operator==(const Font&) const = default;
     };
 
-    /// `width` of the character is 1 to 4; `column` is the width of the line before it. Both in
-    /// characters of size 2.
+    /// `width` is the width of the character, 1 to 4. `column` is the width of the line before the
+    /// character. The unit of both is a character of size 2.
     void addCharacter(char16_t c, std::size_t column, std::size_t width);
     void addLine();
     void addLink();
-    /// A stretch of links that is formatted after streaming.
+    /// Adds a span of links that is formatted after streaming.
     void addSpan();
-    /// A change of font or colour, to text in `font`.
+    /// Adds a change of font or colour. The text after the change is in `font`.
     void addFormat(Font font);
 
     bool isExceeded() const noexcept { return spent_ > max; }
@@ -42,8 +43,8 @@ class FillCost {
 
     std::size_t spent_ = 0;
     Kind lastKind_ = Kind::Blank;
-    std::array<Font, 8> recentFonts_{};  ///< fewer than Wine's control keeps
-    std::size_t nextFont_ = 0;           ///< index into recentFonts_ of the oldest
+    std::array<Font, 8> recentFonts_{};  ///< last fonts used; Wine's control caches more
+    std::size_t nextFont_ = 0;           ///< index of the oldest one in recentFonts_
 };
 
 }  // namespace velvox

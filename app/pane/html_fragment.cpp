@@ -19,15 +19,15 @@ using std::string_view;
 
 constexpr string_view defaultFace = "Tahoma";
 
-// Bounds of what is kept of a hostile page. Far more than the pane can show, except the addresses:
-// those of the longest list may have 500 bytes each.
-constexpr size_t maxFaces = 64;  // fonts beyond show in the default face
+// Limits on what is kept of a hostile page. They are far above what the pane can show, except the
+// limit on addresses: in the longest list, each address may have 500 bytes.
+constexpr size_t maxFaces = 64;  // text in further fonts is shown in the default face
 constexpr size_t maxFontDepth = 1000;
 constexpr size_t maxText = 4'000'000;
 constexpr size_t maxRuns = 200'000;
 constexpr size_t maxAddressBytes = 16'000'000;
 
-// Half points of the sizes 1 to 7.
+// The font sizes 1 to 7 in half points.
 constexpr std::array<std::uint16_t, 7> sizes{15, 20, 24, 27, 36, 48, 72};
 
 constexpr std::pair<string_view, Rgb> colourNames[] = {
@@ -43,7 +43,7 @@ constexpr std::pair<string_view, string_view> entityNames[] = {
     {"amp", "&"}, {"lt", "<"}, {"gt", ">"}, {"quot", "\""}, {"apos", "'"}, {"nbsp", "\xC2\xA0"},
 };
 
-// Longest reference that is read, from "&" to ";". Bounds the search for the semicolon.
+// Maximum length of a character reference, from "&" to ";". It limits the search for the semicolon.
 constexpr size_t maxReferenceLength = 12;
 
 string_view trimmed(string_view text) {
@@ -59,7 +59,7 @@ std::optional<Number> number(string_view digits, int base) {
     return value;
 }
 
-// The character of a reference without its "&" and ";", or an empty text for an unknown one.
+// The character of a reference without its "&" and ";". Empty if the reference is unknown.
 std::string resolved(string_view reference) {
     if (!reference.starts_with('#')) {
         for (const auto& [name, text] : entityNames)
@@ -79,8 +79,8 @@ std::string resolved(string_view reference) {
                                   static_cast<char16_t>(0xDC00 + (above & 0x3FF))});
 }
 
-// Takes a reference off the front of a text that starts with "&". Only one that ends with its
-// semicolon counts: addresses are full of "&name=", which is literal text.
+// Removes a character reference from the front of a text that starts with "&". A reference must end
+// with a semicolon, because addresses are full of "&name=", which is plain text.
 std::optional<std::string> takeReference(string_view& rest) {
     const auto end = rest.substr(0, maxReferenceLength).find(';');
     if (end == rest.npos) return std::nullopt;
@@ -106,8 +106,8 @@ std::string withReferencesResolved(string_view value) {
     return result;
 }
 
-// An address as browsers read it: blanks around it, and line breaks and tabs anywhere in it, do
-// not count. NULs would end it early in the system's calls.
+// An address as browsers read it: without surrounding blanks, and without line breaks and tabs
+// anywhere in it. NULs are removed too, because they would end the address early in system calls.
 std::string addressOf(string_view value) {
     std::string address(trimmed(withReferencesResolved(value)));
     std::erase_if(address, [](char c) { return c == '\0' || c == '\t' || c == '\r' || c == '\n'; });
@@ -161,7 +161,7 @@ class Parser {
         rest_.remove_prefix(length);
     }
 
-    // Takes a tag or comment that starts here. False: the "<" is text.
+    // Handles a tag or comment at the start of the rest. Returns false if the "<" is plain text.
     bool takeMarkup() {
         if (tagsEnded_ || rest_.size() < 2) return false;
         const char next = rest_[1];
@@ -171,8 +171,8 @@ class Parser {
             return false;
         const auto tag = takeHtmlTag(rest_);
         if (!tag) {
-            // The rest has been searched already. Searching again from the next "<" would cost the
-            // square of the length, so what remains is taken as plain text.
+            // The whole rest has been searched for the end of a tag. Searching again from each "<"
+            // would take quadratic time, so the rest is read as plain text.
             tagsEnded_ = true;
             return false;
         }
@@ -205,8 +205,8 @@ class Parser {
             else
                 closeFont();
         } else if (ascii::equalIgnoringCase(tag.name, "a")) {
-            // Links do not nest: each "a", closing or without an address too, ends the one before.
-            // So a link that is ended by a second "<a>" has its own text and no more.
+            // Links do not nest: each "a" tag, even a closing one or one without an address, ends
+            // the previous link. So a link that a second "<a>" ends has only its own text.
             link_ = TextRun::noLink;
             ++anchor_;
             address_.reset();
@@ -259,7 +259,7 @@ class Parser {
         if (larger) text.remove_prefix(1);
         const auto value = number<int>(text, 10);
         if (!value || (larger && smaller)) return fonts_.look.halfPoints;
-        constexpr int base = 3;  // what "+1" and "-1" are counted from
+        constexpr int base = 3;  // the size to which "+1" and "-1" are relative
         constexpr int most = static_cast<int>(sizes.size());
         const int step = std::clamp(*value, -most, most) + (larger || smaller ? base : 0);
         return sizes[static_cast<size_t>(std::clamp(step, 1, most) - 1)];
@@ -277,7 +277,8 @@ class Parser {
     }
 
     void append(string_view text) {
-        // Only now, since many links without a text would cost memory for nothing.
+        // An address is kept only once its link has text. Many links without text would waste
+        // memory.
         if (address_) {
             link_ = static_cast<int>(result_.addresses.size());
             addressBytes_ += address_->size();
@@ -285,7 +286,7 @@ class Parser {
             address_.reset();
         }
         TextLook look = fonts_.look;
-        // A link has the colour of links, unless a font inside it says otherwise.
+        // A link has the link colour unless a font tag inside the link sets another.
         if (link_ != TextRun::noLink && fonts_.colouredIn != anchor_)
             look.colour = TextLook::automatic;
         const size_t begin = result_.text.size();
@@ -318,22 +319,22 @@ class Parser {
 
     struct Fonts {
         TextLook look;
-        size_t colouredIn = 0;  ///< anchor_ when the colour was set
+        size_t colouredIn = 0;  ///< value of anchor_ when the colour was set
     };
 
     string_view rest_;
     HtmlFragment result_;
     Fonts fonts_;
-    std::vector<Fonts> outer_;            // of the font tags that are open
-    size_t ignoredFonts_ = 0;             // open beyond the depth that is kept
+    std::vector<Fonts> outer_;            // one for each open font tag: the look outside it
+    size_t ignoredFonts_ = 0;             // open font tags beyond maxFontDepth
     size_t anchor_ = 0;                   // number of the last "a" tag
-    std::optional<std::string> address_;  // of a link that has had no text yet
+    std::optional<std::string> address_;  // address of a link that has no text yet
     int link_ = TextRun::noLink;
     size_t addressBytes_ = 0;
     bool lineIsEmpty_ = true;
     bool endsInBlank_ = false;
-    bool tagsEnded_ = false;      // no tag ends in what remains
-    bool commentsEnded_ = false;  // no comment does
+    bool tagsEnded_ = false;      // the rest has no end of a tag
+    bool commentsEnded_ = false;  // the rest has no end of a comment
 };
 
 }  // namespace

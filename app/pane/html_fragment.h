@@ -1,5 +1,5 @@
-// Reads the HTML that the result pane is given: font, a, br, text and entities. Of anything else
-// the text is kept, so a page's own words or a pasted line show as they are.
+// Parses the HTML that the result pane gets: font, a, br, text and entities. Other tags are
+// dropped, but the text inside them is kept.
 #pragma once
 
 #include <cstddef>
@@ -17,43 +17,44 @@ struct TextLook {
     static constexpr Rgb automatic = -1;
 
     std::uint16_t face = 0;         ///< index into HtmlFragment::faces
-    std::uint16_t halfPoints = 20;  ///< size 2, ten points
-    Rgb colour = automatic;         ///< or the colour that window text or links have
+    std::uint16_t halfPoints = 20;  ///< size 2, which is ten points
+    Rgb colour = automatic;         ///< `automatic`: the colour of window text or of links
 
     bool operator==(const TextLook&) const = default;
 };
 
-/// A piece of the text with one look, inside one link or none.
+/// A piece of the text that has one look and is in one link or in none.
 struct TextRun {
     static constexpr int noLink = -1;
 
-    std::size_t begin = 0;  ///< bytes of HtmlFragment::text
+    std::size_t begin = 0;  ///< positions in bytes in HtmlFragment::text
     std::size_t end = 0;
     TextLook look;
     int link = noLink;  ///< index into HtmlFragment::addresses
 };
 
 struct HtmlFragment {
-    /// The visible text, entities resolved and white space collapsed; "\n" is a line break.
+    /// The visible text: entities are resolved, white space is collapsed, and "\n" is a line break.
     std::string text;
 
-    /// Cover the text from start to end; none is empty.
+    /// The runs cover the text from start to end. No run is empty.
     std::vector<TextRun> runs;
 
-    /// The links' addresses, in order; each link has text.
+    /// The addresses of the links, in order. Each link has text.
     std::vector<std::string> addresses;
 
-    /// Font names in use; the first is the one of text outside any font tag.
+    /// Font names in use. The first one is the font of text outside any font tag.
     std::vector<std::string> faces;
 
-    /// The input was longer than any pane can show; the rest was not read.
+    /// Whether the input was longer than any pane can show. The rest of it was not parsed.
     bool truncated = false;
 };
 
-/// A link with a longer address is plain text: Windows passes no longer command line to a program.
+/// A link with a longer address becomes plain text, because Windows passes no longer command line
+/// to a program.
 inline constexpr std::size_t maxAddressLength = 32'767;
 
-/// Takes any bytes, in time linear in their number; the result's memory is bounded.
+/// Accepts any bytes. Takes linear time; the memory of the result is limited.
 HtmlFragment parseHtmlFragment(std::string_view html);
 
 }  // namespace velvox

@@ -10,7 +10,7 @@ namespace {
 using std::size_t;
 using std::string_view;
 
-// One tag from after its "<". Fails when the text ends before the tag does.
+// Reads one tag from the text after its "<". Fails if the text ends before the tag does.
 class TagReader {
  public:
     explicit TagReader(string_view text) : text_(text) {}
@@ -29,7 +29,7 @@ class TagReader {
         return std::nullopt;
     }
 
-    /// Bytes read so far.
+    /// Number of bytes read so far.
     size_t length() const { return at_; }
 
  private:
@@ -47,7 +47,7 @@ class TagReader {
     }
 
     bool readAttribute(HtmlTag& tag) {
-        const size_t begin = at_++;  // an "=" in front belongs to the name
+        const size_t begin = at_++;  // a leading "=" belongs to the name
         upTo([](char c) { return isHtmlBlank(c) || c == '/' || c == '>' || c == '='; });
         const string_view name = text_.substr(begin, at_ - begin);
         upTo([](char c) { return !isHtmlBlank(c); });

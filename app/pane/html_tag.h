@@ -1,4 +1,4 @@
-// Reads one HTML tag: its name and the attributes that the result pane knows.
+// Parses one HTML tag: its name and the attributes that the result pane uses.
 #pragma once
 
 #include <optional>
@@ -6,7 +6,7 @@
 
 namespace velvox {
 
-/// White space between words and attributes.
+/// Whether HTML treats `c` as white space.
 bool isHtmlBlank(char c);
 
 struct HtmlTag {
@@ -15,8 +15,8 @@ struct HtmlTag {
     std::optional<std::string_view> href, face, size, colour;
 };
 
-/// Removes a tag from the front of `rest`, which starts with its "<". Nullopt, and `rest` as it
-/// was, if the text ends before the tag does.
+/// Removes a tag from the front of `rest`, which must start with "<". If the text ends before the
+/// tag does, returns nullopt and leaves `rest` unchanged.
 std::optional<HtmlTag> takeHtmlTag(std::string_view& rest);
 
 }  // namespace velvox

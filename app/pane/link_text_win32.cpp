@@ -15,7 +15,7 @@
 namespace velvox {
 
 LinkText::LinkText(HWND parent, const RECT& pixels, Desktop& desktop) : desktop_(desktop) {
-    // Its own drag and drop is off, so that drops reach the main window.
+    // The control's own drag and drop is off, so that dropped addresses reach the main window.
     create({.className = richEditClass(),
             .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY |
                      ES_NOOLEDRAGDROP,
@@ -25,7 +25,7 @@ LinkText::LinkText(HWND parent, const RECT& pixels, Desktop& desktop) : desktop_
     SendMessageW(handle(), EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
     SendMessageW(handle(), EM_SETUNDOLIMIT, 0, 0);
     SendMessageW(handle(), EM_SETBKGNDCOLOR, TRUE, 0);
-    // By default its points follow the system's resolution.
+    // By default the control scales fonts by the system's resolution, not by screenDpi().
     if (screenDpi() != systemDpi())
         SendMessageW(handle(), EM_SETZOOM, static_cast<WPARAM>(screenDpi()), systemDpi());
 
@@ -44,9 +44,9 @@ void LinkText::show(RichText text) {
     painted_ = false;
     SendMessageW(handle(), WM_SETREDRAW, FALSE, 0);
     SetWindowTextW(handle(), L"");
-    // No control word makes a link. Wine's stream takes the format of the place it goes to, so
-    // text that is all link, however long, becomes link as it streams in: formatting it afterwards
-    // would take half as long again.
+    // RTF has no control word for links. Wine's control gives streamed text the format at the
+    // insertion point, so a text that is one link throughout becomes a link while it streams in.
+    // Formatting it afterwards would take half as long again.
     const bool allLink =
         text.spans.size() == 1 && text.spans[0].begin == 0 && text.spans[0].end + 1 >= text.length;
     formatSelectionAsLink(handle(), allLink);
@@ -59,8 +59,9 @@ void LinkText::show(RichText text) {
     lines_ = text.lines;
 }
 
-// Gives the control's own link format to what the stream could not give it to. It costs the
-// control time for each span; those beyond a limit only look like links, and work as well.
+// Gives the control's own link format to links that did not get it from the stream. The control
+// needs time for each span. If there are too many spans, the links only look like links, but work
+// as well.
 void LinkText::markLinks(const RichText& text, bool streamedAsLinks) {
     if (streamedAsLinks) {
         setSelection(handle(), 0, 1);
@@ -77,7 +78,7 @@ void LinkText::markLinks(const RichText& text, bool streamedAsLinks) {
 }
 
 std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    // Handling a message may destroy this object, but not what these two lines use.
+    // Handling a message may destroy this object. The code below uses only local variables.
     const HWND control = handle();
     std::optional<LRESULT> result = onEvent(message, wParam, lParam);
     if (message == WM_NCDESTROY) return result;
@@ -89,14 +90,15 @@ std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM l
 std::optional<LRESULT> LinkText::onEvent(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE: {
-            // Enter is handled here while the caret is on a link; Tab and Escape remain the
-            // dialog's, and without DLGC_HASSETSEL tabbing in does not select the whole text.
+            // Enter is handled here while the caret is on a link. Tab and Escape are left to the
+            // dialog. Without DLGC_HASSETSEL, a Tab into the control does not select the whole
+            // text.
             const auto* key = reinterpret_cast<const MSG*>(lParam);
             const bool enter = key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
             return DLGC_WANTARROWS | (enter && currentLink() ? DLGC_WANTMESSAGE : 0);
         }
         case WM_SETFOCUS:
-            // After Tab the user sees at once that there is something to open.
+            // After Tab, a selected link shows the user at once that there is something to open.
             if (GetKeyState(VK_TAB) < 0 && !currentLink() && !links_.empty())
                 select(links_.front());
             return std::nullopt;
@@ -170,7 +172,7 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
             if (link != tipped_) hideTip();
             trackHover();
             const LRESULT answer = DefSubclassProc(handle(), message, wParam, lParam);
-            // The control sets its own mouse pointer on every move.
+            // The control has just set its own mouse pointer, as it does on every move.
             if (link && !(wParam & MK_LBUTTON))
                 SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
             return answer;
@@ -179,14 +181,15 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
     }
 }
 
-// Whether the input being handled arrived after the links were visible. What was queued before was
-// meant for something else.
+// Whether the current input was made after the links had become visible. Earlier input, which
+// waited in the queue, was meant for something else.
 bool LinkText::beganAfterPaint() const {
     return painted_ && static_cast<LONG>(static_cast<DWORD>(GetMessageTime()) - paintedAt_) >= 0;
 }
 
-// Wine's control counts clicks itself. The word or line that it selects then lies beyond the text,
-// and the next Right ends the program: a double click selects a link, other clicks nothing.
+// Wine's control counts clicks itself. The word or line that it selects for repeated clicks lies
+// beyond the text, and the next Right key then ends the program. So a double click selects a link
+// here, and other repeated clicks select nothing.
 LRESULT LinkText::press(UINT message, WPARAM wParam, LPARAM lParam) {
     const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     const bool extending = (wParam & (MK_SHIFT | MK_CONTROL)) != 0;
@@ -210,7 +213,7 @@ LRESULT LinkText::press(UINT message, WPARAM wParam, LPARAM lParam) {
     return answer;
 }
 
-// A release is a click when it is on the pressed link and nothing was selected meanwhile.
+// A release is a click if it is on the pressed link and nothing has been selected meanwhile.
 void LinkText::release(WPARAM wParam, LPARAM lParam) {
     const TextLink* pressed = std::exchange(pressed_, nullptr);
     DefSubclassProc(handle(), WM_LBUTTONUP, wParam, lParam);
@@ -233,7 +236,7 @@ const TextLink* LinkText::currentLink() const {
 bool LinkText::goToLink(bool down) {
     const auto [at, end] = selection();
     const TextLink* link = down ? linkAfter(links_, at) : linkBefore(links_, at);
-    // A caret on a link without a selection has not visited it yet.
+    // If the caret is on a link that is not selected, that link is selected first.
     if (at == end && linkAt(links_, at)) link = linkAt(links_, at);
     if (!link) return false;
     select(*link);
@@ -257,8 +260,8 @@ const TextLink* LinkText::linkUnder(POINT point) const {
     POINTL asked{point.x, point.y};
     const LRESULT nearest =
         SendMessageW(handle(), EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&asked));
-    // The answer is the nearest gap between characters, wherever the point is: the character is on
-    // one side or the other of it, or the point is on none.
+    // For any point, the control returns the nearest gap between characters. The character under
+    // the point is on one side of this gap, or there is none.
     for (LRESULT at = std::max<LRESULT>(nearest - 1, 0); at <= nearest; ++at) {
         const auto character = static_cast<std::size_t>(at);
         const TextLink* link = linkAt(links_, character);
@@ -285,8 +288,8 @@ void LinkText::trackHover() {
 }
 
 void LinkText::showTip(POINT point) {
-    // A hover may be reported while a menu is open, which the tip would cover, and after the result
-    // area has closed.
+    // A hover may be reported after the result area has closed, and while a menu is open, which the
+    // tip would cover.
     if (!IsWindowVisible(handle())) return;
     GUITHREADINFO thread{};
     thread.cbSize = sizeof thread;
@@ -307,7 +310,7 @@ void LinkText::showMenu(LPARAM screenPoint) {
     SetFocus(handle());
     POINT at{GET_X_LPARAM(screenPoint), GET_Y_LPARAM(screenPoint)};
     const TextLink* link = nullptr;
-    if (screenPoint == -1) {  // by keyboard
+    if (screenPoint == -1) {  // opened by keyboard
         link = currentLink();
         const POINT place = link ? placeOf(link->begin) : POINT{};
         RECT client;
@@ -335,8 +338,8 @@ void LinkText::showMenu(LPARAM screenPoint) {
     add(LinkCommand::CopyAllAddresses, L"Copy &all addresses", anyOpenable);
     add(LinkCommand::SaveAllAddresses, L"&Save all addresses...", anyOpenable);
     if (openable) SetMenuDefaultItem(menu.get(), static_cast<UINT>(LinkCommand::Open), FALSE);
-    // The choice arrives as WM_COMMAND: a write that comes while the menu is open may replace the
-    // text, or this very control. Nothing of it is touched after this call.
+    // The chosen command arrives as WM_COMMAND. A write while the menu is open may replace the text
+    // or destroy this control, so nothing of it is used after this call.
     TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, handle(), nullptr);
 }
 
@@ -353,19 +356,20 @@ void LinkText::perform(LinkCommand command) {
                 copyToClipboard(handle(), list);
             break;
         case LinkCommand::SaveAllAddresses:
-            // As after the menu, this control may be gone when the dialog returns.
+            // This control may be destroyed while the dialog is open, so nothing of it is used
+            // afterwards.
             if (const std::string list = addressList(links_); !list.empty())
                 saveTextFile(GetAncestor(handle(), GA_ROOT), L"addresses.txt", list);
             break;
     }
 }
 
-// Copies the addresses of the selected links. Returns false when no link that can be opened is
-// selected.
+// Copies the addresses of the selected links. Returns false if the control must copy the selected
+// text itself, because the selection has no link that can be opened.
 bool LinkText::copySelectedAddresses() {
     const CharacterRange selected = selection();
     std::string list = addressList(links_, selected);
-    // Wine's control would empty the clipboard where nothing is selected.
+    // With an empty selection, Wine's control would empty the clipboard.
     if (list.empty()) return selected.begin == selected.end;
     constexpr std::size_t lineEnd = 2;
     list.resize(list.size() - lineEnd);
@@ -375,7 +379,7 @@ bool LinkText::copySelectedAddresses() {
 
 void LinkText::open(const TextLink* link) {
     if (!link || !isWebAddress(link->address)) return;
-    // A copy, since opening may handle messages and the text be replaced meanwhile.
+    // A copy, because opening an address may dispatch messages that replace the text.
     const std::string address = link->address;
     desktop_.openAddress(address);
 }

@@ -1,5 +1,5 @@
-// The rich-edit control inside the result pane: shows text with links, read-only. Where a link is
-// is always looked up by character position, independent of the control's own link support.
+// The rich-edit control inside the result pane, which shows read-only text with links. Links are
+// found by character position, independent of the control's own link support.
 #pragma once
 
 #include <windows.h>
@@ -15,24 +15,24 @@
 
 namespace velvox {
 
-/// Commands of its context menu.
+/// Commands of the context menu.
 enum class LinkCommand : int { Open = 1, CopyAddress, CopyAllAddresses, SaveAllAddresses };
 
-/// A click opens a link. Up and Down move from link to link and select it; Enter opens the one at
-/// the selection. Both must begin after the link was painted, and a held key opens nothing.
-/// Copying selected links copies their addresses. Hovering shows the address. No caret is visible.
+/// A click opens a link. Up and Down select the previous and the next link; Enter opens the
+/// selected link. Clicks and keys open a link only if they began after the link was painted, and a
+/// held key opens nothing. Copying selected links copies their addresses. Hovering over a link
+/// shows its address. No caret is visible.
 class LinkText : public SystemControl {
  public:
     LinkText(HWND parent, const RECT& pixels, Desktop& desktop);
     ~LinkText() override;
 
-    /// Replaces the content and scrolls to its top. Nothing is painted before the caller asks for
-    /// it.
+    /// Replaces the content and scrolls to its top. The caller must then repaint the control.
     void show(RichText text);
 
     const std::vector<TextLink>& links() const noexcept { return links_; }
 
-    /// Lines of the current content, as written.
+    /// Number of lines of the current content, before the control wraps them.
     std::size_t lines() const noexcept { return lines_; }
 
     /// The link at the start of the selection, or null.
@@ -64,12 +64,12 @@ class LinkText : public SystemControl {
     Desktop& desktop_;
     std::vector<TextLink> links_;
     std::size_t lines_ = 1;
-    const TextLink* pressed_ = nullptr;  ///< link that the button went down on
+    const TextLink* pressed_ = nullptr;  ///< link on which the left button was pressed
     const TextLink* tipped_ = nullptr;   ///< link whose address the tool tip shows
-    std::string menuAddress_;            ///< what the menu was opened on
+    std::string menuAddress_;            ///< address of the link for which the menu was opened
     std::optional<AddressTip> tip_;
-    bool painted_ = false;  ///< the current content has been
-    DWORD paintedAt_ = 0;   ///< when, in the system's milliseconds
+    bool painted_ = false;  ///< whether the current content has been painted
+    DWORD paintedAt_ = 0;   ///< first painting, in milliseconds since the system has started
 };
 
 }  // namespace velvox

@@ -12,21 +12,22 @@ namespace velvox {
 namespace {
 
 constexpr int framePixels = 1;
-constexpr int marginPixels = 4;  // at 96 dots per inch; above and to the left of the text
+constexpr int marginPixels = 4;  // at 96 DPI; above and to the left of the text
 
-// Clearing takes Wine's control time that grows with the square of the lines (1.2 s for 5,000,
-// minutes for 32,767), and it leaks 272 bytes for each line cleared. A fresh control has
-// neither.
+// A control with more lines is replaced instead of cleared. Wine's control takes quadratic time to
+// clear lines (1.2 s for 5,000, minutes for 32,767), and it leaks 272 bytes for each line cleared.
 constexpr std::size_t linesWorthClearing = 1;
 
-// Bytes of HTML that are kept as the window's text: all of the longest list that can be shown.
+// Maximum bytes of HTML that are kept as the window's text, enough for the longest list that can be
+// shown.
 constexpr std::size_t maxKeptHtml = 16'000'000;
 
 PaneColours systemPaneColours() {
     PaneColours colours;
     colours.background = static_cast<Rgb>(GetSysColor(COLOR_WINDOW));
     colours.link = static_cast<Rgb>(GetSysColor(COLOR_HOTLIGHT));
-    // The red of failures is kept on a light background and adjusted on a dark one.
+    // On a light background the red of error messages stays as it is; on a dark one it is made
+    // legible.
     const Rgb black = rgb(0, 0, 0), white = rgb(255, 255, 255);
     if (contrast(white, colours.background) > contrast(black, colours.background))
         colours.plainContrast = textContrast;

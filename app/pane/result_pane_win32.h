@@ -1,4 +1,3 @@
-// The result pane: a window that holds what was last written, and shows it.
 #pragma once
 
 #include <windows.h>
@@ -16,8 +15,8 @@
 
 namespace velvox {
 
-/// Its window text is the HTML exactly as last written, 16 MB at most. Setting it from outside does
-/// nothing.
+/// The result pane. Its window text is the HTML exactly as last written, up to 16 MB. WM_SETTEXT
+/// does nothing.
 class ResultPaneWindow : public Window, public ResultPane {
  public:
     ResultPaneWindow(HWND parent, const RECT& pixels, int id, Desktop& desktop);
@@ -25,15 +24,15 @@ class ResultPaneWindow : public Window, public ResultPane {
 
     void DocumentHTML(std::string_view html) noexcept override;
 
-    /// Shows the current content again when its colours are no longer legible.
+    /// Shows the current content again if its colours depend on system colours that have changed.
     void systemColoursChanged();
 
-    /// The control that shows the text; a later write may replace it by another.
+    /// The control that shows the text. A later write may replace this control.
     HWND textWindow() const { return text().handle(); }
 
     const std::vector<TextLink>& links() const { return text().links(); }
 
-    /// What screen readers call the text.
+    /// Sets the name of the text for screen readers.
     void accessibleName(std::wstring name);
 
  private:
@@ -45,8 +44,8 @@ class ResultPaneWindow : public Window, public ResultPane {
 
     Desktop& desktop_;
     std::string html_;
-    PaneColours colours_;                     ///< that the current content was shown with
-    mutable std::unique_ptr<LinkText> text_;  ///< made when first used: it would delay the start
+    PaneColours colours_;                     ///< system colours when the content was shown
+    mutable std::unique_ptr<LinkText> text_;  ///< created on first use: it would delay the start
     std::wstring name_;
 };
 

@@ -27,7 +27,7 @@ __attribute__((force_align_arg_pointer)) DWORD CALLBACK readMore(DWORD_PTR cooki
 
 }  // namespace
 
-// The library stays loaded: its window procedure must outlive every window.
+// The library is never unloaded, because its window procedure must outlive every window.
 const wchar_t* richEditClass() {
     static const wchar_t* const name = [] {
         if (loadSystemLibrary(L"msftedit.dll")) return L"RICHEDIT50W";
@@ -51,8 +51,8 @@ void formatSelectionAsLink(HWND control, bool link) {
     SendMessageW(control, EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
 }
 
-// A read-only text needs no caret: over the first letter it looks like damage. The control makes
-// one in answer to many messages, so it is taken away after each.
+// A read-only text needs no caret, which looks like damage over the first letter. The control
+// creates a caret in response to many messages, so this is called after each message.
 void destroyCaret(HWND control) {
     GUITHREADINFO thread{};
     thread.cbSize = sizeof thread;

@@ -1,4 +1,4 @@
-// Loading the system's rich edit control, and its common operations.
+// Loads the system's rich-edit control and performs common operations on it.
 #pragma once
 
 #include <windows.h>
@@ -8,19 +8,19 @@
 
 namespace velvox {
 
-/// The window class of the newest rich edit there is; loads its library, which stays loaded. Throws
-/// RuntimeFailure (Platform).
+/// Loads the newest rich-edit library of the system and returns its window class. The library stays
+/// loaded. Throws RuntimeFailure (Platform).
 const wchar_t* richEditClass();
 
 /// Replaces the selection by an RTF text.
 void streamRichText(HWND control, std::string_view rtf);
 
-/// Gives the selection the control's own link format, or takes it away.
+/// Adds the control's own link format to the selection, or removes it.
 void formatSelectionAsLink(HWND control, bool link);
 
 void setSelection(HWND control, std::size_t begin, std::size_t end);
 
-/// Destroys the caret if it is the control's.
+/// Destroys the caret if it belongs to `control`.
 void destroyCaret(HWND control);
 
 }  // namespace velvox

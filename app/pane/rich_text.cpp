@@ -13,12 +13,12 @@ namespace {
 
 using std::size_t;
 
-// Further colours are shown in the plain text's colour.
+// Text in a further colour is shown in the colour of plain text.
 constexpr size_t maxColours = 250;
 
-// A font's name without the characters that could end its entry in the stream's table.
+// A font's name for the RTF font table, without the characters that could end its entry.
 std::string tableName(std::string_view face) {
-    constexpr size_t maxFaceNameLength = 31;  // the system's own limit
+    constexpr size_t maxFaceNameLength = 31;  // the system's limit
     std::string name;
     for (const char c : face)
         if (c >= ' ' && c <= '~' && std::string_view("\\{};").find(c) == std::string_view::npos)
@@ -26,7 +26,7 @@ std::string tableName(std::string_view face) {
     return name.substr(0, maxFaceNameLength);
 }
 
-// Columns that a character takes: 1 up to size 3, 4 in size 7.
+// Width of a character in columns: 1 up to size 3, 4 in size 7.
 size_t widthOf(const TextLook& look) {
     constexpr size_t normal = TextLook{}.halfPoints;
     return std::max<size_t>(1, (look.halfPoints + normal * 3 / 4) / normal);
@@ -39,8 +39,8 @@ bool isLegibleLink(Rgb colour, const PaneColours& colours) {
     return contrast(colour, colours.background) >= colours.linkContrast;
 }
 
-// The control draws its own link format in the system's link colour, Wine's in pure blue, and
-// ignores the colour of the stream.
+// Whether links are legible in the control's own link format. The control draws this format in the
+// system's link colour (Wine's control: in pure blue) and ignores the colour of the RTF.
 bool hasLegibleLinkFormat(const PaneColours& colours) {
     return isLegibleLink(colours.link, colours) && isLegibleLink(usualLink, colours);
 }
@@ -78,11 +78,11 @@ class Writer {
     struct State {
         std::uint16_t face = 0;
         std::uint16_t halfPoints = TextLook{}.halfPoints;
-        size_t colour = 0;  // index into the table; 0 is the window's text colour
+        size_t colour = 0;  // index into the colour table; 0 is the window's text colour
         bool underlined = false;
     };
 
-    // False: the cost does not allow all of it.
+    // Returns false if the maximum cost is reached before the end of the run.
     bool writeRun(const TextRun& run) {
         const size_t width = widthOf(run.look);
         const std::u16string text =
@@ -99,8 +99,8 @@ class Writer {
                     breakLine();
                     if (c == u' ') continue;
                 }
-                // A break shows nothing, so it takes the state before it: a list of links is one
-                // stretch of one state, which streams in half the time.
+                // A line break shows nothing, so it keeps the format before it. A list of links
+                // then has one format throughout, which streams in half the time.
                 enter(run.look, inLink);
                 if (inLink) extendLink(run);
                 put(c, width);
@@ -119,7 +119,7 @@ class Writer {
 
     void put(char16_t c, size_t width) {
         std::string& rtf = result_.rtf;
-        // Richedit keeps the topmost codes for objects and for itself.
+        // Rich edit reserves the topmost codes for objects and for itself.
         if (c >= 0xFFF9) c = 0xFFFD;
         if (c == u'\\' || c == u'{' || c == u'}') rtf += '\\';
         if (c < 0x80) {
@@ -142,7 +142,7 @@ class Writer {
             std::string& address = fragment_.addresses[static_cast<size_t>(run.link)];
             links.push_back({result_.length, 0, std::move(address), run.look.halfPoints});
             cost_.addLink();
-            // Text outside links between here and the span's end would have put plainEnd_ there.
+            // A new span starts if there is text outside links after the end of the last span.
             if (marksLinks_ && (spans.empty() || plainEnd_ > spans.back().end)) {
                 spans.push_back({result_.length, 0});
                 if (spans.size() <= maxMarkedSpans) cost_.addSpan();
@@ -200,17 +200,18 @@ class Writer {
 
     HtmlFragment fragment_;
     PaneColours paneColours_;
-    // A pale colour made darker would look like disabled text.
+    // The system's link colour, or `usualLink` if the former is not legible. A pale colour made
+    // darker would look like disabled text.
     Rgb linkColour_;
     bool marksLinks_;
     bool isLong_;
     RichText result_;
     State state_;
     std::vector<Rgb> colours_;
-    std::map<std::pair<Rgb, bool>, size_t> colourIndices_;  // of a colour inside or outside links
+    std::map<std::pair<Rgb, bool>, size_t> colourIndices_;  // by colour and whether it is in a link
     int openLink_ = TextRun::noLink;
-    size_t plainEnd_ = 0;  // of the text outside links
-    size_t column_ = 0;    // width of the line so far, in characters of size 2
+    size_t plainEnd_ = 0;  // position after the last text outside links
+    size_t column_ = 0;    // width of the current line so far, in characters of size 2
     FillCost cost_;
 };
 

@@ -13,8 +13,8 @@ namespace {
 
 constexpr DWORD maxPath = 32'768;  // the system's maximum
 
-// The dialog's library costs every start some milliseconds where it is linked.
-// False: the user has cancelled it.
+// Returns false if the user cancels the dialog. The dialog's library is loaded here, because
+// linking it would cost some milliseconds at every start.
 bool askForPath(OPENFILENAMEW& request) {
     const HMODULE dialogs = loadSystemLibrary(L"comdlg32.dll");
     const auto ask = findProcedure<decltype(&GetSaveFileNameW)>(dialogs, "GetSaveFileNameW");
@@ -55,7 +55,8 @@ void saveTextFile(HWND owner, const wchar_t* suggestedName, std::string_view tex
 }
 
 void writeTextFile(const wchar_t* path, std::string_view text) {
-    // The user may have a file with the first name.
+    // Tries further names for the partial file, because the user may have a file with the first
+    // name.
     constexpr int maxTries = 100;
     std::wstring partial;
     HANDLE opened = INVALID_HANDLE_VALUE;
