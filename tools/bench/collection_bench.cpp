@@ -1,4 +1,4 @@
-// Time for each item of a keyed collection: added, looked up by key, and all of them cleared.
+// Measures a keyed collection: the time per item for adding, finding by key and clearing.
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -36,7 +36,7 @@ void sortNaturally(benchmark::State& state) {
     std::size_t factor = 1;
     for (auto _ : state) {
         state.PauseTiming();
-        // Shuffled by a fixed rule, other in every round.
+        // Shuffles by a fixed rule that gives another order in every iteration.
         factor = factor * 48271 % 2147483647;
         std::size_t i = factor;
         for (std::string& item : list) item = "item " + std::to_string((i += factor) % 1000003);

@@ -1,7 +1,7 @@
-// Reads and steers another program's windows for shell scripts and end-to-end tests, running
-// beside it: one request a line on stdin gets one line on stdout, "ok ..." or "fail ...".
-// `drive.exe COMMAND ARGS` is a single request. Pointer, keys and clipboard of a real user come
-// from outside (xdotool, xclip); README.md lists the commands.
+// Reads and controls the windows of another program in Wine, for shell scripts and end-to-end
+// tests. Each line on stdin is a request that gets one line on stdout, "ok ..." or "fail ...".
+// `drive.exe COMMAND ARGS` is a single request. README.md lists the commands. Pointer, keys and
+// clipboard are simulated outside Wine (xdotool, xclip).
 
 #include <fcntl.h>
 #include <io.h>
@@ -29,7 +29,7 @@ namespace {
 using Words = std::vector<std::string>;
 
 constexpr DWORD kPollMs = 10;
-constexpr size_t kQuotedLength = 300;  // of a text within a failure
+constexpr size_t kQuotedLength = 300;  // of a text that is quoted in an answer
 
 long number(const std::string& word) {
     size_t used = 0;
@@ -137,7 +137,7 @@ std::string describe(HWND found) {
 __attribute__((force_align_arg_pointer)) BOOL CALLBACK append(HWND child, LPARAM text) noexcept {
     try {
         *reinterpret_cast<std::string*>(text) += "\n" + describe(child);
-    } catch (const std::exception&) {  // a window that vanished meanwhile is not in the tree
+    } catch (const std::exception&) {  // a window that was destroyed meanwhile is left out
     }
     return TRUE;
 }
@@ -191,7 +191,7 @@ std::string send(const Words& w) {
                               static_cast<WPARAM>(number(w[3])), number(w[4])));
 }
 
-// The milliseconds until the window's thread answers an empty message.
+// Returns the milliseconds until the window's thread answers an empty message.
 std::string ping(const Words& w) {
     const HWND found = window(w[1]);
     const auto start = std::chrono::steady_clock::now();
@@ -273,7 +273,7 @@ const std::map<std::string, Command>& commands() {
     return table;
 }
 
-// Prints the one line of the answer; true for "ok".
+// Executes a request and prints its answer in one line. Returns true for "ok".
 bool answer(const std::function<Words()>& request) {
     std::string line;
     bool ok = false;

@@ -1,5 +1,5 @@
-// The driver speaks in lines: a request is words, an answer is one line. Texts with line ends,
-// NULs and quotes travel escaped, so both sides share these functions.
+// The lines that the driver and its client exchange: a request is a line of words, an answer is one
+// line. Line ends, NULs and quotes in texts are escaped.
 #pragma once
 
 #include <string>
@@ -8,11 +8,11 @@
 
 namespace velvox::drive {
 
-// One line for any bytes: \r, \n, \0, \\ and \" are escaped.
+// Converts any bytes to one line: \r, \n, \0, \\ and \" are escaped.
 std::string escaped(std::string_view text);
 
-// The words of a request. A word with blanks stands in double quotes; backslash escapes hold
-// everywhere. Throws std::runtime_error for an open quote or an unknown escape.
+// Splits a request into its words. A word with blanks is in double quotes; backslash escapes are
+// valid everywhere. Throws std::runtime_error for an open quote or an unknown escape.
 std::vector<std::string> words(std::string_view line);
 
 }  // namespace velvox::drive

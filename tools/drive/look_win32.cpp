@@ -35,14 +35,14 @@ __attribute__((force_align_arg_pointer)) BOOL CALLBACK addPopup(HWND top, LPARAM
         if (name == "#32768") popups.menu = true;
         if (name == "ComboLBox") popups.list = true;
         if (name != "#32770") return TRUE;
-        // The program may be too busy to answer for its text: this way needs no answer.
+        // InternalGetWindowText sends no message, so it works while the program is busy.
         wchar_t title[200]{};
         InternalGetWindowText(top, title, ARRAYSIZE(title));
         wchar_t text[400]{};
         const HWND label = GetDlgItem(top, 0xFFFF);
         if (label) InternalGetWindowText(label, text, ARRAYSIZE(text));
         popups.boxes += "\nbox " + narrow(title) + ": " + narrow(text);
-    } catch (const std::exception&) {  // it vanished meanwhile
+    } catch (const std::exception&) {  // the window was destroyed meanwhile
     }
     return TRUE;
 }
@@ -55,7 +55,7 @@ __attribute__((force_align_arg_pointer)) BOOL CALLBACK addControl(HWND child,
         *reinterpret_cast<std::string*>(text) += "\ncontrol " + std::to_string(id) +
                                                  flag(IsWindowVisible(child)) +
                                                  flag(IsWindowEnabled(child)) + boundsOf(child);
-    } catch (const std::exception&) {  // without memory it is not in the list
+    } catch (const std::exception&) {  // without memory the control is left out
     }
     return TRUE;
 }

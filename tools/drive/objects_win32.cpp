@@ -10,7 +10,7 @@
 namespace velvox::drive {
 namespace {
 
-// The table of drawing objects that the process block points to.
+// Wine's table of GDI objects. The process environment block points to it.
 constexpr std::size_t tablePointerOffset = 0x94;
 constexpr std::size_t tableLength = 0x4000;
 struct DrawingObject {
@@ -46,13 +46,15 @@ unsigned numberOf(HMENU menu) {
     return (LOWORD(reinterpret_cast<UINT_PTR>(menu)) - first) / 2;
 }
 
-// The session numbers its window objects through, and gives the number freed last to the next one
-// made. Objects made until the numbers only count upwards fill every gap: what is missing among
-// them is alive elsewhere. The numbers are used up after 32,000: once the highest is known, the
-// one after it shows that no gap is left, so that each count uses up one.
+// Counts the window objects of the session. Wine numbers them through the session and gives a new
+// object the number that was freed last. Menus are created until their numbers only count upwards,
+// because then no freed number is left. All numbers up to the last one that the menus do not have
+// belong to other living objects. There are 32,000 numbers. To use up only one of them with each
+// count, the highest number so far is kept: a menu with the next number also shows that no freed
+// number is left.
 unsigned sessionObjects() {
-    constexpr unsigned enoughUpwards = 500;  // more than are ever freed in a row
-    static unsigned highest = 0;             // of all that were ever made here: no gap is above it
+    constexpr unsigned enoughUpwards = 500;  // longer than any run of freed numbers
+    static unsigned highest = 0;             // highest number that this process has had
     std::vector<HMENU> made;
     unsigned last = 0;
     auto filled = [&, upwards = 0U]() mutable {
@@ -67,7 +69,7 @@ unsigned sessionObjects() {
         made.push_back(menu);
     } while (!filled());
     highest = last;
-    // Freed upwards they are given out again downwards.
+    // Numbers that are freed in ascending order are reused in descending order.
     std::sort(made.begin(), made.end(), [](HMENU a, HMENU b) { return numberOf(a) < numberOf(b); });
     for (const HMENU menu : made) DestroyMenu(menu);
     return last + 1 - static_cast<unsigned>(made.size());

@@ -4,15 +4,15 @@
 
 namespace velvox::drive {
 
-/// Counts of what a program has open. Wine 8 answers 0 for both, so there they are read otherwise:
-/// the drawing objects out of the program's own table, the window objects as those of the whole
-/// session (its other programs stand still, so that differences are the program's).
+/// Numbers of GDI and USER objects of a program. In Wine 8 the system's function returns 0 for
+/// both. There, GDI objects are counted in the program's own table, and USER objects are those of
+/// the whole session; its other programs are idle, so differences come from the program.
 struct ObjectCounts {
     unsigned gdi;
     unsigned user;
 };
 
-/// `process` opened to be queried and read. Throws std::runtime_error.
+/// `process` must allow queries and reading of memory. Throws std::runtime_error.
 ObjectCounts objectsOf(HANDLE process);
 
 }  // namespace velvox::drive

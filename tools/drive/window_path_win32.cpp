@@ -30,7 +30,7 @@ Segment parsed(const std::string& part) {
         segment.controlId = std::stoi(part.substr(1));
         return segment;
     }
-    // From the second character on: the class of dialogs itself starts with "#".
+    // The search starts at the second character, because the class name of dialogs starts with "#".
     const size_t mark = part.find_first_of("=#", 1);
     segment.className = part.substr(0, mark);
     if (segment.className == "*") segment.className.clear();
@@ -116,7 +116,8 @@ LRESULT ask(HWND window, UINT message, WPARAM w, LPARAM l) {
 }
 
 std::string windowText(HWND window) {
-    // The text may grow between the two questions: only one that leaves room is whole.
+    // The text may grow between the two messages: it is complete only if it leaves room in the
+    // buffer.
     for (size_t room = 256;; room *= 2) {
         room = std::max(room, static_cast<size_t>(ask(window, WM_GETTEXTLENGTH, 0, 0)) + 2);
         std::wstring text(room, L'\0');

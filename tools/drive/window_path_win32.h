@@ -8,19 +8,19 @@
 
 namespace velvox::drive {
 
-// A path is segments joined by "/": the first names a top-level window, each further one a
-// window anywhere below the one before. A segment is CLASS, CLASS=TEXT (the whole text),
-// CLASS#N (the N-th of its class in window order, from 0), @ID (a dialog control id) or a handle
-// in hexadecimal; the CLASS "*" is any. Where several windows fit, a visible one is taken before a
-// hidden one.
-// Null when there is none. Throws std::runtime_error for a malformed path.
+// Finds a window by its path; null when there is none. A path is segments joined by "/": the first
+// names a top-level window, each further one a window anywhere below the previous window. A segment
+// is CLASS, CLASS=TEXT (the whole text), CLASS#N (the N-th window of its class in window order,
+// from 0), @ID (a dialog control id) or a handle in hexadecimal; the CLASS "*" matches any class.
+// If several windows match, a visible one is preferred. Throws std::runtime_error for a malformed
+// path.
 HWND findWindow(const std::string& path);
 
-// The whole text by WM_GETTEXT, as UTF-8. Throws when the window does not answer in time.
+// Returns the whole text by WM_GETTEXT, as UTF-8. Throws if the window does not answer in time.
 std::string windowText(HWND window);
 std::string windowClass(HWND window);
 
-// A message to a program that may be busy; throws after 20 seconds without an answer.
+// Sends a message to a program that may be busy. Throws after 20 seconds without an answer.
 LRESULT ask(HWND window, UINT message, WPARAM w, LPARAM l);
 
 }  // namespace velvox::drive

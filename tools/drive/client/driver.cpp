@@ -15,7 +15,7 @@ std::ostream& operator<<(std::ostream& out, const Bounds& r) {
 namespace drive {
 namespace {
 
-// Longer than anything that the driver itself is asked to wait for.
+// Longer than any wait that is requested from the driver.
 constexpr Milliseconds answerTime{120'000};
 
 std::string inMilliseconds(Milliseconds time) {

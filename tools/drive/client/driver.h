@@ -1,4 +1,5 @@
-// The driver inside Wine: reads and steers Velvox's windows. One serves the whole program.
+// The client of the driver inside Wine, which reads and controls Velvox's windows. One driver
+// serves the whole program.
 #pragma once
 
 #include <ostream>
@@ -20,18 +21,18 @@ class Driver {
  public:
     Driver();
 
-    /// Sends one request and answers what follows "ok". Throws std::runtime_error with the
-    /// driver's reason where it fails.
+    /// Sends one request and returns the text after "ok". Throws std::runtime_error with the
+    /// driver's reason if the request fails.
     std::string ask(const std::vector<std::string>& words);
 
-    /// Whether the driver said "ok": for waits that may end either way.
+    /// Sends one request and returns whether the driver answered "ok". For waits that may fail.
     bool holds(const std::vector<std::string>& words);
 
     std::string text(const std::string& window) { return ask({"text", window}); }
     Bounds rect(const std::string& window);
     bool visible(const std::string& window);
     bool enabled(const std::string& window);
-    /// Handle of the focused window of that window's program.
+    /// Handle of the focused window in the thread of `window`.
     std::string focus(const std::string& window);
     std::vector<std::string> items(const std::string& window);
 
@@ -39,13 +40,13 @@ class Driver {
     void waitGone(const std::string& window);
     void waitText(const std::string& window, const std::string& text, Milliseconds time = patience);
     void waitPart(const std::string& window, const std::string& part);
-    /// Title and text of the message box, a line each.
+    /// Waits for a message box and returns its title and text, a line each.
     std::string waitBox();
-    /// Until the window's thread answers a message.
+    /// Waits until the window's thread answers a message.
     void ping(const std::string& window);
 
-    /// How long to wait for something that comes at once on an idle machine; on one that builds as
-    /// well, a program may need ten seconds until it takes the first key.
+    /// How long to wait for something that an idle machine does at once. While the machine also
+    /// builds, a program may need ten seconds until it handles the first key.
     static constexpr Milliseconds patience{40'000};
 
  private:

@@ -10,13 +10,13 @@ namespace {
 
 constexpr Milliseconds toolTime{60'000};
 
-// One xdotool for the whole test program: starting one for each chain takes ten times as long as
-// what it does.
+// One xdotool process serves the whole test program, because starting a process for each chain of
+// events takes ten times as long as the events themselves.
 class Xdotool {
  public:
-    // Returns once the display has taken the events: the answer to the question comes after them.
-    // A question about a window would send the keys that follow to that one, as events that are not
-    // those of a keyboard.
+    // Returns once the display has taken the events, because xdotool answers getdisplaygeometry
+    // after them. A question about a window is no alternative: xdotool would then send the
+    // following keys to that window as synthetic events, unlike those of a keyboard.
     void perform(const std::string& events) {
         process_.write(events + "\ngetdisplaygeometry\n");
         const std::string answer = process_.readLine(toolTime);
@@ -71,7 +71,7 @@ InputSimulator& InputSimulator::letGo(const std::string& key) {
 
 InputSimulator& InputSimulator::type(const std::string& text) {
     add({"type", "--delay", "0", text});
-    // It takes the rest of its line as text.
+    // xdotool's `type` takes the rest of the line as text, so the next event needs a new line.
     events_ += '\n';
     return *this;
 }
@@ -82,7 +82,8 @@ void InputSimulator::act() {
 }
 
 void putIntoClipboard(std::string_view text) {
-    // It keeps running and serves the text until another one comes: its output must lead nowhere.
+    // xclip keeps running until another program fills the clipboard. Its output is discarded,
+    // because outputOf() reads until the output is closed.
     outputOf({"sh", "-c", "exec xclip -selection clipboard -i > /dev/null 2>&1"}, text);
 }
 

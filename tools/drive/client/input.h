@@ -13,9 +13,9 @@ constexpr Point middleOf(const Bounds& r) {
     return {r.left + r.width / 2, r.top + r.height / 2};
 }
 
-/// Pointer and keys as one chain of events:
-/// `InputSimulator().moveTo(a).press().moveTo(b).release().act()`. One chain is sent without a
-/// pause in it, so the program sees its end before it can answer.
+/// Pointer and key events as one chain:
+/// `InputSimulator().moveTo(a).press().moveTo(b).release().act()`. A chain is sent without pauses,
+/// so its end reaches the program before the program can react to its start.
 class InputSimulator {
  public:
     InputSimulator& moveTo(Point at);
@@ -23,7 +23,7 @@ class InputSimulator {
     InputSimulator& release(int button = 1);
     InputSimulator& click(Point at, int button = 1);
     InputSimulator& key(const std::string& keys);
-    /// Presses a key without releasing it; again while it is held, as its repetition does.
+    /// Presses a key without releasing it. A second call repeats the key, as holding it does.
     InputSimulator& hold(const std::string& key);
     InputSimulator& letGo(const std::string& key);
     InputSimulator& type(const std::string& text);

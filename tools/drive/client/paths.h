@@ -1,4 +1,4 @@
-// Where the parts of a run are: the build says the folders, the session the servers.
+// Paths of programs, which the build defines, and the servers of the current session.
 #pragma once
 
 #include <string>
@@ -30,11 +30,11 @@ inline std::string highContrastVelvox() {
 inline std::string gallery() {
     return program("gallery/velvox-gallery.exe");
 }
-/// A program of one empty window, to compare with.
+/// A program with a single empty window, for comparison.
 inline std::string emptyWindow() {
     return program("empty-window.exe");
 }
-/// The replica sites as a proxy.
+/// The port of the proxy that serves the replica sites.
 int sitesPort();
 /// The Wine of this session: "wine8" or "wine10".
 std::string platform();

@@ -62,7 +62,7 @@ Process::Process(const std::vector<std::string>& command, bool piped) {
     std::optional<Pipe> in;
     std::optional<Pipe> out;
     if (piped) {
-        // A program that has ended must not end this one with a signal when it is written to.
+        // Writing to a program that has ended must not end this program with a signal.
         signal(SIGPIPE, SIG_IGN);
         in.emplace();
         out.emplace();

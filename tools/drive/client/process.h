@@ -1,4 +1,4 @@
-// A program that was started here, ended by its id at the latest with the object.
+// A started program. The destructor kills it if it still runs.
 #pragma once
 
 #include <sys/types.h>
@@ -16,8 +16,9 @@ using Clock = std::chrono::steady_clock;
 
 class Process {
  public:
-    /// `piped`: its standard input and output are connected to `write` and `readLine`; else they
-    /// lead nowhere. Throws std::runtime_error when it cannot be started.
+    /// With `piped`, the program's standard input and output are connected to `write` and
+    /// `readLine`, otherwise to /dev/null. Throws std::runtime_error if the program cannot be
+    /// started.
     explicit Process(const std::vector<std::string>& command, bool piped = false);
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
@@ -25,7 +26,8 @@ class Process {
 
     pid_t id() const { return id_; }
 
-    /// The exit code (128 and more after a signal), or nothing when it still runs after that time.
+    /// The exit code (128 and more after a signal), or nothing if the program still runs after
+    /// `time`.
     std::optional<int> exitWithin(Milliseconds time);
 
     void write(std::string_view bytes) const;
@@ -46,7 +48,7 @@ class Process {
     std::optional<int> exit_;
 };
 
-/// Runs a program to its end and answers its output; throws when it fails or takes too long.
+/// Runs a program to its end and returns its output. Throws if it fails or takes too long.
 std::string outputOf(const std::vector<std::string>& command, std::string_view input = "");
 
 }  // namespace velvox::drive
