@@ -1,9 +1,10 @@
-# Fails the build where an example of a document is not, line by line, in the tests that compile it.
-# Indentation does not count.
+# Fails the build if a code example of a document is missing in the tests that compile it. Lines are
+# compared without their indentation.
 #   cmake -DDOCUMENT=... -DSOURCES=... -DSTAMP=... -P CheckExamples.cmake
 cmake_minimum_required(VERSION 3.25)
 
-# A file's text without indentation. Semicolons and brackets would make lists.
+# Reads a file without indentation. Semicolons and brackets are replaced, because CMake would make
+# lists of them.
 function(read_plainly file result)
     file(READ ${file} text)
     string(REPLACE ";" "<semicolon>" text "${text}")

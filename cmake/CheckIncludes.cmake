@@ -1,5 +1,5 @@
-# Fails the build where a source includes a folder that its own may not use: each row of the table
-# names a folder and what its sources may include besides the folder itself.
+# Fails the build if a source includes a folder that it may not use. Each row of the table names a
+# folder and the folders that its sources may include besides itself.
 #   cmake -DROOT=... -DSTAMP=... -P CheckIncludes.cmake
 cmake_minimum_required(VERSION 3.25)
 set(layers
@@ -13,7 +13,7 @@ set(layers
     "app/browser : base app/form1 app/net"
     "app/window : base controls catchers app/form1 app/net app/pane app/browser"
     "gallery : base controls controlkit app/form1")
-# Names of resources, and the version.
+# Headers that every source may include: names of resources, and the version.
 set(everywhere "app/resource.h" "app/version.h")
 
 set(wrong "")

@@ -1,12 +1,13 @@
-# Fails the build where a program lacks one of its protections or imports what it should not.
+# Fails the build if a program lacks a protection or has an unwanted import.
 #   cmake -DPROGRAM=... -DOBJDUMP=... -P CheckProgram.cmake
 cmake_minimum_required(VERSION 3.25)
 execute_process(COMMAND ${OBJDUMP} -p ${PROGRAM} OUTPUT_VARIABLE headers COMMAND_ERROR_IS_FATAL ANY)
-# Those that are loaded with it; others at their first use (DelayedLibrary.cmake).
+# Libraries that are loaded with the program. Other libraries are loaded at their first use
+# (DelayedLibrary.cmake).
 set(system_libraries advapi32 comctl32 gdi32 kernel32 msvcrt ole32 user32)
-# Imports of a thread library; they look suspicious to virus scanners.
+# Imports of a thread library, which look suspicious to virus scanners.
 set(unwanted SetThreadContext SuspendThread OpenProcess SetSystemTime)
-# The last one makes the secret of the stack protector.
+# CryptGenRandom creates the secret of the stack protector.
 set(wanted DYNAMIC_BASE NX_COMPAT TERMINAL_SERVICE_AWARE CryptGenRandom)
 
 set(wrong "")

@@ -1,9 +1,9 @@
 # Flags of the shipped executable.
 #
-# - _WIN32_WINNT 6.1: what is newer is looked up by name.
-# - -mstackrealign: the system promises callbacks a 4-byte aligned stack, GCC assumes 16.
-# - Link-time optimisation in one partition: with several this compiler fails internally.
-# - -static: no DLL of the compiler among the imports.
+# - _WIN32_WINNT 6.1: newer functions are looked up by name at run time.
+# - -mstackrealign: the system guarantees callbacks a 4-byte aligned stack only, GCC assumes 16.
+# - Link-time optimisation in one partition: with several this compiler has an internal error.
+# - -static: the program imports no DLL of the compiler.
 # - Relocations, ASLR (dynamicbase) and NX are the linker's defaults here; they are named so that a
 #   change of the defaults does not pass unnoticed.
 add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
@@ -19,7 +19,8 @@ if(VELVOX_LTO)
     add_link_options(-flto -flto-partition=none)
 endif()
 set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os -DNDEBUG")
-# Debug builds keep their symbols; a release keeps them in a file beside each program.
+# Debug builds keep their symbols in the program; a release keeps them in a file beside each
+# program.
 option(VELVOX_SYMBOLS "Keep the symbols of optimised programs in files beside them" OFF)
 if(VELVOX_SYMBOLS)
     add_compile_options(-g "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=." "-ffile-prefix-map=${CMAKE_BINARY_DIR}=build")
@@ -27,7 +28,7 @@ else()
     add_link_options($<$<CONFIG:MinSizeRel>:-s>)
 endif()
 
-# Has each build of a program read its headers: protections and imports.
+# Checks protections and imports of a program after each of its builds.
 function(check_program target)
     add_custom_command(TARGET ${target} POST_BUILD
         COMMAND ${CMAKE_COMMAND} -DPROGRAM=$<TARGET_FILE:${target}> -DOBJDUMP=${CMAKE_OBJDUMP}

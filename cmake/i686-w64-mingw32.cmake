@@ -1,5 +1,5 @@
-# 32-bit Windows with MinGW-w64 and Windows' own threads model: the program imports no thread library,
-# and sources have no std::thread or std::mutex.
+# 32-bit Windows with MinGW-w64 and the win32 thread model. The program imports no thread library,
+# but std::thread and std::mutex are not available.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-win32)

@@ -1,5 +1,5 @@
-; The installer: for the current user alone, without administrator rights. tools/release passes
-; VERSION, FILE_VERSION, FILES (the folder to install) and OUTPUT.
+; The installer: for the current user only, without administrator rights. tools/package defines
+; VERSION, FILE_VERSION, FILES (the folder to install), ICON, KILOBYTES and OUTPUT.
 Unicode true
 SetCompressor /SOLID lzma
 RequestExecutionLevel user
@@ -45,14 +45,14 @@ Section
     WriteRegDWORD HKCU "${UNINSTALL}" "NoRepair" 1
 SectionEnd
 
-; Only what was installed: files that the user put into the folder stay, and it with them.
+; Removes only what was installed. Files that the user has added stay, with the folder.
 Section "Uninstall"
     Delete "$INSTDIR\velvox.exe"
     Delete "$INSTDIR\velvox-gallery.exe"
     Delete "$INSTDIR\readme.txt"
     Delete "$INSTDIR\uninstall.exe"
     RMDir "$INSTDIR"
-    RMDir "$LOCALAPPDATA\Programs" ; where it is empty now
+    RMDir "$LOCALAPPDATA\Programs" ; removed only if it is empty
     Delete "$SMPROGRAMS\Velvox.lnk"
     DeleteRegKey HKCU "${UNINSTALL}"
 SectionEnd
