@@ -2,7 +2,7 @@
 
 #define IDI_VELVOX 1
 
-// Title bar pictures: the number of the piece plus the resolution in DPI that the picture is for.
+// Title bar pictures: a base number for each piece, plus the resolution in DPI of the picture.
 #define IDB_TITLE_CORNER 1000
 #define IDB_TITLE_BAR 2000
 #define IDB_TITLE_END 3000

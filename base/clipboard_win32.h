@@ -8,7 +8,8 @@
 
 namespace velvox {
 
-/// Puts text on the clipboard in the name of `owner`. Throws RuntimeFailure (Platform).
+/// Puts text on the clipboard, with `owner` as the clipboard's owner. Throws RuntimeFailure
+/// (Platform).
 void copyToClipboard(HWND owner, std::string_view text);
 
 /// The clipboard's text; nullopt if it has no text or another program keeps it open.

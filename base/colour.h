@@ -70,8 +70,8 @@ Rgb blend(Rgb from, Rgb to, int step, int steps);
 /// it.
 double contrast(Rgb a, Rgb b);
 
-/// Minimum contrast of text to its background, normally and if the user has turned on high
-/// contrast.
+/// Minimum contrast of text to its background: `textContrast` normally, `highTextContrast` if the
+/// user has turned on high contrast.
 inline constexpr double textContrast = 4.5;
 inline constexpr double highTextContrast = 7;
 

@@ -48,7 +48,7 @@ class ComPtr {
 
     [[nodiscard]] Interface* release() noexcept { return std::exchange(pointer_, nullptr); }
 
-    /// Releases the reference and returns the address where a call can store a new one.
+    /// Releases the reference and returns the address where a call can store a new reference.
     Interface** put() noexcept {
         reset();
         return &pointer_;

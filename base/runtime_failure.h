@@ -1,5 +1,5 @@
-// The exception class of this program: an operation cannot be carried out on its values. A catcher
-// handles it in one place, where it shows its red status line.
+// The exception class of this program. It reports an operation that cannot be carried out on the
+// given values. A catcher catches it in one place, where it shows its red status line.
 #pragma once
 
 #include <stdexcept>

@@ -1,5 +1,6 @@
 // YouTube and Metacafe redirect the address of their player to an address from which the link to
-// the media file can be cut. This handler runs when the preview browser has arrived there.
+// the media file can be cut. This handler runs when the preview browser has arrived at that
+// address.
 #include "base/join.h"
 #include "base/text.h"
 #include "catchers/sites.h"
@@ -38,7 +39,7 @@ void Form1::web_DocumentComplete() try {
         linkin.Enabled(true);
     }
 } catch (const std::exception&) {
-    // The address is of another page of the two sites, which has no link: show nothing.
+    // The address is of another page of YouTube or Metacafe, which has no link: show nothing.
 }
 
 }  // namespace velvox

@@ -3,7 +3,7 @@
 namespace velvox {
 namespace {
 
-// Copied from mshtmdid.h and mshtmhst.h, which would add a hundred thousand lines of declarations.
+// Copied from mshtmdid.h and mshtmhst.h, because including them adds a hundred thousand lines.
 constexpr DISPID ambientDownloadControl = -5512;
 constexpr long showImages = 0x10;
 constexpr long showVideos = 0x20;

@@ -121,7 +121,8 @@ void NavigationTracker::documentComplete(bool top) noexcept {
 }
 
 bool NavigationTracker::navigateError(bool top, std::uint32_t status) noexcept {
-    // The server's own error page follows. It is shown like any other document.
+    // For an HTTP error status, the server's own error page follows. It is shown like any other
+    // document.
     if (status >= firstHttpStatus && status <= lastHttpStatus) return true;
     if (top && view_ == View::Loading) view_ = View::Failed;
     return false;

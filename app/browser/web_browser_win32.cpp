@@ -69,8 +69,8 @@ void WebBrowserWindow::advance(unsigned number) {
     changed();
 }
 
-// Only posts a message, because this is also called from inside the control. Each document that
-// arrives posts its own message.
+// Posts a message instead of acting at once, because this is also called from inside the browser
+// control. Each document that arrives posts its own message.
 void WebBrowserWindow::changed() noexcept {
     PostMessageW(handle(), changedMessage, 0, 0);
 }
@@ -79,8 +79,8 @@ void WebBrowserWindow::refresh() {
     if (!tracker_.busy()) KillTimer(handle(), patienceTimer);
     InvalidateRect(handle(), nullptr, FALSE);
     if (tracker_.takeAnnouncement()) {
-        // The handler shows the link; the next message opens the view. A copy of the handler is
-        // called, because the handler may destroy this object.
+        // The handler shows the link; the message posted here opens the view afterwards. A copy of
+        // the handler is called, because the handler may destroy this object.
         changed();
         const auto handler = DocumentComplete;
         if (handler) handler();
@@ -97,7 +97,7 @@ void WebBrowserWindow::openView() {
     const unsigned number = number_;
     try {
         auto control = std::make_unique<BrowserControl>(handle(), tracker_, [this] { changed(); });
-        if (number != number_) return;  // messages during its creation began another navigation
+        if (number != number_) return;  // creating the control let another navigation begin
         control_ = std::move(control);
         control_->navigate(tracker_.location());
         SetTimer(handle(), patienceTimer, static_cast<UINT>(limits_.time.count()), nullptr);
@@ -148,7 +148,7 @@ std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, 
             return 0;
         }
         case WM_NCCALCSIZE:
-            // Whatever wParam is, the structure at lParam starts with the rectangle.
+            // lParam points to a RECT or to a structure that starts with one.
             InflateRect(reinterpret_cast<RECT*>(lParam), -framePixels, -framePixels);
             return 0;
         case WM_NCPAINT: paintFrame(); return 0;

@@ -30,11 +30,11 @@ class Form1;
 
 /// A site that the program knows.
 struct Site {
-    std::string_view entry;        ///< its text in the site list
+    std::string_view entry;        ///< the site's text in the site list
     std::string_view server;       ///< the example address up to its path
     std::string_view examplePath;  ///< path and query of the example address
-    std::string_view host;         ///< an address belongs to the site if it contains `host`
-    std::string_view path;         ///< directly followed by `path`
+    std::string_view host;         ///< host name that identifies addresses of the site
+    std::string_view path;         ///< text that must follow the host in these addresses
     void (Form1::*catcher)();      ///< null for a site that is not listed and not downloaded from
 };
 
@@ -83,7 +83,8 @@ class Form1 : public Control {
     void Timer6_Timer();
     void Timer7_Timer();
 
-    // Skinned frame (skinned_frame.cpp). `x` and `y` are not used: a drag follows the cursor.
+    // Skinned frame (skinned_frame.cpp). `x` and `y` are not used, because a drag follows the
+    // cursor on the screen.
     void Form_MouseDown(MouseButton button, int shift, float x, float y);
     void Form_MouseMove(MouseButton button, int shift, float x, float y);
     void Form_MouseUp(MouseButton button, int shift, float x, float y);
@@ -104,7 +105,7 @@ class Form1 : public Control {
     /// Finds a control by name. Throws InvalidCall if the form has no such control.
     Control& control(std::string_view name);
 
-    // Controls. `labels` has all labels; the references name the labels that handlers use.
+    // Controls. `labels` owns all labels; the Label references name those that handlers use.
     std::deque<Label> labels;
     Label& vd;
     Label& Label4;
@@ -133,7 +134,7 @@ class Form1 : public Control {
 
     // State of the form.
     std::string NewsText;
-    std::string NewsPos;      ///< decimal position of the first byte shown; empty until a tick
+    std::string NewsPos;      ///< position of the first byte shown, as text; empty at first
     std::string CurrentSite;  ///< set by MetaCafe; never read
     bool Dragging = false;
     bool Moving = false;

@@ -102,8 +102,8 @@ const std::vector<ControlDesign>& controls() {
     return rows;
 }
 
-// Timer1 makes the home page link blink; the others drive the news ticker. Timer4 polls with 1 ms,
-// which WindowTimer raises to its shortest period.
+// Timer1 makes the home page link blink; the other timers drive the news ticker. Timer4 polls with
+// 1 ms, which WindowTimer raises to its shortest period.
 constexpr TimerDesign timers[] = {
     {"Timer1", 500, true},  {"Timer4", 1, false},     {"Timer5", 100, true},
     {"Timer6", 1000, true}, {"Timer7", 10000, false},

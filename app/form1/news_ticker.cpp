@@ -80,8 +80,8 @@ void Form1::Timer7_Timer() {
     Timer4.Enabled(false);
 }
 
-// NewsPos is empty before the first tick: setting the caption and moving on then throw. A position
-// that is not a number counts as past the end.
+// Before the first tick NewsPos is empty: the first two statements throw and are ignored. A
+// position that is not a number counts as past the end.
 void Form1::Timer5_Timer() {
     ignoringErrors([&] {
         const auto rest = text::slice(NewsText, text::toNumber(NewsPos), text::length(NewsText));

@@ -21,7 +21,7 @@ inline constexpr Rgb titleTop = rgb(60, 125, 143);
 inline constexpr Rgb titleBottom = rgb(36, 88, 107);
 inline constexpr Rgb inactiveOverlay = rgb(104, 115, 120);
 
-// Surfaces.
+// Surface colours.
 inline constexpr Rgb form = rgb(242, 241, 238);
 inline constexpr Rgb area = rgb(252, 251, 250);
 inline constexpr Rgb areaEdge = rgb(186, 190, 188);
@@ -31,7 +31,7 @@ inline constexpr Rgb lineLight = rgb(255, 255, 255);
 inline constexpr Rgb button = rgb(224, 224, 224);
 inline constexpr Rgb box = rgb(255, 255, 255);
 
-// Text.
+// Text colours.
 inline constexpr Rgb text = rgb(30, 36, 40);
 inline constexpr Rgb quietText = rgb(82, 94, 101);
 inline constexpr Rgb titleText = rgb(255, 255, 255);

@@ -33,12 +33,12 @@ void check(BOOL accepted) {
 }
 
 /// A header's bytes as the server sent them. WinHTTP usually widens each byte by the system's code
-/// page, but this is not documented. So a character outside the code page is taken as the number of
-/// a byte.
+/// page, but this is not documented. A character outside the code page becomes the byte of the same
+/// number.
 std::string wireBytes(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size());
-    // A UTF-8 code page accepts only 0 and null for these two arguments.
+    // With a UTF-8 code page, WideCharToMultiByte accepts no flags and no `lossy` argument.
     const bool utf8 = GetACP() == CP_UTF8;
     for (const wchar_t c : text) {
         char narrowed[4];
@@ -77,8 +77,8 @@ struct HttpTransfer::Completion {
     OwnedHandle event;
     std::atomic<DWORD> status{0};
     DWORD value = 0;
-    // Belongs to the completion, because WinHTTP may still write to it after the transfer was given
-    // up.
+    // This buffer is part of Completion, because WinHTTP may still write to it after the transfer
+    // was given up.
     std::array<char, chunkBytes> chunk{};
 
     static void CALLBACK onStatus(HINTERNET, DWORD_PTR context, DWORD status, void* information,
@@ -157,7 +157,8 @@ void HttpTransfer::sendRequest() {
                      WINHTTP_DISABLE_AUTHENTICATION | WINHTTP_DISABLE_KEEP_ALIVE;
     check(WinHttpSetOption(request, WINHTTP_OPTION_DISABLE_FEATURE, &features, sizeof features));
     // WinHTTP's own time-outs, 30 seconds or less by default, must not end a transfer before its
-    // deadline. Name resolution has no time-out, because it would run on its own thread with one.
+    // deadline. Name resolution has no time-out, because with one it would run on a separate
+    // thread.
     auto beyond = static_cast<DWORD>(2 * limits_.time.count());
     check(WinHttpSetTimeouts(request, 0, static_cast<int>(beyond), static_cast<int>(beyond),
                              static_cast<int>(beyond)));
@@ -179,8 +180,8 @@ void HttpTransfer::sendRequest() {
 }
 
 // Takes one step only. Wine completes a step within its call if the bytes are already there, so a
-// server of tiny chunks would keep a loop busy for ever. The completion of that step has then been
-// signalled already.
+// server of tiny chunks would keep a loop busy for ever. The caller comes back for the next step,
+// because its completion has been signalled already.
 bool HttpTransfer::advance() {
     Completion& completion = *completion_;
     const DWORD status = completion.status.exchange(0, std::memory_order_acquire);
@@ -246,7 +247,7 @@ bool HttpTransfer::append(std::size_t count) {
     const auto left = header_.document.size.value_or(UINT64_MAX) - body_.size();
     count = static_cast<std::size_t>(std::min<std::uint64_t>(count, left));
     if (count > limits_.bytes - body_.size()) fail("The page is too large");
-    // Doubling this first capacity reaches the limit exactly and never exceeds it.
+    // The capacity then grows by doubling, which reaches the limit exactly and never exceeds it.
     if (body_.empty()) body_.reserve(chunkBytes);
     body_.append(completion_->chunk.data(), count);
     return count == left;

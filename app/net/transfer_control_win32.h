@@ -26,7 +26,7 @@ class WinHttpTransfer : public TransferControl {
 
     std::string OpenURL(std::string_view address) override;
 
-    /// Called each time before `WhileWaiting` is.
+    /// Called each time just before the WhileWaiting function.
     std::function<void(const TransferProgress&)> onProgress;
 
  private:

@@ -71,7 +71,7 @@ std::optional<std::string> canonicalIpv4(std::string_view host) {
 
 using Ipv6Pieces = std::vector<std::uint16_t>;
 
-/// Appends the dotted IPv4 address in which an IPv6 address may end, as two pieces.
+/// Appends the dotted IPv4 address in which an IPv6 address may end, as two 16-bit pieces.
 void appendDotted(std::string_view text, Ipv6Pieces& pieces) {
     const auto parts = split(text, '.');
     if (parts.size() != 4) throw noHost();
@@ -86,7 +86,8 @@ void appendDotted(std::string_view text, Ipv6Pieces& pieces) {
     pieces.push_back(static_cast<std::uint16_t>(bytes[2] << 8 | bytes[3]));
 }
 
-/// Parses pieces that are separated by colons. An empty text has no pieces.
+/// Parses 16-bit pieces of an IPv6 address that are separated by colons. An empty text has no
+/// pieces.
 Ipv6Pieces ipv6Pieces(std::string_view text, bool mayEndDotted) {
     Ipv6Pieces pieces;
     if (text.empty()) return pieces;
@@ -120,8 +121,8 @@ Ipv6Pieces parseIpv6(std::string_view text) {
 
 std::string canonicalIpv6(std::string_view text) {
     const Ipv6Pieces pieces = parseIpv6(text);
-    // "::" replaces the longest run of two or more zeros, and the first such run if several are
-    // longest.
+    // "::" replaces the longest run of two or more zero pieces, or the first such run if several
+    // are longest.
     std::size_t gap = pieces.size();
     std::size_t gapSize = 1;
     for (std::size_t begin = 0; begin < pieces.size();) {

@@ -71,7 +71,8 @@ void MsxmlRequest::abort() {
 int MsxmlRequest::readyState() const {
     LONG state = 0;
     requireSuccess(request_->get_readyState(&state), "The request's readyState");
-    // abort() resets the state to 0, so such a reply never counts as complete.
+    // If the reply is too large, abort() resets the state to 0, so that the reply never counts as
+    // complete.
     if (state < headersReceived || !announcesTooMuch(*request_.get()))
         return static_cast<int>(state);
     requireSuccess(request_->abort(), "The request's abort");

@@ -30,7 +30,7 @@ class FillCost {
     void addCharacter(char16_t c, std::size_t column, std::size_t width);
     void addLine();
     void addLink();
-    /// Adds a span of links that is formatted after streaming.
+    /// Adds a span of consecutive links, which gets the link format after streaming.
     void addSpan();
     /// Adds a change of font or colour. The text after the change is in `font`.
     void addFormat(Font font);

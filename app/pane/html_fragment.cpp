@@ -20,7 +20,7 @@ using std::string_view;
 constexpr string_view defaultFace = "Tahoma";
 
 // Limits on what is kept of a hostile page. They are far above what the pane can show, except the
-// limit on addresses: in the longest list, each address may have 500 bytes.
+// limit on addresses: the longest list that can be shown may have addresses of 500 bytes each.
 constexpr size_t maxFaces = 64;  // text in further fonts is shown in the default face
 constexpr size_t maxFontDepth = 1000;
 constexpr size_t maxText = 4'000'000;
@@ -59,7 +59,8 @@ std::optional<Number> number(string_view digits, int base) {
     return value;
 }
 
-// The character of a reference without its "&" and ";". Empty if the reference is unknown.
+// The character for a reference such as "amp" or "#38", which comes without its "&" and ";". Empty
+// if the reference is unknown.
 std::string resolved(string_view reference) {
     if (!reference.starts_with('#')) {
         for (const auto& [name, text] : entityNames)
@@ -125,7 +126,7 @@ class Parser {
             if (c == '<' && takeMarkup()) continue;
             if (c == '&') {
                 if (const auto text = takeReference(rest_)) {
-                    // A reference to a blank counts as a blank.
+                    // A reference to a white space character counts as white space.
                     if (text->size() == 1 && isHtmlBlank(text->front()))
                         appendBlank();
                     else
@@ -206,7 +207,7 @@ class Parser {
                 closeFont();
         } else if (ascii::equalIgnoringCase(tag.name, "a")) {
             // Links do not nest: each "a" tag, even a closing one or one without an address, ends
-            // the previous link. So a link that a second "<a>" ends has only its own text.
+            // the previous link. So a link whose end is written "<a>" has only its own text.
             link_ = TextRun::noLink;
             ++anchor_;
             address_.reset();
@@ -277,8 +278,8 @@ class Parser {
     }
 
     void append(string_view text) {
-        // An address is kept only once its link has text. Many links without text would waste
-        // memory.
+        // The address is stored only when its link gets text, because many links without text would
+        // waste memory.
         if (address_) {
             link_ = static_cast<int>(result_.addresses.size());
             addressBytes_ += address_->size();
@@ -327,14 +328,14 @@ class Parser {
     Fonts fonts_;
     std::vector<Fonts> outer_;            // one for each open font tag: the look outside it
     size_t ignoredFonts_ = 0;             // open font tags beyond maxFontDepth
-    size_t anchor_ = 0;                   // number of the last "a" tag
+    size_t anchor_ = 0;                   // number of "a" tags so far
     std::optional<std::string> address_;  // address of a link that has no text yet
     int link_ = TextRun::noLink;
     size_t addressBytes_ = 0;
     bool lineIsEmpty_ = true;
     bool endsInBlank_ = false;
-    bool tagsEnded_ = false;      // the rest has no end of a tag
-    bool commentsEnded_ = false;  // the rest has no end of a comment
+    bool tagsEnded_ = false;      // no tag ends within rest_
+    bool commentsEnded_ = false;  // no comment ends within rest_
 };
 
 }  // namespace

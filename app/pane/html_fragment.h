@@ -27,7 +27,7 @@ struct TextLook {
 struct TextRun {
     static constexpr int noLink = -1;
 
-    std::size_t begin = 0;  ///< positions in bytes in HtmlFragment::text
+    std::size_t begin = 0;  ///< byte positions in HtmlFragment::text
     std::size_t end = 0;
     TextLook look;
     int link = noLink;  ///< index into HtmlFragment::addresses

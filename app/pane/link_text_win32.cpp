@@ -46,7 +46,7 @@ void LinkText::show(RichText text) {
     SetWindowTextW(handle(), L"");
     // RTF has no control word for links. Wine's control gives streamed text the format at the
     // insertion point, so a text that is one link throughout becomes a link while it streams in.
-    // Formatting it afterwards would take half as long again.
+    // Formatting it afterwards would increase the time by half.
     const bool allLink =
         text.spans.size() == 1 && text.spans[0].begin == 0 && text.spans[0].end + 1 >= text.length;
     formatSelectionAsLink(handle(), allLink);
@@ -60,8 +60,8 @@ void LinkText::show(RichText text) {
 }
 
 // Gives the control's own link format to links that did not get it from the stream. The control
-// needs time for each span. If there are too many spans, the links only look like links, but work
-// as well.
+// needs time for each span. If there are more than maxMarkedSpans spans, links only look like
+// links, but still work.
 void LinkText::markLinks(const RichText& text, bool streamedAsLinks) {
     if (streamedAsLinks) {
         setSelection(handle(), 0, 1);
@@ -236,7 +236,7 @@ const TextLink* LinkText::currentLink() const {
 bool LinkText::goToLink(bool down) {
     const auto [at, end] = selection();
     const TextLink* link = down ? linkAfter(links_, at) : linkBefore(links_, at);
-    // If the caret is on a link that is not selected, that link is selected first.
+    // If the caret is on a link that is not selected, Up and Down select that link first.
     if (at == end && linkAt(links_, at)) link = linkAt(links_, at);
     if (!link) return false;
     select(*link);
@@ -288,8 +288,8 @@ void LinkText::trackHover() {
 }
 
 void LinkText::showTip(POINT point) {
-    // A hover may be reported after the result area has closed, and while a menu is open, which the
-    // tip would cover.
+    // No tip is shown after the result area has closed or while a menu is open, which the tip would
+    // cover. A hover may be reported in both cases.
     if (!IsWindowVisible(handle())) return;
     GUITHREADINFO thread{};
     thread.cbSize = sizeof thread;
@@ -338,8 +338,8 @@ void LinkText::showMenu(LPARAM screenPoint) {
     add(LinkCommand::CopyAllAddresses, L"Copy &all addresses", anyOpenable);
     add(LinkCommand::SaveAllAddresses, L"&Save all addresses...", anyOpenable);
     if (openable) SetMenuDefaultItem(menu.get(), static_cast<UINT>(LinkCommand::Open), FALSE);
-    // The chosen command arrives as WM_COMMAND. A write while the menu is open may replace the text
-    // or destroy this control, so nothing of it is used after this call.
+    // The chosen command arrives as WM_COMMAND. A write to the pane while the menu is open may
+    // replace the text or destroy this control, so nothing of it is used after this call.
     TrackPopupMenu(menu.get(), TPM_RIGHTBUTTON, at.x, at.y, 0, handle(), nullptr);
 }
 

@@ -14,8 +14,9 @@ namespace {
 constexpr int framePixels = 1;
 constexpr int marginPixels = 4;  // at 96 DPI; above and to the left of the text
 
-// A control with more lines is replaced instead of cleared. Wine's control takes quadratic time to
-// clear lines (1.2 s for 5,000, minutes for 32,767), and it leaks 272 bytes for each line cleared.
+// A rich-edit control with more lines is replaced instead of cleared. Wine's control takes
+// quadratic time to clear lines (1.2 s for 5,000, minutes for 32,767), and it leaks 272 bytes for
+// each line cleared.
 constexpr std::size_t linesWorthClearing = 1;
 
 // Maximum bytes of HTML that are kept as the window's text, enough for the longest list that can be

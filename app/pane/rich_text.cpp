@@ -13,12 +13,12 @@ namespace {
 
 using std::size_t;
 
-// Text in a further colour is shown in the colour of plain text.
+// Maximum number of colours. Text in a further colour is shown in the colour of plain text.
 constexpr size_t maxColours = 250;
 
 // A font's name for the RTF font table, without the characters that could end its entry.
 std::string tableName(std::string_view face) {
-    constexpr size_t maxFaceNameLength = 31;  // the system's limit
+    constexpr size_t maxFaceNameLength = 31;  // the system's limit for font names
     std::string name;
     for (const char c : face)
         if (c >= ' ' && c <= '~' && std::string_view("\\{};").find(c) == std::string_view::npos)
@@ -200,8 +200,8 @@ class Writer {
 
     HtmlFragment fragment_;
     PaneColours paneColours_;
-    // The system's link colour, or `usualLink` if the former is not legible. A pale colour made
-    // darker would look like disabled text.
+    // The system's link colour, or `usualLink` if the system's is not legible. The system's colour
+    // is not darkened, because a darkened pale colour looks like disabled text.
     Rgb linkColour_;
     bool marksLinks_;
     bool isLong_;

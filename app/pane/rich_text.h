@@ -46,7 +46,7 @@ inline constexpr std::size_t longText = 1000;
 inline constexpr std::size_t longLine = 200;
 inline constexpr std::size_t maxLineLength = 250;
 
-/// If a text has more spans of links, none of them gets the control's own link format afterwards.
+/// If a text has more spans than this, none of them gets the control's own link format.
 inline constexpr std::size_t maxMarkedSpans = 200;
 
 /// Shown in place of text that would cost the control too much.

@@ -11,7 +11,7 @@
 namespace velvox {
 namespace {
 
-constexpr DWORD maxPath = 32'768;  // the system's maximum
+constexpr DWORD maxPath = 32'768;  // the maximum path length of Windows
 
 // Returns false if the user cancels the dialog. The dialog's library is loaded here, because
 // linking it would cost some milliseconds at every start.

@@ -36,7 +36,7 @@ std::optional<LRESULT> ClickTarget::onMessage(UINT message, WPARAM, LPARAM lPara
             ReleaseCapture();
             RECT area;
             GetClientRect(handle(), &area);
-            const auto click = click_;  // a copy, because it may destroy this object
+            const auto click = click_;  // a copy, because the callback may destroy this object
             if (PtInRect(&area, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) click();
             return 0;
         }

@@ -252,7 +252,8 @@ void Form1Window::coverControls(bool covered) {
     Edit_SetSel(address, 0, -1);
 }
 
-// Whether a key press pastes outside a text field. Pages in the browser have their own text fields.
+// Whether a key press is a paste command outside the address box and outside the browser, whose
+// pages have their own text fields.
 bool Form1Window::pastesAddress(const MSG& message) const {
     if (message.message != WM_KEYDOWN || (HIWORD(message.lParam) & KF_REPEAT) != 0) return false;
     // Control together with Alt is AltGr.

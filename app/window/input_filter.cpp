@@ -81,7 +81,7 @@ bool InputFilter::acceptsPress(const InputEvent& event) {
     if (running_ || passes)
         lastPress_ = {event.code, event.window, event.at, event.timeMs, !passes};
     else
-        lastPress_.reset();  // the next press is a new click, not part of this one
+        lastPress_.reset();  // so that the next press counts as a new click
     changedSincePress_ = false;
     return passes;
 }

@@ -79,7 +79,7 @@ class InputFilter {
     bool changedSincePress_ = false;
     std::optional<Press> lastPress_;
     std::bitset<256> droppedKeys_;   ///< keys that are held down since a dropped press
-    std::bitset<8> droppedButtons_;  ///< the same for mouse buttons
+    std::bitset<8> droppedButtons_;  ///< mouse buttons that are held down since a dropped press
 };
 
 }  // namespace velvox

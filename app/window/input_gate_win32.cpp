@@ -10,7 +10,7 @@ using Kind = InputEvent::Kind;
 constexpr unsigned left = 1;
 constexpr unsigned right = 2;
 constexpr unsigned middle = 3;
-constexpr unsigned firstExtra = 3;  // plus the number of the extra button
+constexpr unsigned firstExtra = 3;  // extra mouse button N has the code firstExtra + N
 
 std::optional<InputEvent> event(Kind kind, unsigned code = 0) {
     InputEvent result;

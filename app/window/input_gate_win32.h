@@ -23,7 +23,8 @@ class InputGate {
     ~InputGate();
 
     /// Calls the handler of Download. Does nothing during a run, and for a second click from the
-    /// same message. Space clicks twice if the last mouse button used was the left one.
+    /// same message: the button clicks twice for Space if the last mouse button used was the left
+    /// one.
     void run(const std::function<void()>& handler);
     bool running() const noexcept { return filter_.running(); }
 

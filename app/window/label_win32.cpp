@@ -60,7 +60,7 @@ void LabelWindow::controlChanged(ControlChange change) {
         // The news strip changes ten times a second while the program runs. It is painted directly,
         // because storing its text in the window and painting it through the message loop costs
         // more than the drawing.
-        if (IsIconic(GetAncestor(handle(), GA_ROOT))) return;  // a restored window repaints
+        if (IsIconic(GetAncestor(handle(), GA_ROOT))) return;  // restoring the window repaints it
         const WindowDc dc(handle());
         return paint(dc.get());
     }

@@ -55,8 +55,8 @@ void leaveModalLoop() noexcept {
     if (moved) PostMessageW(moved, WM_LBUTTONUP, 0, 0);
 }
 
-// Runs a timer in the modal loop of a menu or of a window move by keyboard. Ends that loop when the
-// caller's wait is over.
+// Runs a timer in the modal loop of a menu or of a window move by keyboard. Ends that loop once
+// `isOver` returns true.
 class ModalLoopTimer {
  public:
     explicit ModalLoopTimer(const std::function<bool()>& isOver)
@@ -81,7 +81,7 @@ class ModalLoopTimer {
         }
     }
 
-    static inline ModalLoopTimer* current = nullptr;  // for the UI thread
+    static inline ModalLoopTimer* current = nullptr;  // the innermost one of the UI thread
 
     const std::function<bool()>& isOver_;
     ModalLoopTimer* outer_;

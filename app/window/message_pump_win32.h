@@ -49,7 +49,7 @@ class MessagePump {
 
     unsigned currentMessage_ = 0;
     unsigned messages_ = 0;
-    bool ownTimer_ = false;  ///< this pump, not a modal loop, dispatches WM_TIMER
+    bool ownTimer_ = false;  ///< this pump, not a modal loop, is dispatching WM_TIMER
     bool inForeignTick_ = false;
     bool serving_ = false;
     bool running_ = false;

@@ -9,8 +9,8 @@
 
 namespace velvox {
 
-/// A window timer that runs as a Timer of the form prescribes. Its owner passes WM_TIMER on to
-/// `tick`.
+/// A window timer that follows the interval and the enabled state of a Timer of the form. Its owner
+/// passes WM_TIMER on to `tick`.
 class WindowTimer : public ControlObserver {
  public:
     WindowTimer(Timer& model, HWND window, UINT_PTR id) : model_(model), window_(window), id_(id) {
@@ -31,8 +31,8 @@ class WindowTimer : public ControlObserver {
     UINT_PTR id() const noexcept { return id_; }
 
     /// Calls the handler, unless the model has been stopped since the tick began. If the handler
-    /// turns its timer off and on again, the window timer just goes on: its interval has only
-    /// begun, and a polling timer would spend most of its time on stopping and starting.
+    /// turns its timer off and on again, the window timer is not restarted: its interval has only
+    /// just begun, and a polling timer would spend most of its time on restarts.
     void tick() {
         if (!model_.Enabled() || !model_.Tick) return;
         const Ticking outermost(*this);
