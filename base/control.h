@@ -9,7 +9,6 @@
 
 namespace velvox {
 
-/// Which part of a control has changed.
 enum class ControlChange {
     Bounds,  ///< left, top, width or height
     Visible,

@@ -1,4 +1,3 @@
-// Points, sizes and rectangles.
 #pragma once
 
 namespace velvox {

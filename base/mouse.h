@@ -4,7 +4,6 @@
 
 namespace velvox {
 
-/// Mouse button passed to a handler.
 enum class MouseButton : std::int16_t { None = 0, Left = 1, Right = 2, Middle = 4 };
 
 }  // namespace velvox

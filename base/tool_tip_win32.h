@@ -1,4 +1,3 @@
-// Creates and destroys tool tip windows of the common controls.
 #pragma once
 
 #include <windows.h>

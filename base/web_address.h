@@ -1,4 +1,3 @@
-// Checks and percent-encodes web addresses.
 #pragma once
 
 #include <string>

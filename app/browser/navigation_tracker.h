@@ -59,8 +59,8 @@ class NavigationTracker {
 
     // The view: a browser control that shows the document.
 
-    /// Whether to create a view for the document. To be asked once all arrivals have been
-    /// announced.
+    /// Whether the document has arrived and needs a view. To be asked after all announcements are
+    /// taken.
     bool wantsView() const noexcept;
     void viewOpened();
     /// Called when the view could not be opened or has not shown anything in time.

@@ -30,7 +30,7 @@ struct PreviewContent {
 /// Whether an HTML engine can render documents of a media type: pages, texts and pictures.
 bool isRenderable(const std::string& type);
 
-/// "1,234 bytes", or "" for an unknown size.
+/// A text such as "1,234 bytes"; empty for an unknown size.
 std::string sizeText(const std::optional<std::uint64_t>& bytes);
 
 }  // namespace velvox

@@ -13,7 +13,6 @@
 
 namespace velvox {
 
-/// Limits of one transfer.
 struct TransferLimits {
     std::chrono::milliseconds time{60'000};  ///< for the whole transfer, redirects included
     std::size_t bytes = 64U << 20;           ///< maximum body size; up to 1.5 times that in memory

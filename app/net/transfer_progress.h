@@ -6,7 +6,6 @@
 
 namespace velvox {
 
-/// Progress of a page fetch.
 struct TransferProgress {
     std::uint64_t bytes = 0;
     std::chrono::milliseconds elapsed{};

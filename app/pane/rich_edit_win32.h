@@ -1,4 +1,3 @@
-// Loads the system's rich-edit control and performs common operations on it.
 #pragma once
 
 #include <windows.h>

@@ -62,7 +62,7 @@ struct PaneColours {
     bool operator==(const PaneColours&) const = default;
 };
 
-/// Converts a fragment. Colours with too little contrast are moved towards black or white.
+/// Converts a parsed fragment. Colours with too little contrast are moved towards black or white.
 RichText toRichText(HtmlFragment fragment, const PaneColours& colours);
 
 /// The link that covers a character, or null. Takes time logarithmic in the number of links.

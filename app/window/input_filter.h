@@ -1,4 +1,3 @@
-// Decides which user input reaches the main window.
 #pragma once
 
 #include <bitset>
@@ -9,7 +8,6 @@
 
 namespace velvox {
 
-/// One keyboard or mouse event.
 struct InputEvent {
     enum class Kind : std::int8_t {
         KeyDown,
