@@ -5,7 +5,8 @@
 namespace velvox {
 namespace {
 
-// A file of that name beside the program is not taken. The program itself serves as the decoy.
+// A file with the library's name in the program's folder must not be loaded. The decoy is a copy of
+// the program.
 TEST(LibraryTest, LoadsByNameFromTheSystemFolderAlone) {
     wchar_t program[MAX_PATH]{};
     GetModuleFileNameW(nullptr, program, MAX_PATH);

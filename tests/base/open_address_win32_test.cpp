@@ -10,8 +10,8 @@
 namespace velvox {
 namespace {
 
-// The session's registry, which ends with it, gets a browser that writes its argument, with the
-// quotation marks that the command puts around it, into a file.
+// The registry of the session, which is deleted with the session, gets a browser that writes its
+// argument to a file, including the quotation marks around it.
 TEST(OpenAddressTest, TheBrowserGetsOneArgument) {
     wchar_t folder[MAX_PATH]{};
     GetTempPathW(MAX_PATH, folder);

@@ -36,7 +36,7 @@ TEST(TextTest, FindsFromAPlaceInTheSameOrInAnyCase) {
     EXPECT_EQ(faultOf([] { text::findIgnoringCase("abc", "a", 0); }), Fault::InvalidCall);
 }
 
-// After 512 bytes another algorithm searches.
+// text::find changes to another search algorithm after 512 bytes.
 TEST(TextTest, FindsAsTheStandardLibraryDoesAtAnyDistance) {
     const std::string needle = "abab";
     for (std::size_t at = 500; at < 530; ++at) {

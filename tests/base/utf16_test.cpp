@@ -12,7 +12,8 @@ TEST(Utf16Test, ValidTextSurvivesTheRoundTrip) {
 }
 
 TEST(Utf16Test, InvalidBytesBecomeLatin1) {
-    // Lone tail, cut sequence, overlong form, surrogate, beyond the last code point.
+    // A lone continuation byte, a truncated sequence, an overlong form, a surrogate, a code point
+    // that is too large, and a truncated sequence at the end.
     EXPECT_EQ(
         toUtf16("\x80|\xC3|\xC0\xAF|\xED\xA0\x80|\xF4\x90\x80\x80|\xE1\xBB"),
         u"\u0080|\u00C3|\u00C0\u00AF|\u00ED\u00A0\u0080|\u00F4\u0090\u0080\u0080|\u00E1\u00BB");

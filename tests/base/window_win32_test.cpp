@@ -50,8 +50,9 @@ __attribute__((force_align_arg_pointer)) LONG CALLBACK countViolation(EXCEPTION_
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
-// The system swallows a fault inside a callback, so it has to be looked for: the last messages of
-// a window once went to the handler of a derived class that was gone.
+// The last messages of a window once reached the message handler of a derived class that was
+// already destroyed. The system hides a fault inside a callback, so the test counts access
+// violations.
 TEST(WindowTest, NothingIsDispatchedToAnObjectBeingDestroyed) {
     void* const handler = AddVectoredExceptionHandler(1, &countViolation);
     {

@@ -1,5 +1,5 @@
-// Runs a catcher on an address and the replies to its fetches and compares everything that it does
-// with the ordered list of what it should do.
+// Runs a catcher on an address with scripted replies and compares its effects, in their order, with
+// the expected ones.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,14 +21,14 @@ struct CatcherRow {
 
 inline const Reply failure = std::nullopt;
 
-/// Stands last in the effects of a catcher that lets a failure through.
+/// The last effect of a catcher that throws.
 inline const std::string thrown = "thrown\n";
 
 inline std::string fetchThroughLink2(const std::string& address) {
     return "link2=" + address + "\nfetch " + address + "\n";
 }
 
-/// How a trap ends a catcher.
+/// The effects of a catcher's trap: the address box is enabled and a text is shown in red.
 inline std::string redLine(const std::string& text) {
     return "linkin.Enabled True\n"
            "pane <font face='tahoma' size='2' color='red'>" +

@@ -3,7 +3,7 @@
 namespace velvox::testing {
 namespace {
 
-// The code stands between the prefix and the next comma.
+// The video's code is the text between the prefix and the next comma: "V jW".
 const std::string address = "a,b http://www.clip.vn/watch/V jW,vn,a-title.html";
 const std::string untilFeed =
     "linkin.Enabled False\n"

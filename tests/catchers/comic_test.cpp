@@ -16,12 +16,12 @@ std::string frame(const std::string& source) {
     return "'></iframe><IFRAME FRAMEBORDER='0' src='" + source + "'></iframe>";
 }
 
-// The first frame counts, and of its source what stands before the first reader.
+// The catcher uses the first frame, and of its source the part before the first "index.php".
 const std::string page = frame(reader) + frame("b/index.php");
 const std::string untilConfig =
     start + "link2=" + reader + "\n" + fetchThroughLink2(book + "config.xml");
 
-/// From the list of pages on, until as many pages are collected.
+/// The effects up to the collection of `count` pages.
 std::string collecting(int count) {
     std::string effects = untilConfig + "ketqua=\n";
     for (int i = 0; i < count; ++i) effects += "yield\n";

@@ -1,4 +1,4 @@
-// No handler reaches this catcher: it is called directly.
+// No handler calls this catcher, so the tests call it directly.
 #include "tests/catchers/catcher_table.h"
 
 namespace velvox::testing {
@@ -11,13 +11,13 @@ const std::string address = host + "/videoplay?docid=" + docid;
 const std::string aviAddress = "http://vp.video.google.com/videodownload?a=1&docid=" + docid;
 const std::string scanning = "pane <font face='tahoma' size='2' >Scanning For Video...</font>\n";
 
-/// Up to the first reply.
+/// The effects up to the first reply.
 std::string start(const std::string& from, const std::string& id) {
     return "ketqua=\nlinkin.Enabled False\n" + scanning + "yield\npane " + from + "\n" + scanning +
            fetchThroughLink2(host + "/videohosted?docid\\" + id);
 }
 
-/// Up to the second reply.
+/// The effects before the second reply.
 std::string others(const std::string& at) {
     return "pane <font face='tahoma' size='2' >Scanning For Other File Types...</font>\nfetch " +
            at + "\n";
@@ -31,7 +31,7 @@ std::string flvLine(const std::string& name, const std::string& id) {
     return line(host + "/videofile/" + name + ".flv?docid=" + id + "&itag=5", "FLV");
 }
 
-/// Up to the second reply when the first one has a name.
+/// The effects up to the second reply if the first reply has a file name.
 std::string found(const std::string& from, const std::string& id, const std::string& name,
                   const std::string& shownName) {
     const std::string gvp = gvpPrefix + name + ".gvp?docid=" + id;
@@ -39,12 +39,13 @@ std::string found(const std::string& from, const std::string& id, const std::str
            others(gvp);
 }
 
-/// Up to the second reply when the first one has none: the same address is fetched twice.
+/// The effects up to the second reply if the first reply has no file name: the same address is
+/// fetched twice.
 std::string again(const std::string& from, const std::string& id) {
     return start(from, id) + others(host + "/videohosted?docid\\" + id);
 }
 
-/// The step that writes the links down, and the last one.
+/// The last effects: the links are stored and shown.
 std::string end(const std::string& links) {
     return "ketqua=" + links + "\nlinkin.Enabled True\npane " + links + "\n";
 }
@@ -73,7 +74,8 @@ TEST(GoogleCatcherTest, CollectsUpToThreeLinks) {
           again(address, docid) + hosted +
               end(line("http://vp.video.google.com/a..b?x&y&docid=" + docid, "AVI") +
                   line("c..d&e", "MP4"))},
-         // With no marker the length is that of the marker less 1: the server without its "/".
+         // The marker is missing, so its position counts as 0. The length is then that of the
+         // marker less 1, which cuts off the "/" after the server.
          {"AVI without docid, MP4 without its block",
           address,
           {"", "http://vp.video.google.com/x", std::string(86, '.') + "m123456ipoddownloadlink"},
@@ -92,8 +94,8 @@ TEST(GoogleCatcherTest, CutsTheNameByTheLengthOfTheDocid) {
     };
     expectEffects(&Form1::GoogleCatcher, {run("12345678901234567", "abc", "abc.gv", "abc.gv"),
                                           run("12345678901234567890123", "abc", "", ""),
-                                          // Doubled dots go from the line, not from the address
-                                          // that is fetched.
+                                          // Doubled dots are removed from the link, but not from
+                                          // the address that is fetched.
                                           run(docid, "a..b...c", "a..b...c", "a.b..c")});
 }
 

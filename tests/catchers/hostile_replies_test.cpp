@@ -1,5 +1,5 @@
-// Replies that are larger, fuller or more broken than any site's: the catchers end, and in a time
-// that grows with the reply, not with its square.
+// Replies that are larger or more malformed than those of any site. The catchers must end, in a
+// time that is proportional to the reply and not to its square.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,16 +20,16 @@ std::string repeated(std::string_view piece, std::size_t times) {
 const std::string frame = "FRAMEBORDER='0' src='b/index.php'></iframe>";
 const std::string session = "fo.addVariable(sess,x);";
 
-// Good for every catcher.
+// An address that every catcher accepts.
 const std::string address =
     "http://www.clip.vn/watch/VjW,/videos/AbCdEfG?docid=-1234567890123456789";
 
 struct Attack {
     const char* name;
     void (Form1::*catcher)();
-    const char* shown;  ///< a part of what is shown at the end
+    const char* shown;  ///< part of the text at the end
     std::string piece;
-    std::vector<std::string> replies;  ///< "*" in front stands for as many pieces as have room
+    std::vector<std::string> replies;  ///< a "*" in front is replaced by many pieces
 };
 
 const Attack attacks[] = {
@@ -49,7 +49,7 @@ const Attack attacks[] = {
     {"servers without video", &Form1::GoogleCatcher, "", "http://vp.video.google.com", {"", "*"}},
 };
 
-/// Runs a catcher and returns the seconds of processor time it took: other programs do not count.
+/// Runs a catcher and returns its processor time in seconds, which other programs do not affect.
 double timeOf(Form1Fixture& fixture, void (Form1::*catcher)(),
               const std::vector<std::string>& replies) {
     fixture.log.recording = false;
@@ -76,7 +76,7 @@ TEST(HostileRepliesTest, EachEndsInTimeThatGrowsWithTheReply) {
     };
     for (const Attack& attack : attacks) {
         SCOPED_TRACE(attack.name);
-        // A square would be 1024 times as long.
+        // Quadratic time would be 1024 times as long.
         EXPECT_LT(best(attack, growth * small), 6 * growth * best(attack, small) + 0.5);
     }
 }

@@ -5,7 +5,8 @@ namespace {
 
 const std::string address = "http://en.sevenload.com/videos/AbCdEfG-some-title";
 const std::string goodPage = ");<script>fo.addVariable(\"sess\", \"x1y2\");</script>";
-// The file follows the first "url" with a quote, in any case, up to the next ".flv".
+// The file's address starts after the first `url="`, in any letter case, and ends with the next
+// ".flv".
 const std::string file = "a.FLV\"'><script>.flv";
 const std::string reply = "b.flv url=c.flv uRL=\"" + file + " url=\"d.flv";
 
@@ -41,7 +42,8 @@ TEST(SevenLoadTest, LeavesTheBoxDisabledAfterALink) {
          run("empty session", address, "fo.addVariable(sess,);", "AbCdEfG", ""),
          run("seven characters of whatever follows", "en.sevenload.com/videos/a/b/c/d/e", goodPage,
              "a/b/c/d", "x1y2"),
-         // Without "/videos/" the places are 0 and that of the first "/": six from the eighth on.
+         // Without "/videos/" its position counts as 0 and the first "/" is at 6, so the catcher
+         // takes six characters from position 8 on.
          run("no final slash", "http://en.sevenload.com/videos", goodPage, "en.sev", "x1y2")});
 }
 

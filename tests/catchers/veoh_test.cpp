@@ -59,7 +59,7 @@ TEST(VeOHTest, ReportsEachFailure) {
          {"failed fetch", address, {failure}, details("v123abc") + red},
          afterDetails("\r\nfullPreviewHashPath=\"http://a/b.flv\" \n"),
          afterDetails("fullPreviewHashPath=\"\r\n"),
-         // ".mp4" anywhere asks for the second line.
+         // If ".mp4" occurs anywhere in the reply, the catcher requires the second line as well.
          afterDetails("fullPreviewHashPath=\"http://a/b.mp4\" \r\n"),
          afterDetails(flvLine + "ipodLink=\"\r\n.mp4"),
          afterDetails(flvLine + "ipodLink=\"http://a/c.mp4\"")});

@@ -1,4 +1,4 @@
-// The examples of docs/control-library.md that need no window. The build compares the two.
+// The examples of docs/control-library.md that need no window. The build compares both files.
 #include <gtest/gtest.h>
 
 #include "controlkit/fast_collection.h"

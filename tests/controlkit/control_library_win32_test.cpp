@@ -1,4 +1,4 @@
-// The examples of docs/control-library.md that need Windows. The build compares the two.
+// The examples of docs/control-library.md that need Windows. The build compares both files.
 #include <gtest/gtest.h>
 
 #include "base/com_win32.h"

@@ -7,7 +7,7 @@
 
 namespace velvox::testing {
 
-/// A window that only remembers, and loses the capture as a real one does: with a call back.
+/// A fake window that records requests. Like a real window, it calls back when the capture ends.
 class FakeScrollHost : public ScrollHost {
  public:
     void repaint() override {
@@ -28,7 +28,7 @@ class FakeScrollHost : public ScrollHost {
     int leaveRequests = 0;
     bool captured = false;
     bool enabled = true;
-    int period[2] = {};  // of the arrows, of the track
+    int period[2] = {};  // milliseconds of the arrows' timer and of the track's timer
     std::function<void()> onCaptureLost, onRepaint;
 };
 

@@ -10,11 +10,11 @@
 namespace velvox {
 namespace {
 
-/// A collection and a plain list of items and keys that random operations must keep alike.
+/// A collection and a plain list, which must stay equal under random operations.
 struct Twins {
     using Rows = std::vector<std::pair<int, std::string>>;
 
-    /// Both change, or the collection throws.
+    /// Applies an operation to both. An invalid operation must throw.
     void apply(bool valid, const std::function<void()>& onTested,
                const std::function<void()>& onPlain) {
         if (valid) {
@@ -117,7 +117,7 @@ TEST(SortTest, AComparisonThatThrowsLeavesTheListAsItWas) {
     EXPECT_EQ(list.Item(1) * 100 + list.Item("1") * 10 + list.Item(3), 312);
 }
 
-// Each name comes before every later one.
+// The names are in order: each comes before all later ones.
 TEST(SortTest, NamesAreOrderedAsAReaderWould) {
     const std::string_view all =
         "\n 1\n0\n00\n1\n1 a\n1a\n01b\n2\n10\n99999999999999999999\na\na.txt\na01\na1\na1.txt\n"

@@ -1,4 +1,4 @@
-// The file-system enumerator on a real tree of folders.
+// clsFile on a real tree of folders.
 #include "controlkit/file_win32.h"
 
 #include <gtest/gtest.h>
@@ -73,7 +73,7 @@ TEST_F(FileTest, NamesOfAnyCharactersAndLengthAreListedAndLeadOn) {
     EXPECT_EQ(clsFile::EnumFiles(root, "none*").Count(), 0U);
     EXPECT_EQ(listed(clsFile::EnumFolders(root)), "plain.txt|");
 
-    // Down a path far longer than 260 characters, each step by the key of the one before.
+    // Descends a path far longer than 260 characters, each step by the key of the previous folder.
     const std::string step(100, 'f');
     std::string deep = root;
     for (int i = 0; i < 6; ++i) deep = folder(deep + "\\" + step + (i == 3 ? "." : ""));

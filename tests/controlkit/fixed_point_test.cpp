@@ -11,8 +11,8 @@ namespace velvox {
 namespace {
 
 TEST(FixedPointTest, RoundsHalvesToEvenToFourDecimalsAndToWholeNumbers) {
-    // The double nearest to 0.00005 lies above the half, and so does the exact product of the one
-    // nearest to 1.00005, which a double cannot hold.
+    // The double nearest to 0.00005 is above the half. So is 10000 times the double nearest to
+    // 1.00005, but only exactly: a double cannot hold that product.
     const std::tuple<double, const char*, std::int32_t> rows[] = {
         {0.00005, "0.0001", 0}, {0.03125, "0.0312", 0}, {-0.09375, "-0.0938", 0},
         {1.00005, "1.0001", 1}, {0.5, "0.5", 0},        {1.5, "1.5", 2},

@@ -16,7 +16,7 @@ using testing::property;
 
 using Log = std::vector<std::string>;
 
-/// Writes down what happens, in order.
+/// A scroll bar that records its events in their order.
 class Recorder : public tsPrivateScroll {
  public:
     explicit Recorder(Axis axis = Axis::Vertical) : tsPrivateScroll(axis) {
@@ -26,7 +26,7 @@ class Recorder : public tsPrivateScroll {
 
     using tsPrivateScroll::arrowLength;
 
-    /// What an assignment leads to.
+    /// Assigns Value and returns the events.
     Log assigned(FixedPoint value) {
         log.clear();
         Value(value);
@@ -73,7 +73,7 @@ TEST(PrivateScrollTest, ValueIsKeptWithinTheBounds) {
     EXPECT_EQ(bar.Value(), FixedPoint(270)) << "moved by a handler of the assignment itself";
 }
 
-/// In the order of storage.
+/// All properties in stored order.
 std::vector<Property<tsPrivateScroll>> properties() {
     using S = tsPrivateScroll;
     return {property("ArrowColor", &S::ArrowColor, &S::ArrowColor, 1),

@@ -1,4 +1,4 @@
-// The bars as real windows: real messages, a real capture, real timers.
+// The bars as real windows, with real messages, a real capture and real timers.
 #include "controlkit/scroll_bar_win32.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 namespace velvox {
 namespace {
 
-/// A popup that the bars stand on, and the pointer that plays on them.
+/// Two bars on a popup window, and the system's pointer.
 class ScrollBarWindowTest : public testing::Test {
  protected:
     ScrollBarWindowTest() {
@@ -22,7 +22,7 @@ class ScrollBarWindowTest : public testing::Test {
         pumpUntil([] { return false; }, 20);
     }
 
-    /// Moves the system's pointer to a point of the popup, then presses or lets go.
+    /// Moves the system's pointer to a point of the popup, then presses or releases a button.
     static void pointer(int x, int y, DWORD buttons = 0) {
         INPUT input{};
         input.type = INPUT_MOUSE;
@@ -57,7 +57,7 @@ TEST_F(ScrollBarWindowTest, AHeldArrowRepeatsAtItsInterval) {
     pointer(20, 205, MOUSEEVENTF_LEFTUP);
     ASSERT_TRUE(reaches(vertical, ScrollPart::None));
     EXPECT_EQ(GetCapture(), nullptr);
-    // Lower bounds only: a busy machine may tick late, never early.
+    // Only minimum times are checked: a busy machine may tick late, never early.
     EXPECT_GE(times[1] - times[0], 200U);
     EXPECT_GE(times[7] - times[1], 6 * 50U - 30U);
 }
@@ -160,7 +160,7 @@ TEST_F(ScrollBarWindowTest, PartsShowTheirColours) {
     vertical.ScrollHeight(MulDiv(20, 96, screenDpi()));
     horizontal.ScrollWidth(vertical.ScrollHeight());
 
-    // The two directions are one another's mirror image along the diagonal.
+    // The bars of both directions are mirror images along the diagonal.
     const ClientPrint upright(vertical.hWnd());
     const ClientPrint lying(horizontal.hWnd());
     for (int i = 0; i < 200 * 20; ++i)

@@ -49,7 +49,7 @@ class ScrollContainerTest : public testing::Test {
     static bool shows(const ScrollBarWindow& bar) {
         return (GetWindowLongW(bar.hWnd(), GWL_STYLE) & WS_VISIBLE) != 0;
     }
-    const int unit = scaled(48);  // of the wheel
+    const int unit = scaled(48);  // distance of one notch of the wheel
 
     TestForm form{{100, 100, 500, 500}};
     tsScrollContainer container;
@@ -103,7 +103,7 @@ TEST_F(ScrollContainerTest, WheelAndKeysReachItThroughTheContent) {
     EXPECT_EQ(container.position().y,
               std::min(container.viewSize().cy, 400 - container.viewSize().cy));
 
-    // A container inside another takes the wheel only where it has something to scroll.
+    // A container inside another container handles the wheel only if it can scroll.
     const Child outerContent(container.view(), L"STATIC", {0, 0, 100, 1000});
     tsScrollContainer inside;
     inside.create(outerContent.handle(), {0, 0, 90, 90});
@@ -144,7 +144,7 @@ TEST_F(ScrollContainerTest, AControlThatGetsTheFocusIsScrolledIntoView) {
 TEST_F(ScrollContainerTest, ContentThatDrawsItselfMayBeOfAnySize) {
     int sizes = 0;
     content->seen = [&](UINT message) {
-        // Fits only while it is asked to leave room for a bar: must come to rest all the same.
+        // This content fits only if room is left for a bar. The layout must end nevertheless.
         if (message != WM_SIZE) return;
         container.setDrawnContent(content->handle(), {100, ++sizes % 2 ? 10 : 1000});
     };

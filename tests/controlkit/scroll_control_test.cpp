@@ -16,11 +16,11 @@ namespace {
 
 using testing::FakeScrollHost;
 
-/// A bar of 130 by 16 pixels: arrows at 0..9 and 120..129, a thumb of 12 pixels whose start runs
-/// from 10 to 108, at 59 for the value 50.
+/// A bar of 130 by 16 pixels with arrows at 0..9 and 120..129 and a thumb of 12 pixels. The thumb's
+/// start ranges from 10 to 108 and is 59 for the value 50.
 class ScrollControlTest : public ::testing::Test {
  protected:
-    /// A handler that writes down its event.
+    /// A handler that records its event.
     auto noting(const char* name) {
         return [this, name](auto... numbers) {
             log += name;
@@ -45,7 +45,7 @@ class ScrollControlTest : public ::testing::Test {
         bar.KeyPress = noting("KeyPress");
     }
 
-    /// What the user sees of the bar.
+    /// The visible state of the bar.
     std::string picture() const {
         const Span thumb = bar.geometry().thumb();
         std::string all = bar.Value().text();
@@ -59,7 +59,7 @@ class ScrollControlTest : public ::testing::Test {
         return all;
     }
 
-    /// What holds after every event, whatever a handler did in the middle of it.
+    /// Checks the conditions that hold after every event, whatever a handler has done.
     void expectSound() const {
         const ScrollPart held = bar.held();
         EXPECT_EQ(host.captured, held != ScrollPart::None);
@@ -72,9 +72,10 @@ class ScrollControlTest : public ::testing::Test {
         EXPECT_TRUE(bar.BlockValue() || (bar.Value() >= bar.Min() && bar.Value() <= max));
     }
 
-    /// Plays words with a number each, such as "down 5 tick 0"; returns what was written down. The
-    /// number is a place along the bar for the pointer, at the place `across`; else a key's code,
-    /// the wheel's turn, 0 or 1 for the timer of the arrows or the track.
+    /// Runs actions, each a word with a number such as "down 5 tick 0", and returns the recorded
+    /// events. The number of a pointer action is the position along the bar; the position across it
+    /// is `across`. Other numbers are a key's code, the wheel's delta, or the timer (0 arrows, 1
+    /// track).
     std::string play(const std::string& script) {
         std::istringstream words(script);
         std::string word;
@@ -182,8 +183,8 @@ TEST_F(ScrollControlTest, AThumbFollowsThePointerPastBothEndsButNotTooFarAside) 
     const std::pair<const char*, double> rows[] = {
         {"down 60 move 500", 100},
         {"move -500", 0},
-        {"move 70", 60},     // grabbed where it was: the offset is kept
-        {"move 60", 50.25},  // with the fraction where it began
+        {"move 70", 60},     // the pointer keeps its offset in the thumb
+        {"move 60", 50.25},  // back at the start, the value has its fraction again
         {"across 144 move 70", 50.25},
         {"across 143 move 70", 60},
         {"across -129 move 70", 50.25},
@@ -217,7 +218,7 @@ TEST_F(ScrollControlTest, HoverIsShownUntilThePointerHasLeft) {
 TEST_F(ScrollControlTest, WheelTurnsAddUpToNotches) {
     EXPECT_EQ(play("wheel 119 wheel -119"), "");
     EXPECT_EQ(play("wheel 240"), "MouseWheel 1;Scroll 47;MouseWheel 1;Scroll 44;");
-    // Turned back, the rest of the other way is forgotten.
+    // A turn in the other direction discards the parts of a notch collected so far.
     const std::pair<const char*, double> rows[] = {
         {"wheel -80", 44}, {"wheel -80", 47}, {"wheel 100", 47}, {"wheel 20", 44}};
     for (const auto& [turn, value] : rows) EXPECT_EQ(valueAfter(turn), value) << turn;
@@ -251,7 +252,7 @@ TEST_F(ScrollControlTest, KeepsItsInvariantsUnderRandomEventsAndHandlers) {
             const auto action =
                 std::next(actions.begin(), static_cast<int>(random() % actions.size()));
             action->second(static_cast<std::int16_t>(static_cast<int>(random() % 200) - 20));
-        } catch (const RuntimeFailure&) {  // a setting that is refused
+        } catch (const RuntimeFailure&) {  // an invalid setting
         }
     };
     bool interferes = false, hovers = false;

@@ -11,15 +11,15 @@ constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
 
 // Properties that hold for all numbers are checked by the fuzz target `scroll_geometry`.
 
-/// Of a bar with arrows of 10 and a thumb of 8 pixels at least.
+/// A bar with arrows of 10 pixels and a thumb of at least 8.
 ScrollMeasure measure(int length, std::int32_t min, std::int32_t max, std::int32_t page,
                       FixedPoint value) {
     return {length, 10, 8, min, max, page, value};
 }
 
 TEST(ScrollGeometryTest, ThumbFollowsValueAndPage) {
-    // A track of 110 pixels for a range of 100 and a page of 10. With nothing to scroll the thumb
-    // fills it; a tiny bar has no thumb.
+    // A track of 110 pixels for a range of 100 and a page of 10. If there is nothing to scroll, the
+    // thumb fills the track. A tiny bar has no thumb.
     const std::tuple<int, std::int32_t, std::int32_t, double, Span> rows[] = {
         {130, 100, 10, 50, {60, 10}},
         {130, 100, 10, 0, {10, 10}},

@@ -44,7 +44,7 @@ class VirtualDcTest : public testing::Test {
 };
 
 TEST_F(VirtualDcTest, GradientRunsFromOneColourToTheOther) {
-    // 32 pixels: from the first colour exactly to one step short of the second.
+    // The 32 pixels run from exactly the first colour to one step before the second.
     surface.DrawGradient(red, blue, 4, 5, 32, 20, 1);
     for (int step = 0; step < 32; ++step) {
         EXPECT_NEAR(redOf(at(4 + step, 24)), 255 - step * 255 / 32, 1) << step;
@@ -149,7 +149,7 @@ TEST(VirtualDcLifeTest, DrawingWithoutASurfaceDoesNothing) {
         EXPECT_EQ(surface.hDC(), nullptr) << size.cx;
         EXPECT_EQ(surface.GetPixel(0, 0), -1);
     }
-    // What was set before holds for the surface that comes; and nothing is left after it.
+    // Settings made before CreateMyDC hold for the new surface. DestroyDC leaves nothing.
     surface.CreateMyDC(10, 10);
     surface.DrawRectangle(0, 0, 10, 10);
     EXPECT_EQ(surface.GetPixel(0, 0), red);
@@ -179,7 +179,7 @@ TEST(VirtualDcLifeTest, ANewSizeKeepsWhatIsDrawn) {
     EXPECT_EQ(surface.hDC(), nullptr);
 }
 
-/// How many handles the system still gives this process.
+/// The number of handles that this process can still create.
 std::size_t handlesLeft() {
     std::vector<OwnedPen> taken;
     while (OwnedPen pen{CreatePen(PS_SOLID, 1, 0)}) taken.push_back(std::move(pen));
@@ -198,7 +198,8 @@ TEST(VirtualDcLifeTest, TenThousandLivesLeaveNoHandle) {
         surface.PenWidth(round % 3);
         ASSERT_TRUE(surface.Picture()->hasImage());
     };
-    // What the system keeps from its first use is no leak; and without any DC it starts again.
+    // Objects that the system keeps after its first use are no leak. `kept` exists because without
+    // any DC the system would create them again.
     clsVirtualDC kept;
     kept.CreateMyDC(8, 8);
     live(0);

@@ -13,7 +13,7 @@ FileRows::Items items(std::initializer_list<std::pair<const char*, std::uint64_t
     return made;
 }
 
-/// The names, the selected one in brackets.
+/// The names of the rows, with the selected one in brackets.
 std::string shown(FileRows& rows) {
     std::string all;
     for (std::size_t i = 0; i < rows.count(); ++i) {

@@ -1,7 +1,7 @@
-// What it takes to cut links out of a page, beside a pass of memchr and a copy of the same bytes.
-// "page" is ordinary markup with the marker at its very end; "letters" and "near" are made against
-// the search: nothing but the first letter of the marker, and the marker less its last letter, over
-// and over.
+// Measures the time that catchers take to cut links out of a page, in relation to one pass of
+// memchr over the same bytes or to a copy of them. The input "page" is ordinary markup with the
+// marker at its end. Two inputs are difficult for a search: "letters" repeats the first letter of
+// the marker, "near" repeats the marker without its last letter.
 #include <cstring>
 
 #include "tests/app/form1/form1_fixture.h"
@@ -17,8 +17,8 @@ struct Subject {
     const char* name;
     void (Form1::*catcher)();
     std::string address;
-    std::string_view marker;    ///< the first that is searched for in the large page
-    std::string end;            ///< of the large page
+    std::string_view marker;    ///< first marker that is searched for in the large page
+    std::string end;            ///< end of the large page
     std::vector<Reply> before;  ///< replies before the large page
     std::vector<Reply> after;
     double maxPasses = 3;
@@ -73,10 +73,10 @@ const Subject subjects[] = {
 
 struct Catch {
     double milliseconds;
-    std::string shown;  ///< in the pane at the end
+    std::string shown;  ///< text of the pane at the end
 };
 
-/// A catcher's run on these replies.
+/// Runs a catcher on replies several times and returns the fastest time.
 Catch timeOf(void (Form1::*catcher)(), std::string_view address,
              const std::vector<Reply>& replies) {
     Form1Fixture fixture;
@@ -124,7 +124,7 @@ TEST(Cutting, TakesLittleLongerOnPagesMadeAgainstTheSearch) {
     }
 }
 
-/// Beside appending the same lines.
+/// Compares the time with that of appending the same lines to a string.
 void expectLoop(const char* name, const Catch& caught, std::string_view lineEnd) {
     std::vector<std::string_view> lines;
     for (std::string_view rest = caught.shown; !rest.empty();) {

@@ -1,4 +1,4 @@
-// A measured value beside what it may be at most.
+// Compares a measured value with its bound.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 
 namespace velvox {
 
-/// Prints the value, its bound and whether that holds, which is also expected of it.
+/// Prints the value, its bound and whether the bound holds. The test fails if it does not hold.
 inline void expectAtMost(const std::string& name, double value, double bound,
                          const std::string& unit = "times") {
     std::printf("%-52s %8.2f %-6s %6g at most: %s\n", name.c_str(), value, unit.c_str(), bound,
@@ -19,8 +19,8 @@ inline void expectAtMost(const std::string& name, double value, double bound,
     EXPECT_LE(value, bound) << name;
 }
 
-/// Milliseconds that an action takes at the least, as what else runs only makes it slower.
-/// `prepare` comes before each try and does not count.
+/// The shortest duration of an action in milliseconds, because other programs can only slow it
+/// down. `prepare` runs before each try and is not measured.
 template <class Prepare, class Action>
 double fastest(int tries, Prepare prepare, Action action) {
     double least = 1e9;

@@ -1,4 +1,4 @@
-// Large texts to measure with.
+// Large texts for measurements.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 
 namespace velvox::testing {
 
-/// `piece` over and over, at least `megabytes` in all.
+/// Repeats `piece` up to a size of at least `megabytes`.
 inline std::string filled(std::string_view piece, std::size_t megabytes) {
     std::string text;
     text.reserve((megabytes << 20) + piece.size());
@@ -16,8 +16,8 @@ inline std::string filled(std::string_view piece, std::size_t megabytes) {
     return text;
 }
 
-/// Ordinary markup around words of changing length and letters, since a processor soon predicts
-/// what only repeats itself. The same in every run.
+/// Ordinary markup around words of random length and letters, because a processor soon predicts
+/// repeated text. The page is the same in every run.
 inline std::string ordinaryPage(std::size_t megabytes) {
     std::minstd_rand random;
     std::string text;

@@ -1,5 +1,5 @@
-// What a press of Download takes beside bare requests, and what painting takes. Run in a session
-// with the replica sites.
+// Measures a press of Download in relation to bare requests, and the time of painting. Run it in a
+// session with the replica sites.
 #include <windows.h>
 
 #include <winhttp.h>
@@ -29,7 +29,7 @@ class Internet {
     HINTERNET handle_;
 };
 
-/// The shortest program that has the body.
+/// Fetches a body with as few calls of WinHTTP as possible.
 std::string fetchBare(HINTERNET session, const wchar_t* host, const wchar_t* path) {
     const Internet connection(WinHttpConnect(session, host, INTERNET_DEFAULT_HTTP_PORT, 0));
     const Internet request(
@@ -74,7 +74,7 @@ TEST(PressToLink, TakesLittleMoreThanItsRequests) {
         WinHttpOpen(nullptr, WINHTTP_ACCESS_TYPE_DEFAULT_PROXY, nullptr, nullptr, 0));
     for (const auto& row : rows) {
         std::vector<double> bare, own;
-        // In turn, so that what else runs slows both.
+        // The two measurements alternate, so that other programs slow both.
         for (int i = 0; i < 41; ++i) {
             bare.push_back(fastest(1, [&] {
                 for (const auto& [host, path] : row.requests)

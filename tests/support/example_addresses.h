@@ -1,4 +1,4 @@
-// The example address of each site, in the order of the list.
+// The example address of each site, in the order of the main window's list.
 #pragma once
 
 namespace velvox {

@@ -11,9 +11,9 @@ constexpr CLSID htmlDocument = {
 constexpr DISPID readyStateProperty = -525;
 constexpr long readyStateComplete = 4;
 
-// As much of a document as the control needs to call it loaded; it reads and shows nothing.
-// Everything else is refused, which the control takes for a document without commands, view or
-// scripting.
+// A document with the minimum that the browser control needs to consider it loaded. It reads and
+// shows nothing. All other requests fail, which the control accepts as a document without commands,
+// view or scripting.
 class FallbackDocument final : public ComDispatch<IPersistMoniker, IOleObject> {
  public:
     STDMETHODIMP GetClassID(CLSID* id) override {

@@ -1,12 +1,12 @@
-// An HTML engine for systems that have none: with it the browser control is created and raises the
-// events of every navigation, although its documents show nothing.
+// A fake HTML engine for systems that have none. With it the browser control can be created and
+// raises the events of every navigation, although its documents show nothing.
 #pragma once
 
 #include "base/com_win32.h"
 
 namespace velvox {
 
-/// Serves the HTML documents of this thread, for the length of this object's life.
+/// Provides the HTML documents of this thread as long as the object exists.
 class FallbackDocumentRegistration {
  public:
     /// Throws RuntimeFailure (Platform).

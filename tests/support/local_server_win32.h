@@ -1,4 +1,5 @@
-// A server on the loopback that answers as a test says: with a reply, slowly, partly or never.
+// A server on the loopback interface. A test's handler decides how it replies: completely, slowly,
+// partly or never.
 #pragma once
 
 #include <winsock2.h>
@@ -15,13 +16,13 @@
 
 namespace velvox {
 
-/// One accepted connection, closed with its handler's return.
+/// One accepted connection, which is closed when its handler returns.
 class Connection {
  public:
     Connection(SOCKET socket, const std::atomic<bool>& stopped)
         : socket_(socket), stopped_(stopped) {}
 
-    /// False once the other side is gone.
+    /// Returns false once the client has closed the connection.
     bool write(std::string_view bytes) const {
         while (!bytes.empty()) {
             const int sent = send(socket_, bytes.data(), static_cast<int>(bytes.size()), 0);
@@ -31,7 +32,8 @@ class Connection {
         return true;
     }
 
-    /// Waits that long, or until the server stops. False when it has stopped.
+    /// Waits for a time, but not longer than the server runs. Returns false if the server has
+    /// stopped.
     bool wait(unsigned milliseconds) const {
         for (unsigned waited = 0; waited < milliseconds && !stopped_; waited += 10) Sleep(10);
         return !stopped_;
@@ -86,7 +88,8 @@ class LocalServer {
  private:
     void accept() {
         while (!stopped_) {
-            // Polling, since closing a listener does not end a blocked accept everywhere.
+            // The loop polls, because closing a listener does not end a blocked accept() on every
+            // system.
             fd_set ready;
             FD_ZERO(&ready);
             FD_SET(listener_, &ready);

@@ -14,10 +14,10 @@ namespace velvox::testing {
 template <class Owner>
 struct Property {
     const char* key;
-    PropertyValue value;  ///< other than the default, as it is stored
+    PropertyValue value;  ///< the stored form of a value other than the default
     std::function<void(Owner&)> set;
     std::function<bool(const Owner&)> isSet;
-    std::vector<ControlChange> followed;  ///< what the control's observer is notified of
+    std::vector<ControlChange> followed;  ///< the notifications of the control's observer
 };
 
 template <class Owner, class Got, class Set, class T>

@@ -1,4 +1,4 @@
-// A thread for the servers of tests: the threads model of the program has no std::thread.
+// A thread for the tests' servers, because the program's thread model has no std::thread.
 #pragma once
 
 #include <windows.h>
@@ -8,8 +8,8 @@
 
 namespace velvox {
 
-/// Runs a callback on its own thread; the destructor waits for its end. Its handle is not among
-/// those that the program's owners count.
+/// Runs a callback on a new thread. The destructor waits for the thread's end. The thread's handle
+/// is not counted by liveHandles().
 class TestThread {
  public:
     explicit TestThread(std::function<void()> run)

@@ -1,4 +1,5 @@
-// What tests of real windows share: a form to stand on, time for messages, a window's picture.
+// Helpers for tests of real windows: a form as their parent, handling of messages, a window's
+// picture.
 #pragma once
 
 #include <functional>
@@ -8,7 +9,7 @@
 
 namespace velvox {
 
-/// A topmost popup on the screen.
+/// A topmost popup window on the screen.
 class TestForm : public Window {
  public:
     explicit TestForm(const RECT& bounds) {
@@ -23,10 +24,11 @@ class TestForm : public Window {
     std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
 };
 
-/// For something that comes at once on an idle machine.
+/// Deadline in milliseconds for what happens at once on an idle machine.
 constexpr DWORD patience = 30'000;
 
-/// Lets messages through until `done` or the deadline; returns whether it was done.
+/// Dispatches messages until `done` returns true or the time is over. Returns whether `done` was
+/// true.
 inline bool pumpUntil(const std::function<bool()>& done, DWORD milliseconds = patience) {
     const DWORD start = GetTickCount();
     while (!done()) {
@@ -42,12 +44,12 @@ inline bool pumpUntil(const std::function<bool()>& done, DWORD milliseconds = pa
     return true;
 }
 
-/// Lets messages through for a while.
+/// Dispatches messages for a time.
 inline void pumpFor(DWORD milliseconds) {
     pumpUntil([] { return false; }, milliseconds);
 }
 
-/// A window's client area as it would be printed.
+/// The picture of a window's client area that WM_PRINTCLIENT gives.
 class ClientPrint {
  public:
     explicit ClientPrint(HWND window) {

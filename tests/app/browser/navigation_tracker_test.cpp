@@ -19,8 +19,8 @@ const char* verdict(bool follow) {
     return follow ? "" : "-";
 }
 
-/// What happens to a tracker. The result is "+" for a document to announce or a busy tracker, "-"
-/// for a step of the control that is cancelled, ">" for a navigation of the view's own.
+/// Events of a tracker by name. The result is "+" if the tracker is busy or announces a document,
+/// "-" if it cancels a navigation of the view, ">" if it takes that navigation over.
 const std::map<std::string, const char* (*)(NavigationTracker&)> events = {
     {"arrives",
      [](NavigationTracker& to) {

@@ -1,9 +1,9 @@
-// The preview browser against a local server: by default on a system without an HTML engine, which
-// the tests take for granted, and with one that shows nothing.
+// The preview browser with a local server: on a system without an HTML engine, which is the default
+// here, and with an engine that shows nothing.
 #include <gtest/gtest.h>
 
 #include "tests/support/local_server_win32.h"
-// winsock2.h has to come before windows.h.
+// winsock2.h must be included before windows.h.
 #include "app/browser/web_browser_win32.h"
 
 #include <chrono>
@@ -183,7 +183,7 @@ TEST_F(WebBrowserTest, NothingIsRequestedAfterTheTimeOrTheNextNavigation) {
     web->Navigate(server_.address("/slow-loop"));
     EXPECT_TRUE(fails(*web));
     const auto requestsAfter = [&] {
-        pumpFor(100);  // what is on its way
+        pumpFor(100);  // requests that are on their way
         const int before = requests_;
         pumpFor(500);
         return requests_ - before;
@@ -209,7 +209,8 @@ TEST_F(WebBrowserTest, NavigationsThatAreCutShortNeitherSpeakNorStay) {
         SCOPED_TRACE(i);
         auto web = makeWeb();
         web->Navigate("about:blank");
-        // By another navigation, or by the end of the window alone.
+        // Every second browser first starts another navigation; all of them end by the end of the
+        // window.
         if (i % 2 == 0) {
             arrivals_.clear();
             ASSERT_TRUE(arrives());
@@ -265,7 +266,7 @@ TEST(PreviewPanelTest, ALongAddressLeavesRoomForTypeAndSize) {
     surface.CreateMyDC(width, height);
     const PreviewPanel panel;
     const std::string address = "http://h/" + std::string(100'000, 'W');
-    // The last rows above the note hold the size, whatever comes before.
+    // The size is in the last rows above the note, however long the address is.
     const auto sizeInk = [&](std::uint64_t size) {
         panel.paint(surface.hDC(), {0, 0, width, height},
                     {Kind::NotRendered, address, {"a/b", size}, {}});
@@ -276,12 +277,12 @@ TEST(PreviewPanelTest, ALongAddressLeavesRoomForTypeAndSize) {
         return ink;
     };
     EXPECT_GT(sizeInk(123456789), sizeInk(1));
-    // No room at all is no reason to fail.
+    // Painting in an area without room must not fail.
     for (const int side : {0, 1, 20})
         panel.paint(surface.hDC(), {0, 0, side, side}, {Kind::Unviewable, "http://h/", {}, {}});
 }
 
-// Runs in a process of its own in which the system's control does not load.
+// Runs in a separate process in which the system's control cannot be loaded.
 TEST_F(WebBrowserTest, APageArrivesOnASystemWithoutTheControl) {
     if (!std::getenv("VELVOX_TEST_WITHOUT_BROWSER")) GTEST_SKIP() << "the control is there";
     const FallbackDocumentRegistration fallback;

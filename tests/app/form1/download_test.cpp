@@ -11,7 +11,7 @@ const std::string start =
 const std::string end = "isButton1.Enabled True\n";
 const std::string refused = end + "exclamation Please Enter A Valid URL...\nouter.Visible False\n";
 
-/// The effects of a catcher alone or of the whole button.
+/// The effects of a catcher or of the button's handler.
 std::string effectsOf(void (Form1::*handler)(), const std::string& address) {
     return Form1Fixture().run(handler, address);
 }
@@ -78,7 +78,8 @@ std::string images(std::initializer_list<const char*> numbers) {
     return "pane " + list + "\nketqua=\n" + end;
 }
 
-/// Effects of a comic book of three pages from its first yield on, in which an event comes.
+/// The effects of a run for a comic book of three pages, from its first yield on. `event` happens
+/// during that yield.
 std::string runWith(const std::function<void(Form1&)>& event) {
     Form1Fixture fixture;
     fixture.desktop.onYield = [&] {
@@ -93,8 +94,8 @@ std::string runWith(const std::function<void(Form1&)>& event) {
     return effects.substr(effects.find("yield\n"));
 }
 
-// The inner run shows its whole list and empties the collector that both share: the outer run goes
-// on with its second page and shows what it has collected since.
+// The inner run shows its whole list and clears the list of links, which both runs share. The outer
+// run then continues with its second page and shows the links collected since.
 TEST(ComicYieldTest, SecondDownloadRunsToItsEndInside) {
     EXPECT_EQ(runWith([](Form1& form) { form.UniXPButton1.activate(); }),
               "yield\n" + start.substr(start.find("outer.Visible")) +
@@ -108,7 +109,7 @@ TEST(ComicYieldTest, SecondDownloadRunsToItsEndInside) {
 
 TEST(ComicYieldTest, TheRunGoesOnWhateverTheButtonsDo) {
     const auto event = [](Form1& form) {
-        form.isButton1.activate();  // disabled during a run
+        form.isButton1.activate();  // the button is disabled during a run
         form.isButton1_Click();
         form.isButton2.activate();
     };

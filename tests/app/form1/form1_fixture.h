@@ -1,6 +1,6 @@
-// A real main window around fakes of everything that it needs of the system. All of them, and the
-// views of the controls, write what happens into one list in the order in which it happens. Also
-// used without a test framework, by fuzz targets and benchmarks.
+// A real Form1 with fakes of all system services. The fakes and the observers of the controls
+// record all effects in one list, in the order in which they happen. Fuzz targets and benchmarks
+// use this file too, so it needs no test framework.
 #pragma once
 
 #include <algorithm>
@@ -21,7 +21,7 @@
 
 namespace velvox::testing {
 
-/// One line an effect. Line breaks inside an effect are written as \r and \n.
+/// Effects, one line each. Line breaks inside an effect are written as \r and \n.
 class EffectLog {
  public:
     bool recording = true;
@@ -35,14 +35,14 @@ class EffectLog {
     void addState(std::string_view what, int now) { add({what, "=", std::to_string(now)}); }
     void addState(std::string_view what, std::string_view now) { add({what, "=", now}); }
 
-    /// Everything since the last call.
+    /// Returns all effects since the last call.
     std::string take() { return std::exchange(text_, {}); }
 
  private:
     std::string text_;
 };
 
-/// What every fake of the system has.
+/// The base of every fake of a system service.
 struct Logging {
     EffectLog& log;
 
@@ -64,7 +64,7 @@ struct FakeTransfer : Logging, TransferControl {
         return *reply;
     }
 
-    std::deque<Reply> replies;  ///< in the order of the fetches; one too many fails
+    std::deque<Reply> replies;  ///< in the order of the fetches; a fetch without a reply fails
     std::function<void()> onFetch;
 };
 
@@ -99,7 +99,7 @@ struct FakeBrowser : Logging, WebBrowser {
     bool refusing = false;
 };
 
-/// What a scripted news request answers. A name in `failing` makes that operation throw.
+/// The replies of a fake news request. An operation that `failing` names throws.
 struct NewsScript : Logging {
     using Logging::Logging;
 
@@ -167,7 +167,7 @@ struct FakeFrame : Logging, FormFrame {
     Rect rect;
 };
 
-/// Every system colour is its own number.
+/// The value of every system colour is its index.
 struct FakeColours : SystemColours {
     Rgb colour(int index) const override { return index; }
 };
@@ -180,7 +180,7 @@ struct RecordingObserver : ControlObserver {
     std::map<ControlChange, std::function<void()>> records;
 };
 
-/// The address box's inner box, without a user who selects anything.
+/// A fake window of the address box, in which no user selects anything.
 struct AddressObserver : Logging, TextBoxView {
     AddressObserver(EffectLog& effects, TextBox& followed) : Logging(effects), box(followed) {}
 
@@ -213,7 +213,7 @@ class Form1Fixture {
             watch(*timer, ControlChange::Enabled, timer->Name(), &Timer::Enabled);
     }
 
-    /// The form's handler with an address in the box, as one list of effects.
+    /// Runs a handler of the form with an address in the box. Returns the effects.
     std::string run(void (Form1::*handler)(), std::string_view address,
                     std::vector<Reply> replies = {}) {
         form.linkin.Text(address);

@@ -93,7 +93,7 @@ TEST_F(NewsTickerTest, RefreshLetsTheNextRequestStartElevenSecondsAfterTheLast) 
     EXPECT_EQ(form.Timer7.Interval() + form.Timer6.Interval(), 11'000U);
 }
 
-// The first tick has no place yet: it shows nothing and sets the place to 1.
+// NewsPos is empty at the first tick, which shows nothing and sets NewsPos to 1.
 TEST_F(NewsTickerTest, ScrollsFromTheFirstCharacterToTheLastAndAround) {
     form.NewsText = std::string(149, 'a') + "bc";
     EXPECT_EQ(form.NewsPos, "");
@@ -104,7 +104,8 @@ TEST_F(NewsTickerTest, ScrollsFromTheFirstCharacterToTheLastAndAround) {
     }
 }
 
-// Half a character would show as another one, and one that takes three ticks would jerk.
+// Half a character would be shown as another one, and a character of three bytes would take three
+// ticks.
 TEST_F(NewsTickerTest, ScrollsByWholeCharactersOfAnyLength) {
     const std::string e = "\xE1\xBA\xBF";
     const std::string rest = "\xF0\x9F\x8E\xAC\xFF";
@@ -121,7 +122,7 @@ TEST_F(NewsTickerTest, ScrollsByWholeCharactersOfAnyLength) {
 
 TEST_F(NewsTickerTest, ShorterNewsAndOddPlacesStartAgain) {
     form.NewsText = "abc";
-    // A place before the text is only counted up, like any other number.
+    // A position before the text is only incremented, like any other number.
     const std::pair<const char*, const char*> rows[] = {
         {"99", "1"}, {"x", "1"}, {"-7", "-6"}, {"0", "1"}, {"99999999999", "1"}, {"3", "1"}};
     for (const auto& [place, next] : rows) {

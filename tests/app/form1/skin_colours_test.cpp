@@ -56,7 +56,7 @@ TEST(SkinColoursTest, TextCanBeReadOnTheSkinInEveryScheme) {
         for (const auto& [index, colour] : scheme.colours)
             EXPECT_EQ(colours.colour(index), colour) << "needs no other colour";
     }
-    // What the skin itself pairs, less the blinking of the home link.
+    // The skin's own pairs of colours, except those of the blinking home link.
     for (const Rgb surface : {palette::form, palette::area, palette::strip})
         for (const Rgb text : {palette::text, palette::quietText, palette::linkText})
             EXPECT_GE(contrast(text, surface), textContrast);

@@ -16,7 +16,7 @@ TEST(SkinnedFrameTest, TitleBarFollowsTheWidth) {
     EXPECT_EQ(form.skinbar.bounds(), (Bounds{480, 0, 8000 - 1020, form.skinbar.Height()}));
     EXPECT_EQ(form.topendskin.bounds(), (Bounds{8000 - 540, 0, 540, form.topendskin.Height()}));
 
-    // Too narrow: the bar keeps its width, the steps after it are still made.
+    // In a window that is too narrow, the bar keeps its width, but the later steps are still made.
     form.Width(2000);
     form.topendskin.Left(5);
     form.Width(1019);
@@ -46,7 +46,7 @@ TEST_F(DragTest, MovesByTheCursorsWayFromThePress) {
     release();
     EXPECT_EQ(fixture.log.take(), "") << "nothing is dragged before a press";
     press();
-    // The window has moved meanwhile; what counts is where it was at the press.
+    // The window has moved since the press. The drag is relative to its position at the press.
     moveTo({510, 395});
     fixture.frame.rect = {0, 0, 1, 1};
     moveTo({-1000, 400});
@@ -78,7 +78,7 @@ TEST_F(DragTest, WhatComesInsideTheYieldMovesOnceAndMayRelease) {
     moveTo({510, 410});
     EXPECT_EQ(fixture.log.take(), "capture\nyield\nmove 200,150\n");
     fixture.desktop.onYield = [this] { release(); };
-    moveTo({510, 410});  // the guard is free again
+    moveTo({510, 410});  // the release has also freed the guard
     moveTo({520, 420});
     EXPECT_EQ(fixture.log.take(), "yield\nrelease\nmove 110,-40\n");
 }

@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// Where it leads; the reason in parentheses when it leads nowhere.
+/// The resolved address, or in parentheses the reason of a failure.
 std::string resolved(std::string_view base, std::string_view location) {
     try {
         return toString(resolveLocation(parseHttpAddress(base), location));
@@ -19,10 +19,11 @@ std::string resolved(std::string_view base, std::string_view location) {
     }
 }
 
-// The expected values are what browsers make of the same pairs.
+// The expected values are the results of browsers for the same pairs.
 TEST(ResolveLocationTest, FollowsReferencesAsBrowsersDo) {
     const std::string_view plain = "http://h:81/a/b/c?q=1/2";
-    // Fetched byte for byte as it was given, but read as a browser would have read it.
+    // This base address is fetched byte for byte as it was given, but is read as a browser reads
+    // it.
     const std::string_view odd = "https://WWW.h/a b\\c/%2e/d?'\"#f";
     const std::tuple<std::string_view, std::string_view, const char*> rows[] = {
         {plain, "HTTP://X/y?z#f", "http://x/y?z#f"},
@@ -35,7 +36,7 @@ TEST(ResolveLocationTest, FollowsReferencesAsBrowsersDo) {
         {plain, "p:", "(Only http and https addresses can be fetched)"},
         {plain, "./p:", "http://h:81/a/b/p:"},
         {plain, "1a:x", "http://h:81/a/b/1a:x"},
-        // Steps up and down, written plainly or not.
+        // Segments "." and "..", written plainly or escaped.
         {plain, "../p?x=../y", "http://h:81/a/p?x=../y"},
         {plain, "../../../p/.", "http://h:81/p/"},
         {plain, "..p/...", "http://h:81/a/b/..p/..."},
@@ -59,7 +60,7 @@ TEST(ResolveLocationTest, FollowsReferencesAsBrowsersDo) {
         {odd, "e", "https://www.h/a%20b/c/e"},
         {odd, "#g", "https://www.h/a%20b/c/d?%27%22#g"},
         {odd, "http:e", "http://e/"},
-        // The host that the user gave is kept where no other is named, whatever it is.
+        // If the location names no host, the base's host is kept without a check.
         {"http://H\xC3\x96st.1/", "/x", "http://h\xC3\x96st.1/x"},
     };
     for (const auto& [base, location, expected] : rows)
@@ -103,10 +104,10 @@ TEST(ResolveLocationTest, ReadsHostsAsBrowsersDo) {
         EXPECT_EQ(resolved("http://h/", "http://"s + host + "/"), expected) << host;
     for (const std::string& host :
          {""s, std::string(256, 'a'), "a b"s, "a%00"s, "a%2Fb"s, "a%zz"s, ":80"s, "a|b"s,
-          // Numbers are IPv4 addresses or nothing.
+          // A host that is a number must be an IPv4 address.
           "4294967296"s, "1.256.3.4"s, "1.2.3.4.5"s, "1..2"s, "1.2.08"s, "a.1"s,
           std::string(20, '9'), "0xfffffffffffffffffff"s,
-          // Broken IPv6 addresses.
+          // Invalid IPv6 addresses.
           "[]"s, "[1::2::3]"s, "[1:2:3:4:5:6:7:8::]"s, "[1:2:3:4:5:6:7]"s, "[:1]"s, "[::1.2.3]"s,
           "[::1.2.3.04]"s, "[::1.2.3.256]"s, "[1.2.3.4::]"s, "[::12345]"s, "[::g]"s, "[::1"s,
           "[::1]x"s})

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/local_server_win32.h"
-// winsock2.h has to come before windows.h.
+// winsock2.h must be included before windows.h.
 #include "app/net/transfer_control_win32.h"
 
 #include <psapi.h>
@@ -114,7 +114,7 @@ TEST(TransferControlTest, KeepsEveryByteOfTheBodyBehindRedirects) {
               "The redirect does not say where it leads");
 }
 
-// The deadline holds for the whole transfer, whether the server goes silent or slow.
+// The deadline holds for the whole transfer, whether the server is silent or slow.
 TEST(TransferControlTest, SeesMessagesUntilItsDeadlineAndLeavesNoHandleBehind) {
     const LocalServer server(answer);
     int seen = 0;
@@ -141,13 +141,14 @@ TEST(TransferControlTest, SeesMessagesUntilItsDeadlineAndLeavesNoHandleBehind) {
         EXPECT_EQ(transfer.OpenURL(server.address()), "good");
     }
     EXPECT_EQ(seen, 2);
-    // The closing notices of what was given up come later, on other threads; Wine sends them only
-    // when the server has closed too.
+    // The close notifications of transfers that were given up arrive later, on other threads. Wine
+    // sends them only after the server has closed the connection too.
     for (int i = 0; i < 1000 && liveHandles() > before; ++i) Sleep(20);
     EXPECT_EQ(liveHandles(), before);
 }
 
-// While a menu is open the page still arrives, and the menu closes then or at the deadline.
+// While a menu is open the page still arrives. The menu closes when the page has arrived or at the
+// deadline.
 TEST(TransferControlTest, IsAdvancedFromInsideAnotherLoop) {
     const LocalServer server(answer);
     InternetSession session;
@@ -163,7 +164,7 @@ TEST(TransferControlTest, IsAdvancedFromInsideAnotherLoop) {
     EXPECT_EQ(failureOf(transfer, server.address("/silent")), "The server did not answer in time");
 }
 
-// A body that streams in without a pause must neither fill the memory nor shut out the messages.
+// A body that arrives without a pause must neither fill the memory nor block the messages.
 TEST(TransferControlTest, AnEndlessBodyIsGivenUpInTime) {
     const LocalServer server(answer);
     const auto privateBytes = [] {

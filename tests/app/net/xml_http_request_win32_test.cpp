@@ -1,4 +1,4 @@
-// The news request over a real server on the loopback.
+// The news request with a real server on the loopback interface.
 #include "app/net/xml_http_request_win32.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,8 @@ class XmlHttpRequestTest : public testing::Test {
         request.send();
     }
 
-    // Wine's transfers outlive the request's abort but not the request itself: end them first.
+    // In Wine a transfer continues after the request's abort, but not after the request's
+    // destruction. So the server ends the transfers first.
     void TearDown() override {
         server.reset();
         pumpFor(300);

@@ -1,4 +1,4 @@
-// Stand-ins for the system around a push button.
+// Fakes of the system colours, the host and the observer of a push button.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace velvox {
 
-/// Each system colour has a value of its own, so that a mix-up of numbers shows. The text of tool
-/// tips is black, as on most systems: 0 is a colour too.
+/// Each system colour has a different value, so that a wrong index is detected. The tool tip's text
+/// is black (0), as on most systems, because 0 must count as a colour.
 struct NumberedColours : SystemColours {
     static constexpr Rgb of(int index) {
         return index == InfoTextColour ? 0 : rgb(0x10 + index, 0x40 + index, 0x80 + index);
@@ -17,7 +17,7 @@ struct NumberedColours : SystemColours {
     Rgb colour(int index) const override { return of(index); }
 };
 
-/// Records the requests and events of a button, one letter each, and what has changed.
+/// Records the requests and events of a button, one letter each, and its change notifications.
 struct ButtonLog : ButtonHost, ControlObserver {
     explicit ButtonLog(isButton& button) {
         button.setHost(this);

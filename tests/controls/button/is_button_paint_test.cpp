@@ -1,4 +1,4 @@
-// Pictures of the push button where they are exact, with a stand-in for what the system draws.
+// Exact pictures of the push button, with a fake of the drawing that the system does.
 #include "controls/button/is_button_paint.h"
 
 #include <gtest/gtest.h>
@@ -42,8 +42,8 @@ ButtonLook focused(ButtonLook look) {
     return look;
 }
 
-// A picture. Edges appear as frames in a colour of their kind, icons as squares that are a pixel
-// larger than they should be.
+// A painted button. The fake draws edges as frames in a different colour for each kind, and icons
+// as squares that are a pixel too large.
 struct Painted : ButtonDrawing {
     explicit Painted(const ButtonLook& look, bool cue = false, Size size = {w, h},
                      Rgb around = surroundings, int lineWidth = 1)
@@ -120,8 +120,8 @@ TEST(ButtonPaintTest, IconsMoveWhilePressedAndHover) {
             const int by = state == Pressed ? 1 : state == Hot && style == 4 ? -2 : 0;
             EXPECT_EQ(painted.lastIcon, (Point{margins[style] + by, y + by})) << style;
         }
-    // A hot flat button's icon floats over a grey shadow, which takes in the column and the row
-    // just beyond the icon.
+    // The icon of a hot flat button is drawn over a grey shadow, which is one column and one row
+    // larger than the icon.
     const Painted hot(iconLook(4, Hot));
     EXPECT_EQ(hot(10, y + 6), iconRed);
     EXPECT_EQ(hot(11, y + 7), 0x808080);
@@ -132,7 +132,7 @@ TEST(ButtonPaintTest, IconsMoveWhilePressedAndHover) {
     EXPECT_NE(grey, Painted(lookOf(5, Disabled))(9, h / 2));
 }
 
-// A number that changes with any pixel, at a usual size and at the smallest.
+// A hash of all pixels, at a usual size and at the smallest.
 std::uint32_t fingerprint(const ButtonLook& look, bool cue = false) {
     std::uint32_t sum = 0x811C9DC5;
     for (const Size size : {Size{w, h}, {20, 20}})
@@ -141,14 +141,15 @@ std::uint32_t fingerprint(const ButtonLook& look, bool cue = false) {
     return sum;
 }
 
-// The pictures that have been looked at. Where a change is meant, look at the gallery's pages again
-// and take the new numbers. Styles 0 to 2 and 11 draw some states alike; every other pair differs,
-// and the focus is seen in each style.
+// Hashes of pictures that were approved by eye. Toggled buttons are focused by keyboard. After an
+// intended change, look at the gallery's pages again and update the hashes. Styles 0 to 2 and 11
+// draw some states alike. In every other style all states differ, and the focus is visible in each
+// style.
 TEST(ButtonPaintTest, PicturesAreTheApprovedOnes) {
     const struct {
         int style;
         bool custom;
-        std::uint32_t normal, hot, pressed, disabled, focused, toggled;  // the last by keyboard
+        std::uint32_t normal, hot, pressed, disabled, focused, toggled;
     } rows[] = {
         {0, true, 0xFA5696A5, 0x4998D7A5, 0x8880D7A5, 0x4998D7A5, 0x003E5815, 0x95DA78CD},
         {0, false, 0xD309BD01, 0xD309BD01, 0x6C8BBD01, 0xD309BD01, 0xCBC3401F, 0x5D8B401F},
@@ -185,12 +186,12 @@ TEST(ButtonPaintTest, PicturesAreTheApprovedOnes) {
             << row.style << (row.custom ? " custom" : " system") << ' '
             << testing::PrintToString(seen);
     }
-    // The corners of a large pill are no rounder than those of one 48 pixels high.
+    // The corners of a large pill are no rounder than those of a pill 48 pixels high.
     EXPECT_NE(Painted(lookOf(10, Normal), false, {100, 60})(12, 4), surroundings);
 }
 
-// Under the sanitizers. A stored icon size is any number: nothing may overflow, nor take memory or
-// time to match.
+// Runs under the sanitizers. A stored icon size may be any number: arithmetic must not overflow,
+// and memory and time must not grow with the size.
 TEST(ButtonPaintTest, FacesOfEverySizeFromNothingUp) {
     const int iconSizes[] = {INT_MIN, -1, 0, 1, 31, 500, 1 << 24, INT_MAX};
     unsigned round = 0;

@@ -1,4 +1,4 @@
-// What the system draws of a push button: edges, text and icons, on a memory surface.
+// The parts of a push button that the system draws (edges, text, icons), on a memory surface.
 #include "controls/button/is_button_paint_win32.h"
 
 #include <gtest/gtest.h>
@@ -67,7 +67,7 @@ TEST(ButtonDrawingTest, EdgesAreThoseOfTheSystem) {
     }
 }
 
-// The underline is the one part of a caption whose pixels do not depend on the font.
+// The underline is the only part of a caption whose pixels do not depend on the font.
 TEST(ButtonDrawingTest, CaptionsAreDrawnInTheirFontAndColour) {
     ButtonLook look = lookOf(3, Normal);
     look.caption = "mmmm";
@@ -82,7 +82,8 @@ TEST(ButtonDrawingTest, CaptionsAreDrawnInTheirFontAndColour) {
     }
 }
 
-// A stored icon size is any number: nothing may overflow, nor take memory or time to match.
+// A stored icon size may be any number: arithmetic must not overflow, and memory and time must not
+// grow with the size.
 TEST(ButtonDrawingTest, FacesAndIconsOfAnySizeLeaveNoHandlesBehind) {
     const int before = liveHandles();
     {

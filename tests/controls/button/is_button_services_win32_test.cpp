@@ -1,4 +1,4 @@
-// What the push button's window asks of the system: its tracking, tool tip and theme.
+// The system services that the push button's window uses: pointer tracking, tool tip and theme.
 #include <gtest/gtest.h>
 
 #include "tests/controls/button/is_button_window_fixture_win32.h"
@@ -19,7 +19,7 @@ TEST_F(IsButtonWindowTest, TrackingTakesTheFirstEntryPointThereIs) {
     makeModel();
     open();
     EXPECT_EQ(procedures.asked.back(), "Comctl32._TrackMouseEvent");
-    // Nor does a toggle button stay down when the press ends beside it.
+    // Without tracking, a toggle button does not stay pressed when a press ends outside it.
     takeEvents();
     run("enter toggle press release-off");
     EXPECT_EQ(events, "");
@@ -39,7 +39,7 @@ TEST_F(IsButtonWindowTest, ToolTipsAreCreatedOnEachEntry) {
     EXPECT_EQ(tips.log.str(), "create 3;" + added + "destroy;create 67;" + added +
                                   "1056 2 title;1044 4478310;1043 1122867;destroy;");
 
-    // The real one is topmost and is destroyed with the button.
+    // A real tool tip is topmost and is destroyed with the button.
     const int before = liveHandles();
     model->pointerLeft();
     window = std::make_unique<isButtonWindow>(*model, form.handle(), 7,
@@ -64,7 +64,7 @@ TEST_F(IsButtonWindowTest, RefusedThemesFallBackOnceAndForAll) {
     EXPECT_EQ(themes.asked, 1);
     EXPECT_EQ(themes.lastState, 5) << "focused";
     EXPECT_FALSE(regionHolds(2, 2));
-    // A fallback to the theme style itself does not loop.
+    // If the fallback is the theme style itself, there is no endless loop.
     model->NonThemeStyle(6);
     model->Style(6);
     EXPECT_EQ(model->Style(), 6);

@@ -17,7 +17,7 @@ namespace {
 
 const NumberedColours colours;
 
-// A designed button is hot in every style but 5, and the themes' fallback is of run time alone.
+// At design time a button looks hot in every style but 5, and NonThemeStyle is not used.
 TEST(IsButtonTest, DesignTimeAndRefusedThemes) {
     isButton button("b", colours);
     button.NonThemeStyle(2);
@@ -85,7 +85,7 @@ using testing::property;
 const auto sys = NumberedColours::of;
 const PicturePtr pixels = std::make_shared<Pixels>();
 
-/// In stored order, each with the name that its setter notifies.
+/// All properties in stored order, each with the name that its setter passes to PropertyChanged.
 std::vector<std::pair<const char*, Property<isButton>>> properties() {
     using B = isButton;
     const std::string cap = "cap", tip = "tip", title = "title";
@@ -131,8 +131,8 @@ PropertyBag written(const isButton& button) {
     return bag;
 }
 
-// A setter stores, notifies and repaints once, in this order; what is set is stored and read under
-// its key and shows.
+// A setter stores, notifies and repaints once, in this order. The value is stored and read under
+// the property's key and changes the look.
 TEST(IsButtonTest, EveryPropertyIsNotifiedRepaintedStoredAndShown) {
     isButton all("all", colours);
     std::vector<PropertyBag::Entry> stored;
@@ -175,11 +175,11 @@ TEST(IsButtonTest, EveryPropertyIsNotifiedRepaintedStoredAndShown) {
     EXPECT_EQ(std::tuple(shown.backColour, shown.foreColour), std::tuple(sys(16), 0));
 }
 
-// Two of the defaults of reading are not those of writing.
+// Two properties have different defaults for reading and for writing.
 TEST(IsButtonTest, FreshAndReadControls) {
     using namespace std::string_literals;
     isButton button("fresh", colours);
-    // Tool-tip colours that are not set are not written: as 0 they would come back black on black.
+    // Unset tool tip colours are not written, because as 0 they would be read as black on black.
     const PropertyBag fresh{{"Icon", PicturePtr()}, {"Style", 0},         {"Caption", "fresh"s},
                             {"iNonThemeStyle", 0},  {"ToolTipText", ""s}, {"Tooltiptitle", ""s},
                             {"ToolTipIcon", 0},     {"ToolTipType", 0},   {"Font", Font{}}};
@@ -222,7 +222,7 @@ TEST(ButtonLayoutTest, IconsArePlacedWithHalvesCutTowardsZero) {
     const Point places[] = {{42, 7}, {4, 7}, {81, 7}, {42, 4}, {42, 10}};
     for (int align = 0; align < 5; ++align)
         EXPECT_EQ(iconPlace(align, 101, 30, 16, 4), places[align]) << align;
-    // An icon larger than the button: -3 / 2 is -1.
+    // An icon larger than the button has a negative position: -3 / 2 is -1.
     EXPECT_EQ(iconPlace(0, 13, 13, 16, 4), (Point{-1, -1}));
 }
 

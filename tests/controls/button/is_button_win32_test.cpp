@@ -16,29 +16,30 @@ TEST_F(IsButtonWindowTest, SequencesRaiseTheirEventsAndEndInTheirState) {
         const char* events;
         ButtonState state;
     } rows[] = {
-        // Clicks count where they are released, the second of a pair as well.
+        // A release inside the button is a click, also for the second press of a double click.
         {"press release double release", "CC", Hot},
         {"press release-off", "", Normal},
         {"enter press release-off", "EL", Normal},
-        // A release whose press was elsewhere is no click; nor is the right button's.
+        // A release without a press on the button is no click. A right click is no click either.
         {"press release release right", "C", Hot},
         {"right release", "", Normal},
         // A lost capture or focus ends the press without a click.
         {"press captured released release", "", Normal},
         {"press blur release", "", Normal},
-        // Dragged off, the button looks released; a release there counts as the leave notification,
-        // which the capture holds back or brings too early.
+        // While the pointer is dragged off, the button does not look pressed. A release outside
+        // ends the hover, because during a capture WM_MOUSELEAVE is held back or comes too early.
         {"enter enter leave leave", "EL", Normal},
         {"enter press drag-off leave", "E", Hot},
         {"enter press drag-off enter", "E", Pressed},
         {"enter press leave drag-off release-off", "EL", Normal},
         {"enter disable", "EL", Disabled},
         {"enter hide", "EL", Normal},
-        // The keyboard presses once per stroke, and a stroke that began elsewhere does nothing.
+        // A key presses the button once per stroke. A stroke that began in another window does
+        // nothing.
         {"focus space held-space", "C", Pressed},
         {"focus space space-up blur", "C", Normal},
         {"focus space blur focus space-up", "C", Normal},
-        // A press ends when its release cannot come any more, and does not come back.
+        // A press ends when its release can no longer arrive, and is not resumed.
         {"press disable enable release", "", Normal},
         {"press disable-form enable-form release", "", Normal},
         {"focus space hide-form show-form space-up", "C", Normal},
@@ -147,7 +148,7 @@ TEST_F(IsButtonWindowTest, CutsPaintsAndPrintsAsItsStyleSays) {
     EXPECT_TRUE(regionHolds(0, 0));
 }
 
-// Compares what the screen shows with a print, within the window's region.
+// Compares the screen with a printed picture, within the window's region.
 TEST_F(IsButtonWindowTest, AResizeRepaintsTheWholeFace) {
     for (int style = 0; style <= 10; ++style) {
         model->Style(style);

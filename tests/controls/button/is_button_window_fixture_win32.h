@@ -1,4 +1,5 @@
-// A push button's window on a form, with recorded services, driven by words for messages.
+// A push button's window on a form, with fakes of the system services. Tests drive the window with
+// words that stand for messages.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ inline constexpr LPARAM outside = MAKELPARAM(-20, 5);
 inline constexpr LPARAM held = 1 << 30;  // a key that repeats
 inline constexpr LPARAM plain = 0;
 
-// What the system sends for each word of a sequence; one with several messages has several rows.
+// The message of each word. A word with several messages has several rows.
 inline constexpr struct {
     std::string_view word;
     UINT message;
@@ -115,7 +116,7 @@ class IsButtonWindowTest : public testing::Test {
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendMessageW(window->handle(), message, wParam, lParam);
     }
-    // Carries out a sequence of messages and of other things that happen to a button.
+    // Runs a sequence of words, each of which stands for messages or for one of the `happenings`.
     void run(const std::string& steps) {
         const HWND button = window->handle();
         std::istringstream words(steps);

@@ -13,7 +13,7 @@ namespace {
 using testing::Property;
 using testing::property;
 
-/// All but SelText, in the order of storage.
+/// All properties but SelText, in stored order.
 std::vector<Property<XPTextBox>> properties() {
     using B = XPTextBox;
     const std::string text = "other";
@@ -34,7 +34,7 @@ std::vector<Property<XPTextBox>> properties() {
         property("DataFields", &B::DataFields, &B::DataFields, text, {})};
 }
 
-/// The inner box's window.
+/// A fake of the inner box's window.
 struct View : TextBoxView {
     explicit View(TextBox& box) : model(box) { model.setTextView(this); }
     ~View() override { model.setTextView(nullptr); }
@@ -80,14 +80,14 @@ TEST_F(XPTextBoxTest, LaysOutTheInnerBoxAndTheFrame) {
     EXPECT_EQ(dense.MyTxt.bounds(), (Bounds{30, 30, 540, 240}));
     EXPECT_EQ(dense.frame()[2].x1, 590);
 
-    // Too small for the inner box.
+    // The control is too small for its inner box.
     box.Move({0, 0, 75, 75});
     EXPECT_EQ(box.MyTxt.bounds(), (Bounds{45, 45, 0, 0}));
     box.Move({0, 0, 3000, 330});
     EXPECT_EQ(box.MyTxt.Height(), 240);
 }
 
-// A window is up to a pixel smaller or larger than its size in twips says.
+// A window is up to a pixel smaller or larger than its size in twips suggests.
 TEST(XPTextBoxMarginTest, TextKeepsThreePixelsFromEveryEdgeAtEveryResolution) {
     for (int dpi = 96; dpi <= 240; ++dpi) {
         XPTextBox box("box", twipsPerInch / dpi);
@@ -154,7 +154,7 @@ TEST_F(XPTextBoxTest, TextAndSelectionFollowEachOther) {
     EXPECT_EQ(take(), "Text ") << "the same text is no change";
     EXPECT_EQ(box.SelStart(), 0) << "but the caret returns to its start";
 
-    // The limit counts characters, and what is there already is not cut for what is added.
+    // MaxLength counts characters. Added text is cut, existing text is not.
     const std::string wide = "\xE1\xBA\xBF";
     const std::string pair = "\xF0\x9F\x98\x80";
     box.MaxLength(3), box.Text(wide + pair + wide + wide);
@@ -167,7 +167,7 @@ TEST_F(XPTextBoxTest, TextAndSelectionFollowEachOther) {
     EXPECT_EQ(box.Text(), wide + 'x' + wide) << "only what is entered from now on";
     box.MaxLength(0), box.Text("01x56789");
 
-    // What cannot be is clipped, or refused without a notice.
+    // Invalid values are clipped, or rejected without a notification.
     box.SelStart(6);
     box.SelLength(99);
     EXPECT_EQ(box.SelText(), "89");
@@ -227,7 +227,7 @@ TEST_F(XPTextBoxTest, NewInstanceShowsItsNameAndALoadedOneItsDefault) {
     } view;
     box.setObserver(&view);
     box.Enabled(false);
-    // Without a size, with a height of its own, with the height of a new instance.
+    // A box without a size, one of another height, and one of a new instance's height.
     for (const Bounds& place : {Bounds{}, {0, 0, 3000, 500}, {0, 0, 3000, 330}}) {
         box.Move(place);
         view.layouts = 0;

@@ -1,4 +1,4 @@
-// The text box on the screen: what its EDIT does of what the model says, and the other way round.
+// The text box on the screen: the model's changes reach the EDIT, and the EDIT's changes the model.
 #include "controls/text_box/xp_text_box_win32.h"
 
 #include <gtest/gtest.h>
@@ -74,7 +74,7 @@ TEST_F(XPTextBoxWindowTest, TypingAndSelectingReachTheBox) {
     type(L"a\x1EBF");
     EXPECT_EQ(box.Text(), std::string("a") + threeBytes);
     EXPECT_EQ(changes, 2);
-    // Places are bytes here and UTF-16 units there.
+    // The model counts bytes, the EDIT counts UTF-16 units.
     send(EM_SETSEL, 1, 2);
     EXPECT_EQ(box.SelText(), threeBytes);
     box.Text(threeBytes + std::string("xy"));

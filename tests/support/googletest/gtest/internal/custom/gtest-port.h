@@ -1,5 +1,6 @@
-// GoogleTest's place for what a platform lacks: this threads model has no std::mutex and
-// std::condition_variable for the class below. The rest of GoogleTest uses Windows' own locks.
+// GoogleTest's header for what a platform lacks. The compiler's thread model has no std::mutex and
+// std::condition_variable, which GoogleTest's own Notification needs. The rest of GoogleTest uses
+// Windows' own locks.
 #pragma once
 
 #include <atomic>
