@@ -1,4 +1,4 @@
-// Addresses that come by the clipboard, and go there again.
+// Addresses that are pasted from the clipboard and copied to it.
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
@@ -17,11 +17,12 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
     ASSERT_TRUE(eventually([&] { return driver().focus(program.window()) != edit(); }));
     program.pasteNew(" \n\thttp://a/1 \r\n", "http://a/1");
     EXPECT_EQ(driver().focus(program.window()), edit());
-    // In the box it is inserted, as clean; what is typed stays as it is.
+    // A paste into the address box inserts the address without the blanks around it. Typed text is
+    // not changed.
     InputSimulator().key("End").type(" ").key("ctrl+v").type(" ").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "http://a/1 http://a/1 "));
 
-    // The site that leaves the box locked: there is a way on.
+    // Sevenload's catcher leaves the address box locked. A paste still replaces the address.
     program.startExample(sevenloadEntry);
     EXPECT_NO_THROW(driver().waitPart(program.control(controlId("output")), "<a href="));
     program.awaitEndOfRun();
@@ -32,7 +33,7 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
     EXPECT_NO_THROW(driver().waitPart(program.control(controlId("output")), mp4));
     program.awaitEndOfRun();
 
-    // The links that are selected, as addresses.
+    // Ctrl+C copies the addresses of the selected links.
     InputSimulator().key("Tab").key("shift+Tab").key("Down").key("Down").key("ctrl+c").act();
     // The menu saves the addresses of all links to a file.
     InputSimulator().key("shift+F10").act();

@@ -1,4 +1,5 @@
-// What a user may paste instead of an address. The window survives it and serves the next one.
+// Texts that a user may paste instead of an address. The program must survive them and handle the
+// next address.
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
@@ -25,14 +26,15 @@ TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
     const Program program;
     program.start("no address");
     EXPECT_EQ(driver().waitBox(), "Velvox\nPlease Enter A Valid URL...");
-    // The sign in the box, beside its text.
+    // The icon of the message box.
     EXPECT_TRUE(driver().visible("#32770/Static#0"));
     EXPECT_NE(driver().ask({"send", "#32770/Static#0", "0x171", "0", "0"}), "0");
     const Point button = middleOf(driver().rect("#32770/Button"));
     InputSimulator().click(button).act();
     driver().waitGone("#32770");
     EXPECT_NO_THROW(driver().waitGone(program.control(controlId("outer"))));
-    // What is typed next replaces the address. Input during the run would be dropped.
+    // A typed text replaces the address. The run must have ended, because input during a run is
+    // dropped.
     program.awaitEndOfRun();
     driver().ask({"post", program.edit(), "0x102", "120", "0"});  // WM_CHAR
     EXPECT_NO_THROW(driver().waitText(program.edit(), "x"));

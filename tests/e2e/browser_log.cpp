@@ -22,8 +22,8 @@ std::filesystem::path temporaryFolder() {
 
 }  // namespace
 
-// A script of the host: Wine starts it like a program. The start of its process is noted rather
-// than the time of writing, since a busy machine may run it much later.
+// The browser is a script of the host, which Wine starts like a program. The script notes the start
+// time of its process, because a busy machine may run the script much later.
 BrowserLog::BrowserLog() {
     const std::filesystem::path folder = temporaryFolder();
     file_ = folder / "opened";

@@ -1,4 +1,4 @@
-// A browser of the session that only writes down which addresses it was started with.
+// A fake browser of the session, which only records the addresses that it is started with.
 #pragma once
 
 #include <chrono>
@@ -19,10 +19,11 @@ class BrowserLog {
         std::string arguments;
     };
 
-    /// Registers it for http and https in the session's prefix, for programs that start later.
+    /// Registers the browser for http and https in the session's prefix, for programs that start
+    /// later.
     BrowserLog();
 
-    /// What was opened since the last call.
+    /// Returns the addresses that were opened since the last call.
     std::vector<Entry> take();
 
     static Time now();

@@ -1,5 +1,5 @@
-// What the user can read in the system's colours, measured on the screen. Each test has a session
-// of its own with a file of tools/schemes.
+// Legibility in the system's colours, measured on the screen. Each test runs in a separate session
+// with a file of tools/schemes.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -24,8 +24,8 @@ std::vector<Rgb> pixelsOf(const Bounds& r) {
     return pixels;
 }
 
-/// Contrast of the most distinct pixels of a place to its most frequent colour, without the pixels
-/// of a frame around it.
+/// Contrast between the most frequent colour of a rectangle and its most distinct pixels, without
+/// the pixels of a frame at the rectangle's edge.
 double contrastWithin(Bounds place) {
     constexpr int frame = 3;
     place = {place.left + frame, place.top + frame, place.width - 2 * frame,
@@ -39,11 +39,12 @@ double contrastWithin(Bounds place) {
     return most;
 }
 
-/// `least` is the contrast of texts whose colour is not given by the design.
+/// `least` is the minimum contrast of texts whose colour is not given by the design.
 void expectLegible(const Program& program, double least,
                    std::initializer_list<const char*> controls) {
     for (const std::string name : controls) {
-        // The home link's red and Close's green are less distinct outside high contrast.
+        // By design, the red home link and the green Close have less contrast outside high
+        // contrast.
         const bool designed = least == textContrast && (name == "Label12" || name == "isButton1");
         double shown = 0;
         EXPECT_TRUE(eventually(

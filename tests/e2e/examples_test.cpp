@@ -28,14 +28,15 @@ std::string arrivedLink(const std::string& address) {
     return "<a href='" + address + "'><font face='tahoma' size=2>Download</font></a>";
 }
 
-// What a user does: choose the site, click the example, press Download, close the area. The
-// address box stays locked after the catchers that leave it so; the example is copied all the same.
+// Acts as a user: chooses a site, clicks the example, presses Download and closes the area. Some
+// catchers leave the address box locked. A click on the next example must replace the address even
+// then.
 TEST(ExamplesTest, EachSiteYieldsItsLinks) {
     const struct {
         const char* site;
         std::string html;
         bool locked;
-        const char* address;  ///< in the box afterwards
+        const char* address;  ///< in the address box afterwards
     } rows[] = {
         {"YouTube",
          arrivedLink("http://www.youtube.com/get_video?video_id=Yp5O8Koe_A4&l=215&"
@@ -77,8 +78,8 @@ TEST(ExamplesTest, EachSiteYieldsItsLinks) {
     }
 }
 
-// The link is made of the address at which the browser arrives, be it a player or a page, and
-// whether or not the system's control shows that page.
+// The link is made from the address at which the preview arrives. The arrival may be a player or a
+// page, which the system's browser control may or may not show.
 TEST(ExamplesTest, ArrivalsAtPlayersAndPagesGiveTheSameLink) {
     const std::string player = "http://www.youtube.com/p%20l%41yer\\x";
     const std::string media = "http://v.metacafe.com/%5Ba%5D%20b%2B.flv";

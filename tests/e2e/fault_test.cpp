@@ -1,5 +1,5 @@
-// Servers that cut off, answer with an error page or never answer: the red line of the site, and a
-// good run afterwards.
+// Servers that cut the connection, reply with an error page or never reply. The site's red line
+// must appear, and the next run must succeed.
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
@@ -40,7 +40,7 @@ TEST(FaultTest, ErrorPagesOfEachSite) {
         {"http://www.metacafe.com/watch/100404/gone/",
          "<font face='tahoma' size=2 color='red'>Video Removed From Server...</font>"},
         {"http://comic.vuilen.com/view_book_detail.php?bookid=1&chapterid=1", failed},
-        // A feed without any clip is no failure: nothing to show.
+        // A feed without clips is no failure, but there is nothing to show.
         {"http://www.clip.vn/watch/Xo0,x.html", ""}};
     const Program program;
     for (const auto& [address, pane] : rows) {
@@ -52,8 +52,9 @@ TEST(FaultTest, ErrorPagesOfEachSite) {
     program.expectGoodRun();
 }
 
-// The real minute, waited for once: by two programs at the same time, of which one has a browser
-// that waits. Metacafe fetches nothing itself, and its run ends with a line that says so.
+// The only test that waits for the real timeout of a minute. Two programs wait at the same time,
+// one of them for its preview: Metacafe's catcher fetches no page, and its run ends with the line
+// "Sending URL Request...".
 TEST(PatienceTest, ServersThatNeverAnswerAreGivenAMinute) {
     Proxy proxy([](const Exchange& to) { to.staySilent(); });
     const Program browsing(Network::proxy(proxy.port()));

@@ -1,4 +1,5 @@
-// The window without a caption: moved and ended by its own means, with the real pointer.
+// The window has no caption of the system. It is moved and closed by its own controls, with the
+// real pointer.
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
@@ -15,13 +16,14 @@ bool comesTo(const Program& program, const Bounds& place) {
     return eventually([&] { return driver().rect(program.window()) == place; });
 }
 
-// The drag starts from where the pointer is as the press is handled, so no move may come before.
+// Presses the button and waits for the drag. A drag starts where the pointer is when the press is
+// handled, so the pointer must not move before that.
 void grab(const Program& program, Point at) {
     InputSimulator().moveTo(at).press().act();
     EXPECT_TRUE(eventually([&] { return program.holdsPointer(); })) << "no drag";
 }
 
-// All events so far have been handled once a key after them has come to the address box.
+// Types a key and waits until it arrives in the address box: then all earlier events are handled.
 void settle(const Program& program) {
     const std::string expected = program.address() + "x";
     InputSimulator().key("x").act();
@@ -60,7 +62,8 @@ TEST(FrameTest, EverySourceDragsTheWindowExactly) {
         InputSimulator().moveTo({from.x + x, from.y + y}).release().act();
         place = moved(place, x, y);
         EXPECT_TRUE(comesTo(program, place));
-        // No longer held. A move that is handled late follows the pointer to where it is by then.
+        // The drag has ended. A move that is handled late would follow the pointer to its later
+        // position.
         EXPECT_TRUE(eventually([&] { return !program.holdsPointer(); }));
         InputSimulator().moveTo({from.x + x + 60, from.y + y - 30}).act();
         settle(program);
@@ -77,27 +80,27 @@ TEST(FrameTest, LosingThePointerEndsTheDrag) {
     InputSimulator().moveTo({from.x + 20, from.y + 10}).act();
     const Bounds taken = moved(place, 20, 10);
     EXPECT_TRUE(comesTo(program, taken));
-    // A message box comes up in the middle of the drag, as by an Enter in the empty address box.
+    // During the drag a message box appears, as after Enter in the empty address box.
     driver().ask({"post", program.edit(), "0x100", "13", "0"});
     driver().waitBox();
     InputSimulator().moveTo({from.x + 90, from.y + 70}).act();
     dismissBox();
     driver().waitGone(program.control(controlId("outer")));
     program.awaitEndOfRun();
-    // The button is still down.
+    // The mouse button is still pressed.
     InputSimulator().moveTo({from.x + 40, from.y + 60}).act();
     settle(program);
     EXPECT_EQ(driver().rect(program.window()), taken);
     InputSimulator().release().act();
     settle(program);
-    // It can be dragged again.
+    // The window can be dragged again.
     const Point again{taken.left + 350, taken.top + 12};
     grab(program, again);
     InputSimulator().moveTo({again.x - 15, again.y + 25}).release().act();
     EXPECT_TRUE(comesTo(program, moved(taken, -15, 25)));
 }
 
-// What the system sends when it takes the pointer, as for its task switcher.
+// The system sends WM_CANCELMODE when it takes the pointer, as for its task switcher.
 TEST(FrameTest, ACancelledModeEndsTheDrag) {
     const Program program;
     const Bounds place = driver().rect(program.window());
@@ -125,8 +128,8 @@ TEST(FrameTest, TheQuitButtonDipsUnderThePointerAndEndsTheProgram) {
     EXPECT_EQ(program.process().exitWithin(Driver::patience), 0);
 }
 
-// Wine 10 ends the move mode at the first message that finds no mouse button held, in its own
-// Notepad too, so that keys move no window there.
+// Wine 10 ends the move mode at the first message during which no mouse button is pressed, in its
+// own Notepad too. Keys therefore cannot move a window.
 TEST(FrameTest, CanBeMovedByKeys) {
     if (paths::platform() == "wine10") GTEST_SKIP() << "keys move no window under Wine 10";
     const Program program;
@@ -140,7 +143,7 @@ TEST(FrameTest, CanBeMovedByKeys) {
 }
 
 TEST(FrameTest, AltF4AndTheSystemMenuEndIt) {
-    // In the address box, and two stops further in the list, whose class has a use of its own for
+    // Alt+F4 in the address box, and two tab stops further in the list, whose class itself handles
     // F4.
     for (const int tabs : {0, 2}) {
         SCOPED_TRACE(tabs);

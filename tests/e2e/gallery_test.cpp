@@ -16,7 +16,7 @@ TEST(GalleryTest, EachPageOpensWithItsControls) {
     driver().waitVisible(window);
     const int pages = std::stoi(driver().ask({"send", list, "0x18B", "0", "0"}));  // LB_GETCOUNT
     EXPECT_EQ(pages, 10);
-    std::set<std::string> seen;  // without the windows' handles
+    std::set<std::string> seen;  // the pages' windows without their handles
     for (int page = 0; page < pages; ++page) {
         SCOPED_TRACE(page);
         driver().ask({"send", list, "0x186", std::to_string(page), "0"});       // LB_SETCURSEL

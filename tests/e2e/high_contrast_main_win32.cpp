@@ -1,4 +1,4 @@
-// Velvox on a system whose user has asked for high contrast.
+// Velvox with high contrast, which Wine does not report.
 #include <windows.h>
 
 #include "app/velvox_win32.h"

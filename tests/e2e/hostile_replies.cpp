@@ -41,7 +41,7 @@ Handler bytes(std::string text) {
     return [text = std::move(text)](const Exchange& to) { to.write(text); };
 }
 
-// The connection stays open after the text.
+// Sends a text and keeps the connection open.
 Handler held(std::string text) {
     return [text = std::move(text)](const Exchange& to) {
         to.write(text);
@@ -64,7 +64,7 @@ Handler dripped(std::string head, std::string text) {
     };
 }
 
-// A piece over and over, up to that many bytes.
+// Sends a head and then repeats a piece up to `size` bytes.
 Handler flood(std::string head, const std::string& piece, std::size_t size = endless) {
     const std::string block = repeated(piece, 65'536 / piece.size() + 1);
     return [head = std::move(head), block, size](const Exchange& to) {
@@ -78,7 +78,7 @@ std::string redirectTo(const std::string& location, const std::string& rest = "\
     return "HTTP/1.1 302 Found\r\nLocation: " + location + "\r\n" + rest;
 }
 
-// So many redirects, each to the next number, and a good page.
+// Sends `count` redirects, each to the next number, and then a good page.
 Handler redirects(int count) {
     return [count](const Exchange& to) {
         const std::string address = to.address();
@@ -91,7 +91,7 @@ Handler redirects(int count) {
     };
 }
 
-// A redirect, and a good page or player after it.
+// Sends a redirect, and then a good page or player.
 Handler redirectedOnce(const Handler& first) {
     return [first](const Exchange& to) {
         if (to.asksFor("/step/") || to.asksFor("/f/"))
@@ -107,7 +107,7 @@ std::string wide(const std::string& text) {
     return utf16;
 }
 
-// Zeros, compressed to about a thousandth.
+// 300 MB of zeros, compressed to 1.3 MB.
 std::string bomb() {
     return outputOf({"sh", "-c", "head -c 300000000 /dev/zero | gzip -1"});
 }
@@ -130,8 +130,8 @@ Replies slowReplies() {
 Replies hugeReplies() {
     return {
         {"header line without end", Failure, flood(ok + "X: ", "a")},
-        // Windows gives up at 64 KB of header; Wine keeps all lines, and reads on when it is
-        // closed.
+        // Windows stops at 64 KB of header. Wine keeps all lines and continues to read after the
+        // request is closed.
         {"header lines without end", Failure, flood(ok, "X: aaaaaaaaaaaaaaaa\r\n"), unbounded},
         {"100,000 headers", LinkOrFailure,
          bytes(ok + repeated("X: y\r\n", 100'000) + "\r\n" + good), quick},
@@ -165,7 +165,7 @@ Replies cutReplies() {
         {"cut in the header", Failure, bytes("HTTP/1.1 200 OK\r\nContent-Le"), quick},
         {"cut in the body", Failure, bytes(withLength("1000", good)), quick},
         {"reset in the body", Failure, cut(withLength("1000", good))},
-        // Wine takes the end of the connection for the end of the chunks.
+        // Wine takes the end of the connection as the end of the chunks.
         {"cut in a chunk", LinkOrFailure, bytes(chunked + "1000\r\n" + good), quick},
         {"cut before the last chunk", LinkOrFailure, bytes(chunked + chunk(good)), quick},
     };

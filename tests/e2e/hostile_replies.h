@@ -1,5 +1,5 @@
-// Replies that no page of the sites gives: endless, cut, malformed, lying about their size, or
-// redirecting in circles; with what Velvox makes of each.
+// Replies that the sites never send: endless, truncated, malformed, with a false length or with
+// circular redirects. Each has the outcome that Velvox must show.
 #pragma once
 
 #include <vector>
@@ -11,10 +11,10 @@ namespace velvox::e2e {
 enum class Outcome { Link, Failure, LinkOrFailure, Waiting };
 
 enum Trait : unsigned {
-    quick = 1,      ///< fit for every test run
-    hasty = 2,      ///< ended by the time limit: three seconds instead of a minute
-    player = 4,     ///< given to the preview browser, not to the fetch of a page
-    unbounded = 8,  ///< fills the memory as long as it lasts
+    quick = 1,      ///< fast enough for every test run
+    hasty = 2,      ///< ended by the time limit, which is three seconds here instead of a minute
+    player = 4,     ///< sent to the preview browser, not to the fetch of a page
+    unbounded = 8,  ///< uses more and more memory until it ends
 };
 
 struct HostileReply {
@@ -26,7 +26,7 @@ struct HostileReply {
     bool has(Trait trait) const { return (traits & trait) != 0; }
 };
 
-/// The link that a reply with the expected text gives.
+/// The link that a good reply gives.
 inline constexpr const char* hostileLink = "http://a/b.flv";
 
 const std::vector<HostileReply>& hostileReplies();

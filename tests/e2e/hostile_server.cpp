@@ -47,7 +47,7 @@ Milliseconds since(Clock::time_point start) {
     return std::chrono::duration_cast<Milliseconds>(Clock::now() - start);
 }
 
-// Where caches and downloads would go.
+// Size of the files in the folders that caches and downloads would use.
 std::intmax_t bytesOnDisk() {
     const char* prefix = std::getenv("WINEPREFIX");
     if (!prefix) throw std::runtime_error("no Wine prefix: run within tools/with-session");
@@ -124,7 +124,7 @@ void HostileServer::expectGoodRun() {
 
 Observation HostileServer::observe(const HostileReply& reply) {
     SCOPED_TRACE(reply.name);
-    // A navigation that never arrives is over when nothing has come of it in a while.
+    // A navigation that never arrives is observed for two seconds.
     const Milliseconds limit(reply.outcome == Outcome::Waiting ? 2'000 : 75'000);
     Observation seen;
     try {

@@ -1,4 +1,4 @@
-// Velvox against a server of hostile replies: what comes of each, and what it costs.
+// Runs Velvox on a server of hostile replies and measures the outcome and the cost of each.
 #pragma once
 
 #include <atomic>
@@ -12,7 +12,7 @@
 
 namespace velvox::e2e {
 
-/// Samples a program's private memory as long as it lives.
+/// Samples a program's private memory as long as this object exists.
 class PeakMemory {
  public:
     explicit PeakMemory(pid_t program);
@@ -30,21 +30,22 @@ class PeakMemory {
 
 struct Observation {
     std::string pane;         ///< "link", "failure", "waiting", or the text if it is none of these
-    Milliseconds time{};      ///< from the press of Download to that text
-    Milliseconds answered{};  ///< longest time that the window took to answer
-    long peakKb = 0;          ///< private memory
-    std::intmax_t diskBytes = 0;  ///< that the files of the user and temporary ones have grown by
+    Milliseconds time{};      ///< from the press of Download to the outcome
+    Milliseconds answered{};  ///< maximum response time of the window
+    long peakKb = 0;          ///< maximum of the private memory
+    std::intmax_t diskBytes = 0;  ///< growth of the user's and the temporary files
 };
 
 std::ostream& operator<<(std::ostream& out, const Observation& seen);
 
 class HostileServer {
  public:
-    /// A run on that reply. Fails the current test if it ends otherwise than stated, or costs more.
+    /// Runs Velvox on a reply. Fails the current test if the outcome is not the expected one or a
+    /// cost exceeds its bound.
     Observation observe(const HostileReply& reply);
-    /// A good run on the replica sites, by the same program.
+    /// Requires that a run of the same program on the replica sites succeeds.
     void expectGoodRun();
-    /// The next reply gets a fresh program.
+    /// Ends the program. The next reply gets a new one.
     void restart() { program_.reset(); }
 
  private:

@@ -1,4 +1,4 @@
-// The hostile replies that end quickly. e2e_metrics runs all of them.
+// Tests the hostile replies that end quickly. e2e_metrics runs all of them.
 #include "tests/e2e/hostile_server.h"
 
 #include <gtest/gtest.h>

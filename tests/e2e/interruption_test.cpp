@@ -1,4 +1,4 @@
-// Download again, Close and the end of the program in the middle of a run.
+// A second Download, Close and the end of the program during a run.
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
@@ -7,10 +7,10 @@
 namespace velvox::e2e {
 namespace {
 
-// Far from the minute that a page is given, and still enough on a busy machine.
+// Much less than the minute that a page may take, but enough on a busy machine.
 constexpr Milliseconds atOnce{20'000};
 
-// The second click of a double click is meant for what was there at the first one.
+// The second click of a double click is meant for the control that was visible at the first one.
 TEST(InterruptionTest, ADoubleClickOnDownloadDoesNotCloseTheResult) {
     const Proxy proxy([](const Exchange& to) { to.reply("nothing"); });
     const Program program(Network::proxy(proxy.port()));
@@ -29,7 +29,7 @@ TEST(InterruptionTest, ADoubleClickOnDownloadDoesNotCloseTheResult) {
     tryAt({std::max(button.left, close.left) + 5, button.top + 1});
 }
 
-// Moving, minimising and restoring need no end of the run.
+// The window can be moved, minimised and restored during a run.
 TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
     const Proxy proxy([](const Exchange& to) { to.staySilent(); });
     const Program program(Network::proxy(proxy.port()));
@@ -53,7 +53,7 @@ TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
     EXPECT_TRUE(eventually([&] { return !minimised(); }));
     EXPECT_TRUE(comesTo(0, 0));
     const Point bar{place.left + 350, place.top + 12};
-    // The display may not have the restored window yet: a press that misses it is repeated.
+    // The display may not show the restored window yet, so a press that misses it is repeated.
     EXPECT_TRUE(eventually([&] {
         InputSimulator().moveTo(bar).press().act();
         if (eventually([&] { return program.holdsPointer(); }, Milliseconds(1000))) return true;
@@ -66,8 +66,8 @@ TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
     EXPECT_TRUE(program.addressLocked());
 }
 
-// However it is closed, and whatever it is doing: awaiting a page, collecting a long comic book, or
-// in the loop of a menu or a message box.
+// The program must end at once, however it is closed and in every state: while it waits for a page,
+// while it collects a long comic book, or in the loop of a menu or a message box.
 TEST(InterruptionTest, TheProgramEndsAtOnceInAnyState) {
     std::string book;
     for (int page = 0; page < 32767; ++page) book += "<page> p.jpg </page>\n";
@@ -148,7 +148,7 @@ TEST(InterruptionTest, TheProgramEndsAtOnceInAnyState) {
     }
 }
 
-// Close hides itself by the key that presses it; the character of that key is still in the queue.
+// The key that presses Close also hides it, while the key's character is still in the queue.
 TEST(InterruptionTest, AKeyThatHidesItsOwnControlLeavesTheWindowUsable) {
     const Program program;
     for (const char* key : {"Return", "space"}) {

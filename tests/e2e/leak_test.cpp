@@ -1,4 +1,4 @@
-// Runs and ticks leak nothing: a short form of what e2e_metrics does at length.
+// Runs and ticks must leak nothing. e2e_metrics tests the same for a longer time.
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
@@ -20,7 +20,7 @@ TEST(LeakTest, RunsAndTicksLeaveNoObjectsBehind) {
     for (int i = 0; i < 5; ++i) round();
     const ResourceUsage after = resourceUsage(program.process().id(), program.window());
     SCOPED_TRACE(testing::Message() << "before: " << before << "\nafter: " << after);
-    // What is just being painted counts as well; one object a run would be thirty.
+    // Objects of a paint in progress count as well. A leak of one object per run would add thirty.
     EXPECT_LT(after.gdi, before.gdi + 20);
     EXPECT_LT(after.user, before.user + 20);
 }

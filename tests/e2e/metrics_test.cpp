@@ -1,5 +1,5 @@
-// Metrics of the running program, for docs/performance.md. Those with a bound are judged, so the
-// machine must be quiet: tools/metrics.
+// Metrics of the running program for docs/performance.md. Metrics with a bound are checked, which
+// needs a quiet machine. tools/metrics runs them.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,7 +20,8 @@ long long since(Clock::time_point start) {
     return std::chrono::duration_cast<Milliseconds>(Clock::now() - start).count();
 }
 
-// Milliseconds from the start of the process to the answer of its window, which has been painted.
+// Milliseconds from the start of the process until its window has been painted and answers a
+// message.
 long long startTime(const std::string& file, const std::string& windowClass) {
     const auto start = Clock::now();
     Process process({paths::wine(), file});
@@ -54,7 +55,7 @@ TEST(Metrics, Start) {
     for (int i = -1; i < runs; ++i) {
         const long long a = startTime(paths::velvox(), "Form1");
         const long long b = startTime(paths::emptyWindow(), "Empty");
-        if (i < 0) continue;  // the files were read from the disk
+        if (i < 0) continue;  // the first start reads the files from the disk
         own.all.push_back(a);
         empty.all.push_back(b);
     }
@@ -75,7 +76,7 @@ TEST(Metrics, MemoryAfterStart) {
                  static_cast<double>(own) / static_cast<double>(least), 2);
 }
 
-/// Percent of a core that the program and Wine's server take.
+/// Percent of a core that the idle program and the session's servers take.
 double percentIdle(const Proxy::Handler& news) {
     constexpr Milliseconds settling{5000};
     constexpr Milliseconds measured{60'000};
@@ -104,8 +105,8 @@ TEST(Metrics, IdleWithSilentNews) {
     percentIdle([](const Exchange& to) { to.staySilent(); });
 }
 
-// Before, in the middle and after: what is kept once shows in the first half, what is kept each
-// time in both.
+// Prints the resources before the acts, in the middle and after them. Resources that are kept once
+// show in the first half only, leaks show in both halves.
 void printGrowth(const Program& program, int times, const std::function<void(int)>& act) {
     const auto print = [&](int done) {
         std::cout << "after " << done << ": "
@@ -120,7 +121,7 @@ void printGrowth(const Program& program, int times, const std::function<void(int
     std::cout << times << " took " << since(start) << " ms\n";
 }
 
-// From the user's act to the end of the process.
+// The time from the user's act to the end of the process.
 TEST(Metrics, ClosingDuringASilentFetch) {
     constexpr int tries = 20;
     const Proxy proxy([](const Exchange& to) { to.staySilent(); });
@@ -179,7 +180,7 @@ TEST(Metrics, GrowthOfRuns) {
                  1.02);
 }
 
-// From the last request of the player, which is replied to at once, to the link in the pane.
+// The time from the player's last request, which is replied to at once, to the link in the pane.
 TEST(Metrics, ArrivalToLink) {
     std::atomic<Clock::rep> sent{0};
     const Proxy proxy([&](const Exchange& to) {
@@ -199,7 +200,7 @@ TEST(Metrics, ArrivalToLink) {
                  "ms");
 }
 
-// An hour of the strip, the blinking link and the news, with a news request every eleven seconds.
+// The ticks of an hour: the news strip, the blinking link, and a news request every eleven seconds.
 TEST(Metrics, GrowthOfAnHour) {
     constexpr int scrolls = 36'000;
     constexpr int scrollsPerBlink = 5;
@@ -224,7 +225,7 @@ TEST(Metrics, GrowthOfAnHour) {
     std::cout << requests << " requests for news\n";
 }
 
-// Every hostile reply, each with a program of its own; these are judged as well.
+// Every hostile reply, each with a new program. The outcomes are checked as well.
 TEST(Metrics, HostileReplies) {
     HostileServer server;
     for (const HostileReply& reply : hostileReplies()) {

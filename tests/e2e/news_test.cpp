@@ -1,4 +1,4 @@
-// The news strip over real requests.
+// The news strip with real requests.
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
@@ -22,7 +22,7 @@ TEST(NewsTest, ShowsTheSitesNewsAndLaterOthers) {
                     to.reply("<html><!-News!->" + news + "<!-NewsEnd!-></html>");
                 });
     {
-        // The replica site's news come in character by character from the right.
+        // The news of the replica site scroll in from the right, character by character.
         const Program replica;
         expectStrip(replica, "| Velvox 1.00 is out");
     }

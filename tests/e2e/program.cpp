@@ -36,7 +36,8 @@ std::string focusedTitle() {
     return name;
 }
 
-// Where a dialog saves unless another folder is chosen: in the session, not in the checkout.
+// The current folder of the program, where its dialogs save by default. It belongs to the session,
+// not to the checkout.
 std::string currentFolder() {
     const char* const prefix = std::getenv("WINEPREFIX");
     if (!prefix) throw std::runtime_error("there is no session");
@@ -67,7 +68,7 @@ Program::Program(const std::set<std::string>& before, const Network& network,
                  const std::string& file)
     : process_({"env", "-C", currentFolder(), proxyVariable(network), paths::wine(), file}),
       window_(newMainWindow(before)) {
-    // Its first message is answered once the window has been painted.
+    // The window answers its first message after it has been painted.
     driver().ping(window_);
     awaitKeyboard();
 }
@@ -102,7 +103,7 @@ bool Program::paste(const std::string& address) const {
     return eventually([&] { return this->address() == address; }, Milliseconds(1000));
 }
 
-// On a busy machine Wine may miss a new clipboard: it is offered again.
+// On a busy machine Wine may miss a change of the clipboard, so the text is offered again.
 void Program::pasteNew(const std::string& text, const std::string& address) const {
     EXPECT_TRUE(eventually([&] {
         putIntoClipboard(text);
@@ -131,8 +132,9 @@ void Program::expectPane(const std::string& html, Milliseconds time) const {
 void Program::awaitEndOfRun() const {
     if (!eventually([&] { return driver().enabled(control(controlId("isButton1"))); }))
         throw std::runtime_error("Close is not usable");
-    // The handler returns a little later. Input is dropped until then; a message that is none, and
-    // that leaves a mark, waits in the queue.
+    // The handler returns a little after Close is enabled, and input is dropped until then. A
+    // posted message that is no input waits in the queue instead, and its effect shows that the
+    // handler has returned.
     const std::string setMark = "0xB9", getMark = "0xB8";  // EM_SETMODIFY, EM_GETMODIFY
     driver().ask({"send", edit(), setMark, "0", "0"});
     driver().ask({"post", edit(), setMark, "1", "0"});
@@ -146,8 +148,7 @@ void Program::startExample(int entry) const {
     const std::string entryText = driver().items(list).at(static_cast<std::size_t>(entry));
     InputSimulator().click(middleOf(driver().rect(list))).act();
     const std::string handle = driver().ask({"find", list});
-    // The keys go to whatever has the keyboard when they come: with the click it passes to the
-    // list.
+    // Keys go to the window that has the focus when they arrive, so the list must have it first.
     if (!eventually([&] { return driver().focus(window_) == handle; }))
         throw std::runtime_error("the site list does not get the keyboard");
     InputSimulator keys;
@@ -155,10 +156,10 @@ void Program::startExample(int entry) const {
     for (int i = 0; i < entry; ++i) keys.key("Down");
     keys.key("Return").act();
     const std::string example = control(controlId("vd"));
-    // Wherever it is written: at the label's left end.
+    // The click is at the label's left end, where every example has text.
     const Bounds place = driver().rect(example);
     InputSimulator().click({place.left + place.width / 8, place.top + 5}).act();
-    // Both change with each key, and the keys may still be on their way.
+    // The list and the address box change with each key, and keys may still be in the queue.
     if (!eventually([&] {
             return driver().text(list) == entryText &&
                    driver().text(edit()) == driver().text(example);
@@ -170,7 +171,7 @@ void Program::startExample(int entry) const {
 
 void Program::chooseFromMenu(const std::string& key) const {
     driver().waitVisible(menu);
-    // It is visible a little before it takes keys.
+    // A menu is visible a little before it takes keys.
     EXPECT_TRUE(eventually([&] { return holdsPointer(); }));
     InputSimulator().key(key).act();
 }
@@ -202,7 +203,7 @@ bool Program::runByMessages(const std::string& address) const {
     press(controlId("UniXPButton1"));
     driver().waitVisible(control(controlId("outer")));
     const auto shows = [this](const char* part) { return pane().find(part) != std::string::npos; };
-    // The link of a preview may come after the run, and a line of failure is red.
+    // A preview's link may appear after the run has ended. The line of a failure is red.
     const bool found =
         eventually([&] { return shows("<a href=") || shows("color='red'"); }) && shows("<a href=");
     awaitEndOfRun();

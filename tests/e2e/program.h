@@ -1,4 +1,4 @@
-// A running Velvox, seen through its windows.
+// A running Velvox, which tests read and control through its windows.
 #pragma once
 
 #include <set>
@@ -15,7 +15,7 @@ namespace velvox::e2e {
 
 using namespace velvox::drive;
 
-/// The port of the proxy that a program's pages come from.
+/// The port of the proxy from which a program gets its pages.
 struct Network {
     static Network sites();
     static Network proxy(int port) { return {port}; }
@@ -25,7 +25,7 @@ struct Network {
 
 class Program {
  public:
-    /// Starts it and waits for its window.
+    /// Starts the program and waits for its window.
     explicit Program(Network network = Network::sites(), const std::string& file = "");
 
     const std::string& window() const { return window_; }
@@ -41,15 +41,16 @@ class Program {
     bool holdsPointer() const { return driver().ask({"capture", window_}) != "none"; }
 
     void click(ControlId id) const;
-    /// Gives the display's focus, where keys go, to the window, as a window manager does: without
-    /// one it is nowhere after a message box. Whether the window had it already.
+    /// Gives the window the display's keyboard focus, as a window manager would: without one, no
+    /// window has it after a message box. Returns whether the window already had the focus.
     static bool takeKeyboard();
     static void awaitKeyboard();
     /// Puts a text into the address box without the clipboard.
     void enter(const std::string& address) const;
-    /// Replaces the address by the clipboard's, with the keyboard; whether it is `address` then.
+    /// Replaces the address by the clipboard's text with the keyboard. Returns whether the address
+    /// then is `address`.
     bool paste(const std::string& address) const;
-    /// The same with a new clipboard, until Wine has seen that.
+    /// Puts a text into the clipboard and pastes it, until Wine has noticed the new text.
     void pasteNew(const std::string& text, const std::string& address) const;
     /// Hides the result area if it is shown.
     void closeArea() const;
@@ -57,20 +58,21 @@ class Program {
     void start(const std::string& address) const;
     /// Waits for the pane's HTML, and for the end of the run.
     void expectPane(const std::string& html, Milliseconds time = Driver::patience) const;
-    /// Until Download's handler has returned. Throws when it does not.
+    /// Waits until Download's handler has returned. Throws if it does not return.
     void awaitEndOfRun() const;
-    /// Chooses an entry of the site list with the keyboard, its example, and presses Download.
+    /// Chooses an entry of the site list with the keyboard, clicks its example and presses
+    /// Download.
     void startExample(int entry) const;
 
     /// Presses the access key of an entry in the menu that opens.
     void chooseFromMenu(const std::string& key) const;
 
-    /// A Veoh run on the replica sites, from the example; whether it gave its links.
+    /// Runs Veoh's example on the replica sites. Returns whether the run gave its links.
     bool goodRun() const;
     void expectGoodRun() const;
 
-    /// A run to its end and the closing of the area, by messages instead of pointer and keys: many
-    /// in a short time. Whether it gave links.
+    /// Performs a run to its end and closes the area, by messages instead of pointer and keys,
+    /// which is faster. Returns whether the run gave links.
     bool runByMessages(const std::string& address) const;
     /// Delivers a tick of the timer with that number, as if its time had come.
     void tick(int timer) const;
@@ -85,7 +87,7 @@ class Program {
     std::string window_;
 };
 
-/// Answers the one message box's title and text, and closes it with Enter.
+/// Returns title and text of the only message box, and closes the box with Enter.
 std::string dismissBox();
 
 }  // namespace velvox::e2e

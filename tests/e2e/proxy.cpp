@@ -27,7 +27,7 @@ sockaddr_in loopback(int port) {
     return at;
 }
 
-// Bound to a free port, which is answered with it.
+// Returns a socket bound to a free port, and the port.
 int boundSocket(int& port) {
     const int result = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in at = loopback(0);
@@ -58,7 +58,7 @@ std::string Exchange::address() const {
     return result;
 }
 
-// A peer that reads nothing must not keep a proxy that stops.
+// A client that reads nothing must not prevent the proxy from stopping.
 bool Exchange::write(std::string_view bytes) const {
     while (!bytes.empty()) {
         pollfd ends[] = {{socket_, POLLOUT, 0}, {stopped_, POLLIN, 0}};
@@ -103,7 +103,8 @@ void Exchange::staySilent() const {
 void Exchange::forward() const {
     const int server = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const sockaddr_in at = loopback(paths::sitesPort());
-    // The server ends its answer by closing, so that it needs no understanding here.
+    // With HTTP/1.0 the server closes the connection after its reply, so the reply need not be
+    // parsed.
     std::string request = request_.substr(0, request_.find("\r\n"));
     request.replace(request.rfind("HTTP/"), request.npos, "HTTP/1.0");
     const std::string host = address().substr(7, address().find('/', 7) - 7);

@@ -1,4 +1,5 @@
-// A proxy inside the test that answers as the test says: with a reply, slowly, partly or never.
+// A proxy inside the test. The test's handler decides how it replies: completely, slowly, partly or
+// never.
 #pragma once
 
 #include <atomic>
@@ -16,29 +17,30 @@ namespace velvox::e2e {
 
 using namespace velvox::drive;
 
-/// One accepted connection with its request, closed with the handler's return.
+/// One accepted connection with its request. It is closed when the handler returns.
 class Exchange {
  public:
     Exchange(int socket, int stopped, std::string request)
         : socket_(socket), stopped_(stopped), request_(std::move(request)) {}
 
-    /// The address asked for: "http://www.veoh.com:80/..." without the port.
+    /// The requested address: "http://www.veoh.com:80/..." without the port.
     std::string address() const;
     bool asksFor(std::string_view part) const { return address().find(part) != std::string::npos; }
 
-    /// False once the other side is gone.
+    /// Returns false once the client has closed the connection.
     bool write(std::string_view bytes) const;
     bool reply(std::string_view body, std::string_view status = "200 OK",
                std::string_view headers = "") const;
-    /// A byte each `pause`, up to the end of the text, of the connection or of the proxy.
+    /// Sends a byte each `pause`, until the text, the connection or the proxy ends.
     void drip(std::string_view bytes, Milliseconds pause) const;
-    /// Ends the connection with a reset instead of an end.
+    /// Ends the connection with a TCP reset.
     void reset() const;
-    /// Until the other side or the proxy closes.
+    /// Waits until the client or the proxy closes the connection.
     void staySilent() const;
-    /// Waits; false when the other side has gone or the proxy stops meanwhile.
+    /// Waits for a time. Returns false if the client closes the connection or the proxy stops
+    /// meanwhile.
     bool connectedFor(Milliseconds time) const;
-    /// What the replica sites answer.
+    /// Sends the reply of the replica sites.
     void forward() const;
 
  private:
@@ -49,8 +51,8 @@ class Exchange {
 
 class Proxy {
  public:
-    /// Called on a thread of its own for each request. The news have their own handler, which
-    /// answers that there are none until the test gives another one.
+    /// Called on a separate thread for each request. Requests for the news have a separate handler;
+    /// the default handler replies that there are none.
     using Handler = std::function<void(const Exchange&)>;
 
     explicit Proxy(Handler handler, Handler news = noNews);
@@ -61,7 +63,7 @@ class Proxy {
     int port() const { return port_; }
 
     void answerWith(Handler handler);
-    /// Addresses asked for so far, the news left out.
+    /// The addresses requested so far, except those of the news.
     std::vector<std::string> addresses() const;
     bool asked(std::size_t times, Milliseconds time = Driver::patience) const;
 

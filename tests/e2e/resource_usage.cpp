@@ -19,13 +19,13 @@ std::filesystem::path folderOf(pid_t program) {
 struct Stat {
     std::string name;
     pid_t parent = 0;
-    long ticks = 0;  ///< of the processor's clock, in the program and for it in the system
+    long ticks = 0;  ///< processor time in clock ticks, in the program and in the system for it
 };
 
 Stat statOf(pid_t program) {
     std::ifstream file(folderOf(program) / "stat");
     const std::string line{std::istreambuf_iterator<char>(file), {}};
-    // The name stands in parentheses and may have blanks.
+    // The process name is in parentheses and may contain blanks.
     const auto end = line.rfind(')');
     if (end == line.npos) throw std::runtime_error("no such process");
     Stat stat;
@@ -61,7 +61,7 @@ pid_t sibling(const std::string& start) {
         try {
             const Stat stat = statOf(id);
             if (stat.parent == getppid() && stat.name.starts_with(start)) return id;
-        } catch (const std::runtime_error&) {  // ended meanwhile
+        } catch (const std::runtime_error&) {  // the process has ended meanwhile
         }
     }
     throw std::runtime_error("no " + start + " here: run directly under tools/with-session");

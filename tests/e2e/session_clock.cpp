@@ -15,8 +15,8 @@ namespace {
 namespace fs = std::filesystem;
 using Nanoseconds = std::chrono::nanoseconds;
 
-constexpr Milliseconds precision{200};  // a look at all processes takes some milliseconds
-constexpr int wallTimes = 30;           // of a deadline in session time
+constexpr Milliseconds precision{200};  // reading all processes takes some milliseconds
+constexpr int wallTimes = 30;  // wall time of a deadline, as a multiple of its session time
 
 bool isNumber(const std::string& name) {
     return name.find_first_not_of("0123456789") == name.npos;
@@ -32,7 +32,7 @@ bool belongsToSession(const fs::path& process) {
 
 class WaitingTimes {
  public:
-    // Of all threads seen so far. What those that ended meanwhile waited last is missing.
+    // The sum for all threads seen so far. The last wait of threads that have ended is missing.
     Nanoseconds sum() {
         std::error_code ended;
         for (const auto& process : fs::directory_iterator("/proc")) {
@@ -49,12 +49,12 @@ class WaitingTimes {
         long long ran = 0, waited = 0;
         if (!(file >> ran >> waited)) return;
         long long& before = threads_[thread];
-        if (waited < before) before = 0;  // another thread with the number of one that has ended
+        if (waited < before) before = 0;  // a new thread has the number of one that has ended
         sum_ += Nanoseconds(waited - before);
         before = waited;
     }
 
-    std::map<fs::path, long long> threads_;  ///< what each has waited, in nanoseconds
+    std::map<fs::path, long long> threads_;  ///< nanoseconds that each thread has waited
     Nanoseconds sum_{0};
 };
 
@@ -66,7 +66,7 @@ Milliseconds sessionTime() {
     static Clock::time_point lastLook = start;
     static Nanoseconds time{0};
     if (Clock::now() - lastLook < precision) return std::chrono::duration_cast<Milliseconds>(time);
-    // Threads that wait at the same time count twice: time does not run backwards for that.
+    // Threads that wait at the same time count twice, but time must not run backwards for that.
     time = std::max(time, Clock::now() - start - waiting.sum());
     lastLook = Clock::now();
     return std::chrono::duration_cast<Milliseconds>(time);

@@ -1,4 +1,4 @@
-// Time for verdicts that must not depend on how busy the machine is.
+// A clock for tests whose result must not depend on how busy the machine is.
 #pragma once
 
 #include "tools/drive/client/process.h"
@@ -7,13 +7,13 @@ namespace velvox::e2e {
 
 using namespace velvox::drive;
 
-/// Wall time less what the threads of this session (all programs with its WINEPREFIX) spent ready
-/// to run without a processor, from the first call on,
-/// exact to a fifth of a second. A program that hangs lets it pass, one that
-/// others keep from running does not.
+/// Wall time since the first call, without the time that the threads of this session (all programs
+/// with its WINEPREFIX) were ready to run but had no processor. It is exact to a fifth of a second.
+/// It advances while a program hangs, but not while other programs keep it from running.
 Milliseconds sessionTime();
 
-/// A deadline in session time, and a far one in wall time for programs that keep each other busy.
+/// A deadline in session time. A later deadline in wall time holds for programs that keep each
+/// other busy.
 class Deadline {
  public:
     explicit Deadline(Milliseconds time);

@@ -1,4 +1,5 @@
-// Velvox that gives a page three seconds: the minute of the real one is waited for once.
+// Velvox with a page timeout of three seconds. Only one test waits for the real timeout of a
+// minute.
 #include <windows.h>
 
 #include "app/velvox_win32.h"

@@ -1,4 +1,4 @@
-// The window as it opens, and asking: address box, site list, example, keyboard.
+// The window after its start: address box, site list, example, keyboard.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -26,7 +26,7 @@ TEST(StartUpTest, OpensWithTheFirstSiteAndTheAddressBoxFocused) {
     EXPECT_EQ(driver().focus(program.window()), driver().ask({"find", program.edit()}));
     EXPECT_FALSE(program.areaShown());
     EXPECT_FALSE(driver().enabled(program.control(controlId("isButton1"))));
-    // In the middle of the session's screen.
+    // The window is in the middle of the session's screen.
     const Bounds place = driver().rect(program.window());
     EXPECT_EQ(place, (Bounds{(1280 - 497) / 2, (1024 - 297) / 2, 497, 297}));
 }
@@ -51,10 +51,10 @@ TEST(StartUpTest, EscapeAndCloseHideTheResultArea) {
     InputSimulator().key("Escape").act();
     EXPECT_NO_THROW(driver().waitGone(area));
     EXPECT_EQ(driver().focus(program.window()), driver().ask({"find", program.edit()}));
-    // The next paste replaces the address, not adds to it.
+    // The next paste replaces the address instead of adding to it.
     InputSimulator().key("ctrl+v").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "the next address"));
-    // What the area covered can be used again.
+    // The controls that the area covered can be used again.
     program.enter(veohExample);
     program.click(controlId("UniXPButton1"));
     driver().waitVisible(area);
@@ -64,7 +64,7 @@ TEST(StartUpTest, EscapeAndCloseHideTheResultArea) {
     program.expectGoodRun();
 }
 
-// Everything can be reached without a mouse, in the order of the eye, and never what is hidden.
+// Tab reaches all controls that can be used, in reading order, and no hidden ones.
 TEST(StartUpTest, TabGoesRoundThroughAllThatCanBeUsed) {
     const Program program;
     const auto expectRound = [&](const std::vector<std::string>& stops) {
@@ -81,7 +81,7 @@ TEST(StartUpTest, TabGoesRoundThroughAllThatCanBeUsed) {
     expectRound({driver().ask({"find", program.edit()}), handle(controlId("UniXPButton1")),
                  handle(controlId("ds")), handle(controlId("vd")), handle(controlId("Label12")),
                  handle(controlId("isButton2"))});
-    // The example by keyboard alone.
+    // The example is used with the keyboard only.
     InputSimulator().key("Tab").key("Tab").key("Tab").key("Return").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), exampleAddresses[0]));
 }

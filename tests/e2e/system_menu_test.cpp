@@ -1,4 +1,4 @@
-// The window's menu and its way out.
+// The window's system menu.
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
@@ -10,7 +10,7 @@ constexpr const char* menu = "#32768";
 
 void closeMenu(const Program& program) {
     driver().waitVisible(menu);
-    // It is visible a little before it takes keys.
+    // A menu is visible a little before it takes keys.
     EXPECT_TRUE(eventually([&] { return program.holdsPointer(); }));
     InputSimulator().key("Escape").act();
     EXPECT_NO_THROW(driver().waitGone(menu));
@@ -30,7 +30,7 @@ TEST(SystemMenuTest, OpensByKeyIconAndTitleAndSaysWhatThisIs) {
     EXPECT_NE(about.find("About Velvox"), std::string::npos) << about;
     EXPECT_NE(about.find("Velvox 1.00"), std::string::npos) << about;
     EXPECT_NE(about.find("MIT licence"), std::string::npos) << about;
-    // Dragged by its icon it opens nothing.
+    // Dragging the window by its icon opens no menu.
     InputSimulator().moveTo(icon).press().act();
     ASSERT_TRUE(eventually([&] { return program.holdsPointer(); }));
     InputSimulator().moveTo({icon.x + 40, icon.y + 30}).act();

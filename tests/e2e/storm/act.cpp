@@ -52,7 +52,7 @@ const std::vector<std::string> chains[] = {
     {"Home", "Return", "Escape", "Return"},
 };
 
-// The standard fixes the generator's numbers; its distributions differ between libraries.
+// The standard defines the generator's numbers, but its distributions differ between libraries.
 class Dice {
  public:
     explicit Dice(std::uint64_t seed) : engine_(seed) {}
@@ -68,7 +68,7 @@ class Dice {
     std::mt19937_64 engine_;
 };
 
-// In the order of Act::Kind.
+// The rows are in the order of Act::Kind.
 constexpr struct {
     const char* name;
     int weight;
@@ -112,7 +112,8 @@ int anyPause(Dice& dice) {
     return drawn < 6 ? 0 : drawn < 9 ? dice.below(20) : dice.below(80);
 }
 
-// Slow replies are common, so that much happens during runs; silence lasts and is rare.
+// Slow replies are frequent, so that many acts happen during runs. Silence is rare, because it
+// takes long.
 Behaviour anyBehaviour(Dice& dice) {
     constexpr Behaviour behaviours[] = {
         Behaviour::Good,     Behaviour::Good,     Behaviour::Good,      Behaviour::Slow,
@@ -126,7 +127,7 @@ Behaviour anyBehaviour(Dice& dice) {
 Act anyAct(Dice& dice) {
     Act act;
     act.kind = anyKind(dice);
-    // Every act draws the same numbers, so that a kind more in the table changes no other part.
+    // Every act draws the same numbers, so that another row of the table changes no other values.
     act.behaviour = anyBehaviour(dice);
     act.control = dice.of(clickable);
     for (int* place : {&act.x, &act.y, &act.toX, &act.toY}) *place = dice.below(1000);

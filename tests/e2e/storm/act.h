@@ -1,5 +1,5 @@
-// One random act of a user or of the server, as data: a sequence can be replayed, whole or its end
-// only.
+// One random act of a user or of the server, stored as data so that a sequence of acts or its end
+// can be replayed.
 #pragma once
 
 #include <cstdint>
@@ -17,30 +17,30 @@ const char* nameOf(Behaviour behaviour);
 
 struct Act {
     enum class Kind {
-        Serve,           ///< another `behaviour`
-        Start,           ///< the address `text` and a click on Download
-        Click,           ///< `count` times `button` at a place in the window
-        ClickControl,    ///< the same within `control`
-        ClickFirstLine,  ///< the same near the upper left corner of the result pane
-        Press,           ///< `button` goes down and stays so
+        Serve,           ///< the server changes its `behaviour`
+        Start,           ///< enters the address `text` and clicks Download
+        Click,           ///< clicks `count` times with `button` at a place in the window
+        ClickControl,    ///< as Click, within `control`
+        ClickFirstLine,  ///< as Click, near the upper left corner of the result pane
+        Press,           ///< presses `button` without releasing it
         Release,
-        Drag,   ///< from one place to another
-        Wheel,  ///< `count` notches, `button` 4 is up and 5 down
-        Keys,   ///< `keys` without a pause between them
-        Hold,   ///< keys[0] with `count` repetitions
+        Drag,   ///< presses at one place and releases at another
+        Wheel,  ///< turns the wheel by `count` notches; `button` 4 is up and 5 down
+        Keys,   ///< presses `keys` without pauses
+        Hold,   ///< holds keys[0] for `count` repetitions
         Type,
         Paste,
         Minimise,
         Restore,
-        Settings,  ///< news of the system: colours, theme, work area
+        Settings,  ///< announces changed system settings: colours, theme, work area
         Pause,
-        Close,  ///< ends the program in way `count`
+        Close,  ///< ends the program in the way `count` (Closing)
     };
 
     Kind kind = Kind::Pause;
     Behaviour behaviour = Behaviour::Good;
     ControlId control = controlId("output");
-    int x = 0;  ///< per mille of the window or the control, as the other three
+    int x = 0;  ///< x, y, toX and toY are per mille of the window or the control
     int y = 0;
     int toX = 0;
     int toY = 0;
@@ -48,16 +48,16 @@ struct Act {
     int count = 1;
     std::vector<std::string> keys;
     std::string text;
-    int pauseMs = 0;  ///< after it
+    int pauseMs = 0;  ///< pause after the act
 };
 
-/// In the words of a report.
+/// Describes an act for a report.
 std::string describe(const Act& act);
 
-/// The acts of a seed: the same on every machine.
+/// The acts of a seed, which are the same on every machine.
 std::vector<Act> actsOf(std::uint64_t seed, std::size_t count);
 
-/// Ways of closing.
+/// Ways to end the program.
 enum class Closing { QuitButton, AltF4, Message, SystemCommand };
 inline constexpr int closingWays = 4;
 

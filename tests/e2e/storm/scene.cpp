@@ -40,7 +40,7 @@ Scene parseScene(const std::string& look) {
             words >> control.visible >> control.enabled;
             read(words, control.bounds);
         } else {
-            // The text of a box may have several lines.
+            // The text of a message box may have several lines.
             scene.box += line + '\n';
             continue;
         }

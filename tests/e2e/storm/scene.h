@@ -1,4 +1,4 @@
-// What the driver sees of the main window at one moment.
+// The state of the main window at one moment, as the driver reports it.
 #pragma once
 
 #include <map>
@@ -31,14 +31,14 @@ struct Scene {
     bool list = false;    ///< the site list is dropped down
     bool capture = false;
     int focus = 0;        ///< identifier of the focused window
-    int focusParent = 0;  ///< and of its parent
+    int focusParent = 0;  ///< identifier of the focused window's parent
     std::string box;      ///< title and text of a message box
     std::map<int, Control> controls;
-    std::string html;             ///< of the pane, while it is shown
-    std::set<std::string> links;  ///< addresses of the links in it
+    std::string html;             ///< the pane's HTML, while the pane is shown
+    std::set<std::string> links;  ///< addresses of the links in the HTML
 
     const Control& operator[](ControlId id) const { return controls.at(static_cast<int>(id)); }
-    /// The message box of an address that matches nothing is shown.
+    /// Whether the message box for an address that matches no site is shown.
     bool refuses() const { return box.find("Please Enter A Valid URL...") != std::string::npos; }
     bool areaShown() const { return (*this)[controlId("outer")].visible; }
     bool closable() const { return (*this)[controlId("isButton1")].enabled; }
@@ -48,7 +48,7 @@ struct Scene {
     /// Whether a point on the screen lies on a control that is shown.
     bool shows(ControlId id, Point at) const;
     bool running() const { return areaShown() && !closable(); }
-    /// But for what moves by itself.
+    /// Compares the state except what changes by itself, such as the pane's text.
     bool sameMode(const Scene& other) const {
         const auto mode = [](const Scene& s) {
             return std::tuple(s.visible, s.enabled, s.iconic, s.menu, s.moving, s.list, s.capture,
@@ -56,20 +56,21 @@ struct Scene {
         };
         return mode(*this) == mode(other);
     }
-    /// Nothing stands between the user and the window.
+    /// Whether nothing comes between the user's input and the window.
     bool clear() const { return !menu && !moving && !list && !capture && !iconic && box.empty(); }
 };
 
-/// What of it a report needs, in a line.
+/// Describes a scene for a report, in one line.
 std::string describe(const Scene& scene);
 
-/// From the driver's `look`. Throws std::runtime_error for one it cannot read.
+/// Parses the driver's answer to `look`. Throws std::runtime_error for an answer that it cannot
+/// parse.
 Scene parseScene(const std::string& look);
 
 /// The addresses of the links in the HTML of the pane.
 std::set<std::string> linksOf(const std::string& html);
 
-/// The same address, however it is escaped.
+/// Removes escapes, so that differently escaped forms of an address are equal.
 std::string unescapedAddress(const std::string& address);
 
 }  // namespace velvox::e2e

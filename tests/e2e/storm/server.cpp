@@ -8,13 +8,14 @@ namespace {
 
 constexpr Milliseconds slowness{250};
 
-// Asked for once in each run of a site; the player of the sixth is asked for by the browser.
+// The first page of each site, which a run requests once. The sixth site, Metacafe, has none: the
+// preview requests its player.
 constexpr std::string_view firstPages[] = {
     "youtube.com/watch?v=", "clip.vn/movies/nfo/",         "sevenload.com/videos/",
     "veoh.com/rest/video/", "vuilen.com/view_book_detail",
 };
 
-// The preview asks for players after the run: no run waits for them.
+// The preview requests players after the run, so no run waits for them.
 constexpr std::string_view players[] = {"youtube.com/v/", ".swf", "metacafe.com/fplayer/"};
 
 constexpr std::string_view junk =
@@ -27,7 +28,7 @@ bool containsAny(const std::string& address, std::span<const std::string_view> p
 
 }  // namespace
 
-// The news are short and on another thread's time: they come as they do from the sites.
+// The news are short and no run waits for them, so they come from the replica sites.
 StormServer::StormServer() : proxy_([this](const Exchange& to) { serve(to); }) {}
 
 std::optional<long> StormServer::awaited(Milliseconds time) const {
@@ -66,7 +67,7 @@ void StormServer::serve(const Exchange& to) {
         if (behaviour == Behaviour::Redirect && !follows) redirected_.insert(address);
     }
     if (!follows && containsAny(address, firstPages)) ++runs_;
-    // What follows a redirect arrives, or there would be no end of them.
+    // A redirected request gets a good reply, otherwise the redirects could go on for ever.
     if (follows) behaviour = Behaviour::Good;
     if (behaviour == Behaviour::Silent) return to.staySilent();
     if (behaviour == Behaviour::Slow && !to.connectedFor(slowness)) return;

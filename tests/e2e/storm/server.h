@@ -1,4 +1,4 @@
-// The six sites with replies of random quality.
+// A server for the six sites with replies of random quality.
 #pragma once
 
 #include <optional>
@@ -17,17 +17,18 @@ class StormServer {
     int port() const { return proxy_.port(); }
 
     void behave(Behaviour behaviour) { behaviour_ = behaviour; }
-    /// As long as the lock lives, no reply begins: what is awaited stays so.
+    /// As long as the lock exists, no reply begins, so an awaited page stays awaited.
     std::unique_lock<std::shared_mutex> hold() { return std::unique_lock(replies_); }
-    /// The number of the page that a run waits for: asked for last, and less than `time` ago, by
-    /// default less than the program gives a page by more than a slow redirect to it takes. A
-    /// connection of which the program has given up the page may stay open.
+    /// The number of the page that a run waits for, if any: the last requested page, if it was
+    /// requested less than `time` ago. By default this is shorter than the program's page timeout,
+    /// by more than a slow redirect takes. An open connection proves nothing, because the program
+    /// may have given up its page.
     std::optional<long> awaited(Milliseconds time = Milliseconds(2400)) const;
-    /// Pages asked for, without players.
+    /// Number of requested pages, without players.
     long requests() const;
-    /// Addresses asked for last, a line each.
+    /// The last requested addresses, a line each.
     std::string lastAddresses() const;
-    /// Runs of which the first page was asked for.
+    /// Number of runs whose first page was requested.
     int runs() const { return runs_; }
 
  private:
@@ -40,9 +41,9 @@ class StormServer {
     mutable std::mutex mutex_;
     std::set<std::string> redirected_;
     long requests_ = 0;
-    bool replied_ = true;  ///< to the last of them
+    bool replied_ = true;  ///< the last request has its reply
     Clock::time_point lastRequest_;
-    Proxy proxy_;  // the last: its threads use the rest
+    Proxy proxy_;  // the last member, because its threads use the others
 };
 
 }  // namespace velvox::e2e

@@ -13,13 +13,14 @@ namespace {
 using Kind = Act::Kind;
 
 constexpr Milliseconds answerTime{2000};
-constexpr Milliseconds pageTime{3000};  // of paths::velvoxShortTimeout()
-// Pages are awaited for certain only so long: the program began to count before the server did.
+constexpr Milliseconds pageTime{3000};  // timeout of paths::velvoxShortTimeout()
+// A page is certainly awaited only for this time, because the program starts its timeout before the
+// server gets the request.
 constexpr Milliseconds certainTime{1500};
-constexpr BrowserLog::Time browserTime{30'000};  // from its start to its first line
+constexpr BrowserLog::Time browserTime{30'000};  // from a browser's start to its first line
 constexpr BrowserLog::Time clockTick{20};
 
-// One run then goes through all of them.
+// Whether an address matches several sites. A single run then goes through all of them.
 bool hasSeveralSites(const std::string& address) {
     constexpr const char* sites[] = {"youtube", "clip.vn", "sevenload", "veoh", "vuilen"};
     return std::ranges::count_if(
@@ -52,9 +53,9 @@ void Storm::startProgram() {
     program_ =
         std::make_unique<Program>(Network::proxy(server_.port()), paths::velvoxShortTimeout());
     dialogSeen_ = false;
-    if (count_.programs == 1) {  // in the end others are compared with it, too
+    if (count_.programs == 1) {  // later programs are compared with the first one, too
         runExamples();
-        for (const int newsTimer : {7, 6}) program().tick(newsTimer);  // 13 MB of libraries
+        for (const int newsTimer : {7, 6}) program().tick(newsTimer);  // loads 13 MB of libraries
         atStart_ = resourceUsage(program().process().id(), program().window());
     }
     browser_.take();
@@ -66,8 +67,8 @@ void Storm::startProgram() {
     observe();
 }
 
-// On a busy machine a page may take longer than the program's short time for it: then again, twice
-// at most.
+// On a busy machine a page may take longer than the program's short timeout, so a failed run is
+// repeated up to twice.
 void Storm::runExamples() {
     for (const std::string address : exampleAddresses) {
         const auto run = [&] { return program().runByMessages(address); };
@@ -91,9 +92,9 @@ void Storm::perform(const Act& act) {
         const bool mayHaveEnded = mayEnd(act);
         carryOut(act);
         expectLife(mayHaveEnded);
-        // Links may have appeared while the keys came: the later ones open them.
+        // If links have appeared while the keys arrived, the later keys may open them.
         if (scene_.links != before.links) permit(act, time);
-        // In a run that is still waiting for the same page, the act must do nothing later either.
+        // If the run still waits for the same page, the act must do nothing later either.
         if (running && awaited && server_.awaited(certainTime) == awaited)
             std::erase_if(permissions_, [&](const Permission& p) { return p.time >= time; });
         else
@@ -119,8 +120,8 @@ void Storm::observe() {
     menuLinks_.insert(std::string(homePage));  // an entry of the system menu
 }
 
-// A message that is sent overtakes input: the window has dealt with the latter when nothing changes
-// from one message to the next.
+// A sent message overtakes input. The window has handled all input when its state does not change
+// between two messages.
 Scene Storm::settledScene() const {
     constexpr int maxLooks = 5;
     const auto look = [&] { return parseScene(driver().ask({"look", program().window()})); };
@@ -151,7 +152,7 @@ void Storm::expectAnswer() {
     }
 }
 
-// The program answers, or it has ended where that was asked for.
+// The program must respond, unless it has ended after an act that may end it.
 void Storm::expectLife(bool mayHaveEnded) {
     ending_ = mayHaveEnded;
     if (!program_->process().exitWithin(Milliseconds(0))) expectAnswer();
@@ -160,7 +161,7 @@ void Storm::expectLife(bool mayHaveEnded) {
         try {
             observe();
             if (scene_.visible) return;
-        } catch (const std::runtime_error&) {  // its windows are going away
+        } catch (const std::runtime_error&) {  // the windows are being destroyed
         }
         code = exitSoon();
         if (!code) throw Broken("the program has no window and does not end");
@@ -172,8 +173,8 @@ void Storm::expectLife(bool mayHaveEnded) {
 
 void Storm::performClose(Closing way) {
     const Point quit = middleOf(scene_[controlId("isButton2")].bounds);
-    // A menu or a box takes keys and clicks for itself, and a window that is no longer in front
-    // does not get them.
+    // The program certainly ends only if no menu or box takes keys and clicks, and if the window is
+    // in front.
     const bool certain =
         way == Closing::Message || (scene_.clear() && scene_.focus != 0 && !buttonDown_ &&
                                     (way != Closing::QuitButton || onScreen(quit)));
@@ -212,12 +213,12 @@ void Storm::expectNothingOpened() {
         ++count_.opened;
     }
     std::erase_if(permissions_, [&](const Permission& p) {
-        // Its browser may not have got to its first line yet.
+        // The browser of this permission may not have written its first line yet.
         return p.end != BrowserLog::Time::max() && p.end + browserTime < BrowserLog::now();
     });
 }
 
-// What was pressed during a run neither throws its result away nor starts the next one.
+// Input during a run must neither close the run's result nor start another run.
 void Storm::expectNothingFromTheRun(const Scene& before) {
     const bool vanished = before.areaShown() && !scene_.areaShown() && scene_.visible;
     if (vanished && !mayChange_) throw Broken("the result area was closed by an act in the run");
@@ -228,7 +229,7 @@ void Storm::expectNothingFromTheRun(const Scene& before) {
     runsSeen_ = runs;
 }
 
-// A page is given up in time, whatever the window does.
+// A page must be given up in time, whatever the window does.
 void Storm::expectPatience() {
     const long requests = server_.requests();
     if (!scene_.running() || requests != requestsSeen_) {
@@ -239,7 +240,8 @@ void Storm::expectPatience() {
     }
 }
 
-// Without a run and without a box, the result area can be closed, or everything it covers be used.
+// Without a run and a message box, it must be possible to close the result area or to use every
+// control below it.
 void Storm::expectUsable() {
     const ControlId covered[] = {
         controlId("linkin"),  controlId("UniXPButton1"), controlId("ds"),     controlId("vd"),
@@ -247,10 +249,10 @@ void Storm::expectUsable() {
         controlId("Label12"), controlId("Label13"),
     };
     const auto usable = [&](ControlId id) {
-        // The address stays locked after a page of which the player does not arrive.
+        // The address box stays locked after a page whose player does not arrive.
         return scene_[id].visible && (scene_[id].enabled || id == controlId("linkin"));
     };
-    // Other dialogs, such as those of Wine's system menu, come up without a run.
+    // Other dialogs, such as those of Wine's system menu, appear without a run.
     if (scene_.box.starts_with("box Velvox:") && !scene_.refuses())
         throw Broken("a message box: " + scene_.box);
     const auto holds = [&] {
@@ -260,7 +262,7 @@ void Storm::expectUsable() {
         if (scene_.areaShown()) return scene_[controlId("isButton1")].visible && scene_.closable();
         return std::ranges::all_of(covered, usable);
     };
-    // The box of Wine's own takes time to appear.
+    // A disabled window has a dialog of Wine, which takes time to appear.
     const Deadline deadline(scene_.enabled ? answerTime : 5 * answerTime);
     while (!holds()) {
         if (deadline.passed())
@@ -280,7 +282,7 @@ void Storm::calmDown() {
         expectLife(ending_);
         if (scene_.iconic && !std::exchange(restored, true))
             post(program().window(), "0x112", "0xF120");
-        // The first one closes a menu, the second one leaves its mode.
+        // The first Escape closes a menu, the second one ends the menu mode.
         if (scene_.menu || scene_.moving || scene_.list || scene_.capture)
             InputSimulator().key("Escape").key("Escape").act();
         else if (!scene_.box.empty())
@@ -303,10 +305,10 @@ void Storm::expectHealth() {
     const ResourceUsage now = resourceUsage(program().process().id(), program().window());
     std::ostringstream difference;
     difference << "at the start: " << atStart_ << "\nnow: " << now;
-    // The system keeps up to 40 fonts, brushes, pens and bitmaps of the first menus, boxes and
-    // tips: after 1,000 acts on one program there are no more than after 300. Of its first file
-    // dialog it keeps 150 drawing objects and 9 MB (100 dialogs bring no more), and it loses one
-    // window object with each.
+    // Of the first menus, boxes and tips, the system keeps up to 40 fonts, brushes, pens and
+    // bitmaps; after 1,000 acts on one program there are no more than after 300. Of the first file
+    // dialog it keeps 150 drawing objects and 9 MB (100 dialogs add no more). It leaks one window
+    // object with each dialog.
     const int drawingObjects = dialogSeen_ ? 195 : 45;
     constexpr int others = 30;
     // Wine keeps two files of each browser that it starts: the script and its folder.

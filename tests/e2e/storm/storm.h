@@ -1,4 +1,4 @@
-// Random acts on the real program, with what must hold after each.
+// Performs random acts on the real program and checks after each act what must hold.
 #pragma once
 
 #include <list>
@@ -16,12 +16,12 @@
 
 namespace velvox::e2e {
 
-/// Something that must hold does not.
+/// Thrown when a condition that must hold does not hold.
 struct Broken : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// What a storm went through, to see that it did not blow past everything.
+/// Counts that show that a storm has had effects.
 struct StormCount {
     int acts = 0;
     int programs = 0;
@@ -36,9 +36,10 @@ class Storm {
     explicit Storm(BrowserLog& browser);
     ~Storm();
 
-    /// Throws Broken.
+    /// Performs an act and checks the program. Throws Broken.
     void perform(const Act& act);
-    /// The program as it is after all this: a good run, and nothing left over. Throws Broken.
+    /// Checks the program after all acts: a run must succeed, and nothing may be leaked. Throws
+    /// Broken.
     void expectHealth();
 
     StormCount count() const;
@@ -52,7 +53,7 @@ class Storm {
         int times;
         std::set<std::string> addresses;
         Deadline deadline;
-        BrowserLog::Time end = BrowserLog::Time::max();  ///< when the deadline had passed
+        BrowserLog::Time end = BrowserLog::Time::max();  ///< when the deadline passed
     };
 
     void startProgram();
@@ -83,20 +84,20 @@ class Storm {
 
     StormServer server_;
     BrowserLog& browser_;
-    std::unique_lock<std::shared_mutex> held_;  ///< while an act is carried out
+    std::unique_lock<std::shared_mutex> held_;  ///< holds replies back while an act is performed
     std::unique_ptr<Program> program_;
     ResourceUsage atStart_;
     Scene scene_;
     std::list<Permission> permissions_;
-    std::set<std::string> pressedLinks_;  ///< shown when the button went down
+    std::set<std::string> pressedLinks_;  ///< shown when the mouse button was pressed
     std::set<std::string> menuLinks_;     ///< shown when the menu opened
-    bool buttonDown_ = false;             ///< by an act that has not released it
-    bool dialogSeen_ = false;             ///< other than the program's message box
-    bool mayChange_ = false;              ///< an act outside a run since the last run began
-    bool ending_ = false;                 ///< an act that may end the program is still on its way
+    bool buttonDown_ = false;  ///< an act has pressed the mouse button and not released it
+    bool dialogSeen_ = false;  ///< a dialog other than the program's message box has been open
+    bool mayChange_ = false;   ///< there was an act outside a run since the last run began
+    bool ending_ = false;      ///< an act that may end the program has not taken effect yet
     int runsSeen_ = 0;
     long requestsSeen_ = 0;
-    std::optional<Deadline> progress_;  ///< of a run
+    std::optional<Deadline> progress_;  ///< deadline for the next page of a run
     StormCount count_;
 };
 

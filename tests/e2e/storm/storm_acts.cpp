@@ -1,4 +1,4 @@
-// The acts themselves, and what each of them may lead to.
+// Performs the acts and computes which links each of them may open.
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -13,19 +13,19 @@ using Kind = Act::Kind;
 
 const std::string homeAddress{homePage};
 
-// Longest time from the press of a link to its opening.
+// Maximum time from the press of a link to its opening.
 constexpr Milliseconds permissionTime{3000};
 
-// Near the upper left corner of the pane, where the first links are.
+// The area near the upper left corner of the pane, where the first links are.
 constexpr int firstLinesWidth = 90;
 constexpr int firstLinesHeight = 60;
 
-// Of the display that tools/with-session makes.
+// Size of the display that tools/with-session makes.
 constexpr int screenWidth = 1280;
 constexpr int screenHeight = 1024;
 
-// A place within a rectangle, per mille of it. Where the window hangs over the screen's edge, the
-// pointer stays on the screen.
+// A point within a rectangle, in per mille of its size. The point is clamped to the screen, because
+// the window may extend beyond the screen's edge.
 Point at(const Bounds& r, int x, int y) {
     return {std::clamp(r.left + r.width * x / 1000, 0, screenWidth - 1),
             std::clamp(r.top + r.height * y / 1000, 0, screenHeight - 1)};
@@ -35,7 +35,7 @@ bool isOneOf(const std::string& key, std::initializer_list<const char*> keys) {
     return std::ranges::any_of(keys, [&](const char* other) { return key == other; });
 }
 
-// A key that presses what has the focus or chooses from a menu.
+// Whether a key presses the focused control or chooses from a menu.
 bool presses(const std::string& key) {
     return isOneOf(key, {"Return", "space", "o", "c", "a", "n", "m"});
 }
@@ -47,7 +47,7 @@ void pressAndRelease(Point down, int button, int times) {
     input.act();
 }
 
-// WM_SYSCOLORCHANGE, WM_SETTINGCHANGE of the work area and in general, WM_DISPLAYCHANGE and
+// Sends WM_SYSCOLORCHANGE, WM_SETTINGCHANGE (of the work area or in general), WM_DISPLAYCHANGE or
 // WM_THEMECHANGED.
 void announceSettings(const std::string& window, int which) {
     constexpr struct {
@@ -90,7 +90,7 @@ void Storm::carryOut(const Act& act) {
     InputSimulator input;
     switch (act.kind) {
         case Kind::Start:
-            // A user cannot change the address in a run.
+            // A user cannot change the address during a run.
             if (!scene_.areaShown()) program().enter(act.text);
             pressAndRelease(down, 1, 1);
             break;
@@ -138,8 +138,8 @@ void Storm::carryOut(const Act& act) {
     }
 }
 
-// What of these acts may open a link: computed before they are carried out, and for
-// links that appear meanwhile again after it.
+// Permits the links that an act may open. Called before the act, and again after it if links have
+// appeared meanwhile.
 void Storm::permit(const Act& act, BrowserLog::Time since) {
     switch (act.kind) {
         case Kind::Start:
@@ -167,7 +167,7 @@ void Storm::permitPointer(const Act& act, BrowserLog::Time since) {
     };
     if (scene_.menu) {
         links = menuLinks_;
-        // The first click may close the menu, the second one press what is below.
+        // The first click may close the menu, and the second may press what is below the menu.
         if (act.button == 1 && act.count > 1) addShown(links, up);
     } else if (act.kind == Kind::Press) {
         pressedLinks_.clear();
@@ -187,8 +187,8 @@ void Storm::permitPointer(const Act& act, BrowserLog::Time since) {
     if (!links.empty()) permissions_.push_back({since, times, links, Deadline(permissionTime)});
 }
 
-// Where the keys of a chain go cannot be known: each that presses something may open one link that
-// is shown when the chain begins.
+// It cannot be known which windows get the keys of a chain. Each key that presses something may
+// open one link that is shown when the chain begins.
 void Storm::permitKeys(const Act& act, BrowserLog::Time since) {
     std::set<std::string> links = scene_.menu ? menuLinks_ : scene_.links;
     if (scene_[controlId("Label12")].visible) links.insert(homeAddress);
@@ -203,7 +203,8 @@ void Storm::permitKeys(const Act& act, BrowserLog::Time since) {
         permissions_.push_back({since, times, links, Deadline(permissionTime)});
 }
 
-// A press of the quit button, by the pointer or by a key, and the system menu's last entry.
+// Whether an act may end the program: a press of the quit button by pointer or key, or the last
+// entry of the system menu.
 bool Storm::mayEnd(const Act& act) const {
     if (ending_ || scene_.menu) return true;
     switch (act.kind) {
@@ -213,7 +214,7 @@ bool Storm::mayEnd(const Act& act) const {
         case Kind::Hold:
         case Kind::Type: return scene_.hasFocus(controlId("isButton2"));
         case Kind::Start: return false;
-        // A target larger than the quit button lies around it.
+        // topendskin surrounds the quit button and is a larger target.
         default: return scene_.shows(controlId("topendskin"), endOf(act));
     }
 }

@@ -1,5 +1,5 @@
-// Random acts of a user on the program, with random replies. Without arguments three fixed seeds;
-// any others with
+// Random acts of a user on the program, with random replies. Without arguments it runs three fixed
+// seeds. For other seeds:
 //
 //     tools/with-session build/native/tests/e2e/storm_tests SEED ACTS [SEEDS]
 #include <gtest/gtest.h>
@@ -21,12 +21,12 @@ std::uint64_t seeds = 3;
 constexpr std::size_t shownActs = 20;
 constexpr std::chrono::seconds shorteningTime{40};
 
-/// Carries them out on a program of its own; what breaks, if anything, and after how many acts.
+/// The result of acts on a new program: the problem, if any, and the number of acts before it.
 struct Outcome {
     std::size_t performed = 0;
     std::string problem;
     StormCount count;
-    std::vector<std::string> trace;  ///< each act with what was seen after it
+    std::vector<std::string> trace;  ///< each act with the scene after it
 };
 
 Outcome run(BrowserLog& browser, std::span<const Act> acts) {
@@ -56,8 +56,9 @@ std::string endOf(const std::vector<std::string>& trace) {
     return text;
 }
 
-/// The shortest end of the acts that breaks the same on a fresh program, by doubling and halving;
-/// bounded, since each try takes a program of its own. All of them when no end does.
+/// The shortest end of the acts that causes the same problem on a new program, found by doubling
+/// and halving. The time is limited, because each try starts a program. Returns all acts if no end
+/// causes the problem.
 std::span<const Act> shortestFailingTail(BrowserLog& browser, std::span<const Act> acts,
                                          const std::string& problem) {
     const auto deadline = Clock::now() + shorteningTime;
@@ -103,7 +104,7 @@ TEST(StormTest, NothingAUserDoesHangsMisfiresOrRunsAway) {
 int main(int count, char** arguments) {
     testing::InitGoogleTest(&count, arguments);
     using namespace velvox::e2e;
-    // The pane's menu saves files.
+    // The pane's menu saves files in the current folder.
     std::filesystem::current_path(std::filesystem::temp_directory_path());
     const auto number = [&](int at, auto standard) {
         return at < count ? std::strtoull(arguments[at], nullptr, 10) : standard;
