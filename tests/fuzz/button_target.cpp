@@ -1,6 +1,5 @@
-// A byte is one thing that happens to a push button. An independent model of its states, written as
-// the rules are stated and not as the control is built, must show the same states and raise the
-// same events in the same order.
+// Each byte is an event of a push button. An independent model, which follows the button's rules
+// and not its code, must show the same states and raise the same events in the same order.
 #include "controls/button/is_button.h"
 #include "tests/controls/button/is_button_fakes.h"
 #include "tests/fuzz/fuzz_targets.h"
@@ -15,7 +14,7 @@ struct Model {
     int style = 0, type = 0, lastButton = 0;
     bool enabled = true, value = false, designed = false;
     bool inside = false, tracked = true, draggedOff = false;
-    bool disablesItself = false;  ///< what the handler of Click does
+    bool disablesItself = false;  ///< the handler of Click disables the button
     std::string log;
 
     int shown() const {
@@ -66,7 +65,7 @@ struct Model {
         raiseClick();
         click();
     }
-    // What its window reports besides.
+    // Additional events that the button's window reports.
     void cancel() {
         const int atRest = inside ? Hot : Normal;
         if (state == atRest) return;

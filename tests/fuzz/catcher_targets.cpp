@@ -1,5 +1,5 @@
-// Catchers on an address and its replies, sections of the input. The exact texts of good and bad
-// pages are the tests' business: here are the promises that hold for all bytes.
+// Runs catchers on an address and replies, the sections of the input. The tests check the exact
+// texts for good and bad pages. These targets check what must hold for all bytes.
 #include <algorithm>
 
 #include "tests/app/form1/form1_fixture.h"
@@ -20,8 +20,8 @@ struct Run {
         }
     }
 
-    /// A trapped catcher ends in a red line with the box enabled, always when it lacks a reply, or
-    /// in another text.
+    /// A catcher with a trap ends in a red line with the address box enabled, or in another text.
+    /// If a reply is missing, it must end in a red line.
     void expectEnd(std::size_t fetches, bool enabledAfterSuccess) const {
         require(!failed, "a failure left the catcher's trap");
         require(isRed() || parts.size() > fetches, "a page is shown that did not come");
@@ -29,14 +29,14 @@ struct Run {
                 "the address box is left in the other state");
     }
 
-    /// The first link leads to `base` and a piece of a reply.
+    /// The first link leads to `base` followed by a part of a reply.
     void expectLinkFromReply(std::string_view base = "") const {
         constexpr std::string_view opening = "<a href='";
         const auto at = shown.find(opening);
         if (isRed() || at == std::string::npos) return;
         const std::string rest = shown.substr(at + opening.size());
         require(rest.starts_with(base), "the link leads elsewhere");
-        // A piece with the end mark in it counts up to there.
+        // If the part contains the end of the attribute, it counts up to that end.
         const auto size = rest.find("'>", base.size()) - base.size();
         const std::string piece = rest.substr(base.size(), size);
         require(std::any_of(parts.begin() + 1, parts.end(),
@@ -44,7 +44,7 @@ struct Run {
                 "the link is not in the replies");
     }
 
-    /// The player of a piece of the address is loaded, unless the line is red.
+    /// The preview shows the player for a part of the address, unless the line is red.
     void expectPlayer(std::string_view before, std::string_view after) const {
         const std::string& player = fixture.browser.lastAddress;
         require(isRed() == player.empty(), "a player for a failure, or none for a success");
@@ -99,13 +99,13 @@ void metacafe(std::string_view input) {
 void comic(std::string_view input) {
     const Run run(input, &Form1::ComicVuiLen);
     run.expectEnd(2, false);
-    // The folder of the list of pages is the pages' too.
+    // The pages are in the same folder as the list of pages.
     const std::string list = run.form.link2.Text();
     run.expectLinkFromReply(list.substr(0, list.rfind("config.xml")));
     require(run.isRed() || run.form.ketqua.Text().empty(), "the collector is not empty");
 }
 
-// This catcher has no trap: it ends in a failure, with the box disabled, or shows what it has.
+// This catcher has no trap. It throws, with the address box disabled, or shows the links it has.
 void google(std::string_view input) {
     const Run run(input, &Form1::GoogleCatcher);
     require(run.form.linkin.Enabled() == !run.failed, "the address box is left in the other state");

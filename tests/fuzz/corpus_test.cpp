@@ -1,5 +1,5 @@
-// Replays the fuzzers' corpus: tests/corpus/TARGET/ holds inputs that once broke something or reach
-// a path of their own. A target that finds something wrong aborts the test program.
+// Replays the fuzzers' corpus: tests/corpus/TARGET/ has inputs that once failed or that reach a
+// path of their own. A target that finds a fault aborts the test program.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -39,7 +39,7 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
             const std::string input{std::istreambuf_iterator<char>(file), {}};
             replayed = entry.path().string();
             target(input);
-            // Cut short anywhere, an input is another hostile one.
+            // Each truncated input is another hostile input.
             for (std::size_t size = 0; size < input.size(); size += 1 + input.size() / 64)
                 target(std::string_view(input).substr(0, size));
             ++inputs;
@@ -48,7 +48,7 @@ TEST(CorpusTest, EveryInputPassesItsTarget) {
     }
 }
 
-// Among others: a superseded navigation never gives a link, whatever comes when.
+// Runs targets on random bytes. For example, a superseded navigation must never give a link.
 TEST(RandomEventsTest, StateMachinesKeepTheirPromises) {
     const struct {
         const char* name;

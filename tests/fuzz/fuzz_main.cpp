@@ -1,4 +1,4 @@
-// One fuzzer for the target that the build names.
+// The fuzzer of one target, which the build defines as VELVOX_FUZZ_TARGET.
 #include <cstddef>
 #include <cstdint>
 

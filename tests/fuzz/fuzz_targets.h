@@ -1,5 +1,5 @@
-// The fuzz targets: each takes any bytes and aborts with a reason where the program breaks a
-// promise that it makes for all bytes. The same functions replay the corpus in the tests.
+// The fuzz targets. Each takes any bytes, and aborts with a reason if the program does not do what
+// it must do for all bytes. The tests replay the corpus with the same functions.
 #pragma once
 
 #include <cstdio>
@@ -19,7 +19,7 @@ Target button, dispatch, links, bag, text, html, http_address, location, navigat
 /// The corpus file that is being replayed, for the report.
 inline std::string replayed;
 
-/// Ends the program, which fuzzers and tests both report, unless `holds`.
+/// Aborts the program unless `holds`. Fuzzers and tests report that.
 inline void require(bool holds, const char* what) {
     if (holds) return;
     std::fprintf(stderr, "broken: %s %s\n", what, replayed.c_str());

@@ -1,5 +1,5 @@
-// HTML fragments as the result pane reads them, and the stream that it makes of them, which is
-// read back here.
+// Parses HTML fragments as the result pane does, and reads back the RTF stream that the pane writes
+// for them.
 #include <algorithm>
 #include <cstring>
 
@@ -27,7 +27,7 @@ void checkRuns(const HtmlFragment& fragment) {
         require(fragment.text.find(twice) == std::string::npos, "white space is not collapsed");
 }
 
-/// Text of a stream, groups of the header left out.
+/// The text of an RTF stream, without the groups of its header.
 std::u16string readBack(std::string_view rtf) {
     std::u16string text;
     int depth = 0;
@@ -40,7 +40,7 @@ std::u16string readBack(std::string_view rtf) {
         } else if (c == '\\' && (rtf[i + 1] < 'a' || rtf[i + 1] > 'z')) {
             text += static_cast<char16_t>(rtf[++i]);
         } else if (c == '\\') {
-            // A blank, or the character that stands in for a "\u", belongs to the word.
+            // A control word includes the blank after it, or the substitute character after "\u".
             const std::size_t end = rtf.find_first_of(" ?\n\\{};", i + 1);
             const std::string word(rtf.substr(i + 1, end - i - 1));
             if (word == "par") text += u'\n';
@@ -55,8 +55,8 @@ std::u16string readBack(std::string_view rtf) {
     return text;
 }
 
-/// Characters that show, each with the address it leads to. Blanks and breaks are left out, since
-/// long lines are broken.
+/// The visible characters, each with the address of its link. Blanks and breaks are left out,
+/// because long lines are broken.
 using Shown = std::vector<std::pair<char16_t, std::string_view>>;
 
 void show(Shown& shown, char16_t c, std::string_view address) {
@@ -117,7 +117,7 @@ void html(std::string_view input) {
     const HtmlFragment fragment = parseHtmlFragment(input);
     checkRuns(fragment);
     checkStream(fragment);
-    // What has neither tags nor references is its own words.
+    // A text without tags and character references keeps its words.
     if (input.find_first_of("<&") == input.npos) {
         std::string words = fragment.text;
         std::erase(words, ' ');

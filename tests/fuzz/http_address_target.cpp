@@ -1,5 +1,5 @@
-// Addresses as they are written (http_address: the input is one), and where a redirect leads
-// (location: the sections are an address and the Location of its reply).
+// http_address: the input is an address. location: the sections are an address and the Location
+// header of its reply.
 #include <algorithm>
 #include <optional>
 
@@ -14,7 +14,7 @@
 namespace velvox::fuzz {
 namespace {
 
-/// What `make` returns; nothing where it refuses, which it may do in one way alone.
+/// The result of `make`, or nothing if it throws. It may only throw Fault::Transfer.
 template <class Make>
 auto unlessRefused(Make make) -> std::optional<decltype(make())> {
     try {

@@ -1,4 +1,4 @@
-// The Download button and the link handler of the whole main window.
+// The Download button and the link handler of the main window.
 #include "tests/app/form1/form1_fixture.h"
 #include "tests/fuzz/fuzz_targets.h"
 
@@ -11,8 +11,8 @@ bool has(const std::string& text, std::string_view mark) {
 
 }  // namespace
 
-// The sections are an address and replies. In a comic book's yields, Download is pressed again at
-// a page that depends on the address's length.
+// The sections are an address and replies. During one yield of a comic book, which the address's
+// length selects, Download is pressed again.
 void dispatch(std::string_view input) {
     const std::vector<std::string> parts = sections(input);
     testing::Form1Fixture fixture;
@@ -27,7 +27,7 @@ void dispatch(std::string_view input) {
     form.UniXPButton1.activate();
 
     const std::string effects = fixture.log.take();
-    // Every catcher disables the address box.
+    // Every catcher disables the address box, so this effect shows that a catcher has run.
     const bool caught = has(effects, "linkin.Enabled False");
     require(form.isButton1.Enabled(), "the result area cannot be closed");
     require(form.outer.Visible() == caught, "the result area is in the other state");

@@ -1,5 +1,5 @@
-// The preview's navigation: every byte is something that happens, in any order. The target plays
-// the program that navigates, the transfers, the window's message queue and the browser control.
+// The preview's navigation. Each byte is an event. The target simulates the program that navigates,
+// the transfers, the window's message queue and the browser control.
 #include <deque>
 #include <optional>
 #include <string>
@@ -13,7 +13,7 @@ namespace {
 
 struct Transfer {
     unsigned number;
-    std::string address;  ///< of its last reply
+    std::string address;  ///< address of the last reply
     bool arrives;
 };
 
@@ -41,7 +41,7 @@ class Preview {
         check();
     }
 
-    // However it went before, the last navigation is announced once it arrives.
+    // Whatever happened before, the last navigation is announced once it arrives.
     void finish() {
         navigate("http://h/last", true);
         queue_.push_back(transfers_.back());
@@ -139,7 +139,7 @@ class Preview {
     }
 
     NavigationTracker tracker_;
-    std::deque<std::optional<Transfer>> queue_;  ///< a step of a transfer, or a change
+    std::deque<std::optional<Transfer>> queue_;  ///< without a value: a change
     std::vector<Transfer> transfers_;
     std::optional<Transfer> last_;
     int navigations_ = 0;

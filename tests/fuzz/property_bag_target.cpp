@@ -1,5 +1,5 @@
-// Stored settings, one a line: a key, a type (b, n, t or f) and a value. Whatever the controls
-// take they must write so that reading it gives the same again.
+// Stored settings, one per line: a key, a type (b, n, t or f) and a value. If a control accepts the
+// settings, it must write settings that are equal when they are read again.
 #include <algorithm>
 #include <limits>
 
@@ -36,7 +36,8 @@ PropertyBag bagOf(std::string_view input) {
     return bag;
 }
 
-/// `make` gives a new control. What it writes after it has read a bag it must read again.
+/// `make` returns a new control. The control reads a bag and writes another one, which must be
+/// equal when it is read and written again.
 template <class Make>
 void checkRoundTrip(const PropertyBag& stored, Make make) {
     const auto rewritten = [&make](const PropertyBag& from) {
@@ -52,8 +53,8 @@ void checkRoundTrip(const PropertyBag& stored, Make make) {
     } catch (const RuntimeFailure&) {
         return;
     }
-    // The button's caption and alignment have one default when read and another when written: what
-    // equals the written one appears in the second bag.
+    // The button's caption and alignment have different defaults for reading and for writing. A
+    // value that equals the default for writing appears only in the second bag.
     const PropertyBag twice = rewritten(once);
     const auto& kept = twice.entries();
     for (const auto& entry : once.entries())
@@ -62,7 +63,7 @@ void checkRoundTrip(const PropertyBag& stored, Make make) {
     require(rewritten(twice) == twice, "something else is read back");
 }
 
-/// Lays out controls that have read a bag, whatever numbers it has.
+/// Lays out controls that have read a bag, which may have any numbers.
 void drawWith(const PropertyBag& stored) {
     testing::FakeScrollHost host;
     ScrollControl bar(Axis::Vertical, host);

@@ -1,4 +1,4 @@
-// The scroll bar's geometry for any numbers.
+// Checks the scroll bar's geometry for any numbers.
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -54,7 +54,8 @@ void checkGeometry(const std::array<std::int32_t, 8>& n) {
 
 }  // namespace
 
-// Measures of eight numbers of 32 bits each, the value in the last two.
+// The input is a sequence of measures of eight 32-bit numbers each. The last two numbers are the
+// value.
 void scroll_geometry(std::string_view input) {
     std::array<std::int32_t, 8> numbers{};
     for (; !input.empty(); input.remove_prefix(std::min(input.size(), sizeof numbers))) {

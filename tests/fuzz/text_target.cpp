@@ -1,5 +1,5 @@
-// The text operations against the standard library's. The sections are a mark, a replacement and a
-// text.
+// Compares the text operations with the standard library. The sections are a needle, a replacement
+// and a text.
 #include <algorithm>
 #include <optional>
 
@@ -13,7 +13,7 @@ namespace {
 using velvox::text::Position;
 
 Position placeOf(std::size_t index) {
-    return static_cast<Position>(index + 1);  // npos is place 0
+    return static_cast<Position>(index + 1);  // npos becomes 0
 }
 
 std::string lowered(std::string text) {
@@ -64,7 +64,7 @@ void text(std::string_view input) {
         require(*piece == whole.substr(begin, static_cast<std::size_t>(length)), "slice");
     }
 
-    // A number is its own text, and nothing else is taken.
+    // toNumber returns the number that the text shows, and accepts no other characters.
     if (const auto number = outcome([&] { return ours::toNumber(whole); })) {
         const auto first = whole.find_first_not_of(' ');
         const std::string digits = whole.substr(first, whole.find_last_not_of(' ') + 1 - first);

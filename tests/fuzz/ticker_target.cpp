@@ -1,5 +1,5 @@
-// The news ticker under ticks, replies and failures in any order. The first section is the order,
-// a letter for each event; the others are replies:
+// The news ticker with ticks, replies and failures in any order. The first section has a letter for
+// each event. The other sections are replies.
 //
 //     4 5 6 7   a tick of that timer, whether it is on or not (a tick may be queued already)
 //     t         a tick of each timer that is on
@@ -69,7 +69,7 @@ class TickerRun {
 
     void request() {
         form_.Timer6.Tick();
-        // Without a create that succeeded there is no request object yet.
+        // A request object exists only after a create has succeeded.
         created_ = created_ || !fails("create");
         require(!form_.Timer6.Enabled() && form_.Timer4.Enabled() && form_.Timer7.Enabled(),
                 "a request is not polled, or never given up");

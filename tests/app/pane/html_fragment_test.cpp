@@ -14,8 +14,7 @@ namespace {
 
 using namespace std::string_literals;
 
-// Runs as "[face size colour link|text]", so that a table can hold them. What every run has by
-// default is left out.
+// Converts runs to the form "[face size colour link|text]", without values that are the default.
 std::string describe(const HtmlFragment& html) {
     std::ostringstream out;
     for (const auto& [begin, end, look, link] : html.runs) {
@@ -45,7 +44,8 @@ TEST(HtmlFragmentTest, FormsThatTheProgramWrites) {
         {"\r\n<br><font face='tahoma' size='2'><a href='http://h/1'>Download FLV</a>"
          "\r\n<br><font face='tahoma' size='2'><a href='http://h/2'>Download AVI</a>",
          "[|\n][http://h/1|Download FLV][|\n][http://h/2|Download AVI]"},
-        // The link is ended by a second opening tag: still each has its own text only.
+        // A second opening tag ends the link instead of a closing tag. Each link still has only its
+        // own text.
         {"<font face='tahoma' size='2'><a href='http://h/1.jpg'>Download Image 1<a></font><br>"
          "<font face='tahoma' size='2'><a href='http://h/2.jpg'>Download Image 2<a></font><br>",
          "[http://h/1.jpg|Download Image 1][|\n][http://h/2.jpg|Download Image 2][|\n]"},
@@ -62,7 +62,8 @@ TEST(HtmlFragmentTest, TagsAttributesAndText) {
         {"a < b <3 </ > c<>", "[|a < b <3 </ > c<>]"},
         {"x<!-- <b> -->y<!doctype html>z<?xml?>!", "[|xyz!]"},
         {"a<!-- never ended <b>c", "[|ac]"},
-        // White space as in HTML: runs are one blank, none beside a line break or at an end.
+        // White space as in HTML: several blanks become one, and blanks at a line break or an end
+        // are removed.
         {" \t a \r\n b<br> \n c <br>", "[|a b\nc\n]"},
         {"a <a href='u'> b </a> c", "[|a ][u|b ][|c]"},
         {"a&nbsp; &nbsp;b", "[|a\xC2\xA0 \xC2\xA0"s + "b]"},
@@ -77,26 +78,26 @@ TEST(HtmlFragmentTest, TagsAttributesAndText) {
 TEST(HtmlFragmentTest, BrokenNestingAndHostileAddresses) {
     expectRuns({
         {"</font></a><a href='u'>x", "[u|x]"},
-        {"<a href=''>x</a>", "[|x]"},  // leads nowhere, but the text shows
+        {"<a href=''>x</a>", "[|x]"},  // an empty address makes no link
         {"<font color=red><a href='u'>x</a>y<a href='v'><font color=lime>z</font></a></font>",
          "[u|x][0000FF|y][00FF00 v|z]"},
-        // A quote in an address ends it, as in any browser.
+        // As in browsers, a quote in an address ends the address.
         {"<a href='http://h/it's'>y</a>", "[http://h/it|y]"},
         {"<a href=\"it's\" href='second'>y</a>", "[it's|y]"},
         {"<a href=\" java\nscript:x\t \">y</a>", "[javascript:x|y]"},
         {"<a href='h\0i'>y</a>"s, "[hi|y]"},
         {"<a href='?a=1&amp;b=2&copy=3&lt=4'>y</a>", "[?a=1&b=2&copy=3&lt=4|y]"},
         {"<a href=http://h/a/b>y</a>", "[http://h/a/b|y]"},
-        // What never ends is shown rather than lost.
+        // A tag that is never closed is shown as text.
         {"x<a href='u>y</a>", "[|x<a href='u>y</a>]"},
         {"x<", "[|x<]"},
-        // No program takes an address this long.
+        // An address that is too long for any program makes no link.
         {"<a href=" + std::string(maxAddressLength + 1, 'h') + ">x</a>", "[|x]"},
     });
 }
 
-// Each of these once cost, or would cost a parser that looks again from every "<", the square of
-// its length: hours.
+// Each of these inputs once took quadratic time (hours), or would take it in a parser that searches
+// again from every "<".
 TEST(HtmlFragmentTest, TimeIsLinear) {
     constexpr std::size_t size = 200'000;
     for (const char* unit : {"<", "&", "<a ", "<a href='", "</a", "<!--", "<font size=1>a",
@@ -128,7 +129,7 @@ TEST(HtmlFragmentTest, WhatIsKeptIsBounded) {
         for (const std::string& address : page.addresses) kept += sizeof address + address.size();
         EXPECT_LT(kept, 40'000'000U) << unit.substr(0, 20);
     }
-    // The links without text are not kept, and a font far inside others ends with its own tag.
+    // Links without text are dropped, and a deeply nested font ends with its own closing tag.
     std::string nested = "<a href=a>";
     for (int i = 0; i < 5000; ++i) nested += "<a href=h><font size=7>";
     nested += "x";

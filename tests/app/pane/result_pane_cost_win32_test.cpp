@@ -1,10 +1,10 @@
-// What filling the result pane costs: processor time, heap and windows.
+// Costs of filling the result pane: processor time, heap and windows.
 #include "tests/app/pane/result_pane_fixture_win32.h"
 
 namespace velvox::testing {
 namespace {
 
-// Of this thread: other programs on the machine hardly change it.
+// Processor time of this thread, which other programs on the machine hardly affect.
 template <class Action>
 double processorSecondsOf(Action action) {
     const auto used = [] {
@@ -20,7 +20,7 @@ double processorSecondsOf(Action action) {
     return used() - begin;
 }
 
-// What is shown of any text is bounded by what it costs the control.
+// The pane shows only as much of a text as the control can handle in a bounded time.
 TEST_F(ResultPaneTest, NothingTakesTwiceAsLongAsTheLongestList) {
     std::string noise, fonts;
     for (unsigned seed = 1; noise.size() < 1'000'000; seed = seed * 1103515245U + 12345U)
@@ -52,7 +52,7 @@ TEST_F(ResultPaneTest, NothingTakesTwiceAsLongAsTheLongestList) {
     EXPECT_TRUE(isLink(last.begin));
     for (const auto& [name, html] : fillings) {
         double own = cost(html);
-        // A busy machine can slow down one of the two: measure them side by side.
+        // A busy machine can slow down one of the two measurements, so both are repeated in turn.
         for (int again = 0; again < 3 && own >= 2 * reference; ++again) {
             reference = cost(longest);
             own = cost(html);
@@ -71,7 +71,7 @@ TEST_F(ResultPaneTest, ManyWritesLeaveNothingBehind) {
             count += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
         return count;
     };
-    const std::string list = imageLines(210);  // enough for the control itself to be replaced
+    const std::string list = imageLines(210);  // long enough for the control itself to be replaced
     pane.DocumentHTML(list);
     pane.DocumentHTML("x");
     const int blocksBefore = heapBlocks();

@@ -1,4 +1,4 @@
-// A result pane on a form, and its text control as a user reaches it.
+// A result pane on a form, with helpers that act on its text control as a user does.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ LPARAM at(Pointed& pointed) {
 
 class ResultPaneTest : public ::testing::Test {
  protected:
-    // A move of the real pointer in the middle of a click would make it a drag.
+    // The real pointer is moved away, because its moves could turn a click into a drag.
     ResultPaneTest() { SetCursorPos(700, 600); }
 
     HWND text() const { return pane.textWindow(); }
@@ -63,7 +63,7 @@ class ResultPaneTest : public ::testing::Test {
         send(EM_POSFROMCHAR, static_cast<WPARAM>(at(place)), static_cast<LPARAM>(character));
         return MAKELPARAM(place.x + 2, place.y + 6);
     }
-    // Input comes through the queue, where it gets its time.
+    // Input is posted, because a message gets its time in the queue.
     void post(UINT message, WPARAM wParam, LPARAM lParam = 0) const {
         PostMessageW(text(), message, wParam, lParam);
     }
@@ -96,7 +96,7 @@ class ResultPaneTest : public ::testing::Test {
         return CreateWindowExW(0, className, L"", WS_CHILD | style, 0, 0, 280, 180, top.handle(),
                                nullptr, nullptr, nullptr);
     }
-    // What a paste brings into another program's box.
+    // The text that a paste inserts into the text box of another program.
     std::string clipboard() const {
         const HWND box = child(L"EDIT", ES_MULTILINE);
         SendMessageW(box, WM_PASTE, 0, 0);

@@ -56,7 +56,8 @@ TEST_F(ResultPaneTest, IsPaintedOnReturn) {
 TEST_F(ResultPaneTest, LinksFollowTheSystemsColours) {
     constexpr int window = COLOR_WINDOW;
     const COLORREF usual = GetSysColor(window);
-    // Of the painted pixels: the control draws its own link format in a colour of its own.
+    // Measures painted pixels, because the control draws its own link format in a colour of its
+    // own.
     const auto linkContrast = [&] {
         const auto background = static_cast<Rgb>(GetSysColor(window));
         const WindowDc dc(text());
@@ -92,22 +93,22 @@ TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
         opened += "shell open " + link.address + "\nshell open " + link.address + '\n';
     }
     EXPECT_EQ(log.take(), opened);
-    // Beside and below links, although the nearest character is one of them.
+    // Clicks beside and below links, where the nearest character still belongs to a link.
     const LPARAM third = pointAt(links[2].begin);
     for (const LPARAM point : {pointAt(1), pointAt(links[0].end + 1), third + MAKELPARAM(150, 0),
                                third + MAKELPARAM(0, 60)})
         click(point);
-    // Pressed on one, released on another, and a selection that ends where it began a word.
+    // A press on one link with the release on another, and a press that selects a part of a link.
     press(pointAt(links[0].begin));
     release(third);
     press(pointAt(links[0].begin));
     send(WM_MOUSEMOVE, MK_LBUTTON, pointAt(links[0].begin + 5));
     release(pointAt(links[0].begin + 5));
-    // One that went down on text that is gone.
+    // A press on a link that is replaced before the release.
     press(pointAt(links[0].begin));
     pane.DocumentHTML("<a href='http://h/other'>Another link</a>");
     release(pointAt(2));
-    // A click and a key press that were already waiting when the link appeared.
+    // A click and a key press that were in the queue before the link appeared.
     post(WM_LBUTTONDOWN, MK_LBUTTON, pointAt(2));
     post(WM_LBUTTONUP, 0, pointAt(2));
     post(WM_KEYDOWN, VK_RETURN);
@@ -120,7 +121,7 @@ TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
     EXPECT_FALSE(hasCaret());
 }
 
-// Wine selects words so that the next Right reads beyond the text and ends the program.
+// After Wine's own selection of a word, the next Right reads beyond the text and ends the program.
 TEST_F(ResultPaneTest, ADoubleClickSelectsALinkAndLeavesKeysUsable) {
     pane.DocumentHTML("plain<br><a href='http://h/1'>Download FLV</a>");
     SetFocus(pane.handle());
@@ -148,7 +149,7 @@ TEST_F(ResultPaneTest, KeysGoFromLinkToLinkAndEnterOpens) {
     pane.DocumentHTML(
         "<font size=2>Three links: <a href='http://h/1'>One</a> "
         "<a href='http://h/2'>Two</a><br>and <a href='http://h/3'>Three</a></font>");
-    // Enter is the pane's own only while it opens something; Tab and Escape never are.
+    // The pane handles Enter only while Enter opens a link. It never handles Tab and Escape.
     const auto wants = [&](WPARAM code) {
         MSG message{};
         message.message = WM_KEYDOWN;
@@ -164,7 +165,7 @@ TEST_F(ResultPaneTest, KeysGoFromLinkToLinkAndEnterOpens) {
     for (const WPARAM code : {VK_DOWN, VK_DOWN, VK_DOWN, VK_UP, VK_UP}) {
         key(code);
         key(VK_RETURN);
-        key(VK_RETURN, KF_REPEAT << 16);  // held: opens once
+        key(VK_RETURN, KF_REPEAT << 16);  // a held key opens once
         EXPECT_FALSE(hasCaret());
         CHARRANGE place{};
         send(EM_EXGETSEL, 0, at(place));
@@ -178,7 +179,7 @@ TEST_F(ResultPaneTest, KeysGoFromLinkToLinkAndEnterOpens) {
     EXPECT_FALSE(wants(VK_TAB) || wants(VK_ESCAPE));
 }
 
-// What a tip of this thread shows.
+// The text of the visible tool tip of this thread.
 std::string tip() {
     HWND window = nullptr;
     while ((window = FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr)) != nullptr)
@@ -191,7 +192,8 @@ std::string tip() {
 TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
     pane.DocumentHTML("text <a href='http://h/address?a&b'>Download</a>");
     const HCURSOR hand = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND));
-    // Where the pointer goes, and what is shown of it at once and after a rest.
+    // Beside the link and on the link: the cursor at once, and the tool tip after the pointer has
+    // rested.
     for (const bool onLink : {false, true}) {
         const LPARAM point = pointAt(onLink ? 7 : 1);
         send(WM_MOUSEMOVE, 0, point);
@@ -205,7 +207,7 @@ TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
     send(WM_MOUSEHOVER, 0, pointAt(7));
     pane.DocumentHTML("something else");
     EXPECT_EQ(tip(), "hidden");
-    // The pointer came to rest just before the pane was hidden or the menu opened.
+    // The pointer comes to rest just before the pane is hidden or the menu opens.
     pane.DocumentHTML("<a href='http://h/1'>One</a>");
     ShowWindow(pane.handle(), SW_HIDE);
     send(WM_MOUSEHOVER, 0, pointAt(1));
@@ -222,26 +224,26 @@ TEST_F(ResultPaneTest, ContextMenuOpensAndCopies) {
     pane.DocumentHTML(
         "none here <a href='http://h/1'>One</a><br><a href='ftp://h'>Two</a> "
         "<a href='http://h/\xC3\xA9'>Three</a>");
-    // The keys wait in the queue until the menu reads them.
+    // The keys are posted first and wait in the queue until the menu reads them.
     const auto choose = [&](std::size_t character, WPARAM letter, bool byKeyboard = false) {
         setCaret(byKeyboard ? character : 0);
         const LPARAM place = pointAt(character);
         POINT screen{LOWORD(place), HIWORD(place)};
         ClientToScreen(text(), &screen);
         PostMessageW(text(), WM_CHAR, letter, 0);
-        PostMessageW(text(), WM_KEYDOWN, VK_ESCAPE, 0);  // closes it if the item was greyed
+        PostMessageW(text(), WM_KEYDOWN, VK_ESCAPE, 0);  // closes the menu if the item is disabled
         send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(text()),
              byKeyboard ? -1 : MAKELPARAM(screen.x, screen.y));
         pumpFor(20);
     };
     choose(11, 'O');
-    choose(15, 'O');  // nothing to open by
+    choose(15, 'O');  // an address that cannot be opened
     EXPECT_EQ(log.take(), "shell open http://h/1\n");
     choose(11, 'C');
     EXPECT_EQ(clipboard(), "http://h/1");
     choose(1, 'A');
     EXPECT_EQ(clipboard(), "http://h/1\r\nhttp://h/\xC3\xA9\r\n");
-    // By the key: addresses of links, or the text where no link is selected.
+    // Ctrl+C copies the addresses of the selected links, or the text if no link is selected.
     const auto copy = [&](std::size_t begin, std::size_t end) {
         select(begin, end);
         send(WM_COPY, 0, 0);

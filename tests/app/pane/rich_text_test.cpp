@@ -14,7 +14,7 @@ RichText written(std::string_view html) {
     return toRichText(parseHtmlFragment(html), {});
 }
 
-// The stream after its tables and first settings.
+// The RTF stream without its header.
 std::string body(const RichText& text) {
     constexpr std::string_view start = "\\pard\\f0\\fs20 ";
     const auto at = text.rtf.find(start);
@@ -49,12 +49,12 @@ TEST(RichTextTest, ColoursAndFontsComeFromTables) {
               std::string::npos);
     EXPECT_EQ(body(text), "\\f1\\fs27\\cf1 a\\f0\\fs20\\cf0 b\\cf2\\ul c");
 
-    // A name cannot reach the stream around it.
+    // A font name cannot insert commands into the stream.
     const RichText hostile = written("<font face='}{\\object;'>a</font>");
     EXPECT_NE(hostile.rtf.find("{\\f1\\fnil object;}"), std::string::npos);
 }
 
-// The system's window and link colours, usual and in high contrast.
+// The system's window and link colours in usual and in high contrast schemes.
 TEST(RichTextTest, LinksAndColouredTextAreLegibleInEveryScheme) {
     const struct {
         Rgb window, link;
@@ -85,7 +85,7 @@ TEST(RichTextTest, LinksAndColouredTextAreLegibleInEveryScheme) {
             EXPECT_GE(contrast(colours[i], window), i < 3 ? linkContrast : plainContrast)
                 << std::hex << window << ' ' << link << ", colour " << i;
     }
-    // A pale system colour, made darker, would look like disabled text.
+    // If a pale system colour were made darker, links would look like disabled text.
     const PaneColours pale{.link = rgb(200, 200, 200)};
     EXPECT_NE(toRichText(html, pale).rtf.find("\\red0\\green0\\blue255;"), std::string::npos);
     EXPECT_NE(written("<font color=red>x</font>").rtf.find("\\red255\\green0\\blue0;"),
@@ -103,7 +103,7 @@ TEST(RichTextTest, LinksHaveTheirOwnRangesAndNeighboursShareASpan) {
     EXPECT_EQ(list.lines, 3U);
     EXPECT_EQ(list.spans, (std::vector<CharacterRange>{{0, 7}, {12, 14}}));
     EXPECT_EQ(addressList(list.links), "http://u1\r\n");
-    // No change of state from one link of the list to the next.
+    // The stream does not change the format between adjacent links of the list.
     EXPECT_EQ(body(list).substr(0, 26), "\\cf1\\ul One\\par\nTwo\\par\n\\c");
 }
 
@@ -129,7 +129,7 @@ TEST(RichTextTest, EndlessLinesAreBrokenAndLinksStayInPlace) {
     EXPECT_EQ(text.lines, 1 + breaks);
     EXPECT_EQ(text.links.at(0).end, longText + 1 + breaks);
     EXPECT_EQ(written(std::string(longText, 'x')).lines, 1U);
-    // At the same width in any size, and never inside a character.
+    // Lines are broken at the same width in any font size, and never inside a character.
     EXPECT_GT(written("<font size=7>" + std::string(longText + 1, 'x')).lines, 3 * breaks);
     EXPECT_EQ(body(written(std::string(maxLineLength - 1, 'x') + "&#128512;" +
                            std::string(longText, 'x')))
@@ -143,8 +143,8 @@ std::string repeated(const std::string& unit, std::size_t count) {
     return all;
 }
 
-// The bound is one of cost: each of these fits by every count of characters, lines and links that
-// lets the longest list through.
+// The bound limits the cost for the control: each of these texts has no more characters, lines and
+// links than the longest list, which fits.
 TEST(RichTextTest, TheLongestListFitsAndWhatCostsMoreEndsInANotice) {
     const std::string address(20, 'p');
     const RichText longest = written(repeated(

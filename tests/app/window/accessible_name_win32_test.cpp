@@ -8,7 +8,7 @@
 #include "app/pane/result_pane_win32.h"
 #include "app/window/form1_win32.h"
 
-// The compiler's header gives this interface no identifier to ask for.
+// The compiler's header does not define the identifier of this interface.
 __CRT_UUID_DECL(IAccPropServices, 0x6e26e776, 0x04f0, 0x495d, 0x80, 0xe4, 0x33, 0x30, 0x35, 0x2e,
                 0x31, 0x69)
 
@@ -22,7 +22,8 @@ struct Spoken {
 
 using Record = std::map<HWND, Spoken>;
 
-/// Writes down what is set and what is taken back. There is one, made by itself.
+/// A fake of the system's service, which records the names and roles that are set and cleared. It
+/// is its own class factory.
 class FakeService final : public ComObject<IAccPropServices, IClassFactory> {
  public:
     Record record;
@@ -50,7 +51,7 @@ class FakeService final : public ComObject<IAccPropServices, IClassFactory> {
         return S_OK;
     }
 
-    // Of no use here, but asked for by the interface.
+    // Methods of the interface that Velvox does not use.
     using Ids = const MSAAPROPID*;
     using Bytes = const BYTE*;
 #define VELVOX_UNUSED(name, ...)              \
@@ -78,7 +79,7 @@ class FakeService final : public ComObject<IAccPropServices, IClassFactory> {
     }
 };
 
-/// In place of the system's service, for this thread.
+/// Replaces the system's service by the fake for this thread.
 class AccessibleNameTest : public testing::Test {
  protected:
     AccessibleNameTest() {
@@ -92,13 +93,13 @@ class AccessibleNameTest : public testing::Test {
         CoRevokeClassObject(cookie_);
     }
 
-    /// What a screen reader that asks a window is given; nothing is set before it asks.
+    /// The name and role that a screen reader gets from a window. They are set only when it asks.
     Spoken spokenBy(HWND window) {
         SendMessageW(window, WM_GETOBJECT, 0, OBJID_CLIENT);
         return record_.contains(window) ? record_[window] : Spoken{};
     }
 
-    /// What a screen reader says at the stops of the tab key below a window.
+    /// The names and roles of the tab stops below a window, as a screen reader gets them.
     std::map<std::string, LONG> stopsBelow(HWND parent) {
         std::map<std::string, LONG> roles;
         for (HWND window = GetWindow(parent, GW_CHILD); window;
@@ -106,7 +107,7 @@ class AccessibleNameTest : public testing::Test {
             roles.merge(stopsBelow(window));
             if ((GetWindowLongW(window, GWL_STYLE) & WS_TABSTOP) == 0) continue;
             const Spoken spoken = spokenBy(window);
-            // The system names a list after the label before it.
+            // The system gives a list the name of the label before it.
             const bool isList = GetDlgCtrlID(window) == static_cast<int>(controlId("ds"));
             const HWND namesake = isList ? GetWindow(window, GW_HWNDPREV) : window;
             roles[spoken.name.empty() ? windowText(namesake) : spoken.name] = spoken.role;
@@ -123,11 +124,11 @@ class AccessibleNameTest : public testing::Test {
 
 TEST_F(AccessibleNameTest, EveryStopOfTheTabKeyHasANameAndOurClassesARole) {
     Form1Window form(pump_, {});
-    form.form().ShowStatus("");  // the pane's control is made when first used
+    form.form().ShowStatus("");  // creates the pane's control
     EXPECT_TRUE(record_.empty()) << "the service's library is loaded before it is asked for";
     constexpr LONG button = ROLE_SYSTEM_PUSHBUTTON;
     const std::map<std::string, LONG> stops = {
-        {"", ROLE_SYSTEM_LINK},  // the example, filled as the form loads
+        {"", ROLE_SYSTEM_LINK},  // the example, which is filled when the form loads
         {"Close", button},
         {"Download", button},
         {"Quit", button},
@@ -152,7 +153,7 @@ TEST_F(AccessibleNameTest, TheResultPaneKeepsItsNameWithANewControl) {
     EXPECT_FALSE(record_.contains(first));
 }
 
-// Wine has the service's class at most; a thread without COM has nothing.
+// Wine has at most the service's class, and a thread without COM does not even have that.
 TEST(AccessibleNameMissingTest, IsNoFailure) {
     const HWND window =
         CreateWindowW(L"STATIC", L"", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);

@@ -10,7 +10,7 @@
 namespace velvox {
 namespace {
 
-// What another program would drop, by way of the clipboard's data object.
+// Data that another program would drop, made with the clipboard's data object.
 class Dragged {
  public:
     void put(UINT format, const void* bytes, std::size_t size) const {

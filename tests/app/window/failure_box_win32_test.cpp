@@ -1,4 +1,4 @@
-// A failure is reported even where no memory is left.
+// A failure is reported even if no memory is left.
 #include "app/window/failure_box_win32.h"
 
 #include <windows.h>
@@ -16,7 +16,7 @@ namespace {
 bool memoryIsLeft = true;
 }  // namespace
 
-// Not inlined: the compiler would take the two for a mismatched pair.
+// Not inlined, because the compiler would report operator new and free() as a mismatched pair.
 __attribute__((noinline)) void* operator new(std::size_t size) {
     void* const memory = memoryIsLeft ? std::malloc(size > 0 ? size : 1) : nullptr;
     if (!memory) throw std::bad_alloc();
@@ -34,7 +34,7 @@ namespace {
 
 wchar_t boxText[2000];
 
-// The box's own loop lets timers tick.
+// Closes the message box. Timers tick in the box's own message loop.
 __attribute__((force_align_arg_pointer)) void CALLBACK closeBox(HWND, UINT, UINT_PTR id, DWORD) {
     const HWND box = FindWindowW(L"#32770", programTitle);
     if (!box) return;

@@ -74,7 +74,7 @@ TEST(InputFilterTest, ARunLetsThroughWhatClosesMovesOrMinimises) {
     }
 }
 
-// After the run, each event that belongs to a press during it is dropped, and nothing else.
+// After a run, the events that belong to a press during the run are dropped, and no others.
 TEST(InputFilterTest, WhatBelongsToADroppedPressIsDroppedAfterTheRun) {
     InputFilter filter{InputFilter::DoubleClick{}};
     filter.setRunning(true);
@@ -91,7 +91,7 @@ TEST(InputFilterTest, WhatBelongsToADroppedPressIsDroppedAfterTheRun) {
     EXPECT_FALSE(filter.accepts(repeated(enter)));
     EXPECT_FALSE(filter.accepts(input(Kind::KeyUp, enter)));
     EXPECT_TRUE(filter.accepts(repeated(enter)));
-    // A release that was never seen, as when another window got it.
+    // The release of a dropped press never arrives, as when another window got it.
     filter.setRunning(true);
     EXPECT_FALSE(filter.accepts(input(Kind::KeyDown, enter)));
     filter.setRunning(false);
@@ -120,7 +120,7 @@ TEST(InputFilterTest, ADoubleClickEndsOnNoOtherControl) {
         filter.controlsChanged();
         EXPECT_EQ(filter.accepts(row.second), row.passes);
         EXPECT_EQ(filter.accepts(input(Kind::Release, row.second.code)), row.passes);
-        // The user goes on clicking: that is meant for what is there now.
+        // A further click of the user is meant for the control that is visible now.
         InputEvent third = row.second;
         third.timeMs += 400;
         EXPECT_TRUE(filter.accepts(third));

@@ -1,4 +1,4 @@
-// What the user does while a run of Download is under way, in a real main window.
+// User input during a run of Download, in a real main window.
 #include <gtest/gtest.h>
 
 #include "app/form1/form1_design.h"
@@ -13,7 +13,7 @@ namespace {
 
 constexpr UINT pointerAsked = WM_APP;
 
-/// Reports the pointer of its own thread to another one.
+/// Reports the cursor of its thread to another thread.
 class PointerProbe : public TestForm {
  public:
     PointerProbe() : TestForm({0, 0, 1, 1}) {}
@@ -25,7 +25,7 @@ class PointerProbe : public TestForm {
     }
 };
 
-/// Counts the keys, clicks and moves that reach a window and those below it.
+/// Counts the keys, clicks and moves that reach a window and its child windows.
 class InputCounter {
  public:
     explicit InputCounter(HWND window) : window_(window) {
@@ -81,7 +81,7 @@ class InputGateTest : public ::testing::Test {
     HWND edit() const { return GetWindow(control(controlId("linkin")), GW_CHILD); }
     HWND paneText() const { return GetWindow(control(controlId("output")), GW_CHILD); }
 
-    /// A run whose page is replied to after `act`, which another thread performs.
+    /// Runs Download. The server replies after `act`, which another thread performs.
     void run(Act act) {
         act_ = std::move(act);
         window.form().linkin.Text(server.address("/youtube.com/watch?v=a"));
@@ -116,10 +116,10 @@ class InputGateTest : public ::testing::Test {
     Act act_;
 };
 
-// Enter and Space on everything, a second press of Download, Escape, clicks on the greyed Close
-// and into the pane.
+// Sends Enter and Space to all controls, a second press of Download, Escape, and clicks on the
+// disabled Close and into the pane.
 TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
-    window.form().ShowStatus("");  // the pane's control is made when first used
+    window.form().ShowStatus("");  // creates the pane's control
     InputCounter counter(window.handle());
     const std::vector<HWND> targets = {edit(),
                                        paneText(),
@@ -141,7 +141,7 @@ TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
     EXPECT_EQ(requests, 1);
     EXPECT_TRUE(window.form().outer.Visible());
     EXPECT_TRUE(window.form().isButton1.Enabled());
-    // Afterwards as ever.
+    // After the run, input reaches the controls again.
     key(paneText(), VK_DOWN);
     pump.yield();
     EXPECT_GT(counter.take(), 0);
@@ -150,7 +150,7 @@ TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
     EXPECT_FALSE(window.form().outer.Visible());
 }
 
-// Of the two clicks that Space makes of itself after one with the left button.
+// After a click with the left button, Space makes two clicks. Only one of them starts a run.
 TEST_F(InputGateTest, SpaceOnDownloadStartsOneRun) {
     window.form().linkin.Text(server.address("/youtube.com/watch?v=a"));
     window.form().UniXPButton1.mouseUp(MouseButton::Left);
@@ -202,7 +202,7 @@ TEST_F(InputGateTest, ASecondPasteReplacesTheFirst) {
     EXPECT_EQ(window.form().linkin.Text(), "http://a/");
 }
 
-// Wine gives it the keys, and its menu would be invisible.
+// In Wine a minimised window gets keys, but its menu would be invisible.
 TEST_F(InputGateTest, AMinimisedWindowOpensNoMenu) {
     static bool opened;
     opened = false;

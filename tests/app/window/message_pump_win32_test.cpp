@@ -14,7 +14,7 @@ namespace {
 constexpr UINT typed = WM_APP;
 constexpr UINT failing = WM_APP + 1;
 
-// A tick yields once; the loop of a message box runs inside one.
+// Timer 1 yields once in its tick. Timer 2 runs a message loop in its tick, as a message box does.
 class TickingWindow : public TestForm {
  public:
     explicit TickingWindow(MessagePump& pump) : TestForm({0, 0, 100, 100}), pump_(pump) {}
@@ -38,7 +38,7 @@ class TickingWindow : public TestForm {
     MessagePump& pump_;
 };
 
-// A tick out of another loop takes nothing away from that loop.
+// A tick in another message loop must not take messages from that loop.
 TEST(MessagePumpTest, OnlyATickOfItsOwnYields) {
     MessagePump pump;
     TickingWindow window(pump);
@@ -62,7 +62,7 @@ TEST(MessagePumpTest, OnlyATickOfItsOwnYields) {
     EXPECT_EQ(taken(), "tick end typed ");
 }
 
-// As one out of a window's handler is, and the loops work on.
+// An exception from the hook is reported like one from a window's handler, and the loops continue.
 TEST(MessagePumpTest, AnExceptionOutOfAHookIsReported) {
     std::string reported;
     setFailureReporter([&](std::string_view text) { reported += text; });
@@ -82,12 +82,12 @@ TEST(MessagePumpTest, AnExceptionOutOfAHookIsReported) {
     EXPECT_EQ(window.log, "tick typed end ");
 }
 
-// It has a system menu, and can stay invalid whatever is painted.
+// A window with a system menu. It can stay invalid however often it is painted.
 class HostileWindow : public TestForm {
  public:
     HostileWindow() : TestForm({0, 0, 100, 100}) {
         SetWindowLongW(handle(), GWL_STYLE, WS_POPUP | WS_VISIBLE | WS_SYSMENU);
-        GetSystemMenu(handle(), FALSE);  // makes it
+        GetSystemMenu(handle(), FALSE);  // creates the menu
         SetForegroundWindow(handle());
     }
     bool staysInvalid = false;
@@ -99,7 +99,7 @@ class HostileWindow : public TestForm {
     }
 };
 
-// Each would hold it up for ever.
+// Each of these loops would block the run for ever.
 TEST(MessagePumpTest, ARunComesBackFromAnyLoopOfTheSystem) {
     MessagePump pump;
     HostileWindow window;
