@@ -197,7 +197,7 @@ class isButton : public Control {
     std::function<void()> MouseEnter;
     std::function<void()> MouseLeave;
 
-    /// Notifies the container that the property of this name has been set.
+    /// Notifies the container that `property` has been set.
     std::function<void(std::string_view property)> PropertyChanged;
 
     // Input from the button's window.

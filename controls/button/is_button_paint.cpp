@@ -14,7 +14,7 @@ constexpr int liftedShift = -2;
 constexpr int shadowStyle = 4;
 constexpr int themedStyle = 6;
 
-// The greys of a disabled icon are blended into the face: disabledParts of disabledOf.
+// Weight of a disabled icon's greys over the face: disabledParts of disabledOf.
 constexpr int disabledParts = 2;
 constexpr int disabledOf = 5;
 

@@ -14,7 +14,7 @@ constexpr int one = 256;
 
 namespace pill {
 constexpr int borderShift = -112, disabledBorderShift = -50;
-constexpr int edgeShade = -34;      // of the fill just inside the border
+constexpr int edgeShade = -34;      // shift of the fill just inside the border
 constexpr int edgeReach = 4 * one;  // distance over which edgeShade fades out
 constexpr int bottomGlow = 44, topShade = -24, pressedShade = -40;
 constexpr int capTopWhite = 225, capBottomWhite = 60;

@@ -113,7 +113,7 @@ constexpr int grain[] = {7, -3, 4, -7, 1, -4};  // colour shifts of successive r
 constexpr int outer = -140, disabledOuter = -52;
 constexpr int bevelLight = 60, bevelDark = -52, bevelSoft = 26, bevelSoftDark = -26;
 constexpr int pressedFace = -26, hotFace = 12;
-constexpr int sheenParts = 90;  // of white, at the brightest column
+constexpr int sheenParts = 90;  // amount of white at the brightest column
 constexpr int hotParts = 120, focusParts = 150;
 }  // namespace brushed
 

@@ -27,9 +27,9 @@ const std::string address =
 struct Attack {
     const char* name;
     void (Form1::*catcher)();
-    const char* shown;  ///< part of the text at the end
+    const char* shown;  ///< part of the text in the pane at the end
     std::string piece;
-    std::vector<std::string> replies;  ///< a "*" in front is replaced by many pieces
+    std::vector<std::string> replies;  ///< a "*" in front is replaced by many copies of `piece`
 };
 
 const Attack attacks[] = {

@@ -12,7 +12,7 @@
 namespace velvox::e2e {
 namespace {
 
-constexpr int startTimeField = 22;  // of /proc/PID/stat, in ticks since the machine's start
+constexpr int startTimeField = 22;  // field of /proc/PID/stat, in clock ticks since boot
 
 std::filesystem::path temporaryFolder() {
     std::string folder = std::filesystem::temp_directory_path() / "velvox-browser-XXXXXX";

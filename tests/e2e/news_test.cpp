@@ -32,7 +32,7 @@ TEST(NewsTest, ShowsTheSitesNewsAndLaterOthers) {
         const std::lock_guard lock(mutex);
         news = "| changed |";
     }
-    // A run does not disturb the strip, nor the strip a run.
+    // A run and the news strip do not disturb each other.
     own.expectGoodRun();
     expectStrip(own, "| first news |");
     expectStrip(own, "| changed |");

@@ -139,7 +139,7 @@ class Preview {
     }
 
     NavigationTracker tracker_;
-    std::deque<std::optional<Transfer>> queue_;  ///< without a value: a change
+    std::deque<std::optional<Transfer>> queue_;  ///< no value: a notification of a change
     std::vector<Transfer> transfers_;
     std::optional<Transfer> last_;
     int navigations_ = 0;

@@ -78,7 +78,7 @@ TEST_F(DragTest, WhatComesInsideTheYieldMovesOnceAndMayRelease) {
     moveTo({510, 410});
     EXPECT_EQ(fixture.log.take(), "capture\nyield\nmove 200,150\n");
     fixture.desktop.onYield = [this] { release(); };
-    moveTo({510, 410});  // the release has also freed the guard
+    moveTo({510, 410});  // the guard against nested moves is free again
     moveTo({520, 420});
     EXPECT_EQ(fixture.log.take(), "yield\nrelease\nmove 110,-40\n");
 }

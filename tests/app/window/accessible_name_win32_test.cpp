@@ -153,7 +153,8 @@ TEST_F(AccessibleNameTest, TheResultPaneKeepsItsNameWithANewControl) {
     EXPECT_FALSE(record_.contains(first));
 }
 
-// Wine has at most the service's class, and a thread without COM does not even have that.
+// A missing service is no failure. Wine has at most the service's class, and a thread without COM
+// does not have that either.
 TEST(AccessibleNameMissingTest, IsNoFailure) {
     const HWND window =
         CreateWindowW(L"STATIC", L"", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);

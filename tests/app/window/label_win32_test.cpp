@@ -41,7 +41,7 @@ TEST(LabelWindowTest, AStripShowsItsTextAtOnceAndReturnsItToOthers) {
     const TestForm form({0, 0, 300, 200});
     const Skin skin;
     Label model("Label4");
-    model.ForeColor(0xFFFFFF);  // on the form's black
+    model.ForeColor(0xFFFFFF);  // white text on the black form
     model.Move({0, 0, 1500, 300});
     const LabelWindow label(model, form.handle(), 1, ControlKind::Strip, skin);
     UpdateWindow(label.handle());

@@ -17,7 +17,7 @@ constexpr Milliseconds pageTime{3000};  // timeout of paths::velvoxShortTimeout(
 // A page is certainly awaited only for this time, because the program starts its timeout before the
 // server gets the request.
 constexpr Milliseconds certainTime{1500};
-constexpr BrowserLog::Time browserTime{30'000};  // from a browser's start to its first line
+constexpr BrowserLog::Time browserTime{30'000};  // from a browser's start to its log line
 constexpr BrowserLog::Time clockTick{20};
 
 // Whether an address matches several sites. A single run then goes through all of them.
@@ -117,7 +117,7 @@ void Storm::observe() {
     dialogSeen_ |= !scene_.box.empty() && !scene_.refuses();
     if (!scene_.menu || menuBefore) return;
     menuLinks_ = scene_.links;
-    menuLinks_.insert(std::string(homePage));  // an entry of the system menu
+    menuLinks_.insert(std::string(homePage));  // the system menu can open the home page
 }
 
 // A sent message overtakes input. The window has handled all input when its state does not change
