@@ -220,7 +220,7 @@ void ScrollControl::enabledChanged() {
 }
 
 bool ScrollControl::wheel(int delta) {
-    if (!Enabled() || !EnableWheel()) return false;
+    if (!takesWheel()) return false;
     if (held_ != ScrollPart::None) return true;
     if ((delta < 0) != (wheelRest_ < 0)) wheelRest_ = 0;
     wheelRest_ += delta;
@@ -228,8 +228,8 @@ bool ScrollControl::wheel(int delta) {
         const std::int16_t direction = wheelRest_ > 0 ? 1 : -1;
         wheelRest_ -= direction * wheelNotch;
         launch(MouseWheel, direction);
-        if (!Enabled()) return true;
-        moveTo(direction > 0 ? Value() - WheelChange() : Value() + WheelChange());
+        if (takesWheel()) moveTo(Value() - direction * WheelChange());
+        if (!takesWheel()) wheelRest_ = 0;  // a handler has disabled the bar or its wheel
     }
     return true;
 }

@@ -131,6 +131,7 @@ class ScrollControl : public tsPrivateScroll {
         if (launchesKeyMouseEvents_ && handler) handler(std::forward<Arguments>(arguments)...);
     }
 
+    bool takesWheel() const { return Enabled() && EnableWheel(); }
     bool contains(BarPoint at) const;
     ScrollPart partAt(BarPoint at) const;
     ScrollPart partUnderPointer() const;

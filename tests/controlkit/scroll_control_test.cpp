@@ -226,6 +226,20 @@ TEST_F(ScrollControlTest, WheelTurnsAddUpToNotches) {
     EXPECT_EQ(play("wheel 240"), "MouseWheel 1;Scroll 0;MouseWheel 1;");
     bar.EnableWheel(false);
     EXPECT_EQ(play("wheel -120"), "");
+    // A handler that disables the bar or its wheel ends the whole turn.
+    for (const bool wheelAlone : {true, false}) {
+        bar.Enabled(true), bar.EnableWheel(true), bar.Value(50);
+        EXPECT_EQ(play("wheel 119"), "");
+        bar.MouseWheel = [&](auto) {
+            log += "disabled;";
+            wheelAlone ? bar.EnableWheel(false) : bar.Enabled(false);
+        };
+        EXPECT_EQ(play("wheel 241"), "disabled;");
+        bar.MouseWheel = noting("MouseWheel");
+    }
+    bar.Enabled(true);
+    bar.Scroll = [this] { bar.Enabled(false); };
+    EXPECT_EQ(play("wheel 240"), "MouseWheel 1;");
 }
 
 TEST_F(ScrollControlTest, KeysMoveAfterTheirEvent) {
@@ -261,7 +275,10 @@ TEST_F(ScrollControlTest, KeepsItsInvariantsUnderRandomEventsAndHandlers) {
         act();
     };
     bar.Change = interfere;
-    bar.MouseWheel = interfere;
+    bar.MouseWheel = [&](auto) {
+        EXPECT_TRUE(bar.Enabled() && bar.EnableWheel());
+        interfere();
+    };
     bar.Scroll = interfere;
     bar.KeyDown = interfere;
     bar.MouseDown = bar.MouseUp = bar.MouseMove = interfere;
