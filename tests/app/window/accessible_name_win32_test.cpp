@@ -146,10 +146,12 @@ TEST_F(AccessibleNameTest, TheResultPaneKeepsItsNameWithANewControl) {
     pane.accessibleName(L"Status");
     const HWND first = pane.textWindow();
     EXPECT_EQ(spokenBy(first).name, "Status");
+    pane.accessibleName(L"Links");
+    EXPECT_EQ(spokenBy(first).name, "Links");
     pane.DocumentHTML("two<br>lines");
     pane.DocumentHTML("");
     ASSERT_NE(pane.textWindow(), first);
-    EXPECT_EQ(spokenBy(pane.textWindow()).name, "Status");
+    EXPECT_EQ(spokenBy(pane.textWindow()).name, "Links");
     EXPECT_FALSE(record_.contains(first));
 }
 
