@@ -1,0 +1,35 @@
+# Writes the examples of a document as the bodies of tests, each named after its heading: those of
+# headers with the suffix `_win32`, or the others.
+#   cmake -DDOCUMENT=... -DWIN32_LAYER=ON|OFF -DOUTPUT=... -P GenerateExamples.cmake
+cmake_minimum_required(VERSION 3.25)
+
+# Semicolons and brackets would make lists.
+file(READ ${DOCUMENT} document)
+string(REPLACE ";" "<semicolon>" document "${document}")
+string(REPLACE "[" "<open>" document "${document}")
+string(REPLACE "]" "<close>" document "${document}")
+string(REPLACE "\n## " ";" sections "${document}")
+
+set(tests "")
+foreach(section IN LISTS sections)
+    if(NOT section MATCHES "^([A-Za-z]+)[^\n]*\n\n`([a-z_0-9]+)\\.h`.*```cpp\n([^`]+)```")
+        continue()
+    endif()
+    set(name ${CMAKE_MATCH_1})
+    set(code "${CMAKE_MATCH_3}")
+    if(CMAKE_MATCH_2 MATCHES "_win32$")
+        set(needs_windows ON)
+    else()
+        set(needs_windows OFF)
+    endif()
+    if(needs_windows STREQUAL WIN32_LAYER)
+        string(APPEND tests "TEST_F(ControlLibraryExamples, ${name}) {\n${code}}\n\n")
+    endif()
+endforeach()
+if(NOT tests)
+    message(FATAL_ERROR "${DOCUMENT} has no examples")
+endif()
+string(REPLACE "<semicolon>" ";" tests "${tests}")
+string(REPLACE "<open>" "[" tests "${tests}")
+string(REPLACE "<close>" "]" tests "${tests}")
+file(WRITE ${OUTPUT} "${tests}")
