@@ -19,38 +19,17 @@ Fault faultOf(const std::function<void()>& action) {
     return Fault::Platform;
 }
 
-TEST(TextTest, FindsFromAPlaceInTheSameOrInAnyCase) {
-    const std::tuple<std::string_view, std::string_view, int, int, int> rows[] = {
-        {"", "", 1, 0, 0},           {"abc", "", 3, 3, 3},
-        {"abcabc", "abc", 2, 4, 4},  {"abc", "", 4, 0, 0},
-        {"abc", "c", 3, 3, 3},       {"abc", "c", 99, 0, 0},
-        {"Abc", "a", 1, 0, 1},       {"url=url=\"", "URL=\"", 1, 0, 5},
-        {"url=", "url=\"", 1, 0, 0}, {"u", "url=\"", 1, 0, 0},
-        {"=@", "=`", 1, 0, 0},       {"Url=\"uRl=\"", "url=\"", 2, 0, 6}};
-    for (const auto& [text, mark, start, exact, anyCase] : rows) {
-        SCOPED_TRACE(testing::Message() << text << " / " << mark << " / " << start);
-        EXPECT_EQ(text::find(text, mark, start), exact);
-        EXPECT_EQ(text::findIgnoringCase(text, mark, start), anyCase);
+// What the fuzz target `text` does not reach: it compares with the standard library.
+TEST(TextTest, FindsNothingBeyondTheEndAndAnEmptyTextAtTheStart) {
+    const std::tuple<std::string_view, std::string_view, int, int> rows[] = {
+        {"", "", 1, 0}, {"abc", "", 3, 3}, {"abc", "", 4, 0}, {"abc", "c", 99, 0}};
+    for (const auto& [text, mark, start, place] : rows) {
+        EXPECT_EQ(text::find(text, mark, start), place) << text << start;
+        EXPECT_EQ(text::findIgnoringCase(text, mark, start), place) << text << start;
     }
+    EXPECT_EQ(text::findIgnoringCase("=@", "=`"), 0) << "letters alone have two cases";
     EXPECT_EQ(faultOf([] { text::find("abc", "a", 0); }), Fault::InvalidCall);
     EXPECT_EQ(faultOf([] { text::findIgnoringCase("abc", "a", 0); }), Fault::InvalidCall);
-}
-
-// text::find changes to another search algorithm after 512 bytes.
-TEST(TextTest, FindsAsTheStandardLibraryDoesAtAnyDistance) {
-    const std::string needle = "abab";
-    for (std::size_t at = 500; at < 530; ++at) {
-        std::string text(at, 'a');
-        text += needle + std::string(100, 'b');
-        for (const std::size_t from : {std::size_t{0}, std::size_t{7}, at - 1}) {
-            const auto place = static_cast<text::Position>(text.find(needle, from) + 1);
-            const auto start = static_cast<text::Position>(from + 1);
-            ASSERT_EQ(text::find(text, needle, start), place) << at << ' ' << from;
-            ASSERT_EQ(text::findIgnoringCase(text, "aBAb", start), place) << at << ' ' << from;
-        }
-        ASSERT_EQ(text::splitUpperBound(text + text, needle), 2) << at;
-        ASSERT_EQ(text::replaceAll(text, needle, ""), std::string(at, 'a') + std::string(100, 'b'));
-    }
 }
 
 TEST(TextTest, SlicesAreClippedAndRefuseBadBounds) {

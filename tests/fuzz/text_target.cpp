@@ -53,7 +53,10 @@ void text(std::string_view input) {
     require(replaced.size() + count * mark.size() == whole.size() + count * with.size(),
             "replaceAll replaces another number of marks");
     require(ours::replaceAll(whole, mark, mark) == whole, "replaceAll changes the text between");
-    require(mark.empty() || (count > 0) == (whole.find(mark) != whole.npos), "splitUpperBound");
+    std::size_t expected = 0;
+    for (std::size_t at = 0; !mark.empty() && (at = whole.find(mark, at)) != whole.npos; ++expected)
+        at += mark.size();
+    require(count == expected, "splitUpperBound");
 
     const auto start = static_cast<Position>(with.size()) - 2;
     const auto length = static_cast<Position>(mark.size()) - 2;

@@ -9,16 +9,7 @@ namespace {
 
 const std::string open = "open get http://www.velvox.example/news.txt?rnd=11/21/2008 9:05:00 AM\n";
 
-const std::string unknown = "Label4=Unknown Error ! While Loading News...\n";
-
-std::string polled(const std::string& effects) {
-    return "Timer4 False\nTimer7 False\n" + effects + "Timer4 False\nTimer7 True\n";
-}
-
-std::string markedNews(const std::string& text) {
-    return "<!-News!->" + text + "<!-NewsEnd!->";
-}
-
+// Whatever ticks and replies come in which order is checked by the fuzz target `ticker`.
 class NewsTickerTest : public ::testing::Test {
  protected:
     NewsTickerTest() { form.Form_Load(); }
@@ -46,51 +37,7 @@ TEST_F(NewsTickerTest, RequestGoesOnAfterEachFailureWithOneObject) {
         news.failing = {failing};
         EXPECT_EQ(tick(form.Timer6), "Timer6 False\n" + effects + "Timer7 True\nTimer4 True\n");
     }
-}
-
-TEST_F(NewsTickerTest, PollTakesTheNewsBetweenTheMarkers) {
-    const std::string old = form.NewsText;
-    const std::string blanks(145, ' ');
-    const std::string any("\0\r\n\xFF'<b>", 8);
-    const struct {
-        std::string reply, newsText, newsPos, effects;
-    } rows[] = {
-        {"x" + markedNews(any) + markedNews("b"), blanks + any, "1", ""},
-        {markedNews(""), blanks, "1", ""},
-        {"news", old, "7", unknown},
-        {"<!-News!->open end", old, "7", unknown},
-        {"<!-NEWS!->x<!-NEWSEND!->", old, "7", unknown},
-        {"<!-NewsEnd!->" + markedNews("x"), old, "7", ""},
-    };
-    for (const auto& row : rows) {
-        form.NewsText = old;
-        form.NewsPos = "7";
-        form.Label4.Caption("");
-        news.state = 4;
-        news.text = row.reply;
-        tick(form.Timer6);
-        EXPECT_EQ(tick(form.Timer4), polled(row.effects)) << row.reply;
-        EXPECT_EQ(form.NewsText, row.newsText) << row.reply;
-        EXPECT_EQ(form.NewsPos, row.newsPos) << row.reply;
-        form.NewsPos = "42";
-        tick(form.Timer4);
-        EXPECT_EQ(form.NewsPos, "42") << "the same news start again";
-    }
-}
-
-TEST_F(NewsTickerTest, PollWaitsAndSurvivesFailures) {
-    tick(form.Timer6);
-    for (news.state = 0; news.state < 4; ++news.state)
-        EXPECT_EQ(tick(form.Timer4), "Timer4 False\nTimer4 True\n") << news.state;
-    news.failing = {"readyState"};
-    EXPECT_EQ(tick(form.Timer4), "Timer4 False\nreadyState fails\nTimer4 True\n");
-    news.failing = {"responseText"};
-    EXPECT_EQ(tick(form.Timer4), polled("responseText fails\n" + unknown));
-}
-
-TEST_F(NewsTickerTest, RefreshLetsTheNextRequestStartElevenSecondsAfterTheLast) {
-    EXPECT_EQ(tick(form.Timer7), "Timer7 False\nTimer6 True\nTimer4 False\n");
-    EXPECT_EQ(form.Timer7.Interval() + form.Timer6.Interval(), 11'000U);
+    EXPECT_EQ(form.Timer7.Interval() + form.Timer6.Interval(), 11'000U) << "until the next one";
 }
 
 // NewsPos is empty at the first tick, which shows nothing and sets NewsPos to 1.
