@@ -6,34 +6,33 @@
 
 namespace velvox {
 
-/// Paints without flicker: drawing goes into a memory DC, and the destructor copies the result to
-/// the target. The memory DC uses the target's coordinates.
+/// Drawing in memory that reaches its target in one copy, so that nothing flickers. The memory DC
+/// has the target's coordinates: what is drawn at (x, y) lands at (x, y). The memory is kept for
+/// the next drawing and starts with what that one left, so an area has to be drawn completely.
 class BufferedPaint {
  public:
-    /// `area` is the rectangle of the target to paint, in pixels.
-    BufferedPaint(HDC target, const RECT& area)
-        : target_(target),
-          area_(area),
-          dc_(CreateCompatibleDC(target)),
-          bitmap_(CreateCompatibleBitmap(target, area.right - area.left, area.bottom - area.top)),
-          selected_(dc_.get(), bitmap_.get()) {
-        SetWindowOrgEx(dc_.get(), area.left, area.top, nullptr);
-    }
+    /// `area` is the part of the target that is drawn, in pixels.
+    BufferedPaint(HDC target, const RECT& area);
     BufferedPaint(const BufferedPaint&) = delete;
     BufferedPaint& operator=(const BufferedPaint&) = delete;
-    ~BufferedPaint() {
-        BitBlt(target_, area_.left, area_.top, area_.right - area_.left, area_.bottom - area_.top,
-               dc_.get(), area_.left, area_.top, SRCCOPY);
-    }
+    ~BufferedPaint();
 
-    HDC dc() const noexcept { return dc_.get(); }
+    HDC dc() const noexcept { return surface_.dc.get(); }
 
  private:
+    struct Surface {
+        SIZE size{};
+        OwnedBitmap bitmap;
+        OwnedMemoryDc dc;  // after the bitmap, which it holds until it is deleted
+    };
+    // Fresh memory costs more than most drawings: the system has to map each of its pages.
+    static Surface& kept() noexcept;
+    static Surface takeSurface(SIZE size);
+
     HDC target_;
     RECT area_;
-    OwnedMemoryDc dc_;
-    OwnedBitmap bitmap_;
-    ScopedSelectObject selected_;
+    Surface surface_;
+    int savedState_;
 };
 
 }  // namespace velvox

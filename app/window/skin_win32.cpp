@@ -65,9 +65,10 @@ Skin::Picture Skin::load(int piece) {
         *std::min_element(std::begin(pictureResolutions), std::end(pictureResolutions),
                           [dpi](int a, int b) { return std::abs(a - dpi) < std::abs(b - dpi); });
     Picture picture;
+    // In the format of the screen, because it is drawn often.
     picture.bitmap.reset(static_cast<HBITMAP>(LoadImageW(GetModuleHandleW(nullptr),
                                                          MAKEINTRESOURCEW(piece + nearest),
-                                                         IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+                                                         IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
     if (!picture.bitmap) throwLastError("LoadImage");
     BITMAP facts{};
     GetObjectW(picture.bitmap.get(), sizeof facts, &facts);
@@ -86,6 +87,8 @@ Skin::Surfaces Skin::surfaces() const {
 }
 
 void Skin::draw(HDC dc, Piece piece, const RECT& area) const {
+    // Each label has its part of the form painted behind it.
+    if (!RectVisible(dc, &area)) return;
     const Surfaces colours = surfaces();
     switch (piece) {
         case Piece::Icon:
@@ -119,10 +122,12 @@ void Skin::drawTitle(HDC dc, Piece piece, const RECT& area) const {
     const ScopedSelectObject selected(memory.get(), picture.bitmap.get());
     // The bar's picture is one column that is repeated and needs no smoothing. The other pictures
     // need smoothing if they are scaled to another resolution.
-    SetStretchBltMode(dc, piece == Piece::Bar ? COLORONCOLOR : HALFTONE);
+    const SIZE size{area.right - area.left, area.bottom - area.top};
+    const bool scaled = size.cx != picture.size.cx || size.cy != picture.size.cy;
+    SetStretchBltMode(dc, piece != Piece::Bar && scaled ? HALFTONE : COLORONCOLOR);
     SetBrushOrgEx(dc, 0, 0, nullptr);
-    StretchBlt(dc, area.left, area.top, area.right - area.left, area.bottom - area.top,
-               memory.get(), 0, 0, picture.size.cx, picture.size.cy, SRCCOPY);
+    StretchBlt(dc, area.left, area.top, size.cx, size.cy, memory.get(), 0, 0, picture.size.cx,
+               picture.size.cy, SRCCOPY);
     if (!active_) drawInactiveOverlay(dc, area);
 }
 

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "base/system_win32.h"
 #include "base/window_win32.h"
 #include "controlkit/virtual_dc_win32.h"
 
@@ -21,7 +22,14 @@ class TestForm : public Window {
     ~TestForm() override { destroy(); }
 
  private:
-    std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
+    // Paints black behind its children.
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM) override {
+        if (message != WM_PRINTCLIENT) return std::nullopt;
+        RECT client{};
+        GetClientRect(handle(), &client);
+        fill(reinterpret_cast<HDC>(wParam), client, 0);
+        return 0;
+    }
 };
 
 /// Deadline in milliseconds for what happens at once on an idle machine.
