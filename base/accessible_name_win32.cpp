@@ -1,9 +1,7 @@
 #include "base/accessible_name_win32.h"
 
-#include <commctrl.h>
-
 #include <iterator>
-#include <memory>
+#include <map>
 #include <utility>
 
 #include "base/com_win32.h"
@@ -12,7 +10,6 @@ namespace velvox {
 namespace {
 
 constexpr auto client = static_cast<DWORD>(OBJID_CLIENT);
-constexpr UINT_PTR subclassId = 0x4163;
 
 struct Annotation {
     std::wstring name;
@@ -43,34 +40,31 @@ struct Annotation {
     }
 };
 
-LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                           DWORD_PTR annotation) noexcept {
-    auto* const own = reinterpret_cast<Annotation*>(annotation);
-    if (message == WM_GETOBJECT && !own->service) own->apply(window);
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, &procedure, id);
-        own->clear(window);
-        delete own;
-    }
-    return DefSubclassProc(window, message, wParam, lParam);
+// Never destroyed, because the program can end while windows exist.
+std::map<HWND, Annotation>& annotations() {
+    static auto& all = *new std::map<HWND, Annotation>;
+    return all;
 }
 
 }  // namespace
 
 void setAccessibleName(HWND window, std::wstring name, LONG role) {
-    DWORD_PTR known = 0;
-    GetWindowSubclass(window, &procedure, subclassId, &known);
-    auto* own = reinterpret_cast<Annotation*>(known);
-    if (!own) {
-        auto made = std::make_unique<Annotation>();
-        if (!SetWindowSubclass(window, &procedure, subclassId,
-                               reinterpret_cast<DWORD_PTR>(made.get())))
-            return;
-        own = made.release();
+    Annotation& own = annotations()[window];
+    if (!name.empty()) own.name = std::move(name);
+    if (role != ownRole) own.role = role;
+    if (own.service) own.apply(window);
+}
+
+void onAccessibilityMessage(HWND window, UINT message) noexcept {
+    if (message != WM_GETOBJECT && message != WM_NCDESTROY) return;
+    const auto found = annotations().find(window);
+    if (found == annotations().end()) return;
+    Annotation& own = found->second;
+    if (message == WM_GETOBJECT && !own.service) own.apply(window);
+    if (message == WM_NCDESTROY) {
+        own.clear(window);
+        annotations().erase(found);
     }
-    if (!name.empty()) own->name = std::move(name);
-    if (role != ownRole) own->role = role;
-    if (own->service) own->apply(window);
 }
 
 }  // namespace velvox

@@ -11,10 +11,13 @@ namespace velvox {
 
 constexpr LONG ownRole = 0;  ///< the role that belongs to the window's class
 
-/// Sets the name and role that screen readers use for `window` until it is destroyed. An empty
-/// `name` keeps the name set before, or else the window's text. `role` is a ROLE_SYSTEM_... number
-/// or `ownRole`. Without IAccPropServices, or on a thread without COM, screen readers use the
-/// window's text and class.
+/// Sets the name and role that screen readers use for the window of a Window object until it is
+/// destroyed. An empty `name` keeps the name set before, or else the window's text. `role` is a
+/// ROLE_SYSTEM_... number or `ownRole`. Without IAccPropServices, or on a thread without COM,
+/// screen readers use the window's text and class.
 void setAccessibleName(HWND window, std::wstring name, LONG role = ownRole);
+
+/// Called for each message of the window of a Window object, before the object handles it.
+void onAccessibilityMessage(HWND window, UINT message) noexcept;
 
 }  // namespace velvox

@@ -4,8 +4,6 @@
 
 #include <windows.h>
 
-#include <commctrl.h>
-
 #include <functional>
 #include <optional>
 #include <string>
@@ -55,6 +53,13 @@ class Window {
     /// Handles a message, or returns nullopt to leave it to DefWindowProc.
     virtual std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 
+    /// Makes this object receive the messages of `window`.
+    void attach(HWND window) noexcept;
+    /// Passes a message to `onMessage` of the window's object and to `fallback` if that does not
+    /// handle it.
+    static LRESULT dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                            WNDPROC fallback) noexcept;
+
  private:
     static void registerClass(const WindowRequest& request);
     static LRESULT CALLBACK thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
@@ -63,26 +68,16 @@ class Window {
 };
 
 /// A window of one of the system's classes; its messages reach `onMessage` first.
-class SystemControl {
- public:
-    SystemControl() = default;
-    SystemControl(const SystemControl&) = delete;
-    SystemControl& operator=(const SystemControl&) = delete;
-    virtual ~SystemControl();
-
-    HWND handle() const noexcept { return handle_; }
-
+class SystemControl : public Window {
  protected:
+    /// Creates the window. Throws RuntimeFailure (Platform).
     void create(const WindowRequest& request);
 
-    /// Handles a message, or returns nullopt to leave it to the class's own procedure.
-    virtual std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
+    /// The window class's own handling of a message. Does nothing after the window is destroyed.
+    static LRESULT CALLBACK classProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
  private:
-    static LRESULT CALLBACK thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                  UINT_PTR id, DWORD_PTR self) noexcept;
-
-    HWND handle_ = nullptr;
+    static LRESULT CALLBACK thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 };
 
 }  // namespace velvox

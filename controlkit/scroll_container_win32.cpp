@@ -1,5 +1,7 @@
 #include "controlkit/scroll_container_win32.h"
 
+#include <commctrl.h>
+
 #include <utility>
 
 #include "base/system_win32.h"

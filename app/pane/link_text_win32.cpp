@@ -82,7 +82,7 @@ std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM l
     const HWND control = handle();
     std::optional<LRESULT> result = onEvent(message, wParam, lParam);
     if (message == WM_NCDESTROY) return result;
-    if (!result) result = DefSubclassProc(control, message, wParam, lParam);
+    if (!result) result = classProcedure(control, message, wParam, lParam);
     destroyCaret(control);
     return result;
 }
@@ -171,7 +171,7 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
             const TextLink* link = linkUnder(point);
             if (link != tipped_) hideTip();
             trackHover();
-            const LRESULT answer = DefSubclassProc(handle(), message, wParam, lParam);
+            const LRESULT answer = classProcedure(handle(), message, wParam, lParam);
             // The control has just set its own mouse pointer, as it does on every move.
             if (link && !(wParam & MK_LBUTTON))
                 SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
@@ -197,7 +197,7 @@ LRESULT LinkText::press(UINT message, WPARAM wParam, LPARAM lParam) {
     pressed_ = nullptr;
     if (message == WM_LBUTTONDOWN && !extending && beganAfterPaint()) pressed_ = linkUnder(point);
     const HWND control = handle();
-    const LRESULT answer = DefSubclassProc(control, message, wParam, lParam);
+    const LRESULT answer = classProcedure(control, message, wParam, lParam);
     const auto [begin, end] = selection();
     if (extending || begin == end) return answer;
     pressed_ = nullptr;
@@ -216,7 +216,7 @@ LRESULT LinkText::press(UINT message, WPARAM wParam, LPARAM lParam) {
 // A release is a click if it is on the pressed link and nothing has been selected meanwhile.
 void LinkText::release(WPARAM wParam, LPARAM lParam) {
     const TextLink* pressed = std::exchange(pressed_, nullptr);
-    DefSubclassProc(handle(), WM_LBUTTONUP, wParam, lParam);
+    classProcedure(handle(), WM_LBUTTONUP, wParam, lParam);
     const auto [begin, end] = selection();
     if (pressed && begin == end &&
         linkUnder({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}) == pressed)

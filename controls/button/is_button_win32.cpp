@@ -12,7 +12,6 @@ namespace velvox {
 namespace {
 
 constexpr const wchar_t* className = L"isButton";
-constexpr UINT_PTR hoverSubclass = 2;
 constexpr int classicStyle = 0;
 
 static_assert(WM_MOUSEMOVE == 512 && WM_MOUSELEAVE == 675);
@@ -76,7 +75,6 @@ isButtonWindow::~isButtonWindow() {
     }
     // Messages that arrive during the rest of the destruction are ignored.
     modelAlive_.reset();
-    removeSubclass();
     onDestroy();
     destroy();
 }
@@ -112,34 +110,22 @@ void isButtonWindow::controlChanged(ControlChange change) {
 
 // Tracks the pointer only at run time, because a form that is being designed shows no hover.
 void isButtonWindow::detectTracking() {
-    if (!model_.userMode()) return removeSubclass();
-    if (subclassed_) return;
+    if (!model_.userMode()) tracksPointer_ = false;
+    if (!model_.userMode() || tracksPointer_) return;
     tracker_ = LeaveTracker(services_.procedures);
     model_.tracking(tracker_.available());
-    if (tracker_.available() == Tracking::None) return;
-    subclassed_ = SetWindowSubclass(handle(), &isButtonWindow::hoverThunk, hoverSubclass,
-                                    reinterpret_cast<DWORD_PTR>(this)) != FALSE;
+    tracksPointer_ = tracker_.available() != Tracking::None;
 }
 
-void isButtonWindow::removeSubclass() noexcept {
-    if (subclassed_ && handle())
-        RemoveWindowSubclass(handle(), &isButtonWindow::hoverThunk, hoverSubclass);
-    subclassed_ = false;
-}
-
-// Runs before the window's own procedure. The model's handlers may destroy `self`.
-LRESULT CALLBACK isButtonWindow::hoverThunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                            UINT_PTR, DWORD_PTR self) noexcept {
-    auto* button = reinterpret_cast<isButtonWindow*>(self);
+// Returns false if the model's handlers have destroyed the window or the model.
+bool isButtonWindow::track(UINT message, LPARAM lParam) {
+    const std::weak_ptr<const void> alive = alive_;
     try {
-        if (message == WM_NCDESTROY)
-            button->removeSubclass();
-        else if (!button->modelAlive_.expired())
-            button->beforeDefault(message, lParam);
+        beforeDefault(message, lParam);
     } catch (...) {
         reportCurrentFailure();
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return !alive.expired() && !modelAlive_.expired();
 }
 
 void isButtonWindow::beforeDefault(UINT message, LPARAM lParam) {
@@ -175,7 +161,7 @@ bool isButtonWindow::pointerIsOver() const {
 }
 
 void isButtonWindow::endHover() {
-    if (subclassed_ && model_.mouseInside()) model_.pointerLeft();
+    if (tracksPointer_ && model_.mouseInside()) model_.pointerLeft();
 }
 
 // --- mouse and keyboard ---------------------------------------------------------------------
@@ -291,10 +277,12 @@ void isButtonWindow::onDestroy() {
     pressing_ = false;
     pressWatch_.stop();
     toolTip_.destroy();
+    face_.reset();
 }
 
 std::optional<LRESULT> isButtonWindow::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (modelAlive_.expired()) return std::nullopt;
+    if (tracksPointer_ && !track(message, lParam)) return std::nullopt;
     switch (message) {
         case WM_ERASEBKGND: return 1;
         case WM_PAINT: paintOnScreen(); return 0;
@@ -354,13 +342,14 @@ void isButtonWindow::paintInto(HDC dc) {
     const ButtonScene scene{model_.systemColours(),
                             surroundingsOf(handle(), dc, model_.systemColours()),
                             model_.hasFocus() && focusCue_, thinLine()};
-    const ButtonFace face(size.cx, size.cy);
-    if (!paintButton(face, look, scene, handle(), services_.themes) && model_.userMode()) {
+    if (!face_ || face_->pixels().width() != size.cx || face_->pixels().height() != size.cy)
+        face_.emplace(size.cx, size.cy);
+    if (!paintButton(*face_, look, scene, handle(), services_.themes) && model_.userMode()) {
         model_.themeRefused();
         look = model_.look();
-        paintButton(face, look, scene, handle(), services_.themes);
+        paintButton(*face_, look, scene, handle(), services_.themes);
     }
-    face.copyTo(dc, 0, 0, buttonRegion(look.style, size.cx, size.cy, thinLine()).get());
+    face_->copyTo(dc, 0, 0, buttonRegion(look.style, size.cx, size.cy, thinLine()).get());
 }
 
 // Sets the window's region if style or size have changed.

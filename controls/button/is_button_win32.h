@@ -8,6 +8,7 @@
 #include "base/ancestor_watch_win32.h"
 #include "base/window_win32.h"
 #include "controls/button/is_button.h"
+#include "controls/button/is_button_face_win32.h"
 #include "controls/button/is_button_theme_win32.h"
 #include "controls/button/is_button_tool_tip_win32.h"
 #include "controls/button/is_button_tracking_win32.h"
@@ -41,11 +42,9 @@ class isButtonWindow : public Window, public ControlObserver, private ButtonHost
     void onFocus(bool got);
     void onDestroy();
 
-    static LRESULT CALLBACK hoverThunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                       UINT_PTR id, DWORD_PTR self) noexcept;
+    bool track(UINT message, LPARAM lParam);
     void beforeDefault(UINT message, LPARAM lParam);
     void detectTracking();
-    void removeSubclass() noexcept;
 
     void press(bool again);
     void release(POINT at);
@@ -73,7 +72,7 @@ class isButtonWindow : public Window, public ControlObserver, private ButtonHost
     ButtonServices services_;
     LeaveTracker tracker_;
     ToolTip toolTip_;
-    bool subclassed_ = false;
+    bool tracksPointer_ = false;  ///< the model receives the messages of hovering
     bool pressing_ = false;  ///< the window has the capture while the left mouse button is down
     bool spaceHeld_ = false;
     AncestorWatch pressWatch_;
@@ -81,6 +80,7 @@ class isButtonWindow : public Window, public ControlObserver, private ButtonHost
     bool outlined_ = false;  ///< a window region is set
     int outlineStyle_ = 0;
     SIZE outlineSize_{};
+    std::optional<ButtonFace> face_;  ///< kept, because fresh memory costs more than most faces
     unsigned paints_ = 0;
 };
 

@@ -7,6 +7,7 @@
 #include "app/form1/form1_design.h"
 #include "app/pane/result_pane_win32.h"
 #include "app/window/form1_win32.h"
+#include "tests/support/window_fixture_win32.h"
 
 // The compiler's header does not define the identifier of this interface.
 __CRT_UUID_DECL(IAccPropServices, 0x6e26e776, 0x04f0, 0x495d, 0x80, 0xe4, 0x33, 0x30, 0x35, 0x2e,
@@ -158,16 +159,14 @@ TEST_F(AccessibleNameTest, TheResultPaneKeepsItsNameWithANewControl) {
 // A missing service is no failure. Wine has at most the service's class, and a thread without COM
 // does not have that either.
 TEST(AccessibleNameMissingTest, IsNoFailure) {
-    const HWND window =
-        CreateWindowW(L"STATIC", L"", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    const TestForm window({0, 0, 9, 9});
     const auto ask = [&] {
-        setAccessibleName(window, L"a name", ROLE_SYSTEM_LINK);
-        SendMessageW(window, WM_GETOBJECT, 0, OBJID_CLIENT);
+        setAccessibleName(window.handle(), L"a name", ROLE_SYSTEM_LINK);
+        SendMessageW(window.handle(), WM_GETOBJECT, 0, OBJID_CLIENT);
     };
     ask();
     const OleScope ole;
     ask();
-    DestroyWindow(window);
 }
 
 }  // namespace

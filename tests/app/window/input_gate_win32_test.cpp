@@ -1,4 +1,8 @@
 // User input during a run of Download, in a real main window.
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <gtest/gtest.h>
 
 #include "app/form1/form1_design.h"

@@ -2,6 +2,10 @@
 // words that stand for messages.
 #pragma once
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <gtest/gtest.h>
 
 #include <map>
