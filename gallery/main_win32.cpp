@@ -3,6 +3,7 @@
 //   velvox-gallery --page N [--write FILE.bmp]     shows page N, or only writes it to FILE.bmp
 #include <windows.h>
 
+#include <commctrl.h>
 #include <shellapi.h>
 
 #include <cstdio>
