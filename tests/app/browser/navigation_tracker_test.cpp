@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <sstream>
 
@@ -12,57 +13,57 @@ using Kind = PreviewContent::Kind;
 
 constexpr bool top = true;
 constexpr bool frame = false;
-constexpr const char* page = "http://host.example/page";
-constexpr const char* elsewhere = "mailto:a@b.example";
+const std::string page = "http://host.example/page";
+const std::string elsewhere = "mailto:a@b.example";
 
-const char* verdict(bool follow) {
+/// Something that happens to a tracker. Returns "+" for a document to announce or a busy tracker,
+/// "-" for a step of the control that is cancelled, ">" for a navigation of the view's own.
+using Event = std::function<std::string(NavigationTracker&)>;
+
+std::string verdict(bool follow) {
     return follow ? "" : "-";
 }
 
-/// Events of a tracker by name. The result is "+" if the tracker is busy or announces a document,
-/// "-" if it cancels a navigation of the view, ">" if it takes that navigation over.
-const std::map<std::string, const char* (*)(NavigationTracker&)> events = {
+Event going(bool isTop, const std::string& address) {
+    return [=](NavigationTracker& to) {
+        const bool follow = to.beforeNavigate(isTop, address);
+        return to.takeOwnNavigation() == address ? ">" : verdict(follow);
+    };
+}
+
+Event ending(bool isTop) {
+    return [=](NavigationTracker& to) {
+        return to.documentComplete(isTop), to.takeAnnouncement() ? "+" : "";
+    };
+}
+
+Event failing(bool isTop, unsigned code) {
+    return [=](NavigationTracker& to) { return verdict(to.navigateError(isTop, code)); };
+}
+
+const std::map<std::string, Event> events = {
     {"arrives",
-     [](NavigationTracker& to) {
+     [](auto& to) {
          return to.arrived(to.start("x"), page, {"text/html", 1}), to.takeAnnouncement() ? "+" : "";
      }},
-    {"asks", [](NavigationTracker& to) { return to.busy() ? "+" : ""; }},
-    {"opens", [](NavigationTracker& to) { return to.viewOpened(), ""; }},
-    {"silent", [](NavigationTracker& to) { return to.viewFailed(), ""; }},
-    {"goes", [](NavigationTracker& to) { return verdict(to.beforeNavigate(top, page)); }},
-    {"jumps",
-     [](NavigationTracker& to) {
-         return verdict(to.beforeNavigate(top, std::string(page) + "#part"));
-     }},
-    {"on",
-     [](NavigationTracker& to) {
-         const bool follow = to.beforeNavigate(top, "http://host.example/next");
-         return to.takeOwnNavigation() == "http://host.example/next" ? ">" : verdict(follow);
-     }},
-    {"leaves",
-     [](NavigationTracker& to) {
-         const bool follow = to.beforeNavigate(top, elsewhere);
-         return to.takeOwnNavigation() ? ">" : verdict(follow);
-     }},
-    {"shows", [](NavigationTracker& to) { return to.navigateComplete(top), ""; }},
-    {"ends",
-     [](NavigationTracker& to) {
-         return to.documentComplete(top), to.takeAnnouncement() ? "+" : "";
-     }},
-    {"404", [](NavigationTracker& to) { return verdict(to.navigateError(top, 404)); }},
-    {"fails", [](NavigationTracker& to) { return verdict(to.navigateError(top, 0x800C0008)); }},
-    {"document-file", [](NavigationTracker& to) { return verdict(to.fileDownload(true)); }},
-    {"other-file", [](NavigationTracker& to) { return verdict(to.fileDownload(false)); }},
-    {"frame-goes", [](NavigationTracker& to) { return verdict(to.beforeNavigate(frame, page)); }},
-    {"frame-leaves",
-     [](NavigationTracker& to) { return verdict(to.beforeNavigate(frame, elsewhere)); }},
-    {"frame-shows", [](NavigationTracker& to) { return to.navigateComplete(frame), ""; }},
-    {"frame-ends",
-     [](NavigationTracker& to) {
-         return to.documentComplete(frame), to.takeAnnouncement() ? "+" : "";
-     }},
-    {"frame-fails",
-     [](NavigationTracker& to) { return verdict(to.navigateError(frame, 0x80040154)); }},
+    {"asks", [](auto& to) { return to.busy() ? "+" : ""; }},
+    {"opens", [](auto& to) { return to.viewOpened(), ""; }},
+    {"silent", [](auto& to) { return to.viewFailed(), ""; }},
+    {"goes", going(top, page)},
+    {"jumps", going(top, page + "#part")},
+    {"on", going(top, "http://host.example/next")},
+    {"leaves", going(top, elsewhere)},
+    {"shows", [](auto& to) { return to.navigateComplete(top), ""; }},
+    {"ends", ending(top)},
+    {"404", failing(top, 404)},
+    {"fails", failing(top, 0x800C0008)},
+    {"document-file", [](auto& to) { return verdict(to.fileDownload(true)); }},
+    {"other-file", [](auto& to) { return verdict(to.fileDownload(false)); }},
+    {"frame-goes", going(frame, page)},
+    {"frame-leaves", going(frame, elsewhere)},
+    {"frame-shows", [](auto& to) { return to.navigateComplete(frame), ""; }},
+    {"frame-ends", ending(frame)},
+    {"frame-fails", failing(frame, 0x80040154)},
 };
 
 TEST(NavigationTrackerTest, AViewNeverArrivesAgainExceptByItsFrames) {
@@ -125,6 +126,8 @@ TEST(NavigationTrackerTest, ThePanelSaysWhatArrivedOrWhyNothingDid) {
     EXPECT_FALSE(tracker.wantsView());
     tracker.arrived(tracker.start(blankAddress), std::string(blankAddress), {});
     EXPECT_EQ(tracker.content().kind, Kind::Blank) << "until the next run has ended";
+    EXPECT_EQ(sizeText(1) + sizeText({}), "1 byte");
+    EXPECT_EQ(sizeText(1234567), "1,234,567 bytes");
 }
 
 }  // namespace

@@ -29,18 +29,8 @@ TEST(HttpAddressTest, RefusesWhatNoHostCanAnswer) {
     for (const char* address :
          {"", "http:", "http:/a.com", "?x", ":80", "C:\\x", "host:80x", "ftp://a.com/"})
         EXPECT_THROW(parseHttpAddress(address), RuntimeFailure) << address;
-    const std::string hosts[] = {"",
-                                 "a b",
-                                 "a\\b",
-                                 "u@a",
-                                 "[::1",
-                                 "a:0",
-                                 "a:65536",
-                                 "a:8x",
-                                 "a:9999999999",
-                                 "a%41",
-                                 std::string("a\0b", 3)};
-    for (const std::string& host : hosts)
+    for (const std::string host : {"", "a b", "a\\b", "u@a", "[::1", "a:0", "a:65536", "a:8x",
+                                   "a:9999999999", "a%41", "a\x01"})
         EXPECT_THROW(parseHttpAddress("http://" + host + "/"), RuntimeFailure) << host;
     EXPECT_THROW(parseHttpAddress(std::string(256, 'a')), RuntimeFailure);
 }

@@ -29,41 +29,19 @@ class PointerProbe : public TestForm {
     }
 };
 
-/// Counts the keys, clicks and moves that reach a window and its child windows.
-class InputCounter {
- public:
-    explicit InputCounter(HWND window) : window_(window) {
-        watch(window, reinterpret_cast<LPARAM>(this));
-        EnumChildWindows(window, &watch, reinterpret_cast<LPARAM>(this));
-    }
-    InputCounter(const InputCounter&) = delete;
-    InputCounter& operator=(const InputCounter&) = delete;
-    ~InputCounter() {
-        unwatch(window_, 0);
-        EnumChildWindows(window_, &unwatch, 0);
-    }
-    int take() { return std::exchange(count_, 0); }
+/// The keys, clicks and moves that have reached a window of countInputOf().
+int inputs = 0;
 
- private:
-    static constexpr UINT_PTR id = 77;
-    static BOOL CALLBACK watch(HWND window, LPARAM self) {
-        return SetWindowSubclass(window, &count, id, static_cast<DWORD_PTR>(self));
-    }
-    static BOOL CALLBACK unwatch(HWND window, LPARAM) {
-        RemoveWindowSubclass(window, &count, id);
-        return TRUE;
-    }
-    static LRESULT CALLBACK count(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
-                                  DWORD_PTR self) {
-        const bool key = message >= WM_KEYFIRST && message <= WM_KEYLAST;
-        const bool mouse = message >= WM_MOUSEFIRST && message <= WM_MOUSELAST;
-        if (key || mouse) ++reinterpret_cast<InputCounter*>(self)->count_;
-        return DefSubclassProc(window, message, w, l);
-    }
+LRESULT CALLBACK countInput(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR) {
+    const bool key = message >= WM_KEYFIRST && message <= WM_KEYLAST;
+    const bool mouse = message >= WM_MOUSEFIRST && message <= WM_MOUSELAST;
+    inputs += key || mouse;
+    return DefSubclassProc(window, message, w, l);
+}
 
-    HWND window_;
-    int count_ = 0;
-};
+BOOL CALLBACK countInputOf(HWND window, LPARAM) {
+    return SetWindowSubclass(window, &countInput, 77, 0);
+}
 
 class InputGateTest : public ::testing::Test {
  protected:
@@ -124,7 +102,9 @@ class InputGateTest : public ::testing::Test {
 // disabled Close and into the pane.
 TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
     window.form().ShowStatus("");  // creates the pane's control
-    InputCounter counter(window.handle());
+    countInputOf(window.handle(), 0);
+    EnumChildWindows(window.handle(), &countInputOf, 0);
+    inputs = 0;
     const std::vector<HWND> targets = {edit(),
                                        paneText(),
                                        control(controlId("isButton1")),
@@ -141,14 +121,14 @@ TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
         post(control(controlId("UniXPButton1")), BM_CLICK);
     });
     pump.yield();
-    EXPECT_EQ(counter.take(), 0);
+    EXPECT_EQ(inputs, 0);
     EXPECT_EQ(requests, 1);
     EXPECT_TRUE(window.form().outer.Visible());
     EXPECT_TRUE(window.form().isButton1.Enabled());
     // After the run, input reaches the controls again.
     key(paneText(), VK_DOWN);
     pump.yield();
-    EXPECT_GT(counter.take(), 0);
+    EXPECT_GT(inputs, 0);
     key(paneText(), VK_ESCAPE);
     pump.yield();
     EXPECT_FALSE(window.form().outer.Visible());

@@ -17,6 +17,10 @@ struct NumberedColours : SystemColours {
     Rgb colour(int index) const override { return of(index); }
 };
 
+struct SomePicture : Picture {
+    bool hasImage() const override { return true; }
+};
+
 /// Records the requests and events of a button, one letter each, and its change notifications.
 struct ButtonLog : ButtonHost, ControlObserver {
     explicit ButtonLog(isButton& button) {

@@ -24,10 +24,6 @@ constexpr Rgb surroundings = 0x00FF00;
 constexpr ButtonState states[] = {Normal, Hot, Pressed, Disabled};
 constexpr auto sys = NumberedColours::of;
 
-struct SomePicture : Picture {
-    bool hasImage() const override { return true; }
-};
-
 ButtonLook lookOf(int style, ButtonState state, bool custom = true) {
     ButtonLook look;
     look.style = style;

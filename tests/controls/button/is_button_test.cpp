@@ -75,15 +75,11 @@ TEST(IsButtonTest, CaptionFlagsBreakLinesUntilTheFirstResize) {
     }
 }
 
-struct Pixels : Picture {
-    bool hasImage() const override { return true; }
-};
-
 using testing::Property;
 using testing::property;
 
 const auto sys = NumberedColours::of;
-const PicturePtr pixels = std::make_shared<Pixels>();
+const PicturePtr pixels = std::make_shared<SomePicture>();
 
 /// All properties in stored order, each with the name that its setter passes to PropertyChanged.
 std::vector<std::pair<const char*, Property<isButton>>> properties() {

@@ -161,10 +161,7 @@ class IsButtonWindowTest : public testing::Test {
         {"enable-form", [this] { EnableWindow(form.handle(), TRUE); }},
         {"hide-form", [this] { ShowWindow(form.handle(), SW_HIDE); }},
         {"show-form", [this] { ShowWindow(form.handle(), SW_SHOW); }},
-        {"toggle", [this] { model->ButtonType(1); }},
-        {"no-toggle", [this] { model->ButtonType(0); }},
-        {"on", [this] { model->Value(true); }},
-        {"off", [this] { model->Value(false); }}};
+        {"toggle", [this] { model->ButtonType(1); }}};
 
     CurrentSystemColours colours;
     FakeProcedures procedures;

@@ -16,22 +16,21 @@ using testing::property;
 /// All properties but SelText, in stored order.
 std::vector<Property<XPTextBox>> properties() {
     using B = XPTextBox;
+    using enum ControlChange;
     const std::string text = "other";
-    return {
-        property("Alignment", &B::Alignment, &B::Alignment, std::int16_t{2},
-                 {ControlChange::Appearance}),
-        property("BackColor", &B::BackColor, &B::BackColor, 0x123456U, {ControlChange::Appearance}),
-        property("Enabled", &B::Enabled, &B::Enabled, false, {ControlChange::Enabled}),
-        property("Font", &B::Font, &B::Font, Font{.name = "Arial"}, {ControlChange::Appearance}),
-        property("ForeColor", &B::ForeColor, &B::ForeColor, 0x654321U, {ControlChange::Appearance}),
-        property("Locked", &B::Locked, &B::Locked, true, {ControlChange::Other}),
-        property("MaxLength", &B::MaxLength, &B::MaxLength, 9, {ControlChange::Other}),
-        property("PasswordChar", &B::PasswordChar, &B::PasswordChar, text, {ControlChange::Other}),
-        property("SelStart", &B::SelStart, &B::SelStart, 2, {ControlChange::Selection}),
-        property("SelLength", &B::SelLength, &B::SelLength, 3, {ControlChange::Selection}),
-        property("Text", &B::Text, &B::Text, text, {ControlChange::Text}),
-        property("ToolTipText", &B::ToolTipText, &B::ToolTipText, text, {ControlChange::Other}),
-        property("DataFields", &B::DataFields, &B::DataFields, text, {})};
+    return {property("Alignment", &B::Alignment, &B::Alignment, std::int16_t{2}, {Appearance}),
+            property("BackColor", &B::BackColor, &B::BackColor, 0x123456U, {Appearance}),
+            property("Enabled", &B::Enabled, &B::Enabled, false, {Enabled}),
+            property("Font", &B::Font, &B::Font, Font{.name = "Arial"}, {Appearance}),
+            property("ForeColor", &B::ForeColor, &B::ForeColor, 0x654321U, {Appearance}),
+            property("Locked", &B::Locked, &B::Locked, true, {Other}),
+            property("MaxLength", &B::MaxLength, &B::MaxLength, 9, {Other}),
+            property("PasswordChar", &B::PasswordChar, &B::PasswordChar, text, {Other}),
+            property("SelStart", &B::SelStart, &B::SelStart, 2, {Selection}),
+            property("SelLength", &B::SelLength, &B::SelLength, 3, {Selection}),
+            property("Text", &B::Text, &B::Text, text, {Text}),
+            property("ToolTipText", &B::ToolTipText, &B::ToolTipText, text, {Other}),
+            property("DataFields", &B::DataFields, &B::DataFields, text, {})};
 }
 
 /// A fake of the inner box's window.
