@@ -57,13 +57,17 @@ void ResultPaneWindow::DocumentHTML(std::string_view html) noexcept {
         html_ = html.substr(0, maxKeptHtml);
         colours_ = systemPaneColours();
         RichText text = toRichText(parseHtmlFragment(html), colours_);
-        if (this->text().lines() > linesWorthClearing) renewText();
-        text_->show(std::move(text));
+        prepare();
+        this->text().show(std::move(text));
         RedrawWindow(handle(), nullptr, nullptr,
                      RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     } catch (...) {
         reportCurrentFailure();
     }
+}
+
+void ResultPaneWindow::prepare() {
+    if (text_ && text_->lines() > linesWorthClearing) renewText();
 }
 
 void ResultPaneWindow::systemColoursChanged() {
