@@ -79,8 +79,8 @@ class clsFastCollection {
     void Remove(std::size_t place) { erase(entries_.begin() + offset(indexOf(place))); }
     void Remove(std::string_view key) {
         const Entry* const entry = &entryOf(key);
-        // The search runs from the end, because the items after the removed one must be moved
-        // anyway.
+        // The search starts at the end and costs no more than the removal itself, which moves all
+        // items after the removed one.
         auto at = entries_.end();
         do --at;
         while (at->get() != entry);

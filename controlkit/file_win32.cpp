@@ -35,8 +35,8 @@ class NoDiskPrompts {
                                               "\" cannot be read: error " + std::to_string(error));
 }
 
-/// Whether a path is absolute and has nothing to resolve. Such a path is not passed to
-/// GetFullPathNameW, which would remove dots and blanks from the ends of names.
+/// Whether a path is absolute and contains no ".", "..", slash or doubled backslash. Such a path is
+/// not passed to GetFullPathNameW, which would remove dots and blanks from the ends of names.
 bool isComplete(const std::wstring& path) {
     if (path.starts_with(LR"(\\?\)")) return true;
     const auto has = [&](const wchar_t* part) { return (path + L'\\').find(part, 2) != path.npos; };
@@ -151,7 +151,7 @@ OwnedIcon clsFile::GetIcon(std::string_view path, IconSize size) {
     const std::wstring plain = widen(path);
     if (plain.size() < MAX_PATH && SHGetFileInfoW(plain.c_str(), 0, &info, sizeof info, wanted))
         return OwnedIcon(info.hIcon);
-    // fullPath() appends a backslash, so only a folder has attributes here.
+    // fullPath() appends a backslash, with which the system finds only folders, no files.
     const DWORD found = GetFileAttributesW(unlimited(fullPath(path)).c_str());
     const DWORD kind = found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY)
                            ? FILE_ATTRIBUTE_DIRECTORY

@@ -15,8 +15,8 @@ namespace velvox {
 ///
 /// An item has the name as `text` and the full path as `key`, which is also its key in the
 /// collection and can be passed to these functions. A name that is not valid UTF-16 is listed with
-/// U+FFFD and without a key, because no text can name the file. Items have no icon, because
-/// `GetIcon` takes long for many files.
+/// U+FFFD and without a key, because its path cannot be written as UTF-8. Items have no icon,
+/// because `GetIcon` takes long for many files.
 class clsFile {
  public:
     using Items = clsFastCollection<tsListItem>;
@@ -36,9 +36,9 @@ class clsFile {
 
     enum class IconSize { Small, Large };
 
-    /// The icon that the system shows for a file, folder or drive. If the path does not exist or is
-    /// too long for the system, the icon of its file type or that of folders. Null if the system
-    /// has no icon. COM must be initialised.
+    /// Returns the icon that the system shows for a file, folder or drive. If the path does not
+    /// exist or is too long for the system, returns the icon of all files with its extension, or of
+    /// all folders. Null if the system has no icon. COM must be initialised.
     static OwnedIcon GetIcon(std::string_view path, IconSize size = IconSize::Small);
 
     /// See `fileExtension`.

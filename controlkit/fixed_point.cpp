@@ -15,8 +15,8 @@ namespace {
 }  // namespace
 
 FixedPoint::FixedPoint(double number) {
-    // 10000 is 625 * 16, so the product has at most 53 + 10 bits: it is exact in Wide and is
-    // rounded only once.
+    // A double has 53 bits and 10000 is 625 * 16, so number * 10000 has at most 53 + 10 bits: Wide
+    // holds it exactly, and it is rounded only once.
     using Wide = long double;
     static_assert(std::numeric_limits<Wide>::digits >= 63);
     const Wide units = std::nearbyint(static_cast<Wide>(number) * unitsPerOne);

@@ -50,12 +50,12 @@ class tsPrivateScroll {
     std::int32_t Max() const noexcept { return settings_.max; }
     void Max(std::int32_t max);
 
-    /// While BlockValue is true, an assignment does nothing. Otherwise the new value is clamped to
-    /// the bounds. If it then differs, Change is raised first, unless BlockVS suppresses it, and
-    /// the value is stored and drawn afterwards. A handler of Change therefore still reads the
-    /// previous value. If the handler itself assigns Value, it is called again before anything is
-    /// stored, so it must set BlockVS first. Every assignment that is not blocked ends the
-    /// suppression.
+    /// While BlockValue is true, an assignment does nothing. Otherwise the assigned value is
+    /// clamped to the bounds. If it then differs from the stored value, Change is raised first,
+    /// unless BlockVS suppresses it, and the new value is stored and drawn afterwards. A handler of
+    /// Change therefore still reads the previous value. If the handler itself assigns Value, it is
+    /// called again before anything is stored, so it must set BlockVS first. Every assignment that
+    /// is not blocked ends the suppression.
     FixedPoint Value() const noexcept { return settings_.value; }
     void Value(FixedPoint value);
 

@@ -85,7 +85,8 @@ std::optional<LRESULT> ScrollBarWindow::WindowProc(UINT message, WPARAM wParam, 
             if (Enabled() != (wParam != 0)) Enabled(wParam != 0);
             return 0;
         case WM_TIMER:
-            // A tick with another id belongs to an earlier start of the timer and is ignored.
+            // A tick whose id is not in timerIds_ is left from a timer that has been stopped or
+            // restarted. It is ignored.
             for (const RepeatTimer timer : {RepeatTimer::Arrow, RepeatTimer::Track})
                 if (wParam == timerIds_[static_cast<std::size_t>(timer)]) tick(timer);
             return 0;
@@ -139,7 +140,8 @@ std::optional<LRESULT> ScrollBarWindow::onKey(UINT message, WPARAM wParam, LPARA
     switch (message) {
         case WM_KEYDOWN: keyDown(code, keyShiftState(lParam)); return 0;
         case WM_KEYUP: keyUp(code, keyShiftState(lParam)); return 0;
-        // The default procedure handles menus and shortcuts for these messages.
+        // The default procedure must also get these messages, because it opens menus and handles
+        // shortcuts.
         case WM_SYSKEYDOWN: keyDown(code, keyShiftState(lParam)); return std::nullopt;
         case WM_SYSKEYUP: keyUp(code, keyShiftState(lParam)); return std::nullopt;
         default: keyPress(code); return 0;

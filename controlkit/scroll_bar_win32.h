@@ -52,7 +52,7 @@ class ScrollBarWindow : public ScrollControl, private Window, private ScrollHost
     void paint(HDC target);
 
     clsVirtualDC surface_;
-    AncestorWatch containers_;  // end a press when an ancestor window is hidden or disabled
+    AncestorWatch containers_;  // ends a press when an ancestor window is hidden or disabled
     std::array<UINT_PTR, 2> timerIds_{};  // 0 while a timer does not run
     UINT_PTR lastTimerId_ = 0;
 };

@@ -22,7 +22,7 @@ bool mouseIsPressed() {
            GetKeyState(VK_MBUTTON) < 0;
 }
 
-/// Messages that children send to their parent.
+/// Whether children send this message to their parent.
 bool isForParent(UINT message) {
     return message == WM_COMMAND || message == WM_NOTIFY ||
            (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC);
@@ -192,7 +192,8 @@ void tsScrollContainer::scrollIntoView(const RECT& part) {
 }
 
 void tsScrollContainer::focusMoves(HWND to) {
-    // The content does not scroll when a press of the mouse moves the focus.
+    // If a press of the mouse moves the focus, nothing scrolls: the pressed control stays under the
+    // pointer.
     if (!content_ || drawn_ || !IsChild(content_, to) || mouseIsPressed()) return;
     RECT at{};
     GetWindowRect(to, &at);

@@ -32,9 +32,10 @@ class tsScrollContainer : private Window {
     /// The parent window for the content.
     HWND view() const noexcept { return view_.handle(); }
 
-    /// Shows `content`, a child window of `view`, or nothing for null. The container moves the
-    /// content when the bars scroll and adapts the bars to the content's size, but does not own it.
-    /// Mouse positions have 16 bits, so the content can be up to 32,767 pixels wide or high.
+    /// Shows `content`, a child window of `view`; null shows nothing. The container moves the
+    /// content when the bars scroll, and adapts the bars to the content's size. It does not own the
+    /// content. Mouse positions have 16 bits, so the content can be up to 32,767 pixels wide or
+    /// high.
     void setContent(HWND content);
 
     /// Shows content of any size that draws its visible part itself. Its window is always as large

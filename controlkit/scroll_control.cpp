@@ -38,7 +38,7 @@ ScrollGeometry ScrollControl::geometry() const {
     const ScrollGeometry resting({length_, scaled(arrowLength(), dpi_),
                                   scaled(scrollSizes.minThumb, dpi_), Min(), Max(), LargeChange(),
                                   Value()});
-    // A dragged thumb is drawn under the pointer, even where Value() would draw it elsewhere.
+    // A dragged thumb is drawn under the pointer, even if Value() alone would place it elsewhere.
     const bool dragged = held_ == ScrollPart::Thumb && !BlockValue();
     return dragged ? resting.withThumbAt(shownThumb_) : resting;
 }
@@ -115,7 +115,7 @@ void ScrollControl::press(BarPoint at) {
     host_.repaint();
     if (part == ScrollPart::Thumb) return;
     stepHeldPart();
-    // A handler of the step may have ended the press.
+    // A handler that the step has called may have ended the press.
     if (held_ != part || MouseInterval() == 0) return;
     timerPeriod_ = std::max(MouseInterval(), scrollSizes.firstRepeatMs);
     host_.startTimer(timerOf(part), timerPeriod_);
@@ -131,7 +131,8 @@ void ScrollControl::tick(RepeatTimer timer) {
         timerPeriod_ = MouseInterval();
         host_.startTimer(timer, timerPeriod_);
     }
-    // No step while the pointer is outside the held part or the thumb has moved under the pointer.
+    // No step while the pointer is outside the held part, nor once the thumb has reached the
+    // pointer.
     if (partUnderPointer() == held_) stepHeldPart();
 }
 

@@ -42,7 +42,7 @@ struct MouseState {
     std::int16_t shift = 0;  ///< 1 Shift, 2 Control, 4 Alt
 };
 
-/// Virtual key codes of the keys that move a bar.
+/// Virtual key codes of the keys that change a bar's value.
 struct ScrollKeys {
     static constexpr std::int16_t pageUp = 0x21;
     static constexpr std::int16_t pageDown = 0x22;
@@ -68,7 +68,7 @@ class ScrollControl : public tsPrivateScroll {
     // are raised before the bar acts on the input, but MouseUp is raised after the press has ended.
 
     /// The handler may replace `KeyCode`: the bar acts on the new code, and 0 cancels the key. F10
-    /// and keys with Alt raise the event too, but never move the bar and always reach the system.
+    /// and keys with Alt raise the event too, but never change Value and always reach the system.
     KeyHandler KeyDown;
     std::function<void(std::int16_t& KeyAscii)> KeyPress;
     KeyHandler KeyUp;
@@ -102,8 +102,8 @@ class ScrollControl : public tsPrivateScroll {
     void captureLost();
     void hidden();  ///< also called if the bar cannot be used, such as in a disabled container
     void tick(RepeatTimer timer);
-    /// `delta` is 120 for a notch, positive towards Min; parts of a notch add up. Returns false if
-    /// the bar does not use the wheel.
+    /// `delta` is 120 for a notch of the wheel, positive towards Min; parts of a notch add up.
+    /// Returns false if the bar does not use the wheel.
     bool wheel(int delta);
     void keyDown(std::int16_t code, std::int16_t shift);
     void keyPress(std::int16_t character);

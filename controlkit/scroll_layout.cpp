@@ -25,8 +25,7 @@ ScrollExtent extent(int room, int content, int takenByOther, bool hasBar) {
 ScrollLayout layOutScroll(const Size& room, const Size& content, int thickness) {
     bool horizontal = false;
     bool vertical = false;
-    // A visible bar only takes room from the other direction, so nothing changes after the second
-    // round.
+    // A visible bar reduces only the room of the other direction, so two rounds are enough.
     for (int round = 0; round < 2; ++round) {
         horizontal = content.width > std::max(room.width - (vertical ? thickness : 0), 0);
         vertical = content.height > std::max(room.height - (horizontal ? thickness : 0), 0);

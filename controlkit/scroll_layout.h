@@ -33,12 +33,12 @@ ScrollLayout layOutScroll(const Size& room, const Size& content, int thickness);
 /// view it is the part's start, unless the view already lies within the part.
 int positionShowing(const Span& part, int position, int view);
 
-/// The bar that a key (see `ScrollKeys`) moves. Keys without a direction, such as Home, move the
-/// vertical bar, or the horizontal one if there is no vertical bar.
+/// The bar that a key (see `ScrollKeys`) scrolls. Keys without a direction, such as Home, scroll
+/// the vertical bar, or the horizontal one if there is no vertical bar.
 std::optional<Axis> barOfKey(std::int16_t code, const ScrollLayout& layout);
 
-/// The bar that the wheel moves: the vertical bar, or the horizontal one with Shift. If only one
-/// bar is visible, the wheel moves that bar.
+/// The bar that the wheel scrolls: the vertical bar, or the horizontal one with Shift. If only one
+/// bar is visible, the wheel scrolls that bar.
 std::optional<Axis> barOfWheel(bool shift, const ScrollLayout& layout);
 
 }  // namespace velvox

@@ -19,10 +19,11 @@ struct ScrollSizes {
     int minGripRoom = 7;  ///< minimum length of the thumb on each side of the grip
     int focusInset = 2;   ///< from the thumb's edge to the focus rectangle
 
-    /// A drag this many thicknesses away from the bar restores the value at the drag's start.
+    /// A drag that is this far from the bar, in multiples of the bar's thickness, restores the
+    /// value that it has started with.
     int snapBackThicknesses = 8;
     int firstRepeatMs = 250;  ///< delay of the first repeat: a single click must not repeat
-    int minContrast = 24;     ///< minimum sum of the channels' differences of a visible glyph
+    int minContrast = 24;     ///< minimum difference of glyph and fill, summed over the channels
 };
 inline constexpr ScrollSizes scrollSizes;
 

@@ -39,7 +39,8 @@ constexpr std::string_view arrowLengthKey(Axis axis) {
 
 enum class Sign { Any, NotNegative };
 
-/// Calls visit(key, member, sign) for each stored setting, in the order of storage.
+/// Calls visit(key, member, sign) for each stored setting, in the order of storage. `sign` is
+/// NotNegative if a negative value is invalid.
 template <class Visit>
 void eachStoredSetting(Axis axis, Visit visitSigned) {
     const auto visit = [&](std::string_view key, auto member, Sign sign = Sign::Any) {

@@ -34,7 +34,7 @@ class clsSort {
             if (order == SortOrder::Descending) std::swap(a, b);
             return static_cast<bool>(less(std::as_const(a->item), std::as_const(b->item)));
         });
-        // Nothing can fail from here on.
+        // No statement below can throw.
         for (auto& entry : list.entries_) static_cast<void>(entry.release());
         for (std::size_t i = 0; i < sorted.size(); ++i) list.entries_[i].reset(sorted[i]);
     }

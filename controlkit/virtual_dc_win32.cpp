@@ -82,8 +82,8 @@ void clsVirtualDC::resize(int width, int height) {
     const OwnedMemoryDc old(CreateCompatibleDC(screen.get()));
     OwnedBitmap next = compatibleBitmap(screen.get(), width, height);
     if (!old || !next) return releaseSurface();
-    // A bitmap can be selected into only one DC, so the previous bitmap is moved to `old` and
-    // copied from there.
+    // A bitmap can be selected into only one DC, so the previous bitmap is selected into `old`,
+    // from which its pixels are copied.
     SelectObject(dc_.get(), next.get());
     const ScopedSelectObject copied(old.get(), bitmap_.get());
     BitBlt(dc_.get(), 0, 0, width, height, old.get(), 0, 0, SRCCOPY);
@@ -150,7 +150,7 @@ void clsVirtualDC::BrushHatch(int hatch) {
 void clsVirtualDC::makeFont() {
     if (!font_) return;
     LOGFONTW request{};
-    // A positive height is that of the character cell. scaleLength() takes whole points.
+    // A positive lfHeight is the height of the character cell. scaleLength() takes whole points.
     request.lfHeight =
         scaleLength(static_cast<int>(std::nearbyint(font_->points)), screenDpi(), 72);
     request.lfWeight = font_->bold ? FW_BOLD : FW_NORMAL;
@@ -237,7 +237,7 @@ void clsVirtualDC::DrawImageToVirtualDC(const PicturePtr& picture, int x, int y)
 
 int clsVirtualDC::DrawText(std::string_view text, RECT& rectangle, UINT format) {
     const std::wstring wide = widen(text);
-    // DT_MODIFYSTRING is removed, because the system would write up to four additional characters.
+    // With DT_MODIFYSTRING the system could write up to four characters beyond the end of the text.
     return DrawTextW(dc_.get(), wide.c_str(), static_cast<int>(wide.size()), &rectangle,
                      format & ~static_cast<UINT>(DT_MODIFYSTRING));
 }

@@ -16,7 +16,7 @@
 
 namespace velvox {
 
-/// The properties of a picture box that a surface copies. Lengths are in twips.
+/// The properties that a surface copies from a picture box. Lengths are in twips.
 struct PictureBoxFace {
     int width = 0;
     int height = 0;
@@ -70,7 +70,8 @@ class clsVirtualDC {
     /// An independent copy of the whole surface; a picture without an image if there is no surface.
     PicturePtr Picture() const;
 
-    /// Draws the picture at the upper left corner and keeps it until the next CreateMyDC.
+    /// Draws the picture at the upper left corner, and holds a reference to it until the next
+    /// CreateMyDC.
     void Picture(PicturePtr picture);
 
     int PenStyle() const noexcept { return pen_.style; }
