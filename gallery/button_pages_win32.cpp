@@ -19,7 +19,7 @@ constexpr const char* styleNames[] = {"0 Edged",   "1 Thin",      "2 Tool",  "3 
                                       "8 Brushed", "9 Porcelain", "10 Pill"};
 constexpr int styleCount = std::size(styleNames);
 
-// A gallery page of one sheet, which a function lays out.
+// A gallery page that consists of one Sheet. The function `layOut` fills the sheet.
 class SheetPage : public Page {
  public:
     SheetPage(std::string_view title, std::function<void(Sheet&)> layOut)

@@ -11,8 +11,8 @@ std::string sizeText(std::uint64_t bytes) {
     if (bytes < 1024) return std::to_string(bytes) + " B";
     constexpr std::string_view units = "KMGTPE";
     std::size_t unit = 0;
-    // Divides the size until its tenths of a unit, rounded to the nearest, can be computed without
-    // overflow.
+    // Divides the size by 1024 until it is below 1 MB, so that tenths of a unit can be computed
+    // without overflow.
     for (; bytes >= 1024 * 1024 && unit + 1 < units.size(); ++unit) bytes >>= 10;
     std::uint64_t tenths = (bytes * 10 + 512) >> 10;
     if (tenths >= 10240 && unit + 1 < units.size()) {

@@ -46,8 +46,9 @@ class FileRows {
     bool select(std::ptrdiff_t index);
     bool select(std::string_view key);
 
-    /// Handles a key that moves the selection (see `ScrollKeys`). `pageRows` is the distance for
-    /// Page Up and Page Down.
+    /// Handles a key that moves the selection (see `ScrollKeys`). `pageRows` is the number of rows
+    /// by which Page Up and Page Down move it. Returns false for any other key, and if there are no
+    /// rows.
     bool key(std::int16_t code, std::ptrdiff_t pageRows);
 
  private:

@@ -84,7 +84,7 @@ std::optional<LRESULT> FileListWindow::onMessage(UINT message, WPARAM wParam, LP
             press(lParam);
             if (Open) Open();
             return 0;
-        case WM_GETDLGCODE:  // otherwise the dialog handles Enter
+        case WM_GETDLGCODE:  // otherwise IsDialogMessage would handle Enter
             return DLGC_WANTARROWS | (wParam == VK_RETURN ? DLGC_WANTMESSAGE : 0);
         case WM_KEYDOWN: return onKey(wParam);
         default: return std::nullopt;

@@ -13,7 +13,7 @@
 
 namespace velvox {
 
-/// The list of rows, of which it draws the visible ones.
+/// A window that lists the rows. It draws only the visible ones.
 class FileListWindow : public Window {
  public:
     /// Creates the content of `container`, which shows `rows`. Both must outlive the window.

@@ -19,8 +19,8 @@ class Page {
 
     virtual std::string_view title() const = 0;
 
-    /// Creates the page in the client area of `parent`, which keeps its size and destroys its child
-    /// windows.
+    /// Creates the page in the client area of `parent`, whose size never changes. The page's
+    /// windows are children of `parent` and are destroyed with it at the latest.
     virtual void create(HWND parent) = 0;
 };
 

@@ -36,7 +36,7 @@ class Sheet : public Window {
     /// Adds a still picture of a button. `cue` draws the focus as after a key press.
     void draw(const Bounds& at, const ButtonLook& look, bool cue = false);
 
-    /// Adds a live button with stored properties. Its window is created by `show`.
+    /// Adds a live button with stored properties. The button's window is created only by `show`.
     isButton& add(const Bounds& at, std::string_view name, const PropertyBag& stored = {},
                   const ButtonAmbient& ambient = {});
     /// Adds a button of the main window in the colours of the main window's skin.

@@ -38,7 +38,7 @@ int height(const RECT& r) {
     return r.bottom - r.top;
 }
 
-/// Start of part `index` of `count` equal parts of a length, with a gap after each part.
+/// Start of part `index` when a length is divided into `count` equal parts with a gap between them.
 int partStart(int start, int length, int gap, int count, int index) {
     return start + (length + gap) * index / count;
 }
@@ -194,7 +194,7 @@ PicturePtr scene(int sceneWidth, int sceneHeight) {
     on.DrawEllipse(sceneWidth / 2 - sun, horizon - sun, sceneWidth / 2 + sun, horizon + sun);
     on.DrawGradient(teal, ink, 0, horizon, sceneWidth, sceneHeight - horizon, 0);
     const PicturePtr copy = on.Picture();
-    // Drawing on the surface must not change the copy any more.
+    // The copy is independent: this later drawing on the surface must not change it.
     on.FillArea({0, 0, sceneWidth, sceneHeight}, crimson);
     return copy;
 }
@@ -220,7 +220,8 @@ void drawInversion(clsVirtualDC& on, RECT area) {
     for (int y = 0; y < rows; ++y)
         for (int x = y % 2; x < columns; x += 2)
             on.InvertArea(row(column(area, 0, columns, x), 0, rows, y));
-    // The right cell in the outline is inverted a second time, which restores the gradient.
+    // Two adjacent cells get an outline. The right one of them is inverted a second time, which
+    // restores the gradient there.
     const RECT middle = row(column(area, 0, columns, 3), 0, rows, 2);
     const RECT twice{middle.left, middle.top, middle.left + 2 * width(middle), middle.bottom};
     on.InvertArea(row(column(area, 0, columns, 4), 0, rows, 2));
