@@ -36,7 +36,8 @@ void sortNaturally(benchmark::State& state) {
     std::size_t factor = 1;
     for (auto _ : state) {
         state.PauseTiming();
-        // Shuffles by a fixed rule that gives another order in every iteration.
+        // Gives every item a new name by a fixed rule, so that each iteration sorts a different
+        // order.
         factor = factor * 48271 % 2147483647;
         std::size_t i = factor;
         for (std::string& item : list) item = "item " + std::to_string((i += factor) % 1000003);

@@ -29,7 +29,7 @@ namespace {
 using Words = std::vector<std::string>;
 
 constexpr DWORD kPollMs = 10;
-constexpr size_t kQuotedLength = 300;  // of a text that is quoted in an answer
+constexpr size_t kQuotedLength = 300;  // maximum length of a text that an answer quotes
 
 long number(const std::string& word) {
     size_t used = 0;

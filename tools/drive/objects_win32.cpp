@@ -46,14 +46,14 @@ unsigned numberOf(HMENU menu) {
     return (LOWORD(reinterpret_cast<UINT_PTR>(menu)) - first) / 2;
 }
 
-// Counts the window objects of the session. Wine numbers them through the session and gives a new
-// object the number that was freed last. Menus are created until their numbers only count upwards,
-// because then no freed number is left. All numbers up to the last one that the menus do not have
-// belong to other living objects. There are 32,000 numbers. To use up only one of them with each
-// count, the highest number so far is kept: a menu with the next number also shows that no freed
-// number is left.
+// Counts the window objects of the session. Wine numbers them across all programs of the session
+// and gives a new object the number that was freed last. So menus are created until a long sequence
+// of them has consecutive numbers: then no freed number is left. Up to the last menu's number,
+// every number that is not a menu's belongs to a living object. There are only 32,000 numbers, so
+// repeated counts must not use up 500 each. The highest number is therefore kept: a later menu with
+// the next number shows just as well that no freed number is left.
 unsigned sessionObjects() {
-    constexpr unsigned enoughUpwards = 500;  // longer than any run of freed numbers
+    constexpr unsigned enoughUpwards = 500;  // longer than any sequence of freed numbers
     static unsigned highest = 0;             // highest number that this process has had
     std::vector<HMENU> made;
     unsigned last = 0;

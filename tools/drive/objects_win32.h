@@ -4,9 +4,9 @@
 
 namespace velvox::drive {
 
-/// Numbers of GDI and USER objects of a program. In Wine 8 the system's function returns 0 for
-/// both. There, GDI objects are counted in the program's own table, and USER objects are those of
-/// the whole session; its other programs are idle, so differences come from the program.
+/// Numbers of GDI and USER objects of a program. In Wine 8 GetGuiResources returns 0 for both.
+/// There, GDI objects are counted in the program's own table. USER objects are those of the whole
+/// session: its other programs are idle, so a difference comes from the program.
 struct ObjectCounts {
     unsigned gdi;
     unsigned user;

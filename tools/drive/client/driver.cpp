@@ -15,7 +15,7 @@ std::ostream& operator<<(std::ostream& out, const Bounds& r) {
 namespace drive {
 namespace {
 
-// Longer than any wait that is requested from the driver.
+// Maximum time for an answer: longer than any wait that a request asks the driver for.
 constexpr Milliseconds answerTime{120'000};
 
 std::string inMilliseconds(Milliseconds time) {

@@ -1,5 +1,5 @@
-// The client of the driver inside Wine, which reads and controls Velvox's windows. One driver
-// serves the whole program.
+// The client of the driver, a program in Wine that reads and controls Velvox's windows. One driver
+// process serves the whole test program.
 #pragma once
 
 #include <ostream>
@@ -45,7 +45,7 @@ class Driver {
     /// Waits until the window's thread answers a message.
     void ping(const std::string& window);
 
-    /// How long to wait for something that an idle machine does at once. While the machine also
+    /// How long to wait for an effect that is immediate on an idle machine. While the machine also
     /// builds, a program may need ten seconds until it handles the first key.
     static constexpr Milliseconds patience{40'000};
 

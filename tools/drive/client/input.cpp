@@ -14,8 +14,8 @@ constexpr Milliseconds toolTime{60'000};
 // events takes ten times as long as the events themselves.
 class Xdotool {
  public:
-    // Returns once the display has taken the events, because xdotool answers getdisplaygeometry
-    // after them. A question about a window is no alternative: xdotool would then send the
+    // Returns once the display has taken the events: xdotool answers getdisplaygeometry only after
+    // them. A request about a window cannot replace it, because xdotool would then send the
     // following keys to that window as synthetic events, unlike those of a keyboard.
     void perform(const std::string& events) {
         process_.write(events + "\ngetdisplaygeometry\n");

@@ -30,13 +30,13 @@ inline std::string highContrastVelvox() {
 inline std::string gallery() {
     return program("gallery/velvox-gallery.exe");
 }
-/// A program with a single empty window, for comparison.
+/// A program with a single empty window, with which Velvox is compared.
 inline std::string emptyWindow() {
     return program("empty-window.exe");
 }
 /// The port of the proxy that serves the replica sites.
 int sitesPort();
-/// The Wine of this session: "wine8" or "wine10".
+/// The Wine version of this session: "wine8" or "wine10".
 std::string platform();
 
 }  // namespace velvox::drive::paths
