@@ -39,7 +39,7 @@ void Form1::web_DocumentComplete() try {
         linkin.Enabled(true);
     }
 } catch (const std::exception&) {
-    // The address is of another page of YouTube or Metacafe, which has no link: show nothing.
+    // This page of YouTube or Metacafe has an address without a media link: show nothing.
 }
 
 }  // namespace velvox
