@@ -1,5 +1,6 @@
 // Windows sends a window no message when an ancestor is hidden or disabled. A control that waits
-// for the release of a mouse button or a key must know, because the release may then never arrive.
+// for the release of a mouse button or a key must notice this change, because the release may then
+// never arrive.
 #pragma once
 
 #include <windows.h>

@@ -6,7 +6,7 @@
 namespace velvox {
 
 BufferedPaint::Surface& BufferedPaint::kept() noexcept {
-    static Surface surface;  // of the UI thread
+    static Surface surface;  // used on the UI thread only
     return surface;
 }
 

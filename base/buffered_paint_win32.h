@@ -6,9 +6,9 @@
 
 namespace velvox {
 
-/// Drawing in memory that reaches its target in one copy, so that nothing flickers. The memory DC
-/// has the target's coordinates: what is drawn at (x, y) lands at (x, y). The memory is kept for
-/// the next drawing and starts with what that one left, so an area has to be drawn completely.
+/// Draws in memory and copies the result to the target in one step, so that nothing flickers. The
+/// memory DC has the target's coordinates: what is drawn at (x, y) is copied to (x, y). The memory
+/// is reused and still contains the previous drawing, so every drawing must fill its whole area.
 class BufferedPaint {
  public:
     /// `area` is the part of the target that is drawn, in pixels.
@@ -23,9 +23,10 @@ class BufferedPaint {
     struct Surface {
         SIZE size{};
         OwnedBitmap bitmap;
-        OwnedMemoryDc dc;  // after the bitmap, which it holds until it is deleted
+        OwnedMemoryDc dc;  // after `bitmap`: the DC must be deleted first
     };
-    // Fresh memory costs more than most drawings: the system has to map each of its pages.
+    // The surface kept for the next drawing. Allocating a new one would cost more than most
+    // drawings, because the system has to map each page of its memory.
     static Surface& kept() noexcept;
     static Surface takeSurface(SIZE size);
 

@@ -11,8 +11,8 @@ namespace velvox {
 /// the same parameters.
 inline constexpr UINT reflectedCommand = WM_APP + 1;
 
-/// Sends `reflectedCommand` to `child`, the lParam of WM_COMMAND. Returns false if it is 0: then a
-/// menu or an accelerator sent the command.
+/// Sends `reflectedCommand` to `child`, the lParam of WM_COMMAND. Returns false if `child` is 0,
+/// which means that a menu or an accelerator sent the command.
 bool reflectCommand(LPARAM child, WPARAM wParam);
 
 /// Makes the parent paint its background into `dc`, the DC of `child`.

@@ -55,7 +55,7 @@ class ComPtr {
     }
     void** putVoid() noexcept { return reinterpret_cast<void**>(put()); }
 
-    /// Queries the object for another interface; null if it does not have it.
+    /// Queries the object for another interface; null if the object lacks that interface.
     template <class Other>
     ComPtr<Other> query() const noexcept {
         ComPtr<Other> other;

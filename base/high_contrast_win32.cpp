@@ -1,5 +1,5 @@
-// Kept in its own source file so that a test program can link another definition: no system that
-// runs the tests reports high contrast.
+// highContrast() has its own source file so that a test program can link another definition: no
+// system that runs the tests reports high contrast.
 #include "base/system_win32.h"
 
 namespace velvox {

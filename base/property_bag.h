@@ -1,5 +1,5 @@
 // The stored properties of a control: an ordered list of keys and values. Keys match in any letter
-// case, because hosts store them in lower case. A value equal to its default is not stored.
+// case, because containers store them in lower case. A value equal to its default is not stored.
 #pragma once
 
 #include <cstdint>

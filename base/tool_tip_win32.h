@@ -8,8 +8,8 @@
 
 namespace velvox {
 
-/// Creates a topmost tool tip without a tool for `owner`. Returns null if Windows refuses; the
-/// control then works without a tip.
+/// Creates a topmost tool tip owned by `owner`, to which the caller then adds tools. Returns null
+/// if Windows refuses; the control then works without a tool tip.
 HWND createToolTip(HWND owner, DWORD style);
 
 /// Destroys `tip` unless Windows has already destroyed it together with its owner's top-level

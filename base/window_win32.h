@@ -30,7 +30,7 @@ struct WindowRequest {
     RECT bounds{};
     HWND parent = nullptr;
     int id = 0;           ///< for child windows only
-    UINT classStyle = 0;  ///< only the first window of a class sets its style and icon
+    UINT classStyle = 0;  ///< used, like iconId, only for the first window of a class
     int iconId = 0;       ///< resource number of the icon, 0 for none
 };
 
