@@ -69,8 +69,8 @@ void isButton::enter(ButtonState state) {
     changed(ControlChange::Appearance);
 }
 
-// Returns false when the handler has destroyed the button. A copy of the handler runs, because the
-// button's destruction also destroys the member `event`.
+// Returns false when the handler has destroyed the button. A copy of the handler runs, because
+// destroying the button also destroys the function to which `event` refers.
 bool isButton::raise(const std::function<void()>& event) {
     if (!event) return true;
     const std::weak_ptr<const void> alive = alive_;

@@ -29,7 +29,7 @@ enum class Tracking : std::int8_t { None, UserInterface, CommonControls };
 struct ButtonAmbient {
     bool userMode = true;  ///< false while the form is designed
     Font font;
-    std::string toolTipText;  ///< the container's own tool tip for the control
+    std::string toolTipText;  ///< the default of ToolTipText
 };
 
 /// Contents of the button's tool tip. A colour without a value is the system's.
@@ -218,8 +218,8 @@ class isButton : public Control {
     void pointerMoved();
     void pointerLeft();
     /// Called while the left mouse button is held; `over` is true while the pointer is over the
-    /// button. A button that the pointer has left does not look pressed, because a release will not
-    /// click it.
+    /// button. A button that the pointer has left does not look pressed, because a release then
+    /// does not click it.
     void pointerDragged(bool over);
     /// Called when no release will follow a press, because the focus or the capture moved to
     /// another window or the button was hidden or disabled. Ends the pressed look, and the hot look

@@ -59,7 +59,7 @@ void eachProperty(Visit visit) {
     visit(Row{"Value", &S::value, false, false, "Value"});
 }
 
-// Converts the default of a row to the type of its member.
+// Computes the default value of a property from its Row.
 struct Defaults {
     const SystemColours& colours;
     const ButtonAmbient& ambient;

@@ -29,7 +29,7 @@ ButtonFace::~ButtonFace() {
 void ButtonFace::copyTo(HDC target, int x, int y, HRGN region) const {
     const int saved = SaveDC(target);
     if (region) {
-        // A clip region is in device units, so it must be moved by the target's own origin as well.
+        // A clip region is in device units, so it must be moved by the target's origin as well.
         POINT origin{x, y};
         LPtoDP(target, &origin, 1);
         OffsetRgn(region, origin.x, origin.y);

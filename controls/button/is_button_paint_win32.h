@@ -8,8 +8,8 @@
 
 namespace velvox {
 
-/// Draws the whole button in the theme of `window`. The result is that of the portable
-/// `paintButton`.
+/// Draws the whole button in the theme of `window`. Returns what the portable `paintButton`
+/// returns.
 bool paintButton(const ButtonFace& face, const ButtonLook& look, const ButtonScene& scene,
                  HWND window, ThemeLibrary& themes);
 

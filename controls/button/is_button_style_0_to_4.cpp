@@ -88,7 +88,7 @@ void paintFlat(PixelView face, const FacePlan& plan) {
     const Rgb accent = plan.highlight(HighlightColour);
     const Rgb edgeBase =
         plan.customColours ? shift(back, flatOutlineShade) : plan.sys(ButtonShadowColour);
-    // A custom highlight colour may equal the face colour. The outline is darker, so it stays
+    // A custom highlight colour may equal the face colour, so its outline is made darker to stay
     // visible.
     const Rgb accentEdge = plan.customColours ? shift(accent, flatOutlineShade) : accent;
     Rgb fill = lighten(back, flatFaceWhite);

@@ -19,7 +19,7 @@ constexpr int edgeReach = 4 * one;  // distance over which edgeShade fades out
 constexpr int bottomGlow = 44, topShade = -24, pressedShade = -40;
 constexpr int capTopWhite = 225, capBottomWhite = 60;
 constexpr int capInset = 2 * one;
-constexpr int capPercent = 46, capSidePercent = 22;  // of the face's height
+constexpr int capPercent = 46, capSidePercent = 22;  // percentages of the face's height
 constexpr int solidDepth = 5 * one;                  // border and focus ring end within this depth
 constexpr int borderDepth = one + one / 2;
 constexpr int hotParts = 120, focusParts = 190;

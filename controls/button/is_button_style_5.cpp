@@ -50,7 +50,7 @@ Size sizeOf(PixelView face) {
     return {face.width(), face.height()};
 }
 
-// Draws the outermost lines without their first and last two pixels.
+// Draws the four outermost lines, each without the two pixels at either end.
 void border(PixelView face, Rgb top, Rgb left, Rgb bottom, Rgb right) {
     const auto [w, h] = sizeOf(face);
     face.line(2, 0, w - 2, 0, top);

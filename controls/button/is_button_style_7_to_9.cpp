@@ -43,7 +43,7 @@ class Octagon {
         const int b = bottom_ - y - inset;
         if (l < 0 || t < 0 || r < 0 || b < 0) return false;
         // Inner rings have smaller cuts: a slanted side that moves inwards by `inset` pixels
-        // shortens the cut by (2 - sqrt 2) * inset, about half of it.
+        // shortens the cut by (2 - sqrt 2) * inset, about half of `inset`.
         const auto cut = [&](int whole) { return std::max(whole - inset / 2, inset ? 1 : whole); };
         return l + t >= cut(cuts_.topLeft) && r + t >= cut(cuts_.topRight) &&
                r + b >= cut(cuts_.bottomRight) && l + b >= cut(cuts_.bottomLeft);

@@ -8,7 +8,7 @@ namespace {
 class SystemProcedures : public ProcedureFinder {
  public:
     FARPROC find(const char* library, const char* procedure) override {
-        // The program imports both libraries, so they are always loaded.
+        // The program imports User32 and Comctl32, so both are always loaded.
         const HMODULE module = GetModuleHandleA(library);
         return module ? GetProcAddress(module, procedure) : nullptr;
     }

@@ -131,8 +131,8 @@ bool isButtonWindow::track(UINT message, LPARAM lParam) {
 void isButtonWindow::beforeDefault(UINT message, LPARAM lParam) {
     if (pressing_) {
         // During a press the capture also reports moves outside the button, and some systems send
-        // WM_MOUSELEAVE before the capture ends. Both are ignored here, because release() and
-        // captureLost() decide whether the hover ends.
+        // WM_MOUSELEAVE before the capture ends. Both messages are ignored here, because release()
+        // and captureLost() decide whether the hover ends.
         if (message == WM_MOUSELEAVE) return;
         if (message == WM_MOUSEMOVE && !over({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) return;
     }
@@ -184,7 +184,8 @@ void isButtonWindow::release(POINT at) {
     pressWatch_.stop();
     ReleaseCapture();
     model_.mouseUp(MouseButton::Left);
-    // Without hover, a cancelled press would leave a toggle button looking pressed.
+    // Without a hover to end, the press must be cancelled: otherwise a toggle button would keep
+    // looking pressed.
     if (!inside) return model_.mouseInside() ? endHover() : model_.pressCancelled();
     // The request made when the pointer entered may have been used up during the press.
     if (model_.mouseInside()) requestLeaveNotice();
@@ -237,7 +238,7 @@ std::optional<LRESULT> isButtonWindow::onMouse(UINT message, LPARAM lParam) {
     }
 }
 
-// Key repeats are ignored, because holding Space or Enter must not start a second run.
+// Key repeats are ignored, because a held Space or Enter key must click only once.
 std::optional<LRESULT> isButtonWindow::onKey(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_KEYDOWN:

@@ -72,7 +72,7 @@ class isButtonWindow : public Window, public ControlObserver, private ButtonHost
     ButtonServices services_;
     LeaveTracker tracker_;
     ToolTip toolTip_;
-    bool tracksPointer_ = false;  ///< the model receives the messages of hovering
+    bool tracksPointer_ = false;  ///< the model is notified of hovering
     bool pressing_ = false;  ///< the window has the capture while the left mouse button is down
     bool spaceHeld_ = false;
     AncestorWatch pressWatch_;

@@ -63,7 +63,7 @@ class TextBoxWindow : public SystemControl, public TextBoxView {
     bool setting_ = false;
     wchar_t firstOfPair_ = 0;   // typed high surrogate whose low surrogate has not arrived
     bool pressed_ = false;      // a release inside the EDIT will be a click
-    AncestorWatch containers_;  // end a press when an ancestor window is hidden or disabled
+    AncestorWatch containers_;  // ends a press when an ancestor window is hidden or disabled
 };
 
 /// The window of an XPTextBox: frame and margin around the EDIT.
