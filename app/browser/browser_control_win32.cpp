@@ -9,7 +9,7 @@ namespace {
 constexpr CLSID htmlDocument = {
     0x25336920, 0x03F9, 0x11CF, {0x8F, 0xD0, 0x00, 0xAA, 0x00, 0x68, 0x6F, 0x13}};
 
-// Throws if the system has no HTML engine. Only creating a document shows that, because
+// Throws if the system has no HTML engine. Finds out by creating a document, because
 // CoGetClassObject succeeds even without an engine.
 void requireHtmlEngine() {
     ComPtr<IUnknown> document;

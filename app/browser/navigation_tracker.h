@@ -14,8 +14,8 @@ inline constexpr std::string_view blankAddress = "about:blank";
 /// Tracks the navigation of the preview. A transfer resolves the requested address, and the address
 /// of its final reply is where the navigation arrives. After the arrival has been announced, a
 /// browser control (the "view") may show the document; its success or failure changes nothing about
-/// the arrival. If the view tries to load another document by itself (a link, a script), a new
-/// navigation to that address replaces the attempt.
+/// the arrival. If the view tries to load another document by itself (a link, a script), this is
+/// prevented, and a new navigation to the address of that document starts.
 ///
 /// "Top" is the document of the control itself, as opposed to the document of a frame.
 class NavigationTracker {
@@ -44,7 +44,7 @@ class NavigationTracker {
     /// next navigation.
     void runEnded() noexcept { runEnded_ = true; }
 
-    /// Whether the transfer or the view has not yet shown a result.
+    /// Whether the transfer or the view has neither succeeded nor failed yet.
     bool waiting() const noexcept;
 
     /// Whether the transfer or the view is still loading. A view that already shows its document
@@ -54,13 +54,13 @@ class NavigationTracker {
     /// The address at which the navigation has arrived; empty before the arrival.
     const std::string& location() const noexcept { return location_; }
 
-    /// What the panel shows while no view covers it.
+    /// What the preview area shows while no view covers it.
     PreviewContent content() const;
 
     // The view: a browser control that shows the document.
 
-    /// Whether the document has arrived and needs a view. To be asked after all announcements are
-    /// taken.
+    /// Whether the document has arrived and needs a view. Call it only after takeAnnouncement has
+    /// returned false.
     bool wantsView() const noexcept;
     void viewOpened();
     /// Called when the view could not be opened or has not shown anything in time.
@@ -72,10 +72,10 @@ class NavigationTracker {
 
     bool beforeNavigate(bool top, std::string_view address);
     void navigateComplete(bool top) noexcept;
-    /// The document of a frame counts as an arrival too.
+    /// A document in a frame is announced like an arrival once it is complete.
     void documentComplete(bool top) noexcept;
     /// A navigation failed with an HTTP status or an HRESULT. Cancelling keeps the control from
-    /// replacing the document by an error page of its own.
+    /// showing its own error page in place of the document.
     bool navigateError(bool top, std::uint32_t status) noexcept;
     /// The control is about to download a file. `isDocument` means that it will show the file.
     bool fileDownload(bool isDocument) noexcept;

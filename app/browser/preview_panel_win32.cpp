@@ -31,8 +31,8 @@ COLORREF labelColour() {
     return static_cast<COLORREF>(legible(palette::quietText, background, textContrast));
 }
 
-// Longer than any panel can show. Limits the time for measuring, however long a redirect's address
-// is.
+// More characters than the preview area can show. The limit keeps measuring fast, however long a
+// redirect's address is.
 constexpr std::size_t maxAddressLength = 4096;
 
 constexpr UINT wrapped = DT_NOPREFIX | DT_WORDBREAK;

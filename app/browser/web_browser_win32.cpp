@@ -70,7 +70,7 @@ void WebBrowserWindow::advance(unsigned number) {
 }
 
 // Posts a message instead of acting at once, because this is also called from inside the browser
-// control. Each document that arrives posts its own message.
+// control. Each arrival is announced by a message of its own.
 void WebBrowserWindow::changed() noexcept {
     PostMessageW(handle(), changedMessage, 0, 0);
 }
@@ -79,8 +79,9 @@ void WebBrowserWindow::refresh() {
     if (!tracker_.busy()) KillTimer(handle(), patienceTimer);
     InvalidateRect(handle(), nullptr, FALSE);
     if (tracker_.takeAnnouncement()) {
-        // The handler shows the link; the message posted here opens the view afterwards. A copy of
-        // the handler is called, because the handler may destroy this object.
+        // The handler of DocumentComplete shows the link. The message posted here makes this
+        // function run again, which then opens the view. A copy of the handler is called, because
+        // the handler may destroy this object.
         changed();
         const auto handler = DocumentComplete;
         if (handler) handler();
@@ -102,7 +103,7 @@ void WebBrowserWindow::openView() {
         control_->navigate(tracker_.location());
         SetTimer(handle(), patienceTimer, static_cast<UINT>(limits_.time.count()), nullptr);
     } catch (const RuntimeFailure&) {
-        // The document has still arrived, and the panel shows its address, type and size.
+        // The arrival remains valid: the preview area shows the document's address, type and size.
         if (number == number_) tracker_.viewFailed();
     }
 }

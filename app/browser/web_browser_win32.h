@@ -12,8 +12,8 @@ namespace velvox {
 
 /// The preview browser. It resolves an address with a transfer that ends at the header of the final
 /// reply: this is the arrival. The system's web browser control then shows the document if the
-/// system has an HTML engine that renders its type. Otherwise a panel shows the document's address,
-/// type and size.
+/// system has an HTML engine that renders documents of its type. Otherwise the preview area shows
+/// the document's address, type and size.
 ///
 /// `DocumentComplete` is raised from the message loop, never from inside `Navigate`. Its handler
 /// may throw, navigate again, or destroy this window.
@@ -30,11 +30,11 @@ class WebBrowserWindow : public Window, public WebBrowser {
     /// Always false, because the browser has no content that it can show without the network.
     bool Offline() const override { return false; }
 
-    /// Called when a run has ended. If the run has not navigated, the panel says that there is no
-    /// preview.
+    /// Called when a run has ended. If the run has not navigated, the preview area says that there
+    /// is no preview.
     void runEnded();
 
-    /// What the panel shows while no page is rendered.
+    /// What the preview area shows while no page is rendered.
     PreviewContent content() const { return tracker_.content(); }
 
  protected:

@@ -63,8 +63,8 @@ void Form1::applyDesign() {
         Control& control = this->control(design.name);
         if (auto* button = dynamic_cast<isButton*>(&control)) button->ReadProperties(design.stored);
         if (auto* box = dynamic_cast<XPTextBox*>(&control)) box->ReadProperties(design.stored);
-        // A form that loads reads the stored properties first and then sets the bounds, which
-        // raises a resize.
+        // The bounds are set after the stored properties are read, as when a stored form is loaded:
+        // setting them raises a resize, which overrides some properties of an XPTextBox.
         control.Move(design.bounds);
         control.Visible(design.shown != Shown::Result);
     }

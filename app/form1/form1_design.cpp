@@ -31,7 +31,7 @@ LabelText title(std::string_view caption) {
     return {caption, palette::titleText, {.points = 9, .bold = true}};
 }
 
-// The stored properties that all buttons share. The keys are in lower case, as the host stores
+// The stored properties that all buttons share. The keys are in lower case, as containers store
 // them.
 PropertyBag button(std::string_view caption, std::initializer_list<PropertyBag::Entry> more = {}) {
     PropertyBag bag{{"style", 5},
@@ -59,7 +59,8 @@ PropertyBag closeButton() {
 constexpr std::string_view form = "Form1";
 constexpr std::string_view product = "Velvox " VELVOX_VERSION;
 
-// Grid in twips: captions start at 240, the controls that they name at 1800; rows end at 7215.
+// Captions have their left edge at 240 twips, and the controls that they name at 1800. The right
+// margin starts at 7215.
 const std::vector<ControlDesign>& controls() {
     static const std::vector<ControlDesign> rows = {
         // The client area: 497 x 297 pixels at 96 dots per inch.
@@ -103,14 +104,14 @@ const std::vector<ControlDesign>& controls() {
 }
 
 // Timer1 makes the home page link blink; the other timers drive the news ticker. Timer4 polls with
-// 1 ms, which WindowTimer raises to its shortest period.
+// an interval of 1 ms, which WindowTimer raises to its shortest period.
 constexpr TimerDesign timers[] = {
     {"Timer1", 500, true},  {"Timer4", 1, false},     {"Timer5", 100, true},
     {"Timer6", 1000, true}, {"Timer7", 10000, false},
 };
 
-// Etched separators: a dark line above a light one. The dark lines lie on pixels 4n + 3 of the
-// form, where a dark and a light line touch at every usual screen resolution.
+// Etched separators: a dark line above a light one. At 96 DPI each dark line is in a pixel row 4n+3
+// of the form. The two lines of a pair then touch at every usual screen resolution.
 constexpr Line lines[] = {
     {"Line1", 240, 1605, 7215, 1605},  {"Line2", 240, 1620, 7215, 1620},
     {"Line3", 1800, 2385, 7215, 2385}, {"Line4", 1800, 2400, 7215, 2400},

@@ -1,5 +1,5 @@
 // The news ticker: Timer6 starts a request, Timer4 polls it, and Timer5 scrolls the news. Timer7
-// waits for the next request, or gives up a request that the server does not answer.
+// waits until the next request is due, or gives up a request that the server does not answer.
 #include "app/form1/form1.h"
 #include "app/form1/home_page.h"
 #include "base/join.h"

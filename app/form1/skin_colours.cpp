@@ -14,8 +14,8 @@ struct TextOnSurface {
     double contrast;
 };
 
-// System colours that controls use for texts, the skin's surface below each text, and the minimum
-// contrast.
+// Each row has a system colour that controls use for text, the colour of the skin's surface below
+// that text, and the minimum contrast of the two.
 constexpr TextOnSurface texts[] = {
     {ButtonTextColour, palette::button, textContrast},
     {WindowTextColour, palette::box, textContrast},

@@ -58,7 +58,7 @@ std::string wireBytes(std::wstring_view text) {
 
 // WinHTTP's threads store the result of a step here. Only one step is in progress at a time,
 // because the next one is started after the completion of the previous one has been taken. `status`
-// is written last and read first, which passes `value` to the other thread without a lock.
+// is written last and read first, which passes `value` to the transfer's thread without a lock.
 struct HttpTransfer::Completion {
     explicit Completion(const StepRecipient& to) : recipient(to) {
         if (!recipient.window) event = OwnedHandle(CreateEventW(nullptr, FALSE, FALSE, nullptr));
@@ -77,8 +77,8 @@ struct HttpTransfer::Completion {
     OwnedHandle event;
     std::atomic<DWORD> status{0};
     DWORD value = 0;
-    // This buffer is part of Completion, because WinHTTP may still write to it after the transfer
-    // was given up.
+    // WinHTTP may still write to this buffer after the transfer was given up, so it is part of
+    // Completion, which lives that long.
     std::array<char, chunkBytes> chunk{};
 
     static void CALLBACK onStatus(HINTERNET, DWORD_PTR context, DWORD status, void* information,
@@ -179,9 +179,9 @@ void HttpTransfer::sendRequest() {
                              0, context));
 }
 
-// Takes one step only. Wine completes a step within its call if the bytes are already there, so a
-// server of tiny chunks would keep a loop busy for ever. The caller comes back for the next step,
-// because its completion has been signalled already.
+// Takes one step only. If the bytes are already there, Wine completes a step inside the call that
+// starts it, so a server that sends tiny chunks would keep a loop here busy for ever. The caller
+// calls again for the next step, whose completion has then been signalled already.
 bool HttpTransfer::advance() {
     Completion& completion = *completion_;
     const DWORD status = completion.status.exchange(0, std::memory_order_acquire);

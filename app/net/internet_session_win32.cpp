@@ -23,7 +23,8 @@ bool machineHasProxy() {
 }
 
 // Uses the user's static proxy if there is one, else a proxy that is set for the whole machine
-// (where Wine keeps http_proxy), else automatic proxy settings, which exist since Windows 8.1.
+// (under Wine, the http_proxy variable), else automatic proxy settings, which exist since Windows
+// 8.1.
 OwnedInternet openWithUsersProxy() {
     WINHTTP_CURRENT_USER_IE_PROXY_CONFIG user{};
     if (WinHttpGetIEProxyConfigForCurrentUser(&user)) {

@@ -12,13 +12,14 @@ namespace {
 using Clock = HttpTransfer::Clock;
 using std::chrono::milliseconds;
 
-// Input that ends the wait. Timers are not included, because they would end it needlessly.
+// Input that ends the wait for a fetch's next step. Timers would end it needlessly, so they are not
+// included.
 constexpr DWORD awaitedInput =
     QS_SENDMESSAGE | QS_POSTMESSAGE | QS_PAINT | QS_MOUSEBUTTON | QS_MOUSEMOVE | QS_KEY;
 
-// Messages are handled at least this often. A wait alone could miss them: PeekMessage with a filter
-// marks all queued messages as seen, after which they no longer end the wait, and a body that
-// arrives fast ends every wait before a message does.
+// Messages are handled at least this often. The wait alone could miss them for two reasons:
+// PeekMessage with a filter marks all queued messages as seen, after which they no longer end the
+// wait; and a body that arrives fast ends every wait before a message does.
 constexpr milliseconds maxPollInterval{100};
 
 // A page fetch that is advanced both by the waiting loop of OpenURL and by a timer while a menu is

@@ -27,7 +27,7 @@ VARIANT boolVariant(bool flag) {
 bool announcesTooMuch(IXMLHttpRequest& request) {
     const Bstr name = makeBstr(L"Content-Length");
     BSTR value = nullptr;
-    // The reply has no such header, or it has not arrived yet.
+    // The reply has no such header, or the reply's headers have not arrived yet.
     if (request.getResponseHeader(name.get(), &value) != S_OK) return false;
     const Bstr owner(value);
     const std::string digits = narrow(view(value));
@@ -62,8 +62,8 @@ void MsxmlRequest::send() {
     requireSuccess(request_->send(nothing), "The request's send");
 }
 
-// Keeps the request object: under Wine the transfer continues after an abort, and crashes if the
-// object has been released.
+// Does not release the request object: under Wine the transfer continues after an abort and would
+// crash without the object.
 void MsxmlRequest::abort() {
     requireSuccess(request_->abort(), "The request's abort");
 }

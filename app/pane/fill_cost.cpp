@@ -41,7 +41,8 @@ void FillCost::addCharacter(char16_t c, size_t column, size_t width) {
     const Kind kind = kindOf(c);
     const size_t row = rowColumns(width);
     const size_t rowsBefore = column / row;
-    const size_t shaping = kind == Kind::Other ? 2 : 1;  // the font may lack the character
+    // Twice the cost, because the font may lack the character.
+    const size_t shaping = kind == Kind::Other ? 2 : 1;
     spent_ += shaping * (1 + rowsBefore);
     if ((column + width) / row > rowsBefore) spent_ += rowCost;
     if (kind == Kind::Blank) return;

@@ -50,8 +50,8 @@ struct HtmlFragment {
     bool truncated = false;
 };
 
-/// A link with a longer address becomes plain text, because Windows passes no longer command line
-/// to a program.
+/// A link with a longer address becomes plain text, because no command line of Windows can be
+/// longer.
 inline constexpr std::size_t maxAddressLength = 32'767;
 
 /// Accepts any bytes. Takes linear time; the memory of the result is limited.

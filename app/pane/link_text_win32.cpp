@@ -90,15 +90,16 @@ std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM l
 std::optional<LRESULT> LinkText::onEvent(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE: {
-            // Enter is handled here while the caret is on a link. Tab and Escape are left to the
-            // dialog. Without DLGC_HASSETSEL, a Tab into the control does not select the whole
-            // text.
+            // Enter is handled here while the caret is on a link. Tab and Escape are left to
+            // IsDialogMessage. Without DLGC_HASSETSEL, a Tab into the control does not select the
+            // whole text.
             const auto* key = reinterpret_cast<const MSG*>(lParam);
             const bool enter = key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
             return DLGC_WANTARROWS | (enter && currentLink() ? DLGC_WANTMESSAGE : 0);
         }
         case WM_SETFOCUS:
-            // After Tab, a selected link shows the user at once that there is something to open.
+            // When Tab moves the focus here, the first link is selected, so that the user sees at
+            // once that there is something to open.
             if (GetKeyState(VK_TAB) < 0 && !currentLink() && !links_.empty())
                 select(links_.front());
             return std::nullopt;
@@ -172,7 +173,8 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
             if (link != tipped_) hideTip();
             trackHover();
             const LRESULT answer = classProcedure(handle(), message, wParam, lParam);
-            // The control has just set its own mouse pointer, as it does on every move.
+            // On every move the control sets its own mouse pointer, so the hand has to be set
+            // again.
             if (link && !(wParam & MK_LBUTTON))
                 SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
             return answer;
@@ -260,8 +262,8 @@ const TextLink* LinkText::linkUnder(POINT point) const {
     POINTL asked{point.x, point.y};
     const LRESULT nearest =
         SendMessageW(handle(), EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&asked));
-    // For any point, the control returns the nearest gap between characters. The character under
-    // the point is on one side of this gap, or there is none.
+    // For any point, the control returns the nearest gap between characters. The point is on the
+    // character before this gap, on the one after it, or on no character.
     for (LRESULT at = std::max<LRESULT>(nearest - 1, 0); at <= nearest; ++at) {
         const auto character = static_cast<std::size_t>(at);
         const TextLink* link = linkAt(links_, character);

@@ -49,7 +49,7 @@ class ResultPaneWindow : public Window, public ResultPane {
     Desktop& desktop_;
     std::string html_;
     PaneColours colours_;                     ///< system colours when the content was shown
-    mutable std::unique_ptr<LinkText> text_;  ///< created on first use: it would delay the start
+    mutable std::unique_ptr<LinkText> text_;  ///< created on first use, to start faster
     std::wstring name_;
 };
 

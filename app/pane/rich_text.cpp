@@ -99,8 +99,8 @@ class Writer {
                     breakLine();
                     if (c == u' ') continue;
                 }
-                // A line break shows nothing, so it keeps the format before it. A list of links
-                // then has one format throughout, which streams in half the time.
+                // A line break is invisible, so it gets no format of its own. A list of links then
+                // has one format throughout, which streams in half the time.
                 enter(run.look, inLink);
                 if (inLink) extendLink(run);
                 put(c, width);
@@ -208,7 +208,8 @@ class Writer {
     RichText result_;
     State state_;
     std::vector<Rgb> colours_;
-    std::map<std::pair<Rgb, bool>, size_t> colourIndices_;  // by colour and whether it is in a link
+    // The keys are a colour and whether the text is in a link.
+    std::map<std::pair<Rgb, bool>, size_t> colourIndices_;
     int openLink_ = TextRun::noLink;
     size_t plainEnd_ = 0;  // position after the last text outside links
     size_t column_ = 0;    // width of the current line so far, in characters of size 2

@@ -57,7 +57,7 @@ struct PaneColours {
     Rgb background = rgb(255, 255, 255);
     Rgb link = rgb(0, 0, 255);
     double linkContrast = textContrast;  ///< minimum contrast of links to the background
-    double plainContrast = 3;            ///< minimum contrast of other coloured text
+    double plainContrast = 3;            ///< minimum contrast of coloured text outside links
 
     bool operator==(const PaneColours&) const = default;
 };

@@ -30,9 +30,9 @@ std::unique_ptr<XmlHttpRequest> WindowsDesktop::createXmlHttpRequest() {
 }
 
 void WindowsDesktop::endProgram() {
-    // Terminates the process without clean-up code, because the system releases everything. An
-    // orderly exit would run the clean-up code of libraries, which may wait for a lock that a
-    // transfer's thread held when it ended.
+    // TerminateProcess runs no clean-up code: the system releases everything. ExitProcess would
+    // first end all other threads and then run the clean-up code of libraries, which may wait for a
+    // lock that an ended thread still holds.
     if (window_) ShowWindow(window_, SW_HIDE);
     TerminateProcess(GetCurrentProcess(), 0);
     ExitProcess(0);  // never reached; shows the compiler that this does not return

@@ -62,8 +62,8 @@ Form1Window::Children::Children(Form1Window& owner)
     quitTarget.emplace(topendskin.handle(), quitPlace(), [this] { form.isButton2.activate(); });
     outer.onVisible = [&owner](bool visible) { owner.coverControls(visible); };
     output.accessibleName(accessibleNameFor("Label3"));
-    // Screen readers name the site list after the label before it. These windows have no such
-    // label.
+    // Screen readers take the name of the site list from the label before it, but find no label for
+    // the following windows.
     setAccessibleName(linkin->editHandle(), accessibleNameFor("Label1"));
     setAccessibleName(web.handle(), accessibleNameFor("Label2"), ROLE_SYSTEM_PANE);
     setAccessibleName(handle("isButton2"), L"Quit");

@@ -272,8 +272,8 @@ void Form1Window::takeAddress(std::string_view text) {
     if (form().outer.Visible() || !form().linkin.Enabled()) return;
     const HWND address = children_->linkin->editHandle();
     SetFocus(address);
-    // The text field itself handles the next paste. Selecting the address lets a second paste in
-    // quick succession replace it.
+    // The address box now has the focus and handles the next paste itself. Because the address is
+    // selected, that paste replaces it.
     Edit_SetSel(address, 0, -1);
 }
 
@@ -292,9 +292,9 @@ bool Form1Window::intercept(MSG& message) {
     }
     const bool key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
     if (key && !canTakeKeys(message.hwnd, handle())) {
-        // The key was queued for a control that has been hidden or disabled since. It is dropped,
-        // because IsDialogMessage would search a hidden container for an access key without end.
-        // Keys with Alt go to the main window.
+        // The key was queued for a control that has been hidden or disabled since. IsDialogMessage
+        // must not get it, because it would search a hidden container for an access key without
+        // end. A key without Alt is dropped, and a key with Alt is sent to the main window.
         if (message.message < WM_SYSKEYDOWN) return true;
         message.hwnd = handle();
     }

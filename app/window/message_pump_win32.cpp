@@ -81,7 +81,7 @@ class ModalLoopTimer {
         }
     }
 
-    static inline ModalLoopTimer* current = nullptr;  // the innermost one of the UI thread
+    static inline ModalLoopTimer* current = nullptr;  // the innermost timer of the UI thread
 
     const std::function<bool()>& isOver_;
     ModalLoopTimer* outer_;
@@ -148,7 +148,7 @@ void MessagePump::serveInput(const std::function<bool()>& isOver) {
     const ValueScope serving(serving_, true);
     const ModalLoopTimer timer(isOver);
     MSG message;
-    // PeekMessage returns WM_QUIT for any filter.
+    // PeekMessage returns WM_QUIT even if the filter excludes it.
     const auto dispatchAll = [&](UINT first, UINT last, UINT flags, int most) {
         while (most-- > 0 && PeekMessageW(&message, nullptr, first, last, PM_REMOVE | flags)) {
             if (message.message == WM_QUIT) return quit(static_cast<int>(message.wParam));
@@ -156,7 +156,8 @@ void MessagePump::serveInput(const std::function<bool()>& isOver) {
         }
     };
     for (const auto& [first, last] : inputRanges) dispatchAll(first, last, 0, INT_MAX);
-    // A window of another library may never validate itself. It is then sent WM_PAINT without end.
+    // A window of another library may never validate itself, so Windows would send it WM_PAINT
+    // without end.
     constexpr int maxPaints = 100;
     dispatchAll(WM_PAINT, WM_PAINT, PM_QS_PAINT, maxPaints);
 }

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int pictureResolutions[] = {96, 120, 144, 192};
 
-// Twips. Distances of the panel from the edges of the result area.
+// Distances in twips between the edges of the result area and the panel that is drawn in it.
 constexpr int areaMarginTop = 60;
 constexpr int areaMarginRight = 90;
 constexpr int areaMarginBottom = 90;
@@ -65,7 +65,7 @@ Skin::Picture Skin::load(int piece) {
         *std::min_element(std::begin(pictureResolutions), std::end(pictureResolutions),
                           [dpi](int a, int b) { return std::abs(a - dpi) < std::abs(b - dpi); });
     Picture picture;
-    // In the format of the screen, because it is drawn often.
+    // The picture is drawn often, so LR_DEFAULTCOLOR loads it in the screen's pixel format.
     picture.bitmap.reset(static_cast<HBITMAP>(LoadImageW(GetModuleHandleW(nullptr),
                                                          MAKEINTRESOURCEW(piece + nearest),
                                                          IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
@@ -87,7 +87,8 @@ Skin::Surfaces Skin::surfaces() const {
 }
 
 void Skin::draw(HDC dc, Piece piece, const RECT& area) const {
-    // Each label has its part of the form painted behind it.
+    // Labels make the form paint their backgrounds. Each time, most pieces are outside the clip
+    // region.
     if (!RectVisible(dc, &area)) return;
     const Surfaces colours = surfaces();
     switch (piece) {

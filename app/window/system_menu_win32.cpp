@@ -41,7 +41,7 @@ std::optional<LRESULT> SystemMenu::onMessage(UINT message, WPARAM wParam, LPARAM
             openBelowIcon();
             return 0;
         case WM_CONTEXTMENU: {
-            if (lParam == -1) return std::nullopt;  // opened by keyboard for a control
+            if (lParam == -1) return std::nullopt;  // by keyboard, without a position
             const POINT screen{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
             POINT client = screen;
             ScreenToClient(window_, &client);
@@ -90,8 +90,8 @@ void SystemMenu::open(POINT screen) const {
     enable(SC_MINIMIZE, IsIconic(window_) == FALSE);
     enable(aboutCommand, !running_());
     SetMenuDefaultItem(menu, SC_CLOSE, MF_BYCOMMAND);
-    // The chosen command is posted, because it may destroy this object: it runs after the menu's
-    // loop has ended.
+    // The chosen command may destroy this object, so it is posted and runs after this function has
+    // returned.
     const HWND window = window_;
     const UINT chosen = static_cast<UINT>(TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON,
                                                          screen.x, screen.y, 0, window, nullptr));

@@ -58,8 +58,8 @@ class WindowTimer : public ControlObserver {
     };
 
     /// Period in milliseconds, or 0 for a stopped timer. Every timer of the form drives a display,
-    /// so none runs faster than the eye can follow. A poll every millisecond, which Windows would
-    /// round up to 16, would cost an idle program more than all its other work.
+    /// so none runs faster than the eye can follow. A timer of 1 ms, which Windows would raise to
+    /// 16 ms, would cost an idle program more than all its other work.
     UINT wanted() const {
         constexpr UINT shortest = 50;
         return model_.Enabled() ? std::max(model_.Interval(), shortest) : 0;
@@ -67,7 +67,7 @@ class WindowTimer : public ControlObserver {
 
     void restart() {
         running_ = wanted();
-        // SetTimer for a running timer restarts its interval.
+        // For a running timer, SetTimer restarts the interval.
         if (running_ != 0)
             SetTimer(window_, id_, running_, nullptr);
         else
