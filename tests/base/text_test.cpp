@@ -19,7 +19,7 @@ Fault faultOf(const std::function<void()>& action) {
     return Fault::Platform;
 }
 
-// What the fuzz target `text` does not reach: it compares with the standard library.
+// Cases that the fuzz target `text` leaves out.
 TEST(TextTest, FindsNothingBeyondTheEndAndAnEmptyTextAtTheStart) {
     const std::tuple<std::string_view, std::string_view, int, int> rows[] = {
         {"", "", 1, 0}, {"abc", "", 3, 3}, {"abc", "", 4, 0}, {"abc", "c", 99, 0}};

@@ -16,8 +16,9 @@ constexpr bool frame = false;
 const std::string page = "http://host.example/page";
 const std::string elsewhere = "mailto:a@b.example";
 
-/// Something that happens to a tracker. Returns "+" for a document to announce or a busy tracker,
-/// "-" for a step of the control that is cancelled, ">" for a navigation of the view's own.
+/// An event or a query of a tracker. Returns "+" if the tracker announces a document or is busy,
+/// "-" if it cancels what the browser control is about to do, ">" if it takes over a navigation
+/// that the control has started by itself.
 using Event = std::function<std::string(NavigationTracker&)>;
 
 std::string verdict(bool follow) {

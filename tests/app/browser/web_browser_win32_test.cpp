@@ -180,7 +180,7 @@ TEST_F(WebBrowserTest, NothingIsRequestedAfterTheTimeOrTheNextNavigation) {
     web->Navigate(server_.address("/slow-loop"));
     EXPECT_TRUE(fails(*web));
     const auto requestsAfter = [&] {
-        pumpFor(100);  // requests that are on their way
+        pumpFor(100);  // requests that were already sent may still arrive
         const int before = requests_;
         pumpFor(500);
         return requests_ - before;
@@ -206,8 +206,8 @@ TEST_F(WebBrowserTest, NavigationsThatAreCutShortNeitherSpeakNorStay) {
         SCOPED_TRACE(i);
         auto web = makeWeb();
         web->Navigate("about:blank");
-        // Every second browser first starts another navigation; all of them end by the end of the
-        // window.
+        // The last navigation of every browser is cut short by destroying the window. In every
+        // second browser, an earlier navigation is also cut short by the next one.
         if (i % 2 == 0) {
             arrivals_.clear();
             ASSERT_TRUE(arrives());

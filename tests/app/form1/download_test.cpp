@@ -94,8 +94,9 @@ std::string runWith(const std::function<void(Form1&)>& event) {
     return effects.substr(effects.find("yield\n"));
 }
 
-// The inner run shows its whole list and clears the list of links, which both runs share. The outer
-// run then continues with its second page and shows the links collected since.
+// Download pressed during a yield starts an inner run. It shows its whole list and clears the list
+// of links, which it shares with the outer run. The outer run then continues with its second page
+// and shows the links collected since.
 TEST(ComicYieldTest, SecondDownloadRunsToItsEndInside) {
     EXPECT_EQ(runWith([](Form1& form) { form.UniXPButton1.activate(); }),
               "yield\n" + start.substr(start.find("outer.Visible")) +

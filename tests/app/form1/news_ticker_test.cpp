@@ -9,7 +9,7 @@ namespace {
 
 const std::string open = "open get http://www.velvox.example/news.txt?rnd=11/21/2008 9:05:00 AM\n";
 
-// Whatever ticks and replies come in which order is checked by the fuzz target `ticker`.
+// Ticks and replies in any order are left to the fuzz target `ticker`.
 class NewsTickerTest : public ::testing::Test {
  protected:
     NewsTickerTest() { form.Form_Load(); }
@@ -51,8 +51,8 @@ TEST_F(NewsTickerTest, ScrollsFromTheFirstCharacterToTheLastAndAround) {
     }
 }
 
-// Half a character would be shown as another one, and a character of three bytes would take three
-// ticks.
+// If a character were cut in two, its bytes would be shown as different characters, and a character
+// of three bytes would take three ticks.
 TEST_F(NewsTickerTest, ScrollsByWholeCharactersOfAnyLength) {
     const std::string e = "\xE1\xBA\xBF";
     const std::string rest = "\xF0\x9F\x8E\xAC\xFF";
@@ -69,7 +69,7 @@ TEST_F(NewsTickerTest, ScrollsByWholeCharactersOfAnyLength) {
 
 TEST_F(NewsTickerTest, ShorterNewsAndOddPlacesStartAgain) {
     form.NewsText = "abc";
-    // A position before the text is only incremented, like any other number.
+    // A position below 1 starts nothing again: like a valid one, it is only incremented.
     const std::pair<const char*, const char*> rows[] = {
         {"99", "1"}, {"x", "1"}, {"-7", "-6"}, {"0", "1"}, {"99999999999", "1"}, {"3", "1"}};
     for (const auto& [place, next] : rows) {

@@ -16,7 +16,8 @@ TEST(SkinnedFrameTest, TitleBarFollowsTheWidth) {
     EXPECT_EQ(form.skinbar.bounds(), (Bounds{480, 0, 8000 - 1020, form.skinbar.Height()}));
     EXPECT_EQ(form.topendskin.bounds(), (Bounds{8000 - 540, 0, 540, form.topendskin.Height()}));
 
-    // In a window that is too narrow, the bar keeps its width, but the later steps are still made.
+    // In a window that is too narrow, skinbar keeps its width. topendskin is nevertheless moved to
+    // skinbar's right end.
     form.Width(2000);
     form.topendskin.Left(5);
     form.Width(1019);

@@ -29,7 +29,7 @@ TEST(StartUpTest, ChoosingASiteChangesTheExampleAlone) {
     form.linkin.Text("mine");
     std::vector<std::string> examples(std::begin(exampleAddresses), std::end(exampleAddresses));
     examples.push_back("http://www.nhacso.net/Music/Album/2007/06/05F62FB2/");
-    // The form compares with the name of the albums' entry, but its list has no such entry.
+    // The albums have an example, but no entry in the site list, so the test adds their entry.
     form.ds.AddItem("Album Nhacso.net");
     for (std::size_t i = examples.size(); i-- > 0;) {
         form.ds.ListIndex(static_cast<int>(i));

@@ -22,8 +22,8 @@ std::string resolved(std::string_view base, std::string_view location) {
 // The expected values are the results of browsers for the same pairs.
 TEST(ResolveLocationTest, FollowsReferencesAsBrowsersDo) {
     const std::string_view plain = "http://h:81/a/b/c?q=1/2";
-    // This base address is fetched byte for byte as it was given, but is read as a browser reads
-    // it.
+    // A page at this address is fetched with exactly these bytes. As a base, the address is first
+    // normalised as browsers do.
     const std::string_view odd = "https://WWW.h/a b\\c/%2e/d?'\"#f";
     const std::tuple<std::string_view, std::string_view, const char*> rows[] = {
         {plain, "HTTP://X/y?z#f", "http://x/y?z#f"},

@@ -147,8 +147,8 @@ TEST(TransferControlTest, SeesMessagesUntilItsDeadlineAndLeavesNoHandleBehind) {
     EXPECT_EQ(liveHandles(), before);
 }
 
-// While a menu is open the page still arrives. The menu closes when the page has arrived or at the
-// deadline.
+// The callback simulates a loop of the system, such as a menu's. The page arrives inside this loop.
+// `isOver` returns true once the page has arrived, and at the deadline.
 TEST(TransferControlTest, IsAdvancedFromInsideAnotherLoop) {
     const LocalServer server(answer);
     InternetSession session;

@@ -14,7 +14,8 @@ namespace {
 
 using namespace std::string_literals;
 
-// Converts runs to the form "[face size colour link|text]", without values that are the default.
+// Writes each part of uniform look as "[face size colour link|text]", without values that are the
+// default.
 std::string describe(const HtmlFragment& html) {
     std::ostringstream out;
     for (const auto& [begin, end, look, link] : html.runs) {
@@ -91,7 +92,7 @@ TEST(HtmlFragmentTest, BrokenNestingAndHostileAddresses) {
         // A tag that is never closed is shown as text.
         {"x<a href='u>y</a>", "[|x<a href='u>y</a>]"},
         {"x<", "[|x<]"},
-        // An address that is too long for any program makes no link.
+        // An address longer than the maximum makes no link.
         {"<a href=" + std::string(maxAddressLength + 1, 'h') + ">x</a>", "[|x]"},
     });
 }

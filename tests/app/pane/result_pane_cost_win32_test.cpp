@@ -71,7 +71,8 @@ TEST_F(ResultPaneTest, ManyWritesLeaveNothingBehind) {
             count += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
         return count;
     };
-    const std::string list = imageLines(210);  // long enough for the control itself to be replaced
+    // After a text of so many lines, the pane replaces its text control.
+    const std::string list = imageLines(210);
     pane.DocumentHTML(list);
     pane.DocumentHTML("x");
     const int blocksBefore = heapBlocks();

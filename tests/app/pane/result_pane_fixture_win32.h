@@ -63,7 +63,7 @@ class ResultPaneTest : public ::testing::Test {
         send(EM_POSFROMCHAR, static_cast<WPARAM>(at(place)), static_cast<LPARAM>(character));
         return MAKELPARAM(place.x + 2, place.y + 6);
     }
-    // Input is posted, because a message gets its time in the queue.
+    // Input is posted, not sent, because only a posted message has the time at which it was queued.
     void post(UINT message, WPARAM wParam, LPARAM lParam = 0) const {
         PostMessageW(text(), message, wParam, lParam);
     }

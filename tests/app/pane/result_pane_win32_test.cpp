@@ -53,8 +53,7 @@ TEST_F(ResultPaneTest, IsPaintedOnReturn) {
 TEST_F(ResultPaneTest, LinksFollowTheSystemsColours) {
     constexpr int window = COLOR_WINDOW;
     const COLORREF usual = GetSysColor(window);
-    // Measures painted pixels, because the control draws its own link format in a colour of its
-    // own.
+    // Measures painted pixels, because the control itself chooses the colour of its link format.
     const auto linkContrast = [&] {
         const auto background = static_cast<Rgb>(GetSysColor(window));
         const WindowDc dc(text());
@@ -90,22 +89,24 @@ TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
         opened += "shell open " + link.address + "\nshell open " + link.address + '\n';
     }
     EXPECT_EQ(log.take(), opened);
-    // Clicks beside and below links, where the nearest character still belongs to a link.
+    // None of the following opens a link. Clicks beside and below links, where the nearest
+    // character still belongs to a link:
     const LPARAM third = pointAt(links[2].begin);
     for (const LPARAM point : {pointAt(1), pointAt(links[0].end + 1), third + MAKELPARAM(150, 0),
                                third + MAKELPARAM(0, 60)})
         click(point);
-    // A press on one link with the release on another, and a press that selects a part of a link.
+    // A press on one link with the release on another link, and a press that selects a part of a
+    // link:
     press(pointAt(links[0].begin));
     release(third);
     press(pointAt(links[0].begin));
     send(WM_MOUSEMOVE, MK_LBUTTON, pointAt(links[0].begin + 5));
     release(pointAt(links[0].begin + 5));
-    // A press on a link that is replaced before the release.
+    // A press on a link that is replaced before the release:
     press(pointAt(links[0].begin));
     pane.DocumentHTML("<a href='http://h/other'>Another link</a>");
     release(pointAt(2));
-    // A click and a key press that were in the queue before the link appeared.
+    // A click and a key press that were in the queue before the link appeared:
     post(WM_LBUTTONDOWN, MK_LBUTTON, pointAt(2));
     post(WM_LBUTTONUP, 0, pointAt(2));
     post(WM_KEYDOWN, VK_RETURN);
@@ -118,7 +119,8 @@ TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
     EXPECT_FALSE(hasCaret());
 }
 
-// After Wine's own selection of a word, the next Right reads beyond the text and ends the program.
+// When Wine's rich-edit control itself selects a word on a double click, the next Right key reads
+// beyond the text and ends the program.
 TEST_F(ResultPaneTest, ADoubleClickSelectsALinkAndLeavesKeysUsable) {
     pane.DocumentHTML("plain<br><a href='http://h/1'>Download FLV</a>");
     SetFocus(pane.handle());
@@ -189,8 +191,8 @@ std::string tip() {
 TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
     pane.DocumentHTML("text <a href='http://h/address?a&b'>Download</a>");
     const HCURSOR hand = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND));
-    // Beside the link and on the link: the cursor at once, and the tool tip after the pointer has
-    // rested.
+    // The cursor changes at once, the tool tip appears after the pointer has rested, and both only
+    // on the link.
     for (const bool onLink : {false, true}) {
         const LPARAM point = pointAt(onLink ? 7 : 1);
         send(WM_MOUSEMOVE, 0, point);
@@ -204,7 +206,7 @@ TEST_F(ResultPaneTest, HoveringShowsTheAddressAndAHand) {
     send(WM_MOUSEHOVER, 0, pointAt(7));
     pane.DocumentHTML("something else");
     EXPECT_EQ(tip(), "hidden");
-    // The pointer comes to rest just before the pane is hidden or the menu opens.
+    // No tip appears if the pane is hidden, or the menu opens, before WM_MOUSEHOVER is handled.
     pane.DocumentHTML("<a href='http://h/1'>One</a>");
     ShowWindow(pane.handle(), SW_HIDE);
     send(WM_MOUSEHOVER, 0, pointAt(1));

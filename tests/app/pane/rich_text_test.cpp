@@ -143,8 +143,8 @@ std::string repeated(const std::string& unit, std::size_t count) {
     return all;
 }
 
-// The bound limits the cost for the control: each of these texts has no more characters, lines and
-// links than the longest list, which fits.
+// The pane limits what a text may cost the control. The longest list fits. Each text below costs
+// too much by its characters, lines, links or fonts.
 TEST(RichTextTest, TheLongestListFitsAndWhatCostsMoreEndsInANotice) {
     const std::string address(20, 'p');
     const RichText longest = written(repeated(

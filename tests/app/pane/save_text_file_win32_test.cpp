@@ -23,7 +23,7 @@ TEST(SaveTextFileTest, ReplacesAFileOnlyByAWholeOne) {
     wchar_t folder[MAX_PATH]{};
     GetTempPathW(MAX_PATH, folder);
     const std::wstring path = std::wstring(folder) + L"saved \x1ebf.txt";
-    const std::wstring other = path + L".part";  // another file of the user
+    const std::wstring other = path + L".part";  // a file that the user already has
     writeTextFile(other.c_str(), "kept");
     writeTextFile(path.c_str(), "http://a/\r\n");
     writeTextFile(path.c_str(), "b");

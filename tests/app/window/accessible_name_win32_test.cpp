@@ -156,8 +156,8 @@ TEST_F(AccessibleNameTest, TheResultPaneKeepsItsNameWithANewControl) {
     EXPECT_FALSE(record_.contains(first));
 }
 
-// A missing service is no failure. Wine has at most the service's class, and a thread without COM
-// does not have that either.
+// A missing service is no failure. Wine does not implement IAccPropServices, and a thread without
+// COM cannot create it in any system.
 TEST(AccessibleNameMissingTest, IsNoFailure) {
     const TestForm window({0, 0, 9, 9});
     const auto ask = [&] {

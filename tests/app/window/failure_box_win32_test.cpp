@@ -34,7 +34,7 @@ namespace {
 
 wchar_t boxText[2000];
 
-// Closes the message box. Timers tick in the box's own message loop.
+// Closes the message box. The box's own message loop calls this timer procedure.
 __attribute__((force_align_arg_pointer)) void CALLBACK closeBox(HWND, UINT, UINT_PTR id, DWORD) {
     const HWND box = FindWindowW(L"#32770", programTitle);
     if (!box) return;

@@ -120,7 +120,7 @@ TEST(InputFilterTest, ADoubleClickEndsOnNoOtherControl) {
         filter.controlsChanged();
         EXPECT_EQ(filter.accepts(row.second), row.passes);
         EXPECT_EQ(filter.accepts(input(Kind::Release, row.second.code)), row.passes);
-        // A further click of the user is meant for the control that is visible now.
+        // A third click is always accepted: the user means the control that is visible now.
         InputEvent third = row.second;
         third.timeMs += 400;
         EXPECT_TRUE(filter.accepts(third));

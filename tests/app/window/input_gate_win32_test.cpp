@@ -134,7 +134,8 @@ TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
     EXPECT_FALSE(window.form().outer.Visible());
 }
 
-// After a click with the left button, Space makes two clicks. Only one of them starts a run.
+// If the last mouse button used was the left one, Space clicks twice. Only one of the two clicks
+// starts a run.
 TEST_F(InputGateTest, SpaceOnDownloadStartsOneRun) {
     window.form().linkin.Text(server.address("/youtube.com/watch?v=a"));
     window.form().UniXPButton1.mouseUp(MouseButton::Left);

@@ -38,7 +38,8 @@ class TickingWindow : public TestForm {
     MessagePump& pump_;
 };
 
-// A tick in another message loop must not take messages from that loop.
+// A tick yields only inside the program's own message loop. Inside any other loop, such as a
+// message box's, yielding would take messages from that loop.
 TEST(MessagePumpTest, OnlyATickOfItsOwnYields) {
     MessagePump pump;
     TickingWindow window(pump);
@@ -62,7 +63,8 @@ TEST(MessagePumpTest, OnlyATickOfItsOwnYields) {
     EXPECT_EQ(taken(), "tick end typed ");
 }
 
-// An exception from the hook is reported like one from a window's handler, and the loops continue.
+// An exception from `intercept` is reported like one from a window's message handler, and the loops
+// continue.
 TEST(MessagePumpTest, AnExceptionOutOfAHookIsReported) {
     std::string reported;
     setFailureReporter([&](std::string_view text) { reported += text; });
