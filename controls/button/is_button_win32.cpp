@@ -184,8 +184,8 @@ void isButtonWindow::release(POINT at) {
     pressWatch_.stop();
     ReleaseCapture();
     model_.mouseUp(MouseButton::Left);
-    // Without a hover to end, the press must be cancelled: otherwise a toggle button would keep
-    // looking pressed.
+    // If there is no hover to end, the press must be cancelled; otherwise a toggle button would
+    // keep looking pressed.
     if (!inside) return model_.mouseInside() ? endHover() : model_.pressCancelled();
     // The request made when the pointer entered may have been used up during the press.
     if (model_.mouseInside()) requestLeaveNotice();
