@@ -15,7 +15,7 @@ namespace velvox {
 
 struct TransferLimits {
     std::chrono::milliseconds time{60'000};  ///< for the whole transfer, redirects included
-    std::size_t bytes = 64U << 20;  ///< maximum body size; uses up to 1.5 times that memory
+    std::size_t bytes = 64U << 20;  ///< maximum body size; its buffer takes up to 1.5 times that
 };
 
 /// The window that gets a posted message for each completed step of a transfer, with `number` as

@@ -24,8 +24,9 @@ class ResultPaneWindow : public Window, public ResultPane {
 
     void DocumentHTML(std::string_view html) noexcept override;
 
-    /// Makes the next write faster by replacing a control that is slow to clear. For a time when
-    /// the pane is hidden and the user does not wait: a new control takes several milliseconds.
+    /// Makes the next write faster by replacing a control that is slow to clear. Call this while
+    /// the pane is hidden and the user does not wait, because a new control takes several
+    /// milliseconds.
     void prepare();
 
     /// Shows the current content again if its colours depend on system colours that have changed.
@@ -49,7 +50,7 @@ class ResultPaneWindow : public Window, public ResultPane {
     Desktop& desktop_;
     std::string html_;
     PaneColours colours_;                     ///< system colours when the content was shown
-    mutable std::unique_ptr<LinkText> text_;  ///< created on first use, to start faster
+    mutable std::unique_ptr<LinkText> text_;  ///< created on first use, for a faster start-up
     std::wstring name_;
 };
 

@@ -208,7 +208,7 @@ class Writer {
     RichText result_;
     State state_;
     std::vector<Rgb> colours_;
-    // The keys are a colour and whether the text is in a link.
+    // Each key is a colour, with true for text in a link.
     std::map<std::pair<Rgb, bool>, size_t> colourIndices_;
     int openLink_ = TextRun::noLink;
     size_t plainEnd_ = 0;  // position after the last text outside links

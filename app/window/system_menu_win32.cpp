@@ -41,7 +41,7 @@ std::optional<LRESULT> SystemMenu::onMessage(UINT message, WPARAM wParam, LPARAM
             openBelowIcon();
             return 0;
         case WM_CONTEXTMENU: {
-            if (lParam == -1) return std::nullopt;  // by keyboard, without a position
+            if (lParam == -1) return std::nullopt;  // a key opens the menu: no position
             const POINT screen{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
             POINT client = screen;
             ScreenToClient(window_, &client);
