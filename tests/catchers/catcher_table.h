@@ -28,7 +28,8 @@ inline std::string fetchThroughLink2(const std::string& address) {
     return "link2=" + address + "\nfetch " + address + "\n";
 }
 
-/// The effects of a catcher's trap: the address box is enabled and a text is shown in red.
+/// The effects of a catcher that handles an exception: the address box is enabled and a text is
+/// shown in red.
 inline std::string redLine(const std::string& text) {
     return "linkin.Enabled True\n"
            "pane <font face='tahoma' size='2' color='red'>" +

@@ -12,19 +12,20 @@ const std::string aviAddress = "http://vp.video.google.com/videodownload?a=1&doc
 const std::string avi = "http://vp.video.google.com/";
 const std::string scanning = "pane <font face='tahoma' size='2' >Scanning For Video...</font>\n";
 
-/// Up to the first reply.
+/// The effects up to the first reply.
 std::string start(const std::string& from = address, const std::string& id = docid) {
     return "ketqua=\nlinkin.Enabled False\n" + scanning + "yield\npane " + from + "\n" + scanning +
            fetchThroughLink2(host + "/videohosted?docid\\" + id);
 }
 
-/// From the first reply up to the second one.
+/// The effects from the first reply up to the second one.
 std::string others(const std::string& at) {
     return "pane <font face='tahoma' size='2' >Scanning For Other File Types...</font>\nfetch " +
            at + "\n";
 }
 
-/// Up to the second reply if the first one has no name: the same address is fetched twice.
+/// The effects up to the second reply if the first reply has no file name: the same address is
+/// fetched twice.
 std::string again(const std::string& from = address, const std::string& id = docid) {
     return start(from, id) + others(host + "/videohosted?docid\\" + id);
 }
@@ -37,7 +38,7 @@ std::string flvLine(const std::string& name, const std::string& id = docid) {
     return line(host + "/videofile/" + name + ".flv?docid=" + id + "&itag=5", "FLV");
 }
 
-/// The step that writes the links, and the last one.
+/// The last effects: the links are stored and shown.
 std::string end(const std::string& links) {
     return "ketqua=" + links + "\nlinkin.Enabled True\npane " + links + "\n";
 }
@@ -65,7 +66,8 @@ TEST(GoogleCatcherTest, CollectsUpToThreeLinks) {
           {"", odd, mp4Block("c..d&amp;amp;e")},
           again() + hosted +
               end(line(avi + "..b?x&y&docid=" + docid, "AVI") + line("c..d&e", "MP4"))},
-         // Without a marker the length is that of the marker less 1: the server without its "/".
+         // Without the marker "&docid=" the AVI's address has the length of the marker less 1: only
+         // the server, without its "/".
          {"AVI without docid, MP4 without its block",
           address,
           {"", avi + "x", std::string(86, '.') + "m123456ipoddownloadlink"},

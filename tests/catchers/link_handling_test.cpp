@@ -33,12 +33,12 @@ TEST(LinkHandlingTest, CutsTheLinkFromTheAddressArrivedAt) {
         {"?video_id=youtube.com/a/b?video_id=youtube.com/a/b",
          link("?video_id=youtube.com/get_video?video_id=youtube.com/get_video") + enabled},
         {"http://www.youtube.com/watch?v=abc", ""},
-        // Both sites' patterns are tried, whatever the result of the first one.
+        // Metacafe's and YouTube's patterns are both tried, whether or not the first one matches.
         {"metacafe.com/f/?mediaURL=a.flv&youtube.com/p?video_id=x",
          enabled + link("a.flv") +
              link("metacafe.com/f/?mediaURL=a.flv&youtube.com/get_video?video_id=x") + enabled},
         {"metacafe.com/f/?youtube.com/p?video_id=x", ""},
-        // Neither site
+        // Neither Metacafe nor YouTube
         {"about:blank", ""},
     };
     for (const auto& [address, effects] : rows) {

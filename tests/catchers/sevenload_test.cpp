@@ -42,8 +42,8 @@ TEST(SevenLoadTest, LeavesTheBoxDisabledAfterALink) {
          run("empty session", address, "fo.addVariable(sess,);", "AbCdEfG", ""),
          run("seven characters of whatever follows", "en.sevenload.com/videos/a/b/c/d/e", goodPage,
              "a/b/c/d", "x1y2"),
-         // Without "/videos/" its position counts as 0 and the first "/" is at 6, so the catcher
-         // takes six characters from position 8 on.
+         // Without "/videos/", the position of "/videos/" counts as 0. The first "/" is at 6, so
+         // the catcher takes six characters from position 8 on.
          run("no final slash", "http://en.sevenload.com/videos", goodPage, "en.sev", "x1y2")});
 }
 

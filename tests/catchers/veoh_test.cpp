@@ -59,7 +59,8 @@ TEST(VeOHTest, ReportsEachFailure) {
          {"failed fetch", address, {failure}, details("v123abc") + red},
          afterDetails("\r\nfullPreviewHashPath=\"http://a/b.flv\" \n"),
          afterDetails("fullPreviewHashPath=\"\r\n"),
-         // If ".mp4" occurs anywhere in the reply, the catcher requires the second line as well.
+         // If ".mp4" occurs anywhere in the reply, the catcher also requires a valid line with
+         // `ipodLink`.
          afterDetails("fullPreviewHashPath=\"http://a/b.mp4\" \r\n"),
          afterDetails(flvLine + "ipodLink=\"\r\n.mp4"),
          afterDetails(flvLine + "ipodLink=\"http://a/c.mp4\"")});

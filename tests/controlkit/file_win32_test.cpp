@@ -43,7 +43,7 @@ class FileTest : public testing::Test {
             << path;
     }
 
-    /// Names and sizes in natural order.
+    /// Names and sizes, in the order of compareNaturally().
     static std::string listed(clsFile::Items items) {
         clsSort::SortList(items, [](const tsListItem& a, const tsListItem& b) {
             return compareNaturally(a.text, b.text) < 0;

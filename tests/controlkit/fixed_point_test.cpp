@@ -11,8 +11,8 @@ namespace velvox {
 namespace {
 
 TEST(FixedPointTest, RoundsHalvesToEvenToFourDecimalsAndToWholeNumbers) {
-    // The double nearest to 0.00005 is above the half. So is 10000 times the double nearest to
-    // 1.00005, but only exactly: a double cannot hold that product.
+    // The doubles nearest to 0.00005 and 1.00005 are above these numbers, so both round up. For
+    // 1.00005 this needs an exact product: rounded to a double, it would be 10000.5.
     const std::tuple<double, const char*, std::int32_t> rows[] = {
         {0.00005, "0.0001", 0}, {0.03125, "0.0312", 0}, {-0.09375, "-0.0938", 0},
         {1.00005, "1.0001", 1}, {0.5, "0.5", 0},        {1.5, "1.5", 2},

@@ -22,8 +22,8 @@ std::filesystem::path temporaryFolder() {
 
 }  // namespace
 
-// The browser is a script of the host, which Wine starts like a program. The script notes the start
-// time of its process, because a busy machine may run the script much later.
+// The browser is a shell script of the host system, which Wine starts like a program. The script
+// logs the start time of its process, because a busy machine may execute the script much later.
 BrowserLog::BrowserLog() {
     const std::filesystem::path folder = temporaryFolder();
     file_ = folder / "opened";

@@ -32,8 +32,8 @@ struct Observation {
     std::string pane;         ///< "link", "failure", "waiting", or the text if it is none of these
     Milliseconds time{};      ///< from the press of Download to the outcome
     Milliseconds answered{};  ///< maximum response time of the window
-    long peakKb = 0;          ///< maximum of the private memory
-    std::intmax_t diskBytes = 0;  ///< growth of the user's and the temporary files
+    long peakKb = 0;          ///< maximum of the program's private memory during the run
+    std::intmax_t diskBytes = 0;  ///< growth of the user's files and of the temporary files
 };
 
 std::ostream& operator<<(std::ostream& out, const Observation& seen);

@@ -148,7 +148,8 @@ void Program::startExample(int entry) const {
     const std::string entryText = driver().items(list).at(static_cast<std::size_t>(entry));
     InputSimulator().click(middleOf(driver().rect(list))).act();
     const std::string handle = driver().ask({"find", list});
-    // Keys go to the window that has the focus when they arrive, so the list must have it first.
+    // Keys go to the window that has the focus when they arrive, so the list must have the focus
+    // first.
     if (!eventually([&] { return driver().focus(window_) == handle; }))
         throw std::runtime_error("the site list does not get the keyboard");
     InputSimulator keys;

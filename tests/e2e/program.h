@@ -41,8 +41,8 @@ class Program {
     bool holdsPointer() const { return driver().ask({"capture", window_}) != "none"; }
 
     void click(ControlId id) const;
-    /// Gives the window the display's keyboard focus, as a window manager would: without one, no
-    /// window has it after a message box. Returns whether the window already had the focus.
+    /// Gives the window the display's keyboard focus. The display has no window manager that would
+    /// do so after a message box has closed. Returns whether the window already had the focus.
     static bool takeKeyboard();
     static void awaitKeyboard();
     /// Puts a text into the address box without the clipboard.

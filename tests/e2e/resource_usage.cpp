@@ -19,7 +19,7 @@ std::filesystem::path folderOf(pid_t program) {
 struct Stat {
     std::string name;
     pid_t parent = 0;
-    long ticks = 0;  ///< processor time in clock ticks, in the program and in the system for it
+    long ticks = 0;  ///< processor time in clock ticks, in user and kernel mode
 };
 
 Stat statOf(pid_t program) {

@@ -66,7 +66,8 @@ Milliseconds sessionTime() {
     static Clock::time_point lastLook = start;
     static Nanoseconds time{0};
     if (Clock::now() - lastLook < precision) return std::chrono::duration_cast<Milliseconds>(time);
-    // Threads that wait at the same time count twice, but time must not run backwards for that.
+    // The waiting times of threads that wait at the same time are added up, so the difference below
+    // can shrink. Time must not run backwards then.
     time = std::max(time, Clock::now() - start - waiting.sum());
     lastLook = Clock::now();
     return std::chrono::duration_cast<Milliseconds>(time);

@@ -12,8 +12,8 @@ using namespace velvox::drive;
 /// It advances while a program hangs, but not while other programs keep it from running.
 Milliseconds sessionTime();
 
-/// A deadline in session time. A later deadline in wall time holds for programs that keep each
-/// other busy.
+/// A deadline in session time. It also passes after a much longer wall time, because session time
+/// hardly advances while the session's programs keep each other from running.
 class Deadline {
  public:
     explicit Deadline(Milliseconds time);

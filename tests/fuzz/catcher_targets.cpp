@@ -20,8 +20,9 @@ struct Run {
         }
     }
 
-    /// A catcher with a trap ends in a red line with the address box enabled, or in another text.
-    /// If a reply is missing, it must end in a red line.
+    /// A catcher that handles its exceptions ends with a text in the pane. If a reply is missing,
+    /// this is a red line. After a red line the address box is enabled, otherwise it is as the
+    /// catcher leaves it after a success.
     void expectEnd(std::size_t fetches, bool enabledAfterSuccess) const {
         require(!failed, "a failure left the catcher's trap");
         require(isRed() || parts.size() > fetches, "a page is shown that did not come");
@@ -44,7 +45,7 @@ struct Run {
                 "the link is not in the replies");
     }
 
-    /// The preview shows the player for a part of the address, unless the line is red.
+    /// Unless a red line is shown, the preview shows the player for a part of the address.
     void expectPlayer(std::string_view before, std::string_view after) const {
         const std::string& player = fixture.browser.lastAddress;
         require(isRed() == player.empty(), "a player for a failure, or none for a success");
@@ -99,13 +100,14 @@ void metacafe(std::string_view input) {
 void comic(std::string_view input) {
     const Run run(input, &Form1::ComicVuiLen);
     run.expectEnd(2, false);
-    // The pages are in the same folder as the list of pages.
+    // The book's pages are in the same folder as the file that lists them.
     const std::string list = run.form.link2.Text();
     run.expectLinkFromReply(list.substr(0, list.rfind("config.xml")));
     require(run.isRed() || run.form.ketqua.Text().empty(), "the collector is not empty");
 }
 
-// This catcher has no trap. It throws, with the address box disabled, or shows the links it has.
+// This catcher handles no exceptions. It throws, with the address box disabled, or shows the links
+// it has.
 void google(std::string_view input) {
     const Run run(input, &Form1::GoogleCatcher);
     require(run.form.linkin.Enabled() == !run.failed, "the address box is left in the other state");

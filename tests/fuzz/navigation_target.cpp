@@ -26,7 +26,8 @@ class Preview {
             case 1: navigate(std::string(blankAddress), true); break;
             case 2:
             case 3:
-                // Also transfers that were given up: their messages may be in the queue.
+                // A message of a transfer that was given up may still be in the queue, so any
+                // transfer is chosen.
                 if (!transfers_.empty())
                     queue_.push_back(
                         *(transfers_.rbegin() + choice % static_cast<unsigned>(transfers_.size())));
@@ -139,7 +140,7 @@ class Preview {
     }
 
     NavigationTracker tracker_;
-    std::deque<std::optional<Transfer>> queue_;  ///< no value: a notification of a change
+    std::deque<std::optional<Transfer>> queue_;  ///< no value: a notification without a transfer
     std::vector<Transfer> transfers_;
     std::optional<Transfer> last_;
     int navigations_ = 0;

@@ -67,7 +67,8 @@ void text(std::string_view input) {
         require(*piece == whole.substr(begin, static_cast<std::size_t>(length)), "slice");
     }
 
-    // toNumber returns the number that the text shows, and accepts no other characters.
+    // A text that toNumber accepts is an optional minus sign and digits, with optional spaces
+    // around them. The result is the value of these digits.
     if (const auto number = outcome([&] { return ours::toNumber(whole); })) {
         const auto first = whole.find_first_not_of(' ');
         const std::string digits = whole.substr(first, whole.find_last_not_of(' ') + 1 - first);

@@ -12,8 +12,8 @@ constexpr DISPID readyStateProperty = -525;
 constexpr long readyStateComplete = 4;
 
 // A document with the minimum that the browser control needs to consider it loaded. It reads and
-// shows nothing. All other requests fail, which the control accepts as a document without commands,
-// view or scripting.
+// shows nothing. It has no further interfaces, and its other methods do nothing or fail: the
+// control accepts this as a document without commands, view or scripting.
 class FallbackDocument final : public ComDispatch<IPersistMoniker, IOleObject> {
  public:
     STDMETHODIMP GetClassID(CLSID* id) override {

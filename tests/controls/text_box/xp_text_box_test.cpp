@@ -226,7 +226,8 @@ TEST_F(XPTextBoxTest, NewInstanceShowsItsNameAndALoadedOneItsDefault) {
     } view;
     box.setObserver(&view);
     box.Enabled(false);
-    // A box without a size, one of another height, and one of a new instance's height.
+    // A box without a size, one whose height InitProperties changes, and one that already has the
+    // height of a new instance.
     for (const Bounds& place : {Bounds{}, {0, 0, 3000, 500}, {0, 0, 3000, 330}}) {
         box.Move(place);
         view.layouts = 0;

@@ -127,7 +127,7 @@ Behaviour anyBehaviour(Dice& dice) {
 Act anyAct(Dice& dice) {
     Act act;
     act.kind = anyKind(dice);
-    // Every act draws the same numbers, so that another row of the table changes no other values.
+    // All kinds of acts draw these values, also kinds that do not use them.
     act.behaviour = anyBehaviour(dice);
     act.control = dice.of(clickable);
     for (int* place : {&act.x, &act.y, &act.toX, &act.toY}) *place = dice.below(1000);

@@ -1,5 +1,5 @@
-// One random act of a user or of the server, stored as data so that a sequence of acts or its end
-// can be replayed.
+// One random act of a user or of the server, stored as data so that a sequence of acts, or only its
+// last ones, can be replayed.
 #pragma once
 
 #include <cstdint>

@@ -20,7 +20,7 @@ class StormServer {
     /// As long as the lock exists, no reply begins, so an awaited page stays awaited.
     std::unique_lock<std::shared_mutex> hold() { return std::unique_lock(replies_); }
     /// The number of the page that a run waits for, if any: the last requested page, if it was
-    /// requested less than `time` ago. By default this is shorter than the program's page timeout,
+    /// requested less than `time` ago. The default time is shorter than the program's page timeout,
     /// by more than a slow redirect takes. An open connection proves nothing, because the program
     /// may have given up its page.
     std::optional<long> awaited(Milliseconds time = Milliseconds(2400)) const;

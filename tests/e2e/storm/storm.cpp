@@ -53,7 +53,8 @@ void Storm::startProgram() {
     program_ =
         std::make_unique<Program>(Network::proxy(server_.port()), paths::velvoxShortTimeout());
     dialogSeen_ = false;
-    if (count_.programs == 1) {  // later programs are compared with the first one, too
+    // The resources of all programs are compared with those of the first one.
+    if (count_.programs == 1) {
         runExamples();
         for (const int newsTimer : {7, 6}) program().tick(newsTimer);  // loads 13 MB of libraries
         atStart_ = resourceUsage(program().process().id(), program().window());
@@ -213,7 +214,7 @@ void Storm::expectNothingOpened() {
         ++count_.opened;
     }
     std::erase_if(permissions_, [&](const Permission& p) {
-        // The browser of this permission may not have written its first line yet.
+        // The browser of this permission may have started without having written its log line yet.
         return p.end != BrowserLog::Time::max() && p.end + browserTime < BrowserLog::now();
     });
 }
@@ -252,7 +253,8 @@ void Storm::expectUsable() {
         // The address box stays locked after a page whose player does not arrive.
         return scene_[id].visible && (scene_[id].enabled || id == controlId("linkin"));
     };
-    // Other dialogs, such as those of Wine's system menu, appear without a run.
+    // Any other message box of the program is a failure. Dialogs with other titles, such as those
+    // of Wine's system menu, are allowed.
     if (scene_.box.starts_with("box Velvox:") && !scene_.refuses())
         throw Broken("a message box: " + scene_.box);
     const auto holds = [&] {
@@ -262,7 +264,8 @@ void Storm::expectUsable() {
         if (scene_.areaShown()) return scene_[controlId("isButton1")].visible && scene_.closable();
         return std::ranges::all_of(covered, usable);
     };
-    // A disabled window has a dialog of Wine, which takes time to appear.
+    // The window is disabled while a dialog of Wine is open, and such a dialog takes time to
+    // appear.
     const Deadline deadline(scene_.enabled ? answerTime : 5 * answerTime);
     while (!holds()) {
         if (deadline.passed())
@@ -305,10 +308,10 @@ void Storm::expectHealth() {
     const ResourceUsage now = resourceUsage(program().process().id(), program().window());
     std::ostringstream difference;
     difference << "at the start: " << atStart_ << "\nnow: " << now;
-    // Of the first menus, boxes and tips, the system keeps up to 40 fonts, brushes, pens and
-    // bitmaps; after 1,000 acts on one program there are no more than after 300. Of the first file
-    // dialog it keeps 150 drawing objects and 9 MB (100 dialogs add no more). It leaks one window
-    // object with each dialog.
+    // The system keeps up to 40 fonts, brushes, pens and bitmaps that the first menus, boxes and
+    // tips have used; their number after 1,000 acts on one program is not higher than after 300. It
+    // keeps 150 drawing objects and 9 MB that the first file dialog has used (100 dialogs use no
+    // more), and leaks one window object with each file dialog.
     const int drawingObjects = dialogSeen_ ? 195 : 45;
     constexpr int others = 30;
     // Wine keeps two files of each browser that it starts: the script and its folder.

@@ -53,7 +53,7 @@ class Storm {
         int times;
         std::set<std::string> addresses;
         Deadline deadline;
-        BrowserLog::Time end = BrowserLog::Time::max();  ///< when the deadline passed
+        BrowserLog::Time end = BrowserLog::Time::max();  ///< the time at which `deadline` passed
     };
 
     void startProgram();

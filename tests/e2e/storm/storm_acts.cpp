@@ -187,8 +187,8 @@ void Storm::permitPointer(const Act& act, BrowserLog::Time since) {
     if (!links.empty()) permissions_.push_back({since, times, links, Deadline(permissionTime)});
 }
 
-// It cannot be known which windows get the keys of a chain. Each key that presses something may
-// open one link that is shown when the chain begins.
+// It cannot be known which windows get the keys of an act. Each key that presses something may open
+// one link that is shown when the act begins.
 void Storm::permitKeys(const Act& act, BrowserLog::Time since) {
     std::set<std::string> links = scene_.menu ? menuLinks_ : scene_.links;
     if (scene_[controlId("Label12")].visible) links.insert(homeAddress);

@@ -56,9 +56,9 @@ std::string endOf(const std::vector<std::string>& trace) {
     return text;
 }
 
-/// The shortest end of the acts that causes the same problem on a new program, found by doubling
-/// and halving. The time is limited, because each try starts a program. Returns all acts if no end
-/// causes the problem.
+/// The shortest tail of `acts` that causes the same problem on a new program, found by doubling and
+/// halving its length. The time is limited, because each try starts a program. Returns all acts if
+/// no tail causes the problem.
 std::span<const Act> shortestFailingTail(BrowserLog& browser, std::span<const Act> acts,
                                          const std::string& problem) {
     const auto deadline = Clock::now() + shorteningTime;
