@@ -153,12 +153,13 @@ void LargePicture::draw() {
             picture_.DrawText(std::to_string(x * step) + ", " + std::to_string(y * step), cell,
                               DT_LEFT | DT_TOP | DT_SINGLELINE);
         }
-    picture_.PenWidth(scaled(2));
-    for (int ring = 1; ring <= 6; ++ring) {
-        const int radius = scaled(ring * step);
-        picture_.DrawEllipse(width / 2 - radius, height / 2 - radius, width / 2 + radius,
-                             height / 2 + radius);
-    }
+    // Thin ellipses, each a pixel smaller: Wine takes 0.1 s to draw a ring with a wide pen.
+    for (int ring = 1; ring <= 6; ++ring)
+        for (int line = 0; line < 2 * scaled(2); ++line) {
+            const int upper = scaled(ring * step) - line / 2, lower = upper - line % 2;
+            picture_.DrawEllipse(width / 2 - upper, height / 2 - upper, width / 2 + lower,
+                                 height / 2 + lower);
+        }
 }
 
 void ScrollPage::createControls(const Layout& layout) {
