@@ -17,6 +17,7 @@
 #include "base/system_win32.h"
 #include "base/twips.h"
 #include "base/window_win32.h"
+#include "gallery/event_list_win32.h"
 #include "gallery/page_win32.h"
 #include "gallery/print_win32.h"
 #include "gallery/sheet_win32.h"
@@ -27,30 +28,13 @@ namespace {
 constexpr int listWidth = 160;
 constexpr int listId = 1;
 
-class PageList : public SystemControl {
- public:
-    explicit PageList(HWND parent) : font_(createFont({})) {
-        create({.className = L"LISTBOX",
-                .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
-                .bounds = {0, 0, scaled(listWidth), scaled(pageHeight)},
-                .parent = parent,
-                .id = listId});
-        SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
-    }
-
- private:
-    std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
-
-    OwnedFont font_;
-};
-
-// The parent window of one page. Each page gets a new one.
+// The parent window of one page. Each page gets a new one, which stays hidden until it is complete.
 class PageHost : public Window {
  public:
     explicit PageHost(HWND parent) {
         const int left = scaled(listWidth);
         create({.className = L"GalleryPage",
-                .style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
+                .style = WS_CHILD | WS_CLIPCHILDREN,
                 .extendedStyle = WS_EX_CONTROLPARENT,
                 .bounds = {left, 0, left + scaled(pageWidth), scaled(pageHeight)},
                 .parent = parent});
@@ -76,9 +60,14 @@ class GalleryWindow : public Window {
                 .style = style,
                 .bounds = {0, 0, frame.right - frame.left, frame.bottom - frame.top},
                 .iconId = IDI_VELVOX});
-        list_ = std::make_unique<PageList>(handle());
+        list_.create(
+            {.className = L"LISTBOX",
+             .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+             .bounds = {0, 0, scaled(listWidth), scaled(pageHeight)},
+             .parent = handle(),
+             .id = listId});
         for (const auto& page : pages_)
-            SendMessageW(list_->handle(), LB_ADDSTRING, 0,
+            SendMessageW(list_.handle(), LB_ADDSTRING, 0,
                          reinterpret_cast<LPARAM>(widen(page->title()).c_str()));
     }
     ~GalleryWindow() override {
@@ -91,11 +80,14 @@ class GalleryWindow : public Window {
     void open(std::size_t number) {
         if (number >= pages_.size())
             throw RuntimeFailure(Fault::InvalidCall, "There is no such page");
-        SendMessageW(list_->handle(), LB_SETCURSEL, number, 0);
-        // Destroys the previous page; pages are recreated on every visit.
+        SendMessageW(list_.handle(), LB_SETCURSEL, number, 0);
+        // Destroys the previous page; pages are recreated on every visit. Its host is destroyed
+        // first, because that hides all of its windows at once.
+        host_.reset();
         pages_ = galleryPages();
         host_ = std::make_unique<PageHost>(handle());
         pages_[number]->create(host_->handle());
+        ShowWindow(host_->handle(), SW_SHOW);
     }
     HWND page() const { return host_ ? host_->handle() : nullptr; }
 
@@ -104,8 +96,8 @@ class GalleryWindow : public Window {
         switch (message) {
             case WM_COMMAND:
                 if (LOWORD(wParam) == listId && HIWORD(wParam) == LBN_SELCHANGE)
-                    open(static_cast<std::size_t>(
-                        SendMessageW(list_->handle(), LB_GETCURSEL, 0, 0)));
+                    open(
+                        static_cast<std::size_t>(SendMessageW(list_.handle(), LB_GETCURSEL, 0, 0)));
                 return 0;
             case WM_CLOSE: PostQuitMessage(0); return 0;
             default: return std::nullopt;
@@ -113,7 +105,7 @@ class GalleryWindow : public Window {
     }
 
     std::vector<std::unique_ptr<Page>> pages_;
-    std::unique_ptr<PageList> list_;
+    PlainControl list_;
     std::unique_ptr<PageHost> host_;
 };
 
