@@ -99,6 +99,12 @@ class GalleryWindow : public Window {
                     open(
                         static_cast<std::size_t>(SendMessageW(list_.handle(), LB_GETCURSEL, 0, 0)));
                 return 0;
+            case WM_ACTIVATE:
+                if (LOWORD(wParam) == WA_INACTIVE) lastFocus_ = GetFocus();
+                return std::nullopt;
+            case WM_SETFOCUS:
+                SetFocus(IsChild(handle(), lastFocus_) ? lastFocus_ : list_.handle());
+                return 0;
             case WM_CLOSE: PostQuitMessage(0); return 0;
             default: return std::nullopt;
         }
@@ -107,6 +113,7 @@ class GalleryWindow : public Window {
     std::vector<std::unique_ptr<Page>> pages_;
     PlainControl list_;
     std::unique_ptr<PageHost> host_;
+    HWND lastFocus_ = nullptr;  // gets the focus back when the window becomes active again
 };
 
 struct Options {
