@@ -64,8 +64,9 @@ class ScrollControl : public tsPrivateScroll {
     /// Control key is down.
     using MouseHandler = std::function<void(MouseButton Button, std::int16_t Shift, bool Control)>;
 
-    // All events except Change, in the order of their dispatch numbers. Mouse and keyboard events
-    // are raised before the bar acts on the input, but MouseUp is raised after the press has ended.
+    // All events except Change, in the order of the control's dispatch identifiers. Mouse and
+    // keyboard events are raised before the bar acts on the input, but MouseUp is raised after the
+    // press has ended.
 
     /// The handler may replace `KeyCode`: the bar acts on the new code, and 0 cancels the key. F10
     /// and keys with Alt raise the event too, but never change Value and always reach the system.

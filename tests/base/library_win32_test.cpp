@@ -5,8 +5,8 @@
 namespace velvox {
 namespace {
 
-// A file with the library's name in the program's folder must not be loaded. The decoy is a copy of
-// the program.
+// A file with the library's name in the program's folder must not be loaded. Such a file, a copy of
+// the program, is the decoy.
 TEST(LibraryTest, LoadsByNameFromTheSystemFolderAlone) {
     wchar_t program[MAX_PATH]{};
     GetModuleFileNameW(nullptr, program, MAX_PATH);

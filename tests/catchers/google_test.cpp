@@ -92,7 +92,8 @@ TEST(GoogleCatcherTest, CutsTheNameByTheLengthOfTheDocid) {
     expectEffects(&Form1::GoogleCatcher,
                   {run("12345678901234567", "abc", "abc.gv", "abc.gv"),
                    run("12345678901234567890123", "abc", "", ""),
-                   // Doubled dots are removed from the line, not from the address that is fetched.
+                   // Doubled dots are removed from the link that is shown, not from the address
+                   // that is fetched.
                    run(docid, "a..b...c", "a..b...c", "a.b..c"),
                    nameless("x?docid=1&docid=2&hl=en", "1&docid=2&hl=en"), nameless("docid=", ""),
                    nameless(host, "//video.google.com")});

@@ -198,8 +198,8 @@ TEST(VirtualDcLifeTest, TenThousandLivesLeaveNoHandle) {
         surface.PenWidth(round % 3);
         ASSERT_TRUE(surface.Picture()->hasImage());
     };
-    // Objects that the system keeps after its first use are no leak. `kept` exists because without
-    // any DC the system would create them again.
+    // Objects that the system creates for the first DC and then keeps are no leak. `kept` exists
+    // because without any DC the system would create them again.
     clsVirtualDC kept;
     kept.CreateMyDC(8, 8);
     live(0);

@@ -62,8 +62,8 @@ TEST(FrameTest, EverySourceDragsTheWindowExactly) {
         InputSimulator().moveTo({from.x + x, from.y + y}).release().act();
         place = moved(place, x, y);
         EXPECT_TRUE(comesTo(program, place));
-        // The drag has ended. A move that is handled late would follow the pointer to its later
-        // position.
+        // Waits for the end of the drag. A move that is handled later would follow the pointer to
+        // its next position.
         EXPECT_TRUE(eventually([&] { return !program.holdsPointer(); }));
         InputSimulator().moveTo({from.x + x + 60, from.y + y - 30}).act();
         settle(program);

@@ -16,7 +16,7 @@ struct ResourceUsage {
     int gdi = 0;   ///< drawing objects
     int user = 0;  ///< window objects
     int threads = 0;
-    int files = 0;        ///< open files of the host, sockets among them
+    int files = 0;        ///< the program's open files on the host system, sockets among them
     int serverFiles = 0;  ///< open files of Wine's server: one for each system handle and more
     long residentKb = 0;
     long privateKb = 0;  ///< the resident memory that belongs to no file

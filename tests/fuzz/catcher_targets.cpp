@@ -37,7 +37,7 @@ struct Run {
         if (isRed() || at == std::string::npos) return;
         const std::string rest = shown.substr(at + opening.size());
         require(rest.starts_with(base), "the link leads elsewhere");
-        // If the part contains the end of the attribute, it counts up to that end.
+        // Only the part's bytes before `'>`, the end of the attribute, are compared.
         const auto size = rest.find("'>", base.size()) - base.size();
         const std::string piece = rest.substr(base.size(), size);
         require(std::any_of(parts.begin() + 1, parts.end(),

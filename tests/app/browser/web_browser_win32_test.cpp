@@ -263,7 +263,7 @@ TEST(PreviewPanelTest, ALongAddressLeavesRoomForTypeAndSize) {
     surface.CreateMyDC(width, height);
     const PreviewPanel panel;
     const std::string address = "http://h/" + std::string(100'000, 'W');
-    // The size is in the last rows above the note, however long the address is.
+    // The panel shows the size in its lower half, above the note, however long the address is.
     const auto sizeInk = [&](std::uint64_t size) {
         panel.paint(surface.hDC(), {0, 0, width, height},
                     {Kind::NotRendered, address, {"a/b", size}, {}});
@@ -279,7 +279,7 @@ TEST(PreviewPanelTest, ALongAddressLeavesRoomForTypeAndSize) {
         panel.paint(surface.hDC(), {0, 0, side, side}, {Kind::Unviewable, "http://h/", {}, {}});
 }
 
-// Runs in a separate process in which the system's control cannot be loaded.
+// Runs in a separate process in which the system's browser control cannot be loaded.
 TEST_F(WebBrowserTest, APageArrivesOnASystemWithoutTheControl) {
     if (!std::getenv("VELVOX_TEST_WITHOUT_BROWSER")) GTEST_SKIP() << "the control is there";
     const FallbackDocumentRegistration fallback;

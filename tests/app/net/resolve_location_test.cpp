@@ -19,7 +19,7 @@ std::string resolved(std::string_view base, std::string_view location) {
     }
 }
 
-// The expected values are the results of browsers for the same pairs.
+// Browsers resolve the same base addresses and locations to the expected values.
 TEST(ResolveLocationTest, FollowsReferencesAsBrowsersDo) {
     const std::string_view plain = "http://h:81/a/b/c?q=1/2";
     // A page at this address is fetched with exactly these bytes. As a base, the address is first

@@ -21,8 +21,8 @@ class XmlHttpRequestTest : public testing::Test {
         request.send();
     }
 
-    // In Wine a transfer continues after the request's abort, but not after the request's
-    // destruction. So the server ends the transfers first.
+    // In Wine an aborted transfer continues, but not after the request has been destroyed. So the
+    // server ends all transfers before `request` is destroyed.
     void TearDown() override {
         server.reset();
         pumpFor(300);

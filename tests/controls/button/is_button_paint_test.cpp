@@ -39,7 +39,7 @@ ButtonLook focused(ButtonLook look) {
 }
 
 // A painted button. The fake draws edges as frames in a different colour for each kind, and icons
-// as squares that are a pixel too large.
+// as squares that are one pixel larger than they should be.
 struct Painted : ButtonDrawing {
     explicit Painted(const ButtonLook& look, bool cue = false, Size size = {w, h},
                      Rgb around = surroundings, int lineWidth = 1)

@@ -52,7 +52,8 @@ const std::vector<std::string> chains[] = {
     {"Home", "Return", "Escape", "Return"},
 };
 
-// The standard defines the generator's numbers, but its distributions differ between libraries.
+// The standard defines the generator's numbers, but its distributions differ between standard
+// libraries.
 class Dice {
  public:
     explicit Dice(std::uint64_t seed) : engine_(seed) {}

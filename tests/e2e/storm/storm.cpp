@@ -95,7 +95,7 @@ void Storm::perform(const Act& act) {
         expectLife(mayHaveEnded);
         // If links have appeared while the keys arrived, the later keys may open them.
         if (scene_.links != before.links) permit(act, time);
-        // If the run still waits for the same page, the act must do nothing later either.
+        // If the run still waits for the same page, the act must have no effect later either.
         if (running && awaited && server_.awaited(certainTime) == awaited)
             std::erase_if(permissions_, [&](const Permission& p) { return p.time >= time; });
         else
@@ -253,8 +253,8 @@ void Storm::expectUsable() {
         // The address box stays locked after a page whose player does not arrive.
         return scene_[id].visible && (scene_[id].enabled || id == controlId("linkin"));
     };
-    // Any other message box of the program is a failure. Dialogs with other titles, such as those
-    // of Wine's system menu, are allowed.
+    // A message box of the program that is not the refusal of an address is a failure. Dialogs with
+    // other titles, such as those of Wine's system menu, are allowed.
     if (scene_.box.starts_with("box Velvox:") && !scene_.refuses())
         throw Broken("a message box: " + scene_.box);
     const auto holds = [&] {
