@@ -81,8 +81,8 @@ class GalleryWindow : public Window {
         if (number >= pages_.size())
             throw RuntimeFailure(Fault::InvalidCall, "There is no such page");
         SendMessageW(list_.handle(), LB_SETCURSEL, number, 0);
-        // Destroys the previous page; pages are recreated on every visit. Its host is destroyed
-        // first, because that hides all of its windows at once.
+        // Destroys the previous page; pages are recreated on every visit. The page's host is
+        // destroyed first, because that hides all windows of the page at once.
         host_.reset();
         pages_ = galleryPages();
         host_ = std::make_unique<PageHost>(handle());

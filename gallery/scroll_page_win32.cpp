@@ -153,7 +153,8 @@ void LargePicture::draw() {
             picture_.DrawText(std::to_string(x * step) + ", " + std::to_string(y * step), cell,
                               DT_LEFT | DT_TOP | DT_SINGLELINE);
         }
-    // Thin ellipses, each a pixel smaller: Wine takes 0.1 s to draw a ring with a wide pen.
+    // Each ring is drawn as thin ellipses, each a pixel smaller than the one before: Wine takes 0.1
+    // s to draw a ring with a wide pen.
     for (int ring = 1; ring <= 6; ++ring)
         for (int line = 0; line < 2 * scaled(2); ++line) {
             const int upper = scaled(ring * step) - line / 2, lower = upper - line % 2;
