@@ -30,19 +30,15 @@ inline constexpr LPARAM plain = 0;
 inline constexpr struct {
     std::string_view word;
     UINT message;
+    WPARAM key;
     LPARAM at;
-} mouseSteps[] = {{"enter", WM_MOUSEMOVE, inside},        {"drag-off", WM_MOUSEMOVE, outside},
-                  {"leave", WM_MOUSELEAVE, plain},        {"press", WM_LBUTTONDOWN, inside},
-                  {"double", WM_LBUTTONDBLCLK, inside},   {"release", WM_LBUTTONUP, inside},
-                  {"release-off", WM_LBUTTONUP, outside}, {"right", WM_RBUTTONDOWN, inside},
-                  {"right", WM_RBUTTONUP, inside},        {"by-program", BM_CLICK, plain},
-                  {"theme", WM_THEMECHANGED, plain},      {"colours", WM_SYSCOLORCHANGE, plain}};
-inline constexpr struct {
-    std::string_view word;
-    UINT message;
-    WPARAM code;
-    LPARAM flags;
-} keySteps[] = {
+} steps[] = {
+    {"enter", WM_MOUSEMOVE, 0, inside},         {"drag-off", WM_MOUSEMOVE, 0, outside},
+    {"leave", WM_MOUSELEAVE, 0, plain},         {"press", WM_LBUTTONDOWN, 0, inside},
+    {"double", WM_LBUTTONDBLCLK, 0, inside},    {"release", WM_LBUTTONUP, 0, inside},
+    {"release-off", WM_LBUTTONUP, 0, outside},  {"right", WM_RBUTTONDOWN, 0, inside},
+    {"right", WM_RBUTTONUP, 0, inside},         {"by-program", BM_CLICK, 0, plain},
+    {"theme", WM_THEMECHANGED, 0, plain},       {"colours", WM_SYSCOLORCHANGE, 0, plain},
     {"space", WM_KEYDOWN, VK_SPACE, plain},     {"space", WM_CHAR, VK_SPACE, plain},
     {"held-space", WM_KEYDOWN, VK_SPACE, held}, {"held-space", WM_CHAR, VK_SPACE, held},
     {"space-up", WM_KEYUP, VK_SPACE, plain},    {"enter-key", WM_KEYDOWN, VK_RETURN, plain},
@@ -121,15 +117,13 @@ class IsButtonWindowTest : public testing::Test {
         return SendMessageW(window->handle(), message, wParam, lParam);
     }
     // Runs a sequence of words, each of which stands for messages or for one of the `happenings`.
-    void run(const std::string& steps) {
+    void run(const std::string& script) {
         const HWND button = window->handle();
-        std::istringstream words(steps);
+        std::istringstream words(script);
         for (std::string word; words >> word;) {
             if (happenings.contains(word)) happenings.at(word)();
-            for (const auto& [name, message, at] : mouseSteps)
-                if (name == word) SendMessageW(button, message, 0, at);
-            for (const auto& [name, message, code, flags] : keySteps)
-                if (name == word) SendMessageW(button, message, code, flags);
+            for (const auto& [name, message, key, at] : steps)
+                if (name == word) SendMessageW(button, message, key, at);
         }
     }
     void design(bool designed) {
