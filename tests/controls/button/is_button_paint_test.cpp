@@ -99,6 +99,35 @@ TEST(ButtonPaintTest, CaptionColoursFollowTheState) {
             }
 }
 
+// Triples of a place, which counts from the far end if negative, and the shift of a colour there.
+TEST(ButtonPaintTest, ShadesOfThePolishedStyle) {
+    const std::vector<int> ring{30, 1, 85, 30, 2, 69, 30, -2, 16, 30, -3, 69, 1, 15, 69};
+    const struct {
+        ButtonLook look;
+        Rgb colour;
+        std::vector<int> triples;
+    } rows[] = {
+        {lookOf(5, Normal), back, {30, 1,  21,   30, -4, -16,  30, -3, -24,  30, -2, -37,
+                                   -3, 2,  -5,   -2, 2,  4,    30, 0,  -128, 0,  15, -128,
+                                   30, -1, -128, -1, 15, -128, 1,  1,  -128, 1,  0,  -128}},
+        {lookOf(5, Pressed), back, {30, 1,  -32, 30, 2,  -22,  30, -2, -24, 30, 3,  -15,
+                                    30, -3, -4,  1,  2,  -48,  2,  1,  -48, 1,  -3, -5,
+                                    2,  -2, -16, -2, -3, 18,   -3, -2, 8,   -3, 1,  -48,
+                                    -2, 2,  -37, 30, 0,  -128, 1,  0,  -96, 1,  1,  0}},
+        {lookOf(5, Disabled), back, {30, 0, -64, 0, 15, -64, 30, -1, -53, -1, 15, -53, 30, 15,
+                                     0,  0, 0,   0, 1,  0,   0,  0,  1,   0,  1,  1,   0}},
+        {lookOf(5, Hot), highlight, ring},
+        {focused(lookOf(5, Normal)), sys(HighlightColour), ring},
+    };
+    for (const auto& [look, colour, triples] : rows)
+        for (std::size_t i = 0; i < triples.size(); i += 3) {
+            const int x = triples[i], y = triples[i + 1];
+            EXPECT_EQ(Painted(look)(x < 0 ? w + x : x, y < 0 ? h + y : y),
+                      shift(colour, triples[i + 2]))
+                << x << " " << y << " in state " << static_cast<int>(look.state);
+        }
+}
+
 TEST(ButtonPaintTest, IconsMoveWhilePressedAndHover) {
     const int y = (h - 8) / 2;
     const auto icon = std::make_shared<SomePicture>();
