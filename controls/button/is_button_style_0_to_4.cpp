@@ -24,6 +24,16 @@ Rgb plainFace(const FacePlan& plan, bool atRest) {
     return atRest ? plan.back() : plan.highlight(ButtonFaceColour);
 }
 
+// Lightens a face that carries the caption. With the system colours of a dark scheme the caption is
+// light, so the amount is halved until the caption is legible.
+Rgb lightFace(const FacePlan& plan, Rgb colour, int white) {
+    const auto isLegible = [&] {
+        return contrast(plan.sys(ButtonTextColour), lighten(colour, white)) >= textContrast;
+    };
+    while (!plan.customColours && white > 0 && !isLegible()) white /= 2;
+    return lighten(colour, white);
+}
+
 bool isNormalOrDisabled(FaceState state) {
     return state == FaceState::Normal || state == FaceState::Disabled;
 }
@@ -91,15 +101,15 @@ void paintFlat(PixelView face, const FacePlan& plan) {
     // A custom highlight colour may equal the face colour, so its outline is made darker to stay
     // visible.
     const Rgb accentEdge = plan.customColours ? shift(accent, flatOutlineShade) : accent;
-    Rgb fill = lighten(back, flatFaceWhite);
+    Rgb fill = lightFace(plan, back, flatFaceWhite);
     Rgb frame = lighten(edgeBase, flatOutlineWhite);
     switch (plan.state) {
         case FaceState::Hot:
-            fill = lighten(accent, flatHotWhite);
+            fill = lightFace(plan, accent, flatHotWhite);
             frame = accentEdge;
             break;
         case FaceState::Pressed:
-            fill = lighten(accent, flatPressedWhite);
+            fill = lightFace(plan, accent, flatPressedWhite);
             frame = accentEdge;
             break;
         case FaceState::Disabled:
