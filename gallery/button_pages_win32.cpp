@@ -107,6 +107,7 @@ void layOutAlignments(Sheet& sheet) {
         button.Style(style);
         if (style == 5) colourLikeMainWindow(button);
         button.Icon(icon);
+        button.IconSize(scaled(16));
         button.IconAlign(iconAlign);
         return &button;
     };
@@ -132,7 +133,7 @@ void layOutAlignments(Sheet& sheet) {
             const int y = 78 + (2 + row) * stepY;
             isButton* button = sample(column, y, row == 0 ? 4 : 5, 1, column == 4 ? 2 : 0);
             button->Caption("Download");
-            if (column == 4) button->IconSize(32);
+            if (column == 4) button->IconSize(scaled(32));
             sheet.draw({x + column * stepX, y, width, height}, lookOf(*button, states[column]));
         }
     }
