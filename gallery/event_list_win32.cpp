@@ -1,5 +1,6 @@
 #include "gallery/event_list_win32.h"
 
+#include "base/buffered_paint_win32.h"
 #include "base/system_win32.h"
 
 namespace velvox {
@@ -8,6 +9,21 @@ void PlainControl::create(const WindowRequest& request, const Font& font) {
     font_ = createFont(font);
     SystemControl::create(request);
     SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+}
+
+std::optional<LRESULT> PlainControl::onMessage(UINT message, WPARAM wParam, LPARAM) {
+    // Erases in memory only, not on the screen.
+    if (message == WM_ERASEBKGND && WindowFromDC(reinterpret_cast<HDC>(wParam)) == handle())
+        return 1;
+    if (message != WM_PAINT || wParam) return std::nullopt;
+    RECT client{};
+    GetClientRect(handle(), &client);
+    const PaintScope painting(handle());
+    const BufferedPaint buffer(painting.dc(), client);
+    const auto target = reinterpret_cast<WPARAM>(buffer.dc());
+    classProcedure(handle(), WM_ERASEBKGND, target, 0);
+    classProcedure(handle(), WM_PRINTCLIENT, target, PRF_CLIENT);
+    return 0;
 }
 
 void EventList::create(HWND parent, const RECT& bounds) {

@@ -10,13 +10,13 @@
 
 namespace velvox {
 
-/// A standard control without additional behaviour.
+/// A standard control that reaches the screen in one copy.
 class PlainControl : public SystemControl {
  public:
     void create(const WindowRequest& request, const Font& font = {});
 
  private:
-    std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
     OwnedFont font_;
 };

@@ -1,5 +1,6 @@
 #include "gallery/sheet_win32.h"
 
+#include "base/buffered_paint_win32.h"
 #include "base/twips.h"
 #include "controls/button/icon_picture_win32.h"
 #include "controls/button/is_button_layout.h"
@@ -66,12 +67,11 @@ std::shared_ptr<const Picture> Sheet::sampleIcon(LPCWSTR systemIcon) {
     return std::make_shared<IconPicture>(OwnedIcon(CopyIcon(LoadIconW(nullptr, systemIcon))));
 }
 
-void Sheet::paint(HDC dc) {
-    const RECT client = [&] {
-        RECT area{};
-        GetClientRect(handle(), &area);
-        return area;
-    }();
+void Sheet::paint(HDC target) {
+    RECT client{};
+    GetClientRect(handle(), &client);
+    const BufferedPaint buffer(target, client);
+    const HDC dc = buffer.dc();
     FillRect(dc, &client, GetSysColorBrush(COLOR_WINDOW));
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));

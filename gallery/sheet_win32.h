@@ -58,7 +58,7 @@ class Sheet : public Window {
         bool cue;
     };
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-    void paint(HDC dc);
+    void paint(HDC target);
 
     isButton& add(isButton& button, const Bounds& at, const PropertyBag& stored,
                   const ButtonAmbient& ambient);
