@@ -126,7 +126,7 @@ void paintDisabledIcon(PixelView face, const Picture& icon, Point at, int size,
     });
 }
 
-void paintIcon(PixelView face, const ButtonLook& look, ButtonDrawing& system) {
+void paintIcon(PixelView face, const ButtonLook& look, int lineWidth, ButtonDrawing& system) {
     const int size = look.iconSize;
     if (!look.icon || !look.icon->hasImage() || size <= 0) return;
     const Picture& icon = *look.icon;
@@ -134,7 +134,7 @@ void paintIcon(PixelView face, const ButtonLook& look, ButtonDrawing& system) {
     if (look.state == ButtonState::Disabled) return paintDisabledIcon(face, icon, at, size, system);
     if (look.state == ButtonState::Pressed) at = {at.x + pressedShift, at.y + pressedShift};
     if (look.state == ButtonState::Hot && look.style == shadowStyle) {
-        const Rgb plain = face.at(1, 1);
+        const Rgb plain = face.at(lineWidth, lineWidth);  // inside the frame
         system.icon(icon, at, size);
         // The square includes its right and bottom edges: one column and one row more than the
         // icon.
@@ -166,7 +166,7 @@ bool paintButton(PixelView face, const ButtonLook& look, const ButtonScene& scen
     const bool drawn = paintFace(face, look, scene, system);
     const Rgb ink = captionColour(look, scene.colours);
     if (!look.caption.empty()) system.caption(look, captionRect(face.width(), face.height()), ink);
-    paintIcon(face, look, system);
+    paintIcon(face, look, scene.lineWidth, system);
     if (scene.focusCue || (look.focusShown && !hasOwnRing(look.style, look.state)))
         paintFocusCue(face, cueInset(look.style), ink, std::max(scene.lineWidth, 1));
     return drawn;

@@ -169,6 +169,10 @@ TEST(ButtonPaintTest, IconsMoveWhilePressedAndHover) {
     EXPECT_EQ(hot(11, y + 7), 0x808080);
     EXPECT_EQ(hot(4 + 8, y + 8), 0x808080);
     EXPECT_EQ(hot(4 + 9, y + 8), hot(w / 2, h / 2));
+    // At a high resolution the frame is wider. The fake draws no icon of this size.
+    ButtonLook large = iconLook(4, Hot);
+    large.iconSize = 64;
+    EXPECT_NE(Painted(large, false, {100, 100}, surroundings, 2)(50, 50), 0x808080);
     const Rgb grey = Painted(iconLook(5, Disabled))(9, h / 2);
     EXPECT_EQ(redOf(grey), blueOf(grey));
     EXPECT_NE(grey, Painted(lookOf(5, Disabled))(9, h / 2));
