@@ -6,7 +6,6 @@
 
 #include "base/colour.h"
 #include "tests/e2e/program.h"
-#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -78,7 +77,7 @@ TEST(DarkSchemeTest, EveryTextCanBeRead) {
 }
 
 TEST(HighContrastTest, EveryTextCanBeRead) {
-    expectAllLegible(Program(Network::sites(), paths::highContrastVelvox()), highTextContrast);
+    expectAllLegible(Program(paths::sitesPort(), "velvox-high-contrast.exe"), highTextContrast);
 }
 
 }  // namespace

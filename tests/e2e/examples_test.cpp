@@ -1,10 +1,7 @@
 // Every site's example from the Download button to its links, byte for byte.
 #include <gtest/gtest.h>
 
-#include "base/join.h"
 #include "tests/e2e/program.h"
-#include "tests/e2e/proxy.h"
-#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -75,49 +72,6 @@ TEST(ExamplesTest, EachSiteYieldsItsLinks) {
         EXPECT_EQ(program.addressLocked(), row.locked);
         EXPECT_EQ(program.address(), row.address);
         program.closeArea();
-    }
-}
-
-// The link is made from the address at which the preview arrives. The arrival may be a player or a
-// page, which the system's browser control may or may not show.
-TEST(ExamplesTest, ArrivalsAtPlayersAndPagesGiveTheSameLink) {
-    const std::string player = "http://www.youtube.com/p%20l%41yer\\x";
-    const std::string media = "http://v.metacafe.com/%5Ba%5D%20b%2B.flv";
-    const std::string flash = "application/x-shockwave-flash";
-    const std::string page = "text/html";
-    const struct {
-        std::string file, type;
-        bool viewed;
-    } rows[] = {{paths::velvox(), flash, false}, {paths::renderingVelvox(), page, true}};
-    for (const auto& [file, type, viewed] : rows) {
-        SCOPED_TRACE(join({file, " ", type}));
-        const std::string contentType = "Content-Type: " + type + "\r\n";
-        const auto redirected = [](const Exchange& to, const char* status, const std::string& at) {
-            to.reply("", status, "Location: " + at + "\r\n");
-        };
-        const Proxy proxy([&](const Exchange& to) {
-            if (to.asksFor("/watch?v="))
-                to.reply("a page");
-            else if (to.asksFor("youtube.com/v/"))
-                redirected(to, "302 Found", "http://www.youtube.com/next");
-            else if (to.asksFor("youtube.com/next"))
-                redirected(to, "303 See Other", player + "?video_id=abc&t=%5B1]");
-            else if (to.asksFor("/fplayer/"))
-                redirected(to, "301 Moved Permanently", "http://www.metacafe.com/second");
-            else if (to.asksFor("metacafe.com/second"))
-                redirected(to, "303 See Other", "http://www.metacafe.com/f/p?mediaURL=" + media);
-            else
-                to.write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\nConnection: close\r\n" +
-                         contentType + "\r\nFWS8");
-        });
-        const Program program(Network::proxy(proxy.port()), file);
-        program.start("http://www.youtube.com/watch?v=abc");
-        program.expectPane(arrivedLink("http://www.youtube.com/get_video?video_id=abc&t=%5B1]"));
-        EXPECT_TRUE(proxy.asked(viewed ? 5 : 4));
-        program.start("http://www.metacafe.com/watch/612285/some_title/");
-        program.expectPane(arrivedLink("http://v.metacafe.com/[a] b%2B.flv"));
-        EXPECT_TRUE(proxy.asked(viewed ? 9 : 7));
-        EXPECT_FALSE(program.addressLocked());
     }
 }
 

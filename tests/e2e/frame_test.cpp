@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/e2e/program.h"
-#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {

@@ -5,14 +5,13 @@
 #include <set>
 
 #include "tests/e2e/program.h"
-#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
 
 TEST(GalleryTest, EachPageOpensWithItsControls) {
     const std::string window = "VelvoxGallery", list = window + "/ListBox";
-    Process gallery({paths::wine(), paths::gallery()});
+    Process gallery({paths::wine(), paths::program("gallery/velvox-gallery.exe")});
     driver().waitVisible(window);
     const int pages = std::stoi(driver().ask({"send", list, "0x18B", "0", "0"}));  // LB_GETCOUNT
     EXPECT_EQ(pages, 10);

@@ -13,7 +13,7 @@ constexpr Milliseconds atOnce{20'000};
 // The second click of a double click is meant for the control that was visible at the first one.
 TEST(InterruptionTest, ADoubleClickOnDownloadDoesNotCloseTheResult) {
     const Proxy proxy([](const Exchange& to) { to.reply("nothing"); });
-    const Program program(Network::proxy(proxy.port()));
+    const Program program(proxy.port());
     const auto tryAt = [&](Point at) {
         program.enter("http://www.veoh.com/videos/v1?");
         InputSimulator().moveTo(at).press().release().press().release().act();
@@ -32,7 +32,7 @@ TEST(InterruptionTest, ADoubleClickOnDownloadDoesNotCloseTheResult) {
 // The window can be moved, minimised and restored during a run.
 TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
     const Proxy proxy([](const Exchange& to) { to.staySilent(); });
-    const Program program(Network::proxy(proxy.port()));
+    const Program program(proxy.port());
     program.start("http://www.youtube.com/watch?v=abc");
     ASSERT_TRUE(proxy.asked(1));
     const Bounds place = driver().rect(program.window());
@@ -141,7 +141,7 @@ TEST(InterruptionTest, TheProgramEndsAtOnceInAnyState) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        Program program(Network::proxy(proxy.port()));
+        Program program(proxy.port());
         row.open(program);
         row.end(program);
         EXPECT_EQ(program.process().exitWithin(atOnce), 0);

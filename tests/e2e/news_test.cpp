@@ -26,7 +26,7 @@ TEST(NewsTest, ShowsTheSitesNewsAndLaterOthers) {
         const Program replica;
         expectStrip(replica, "| Velvox 1.00 is out");
     }
-    const Program own(Network::proxy(proxy.port()));
+    const Program own(proxy.port());
     expectStrip(own, "| firs");
     {
         const std::lock_guard lock(mutex);

@@ -7,18 +7,12 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tools/drive/client/paths.h"
-
 namespace velvox::e2e {
 namespace {
 
 constexpr int veohEntry = 3;
 constexpr const char* messageBox = "#32770";
 constexpr const char* menu = "#32768";
-
-std::string proxyVariable(const Network& network) {
-    return "http_proxy=http://127.0.0.1:" + std::to_string(network.port);
-}
 
 std::set<std::string> mainWindows() {
     std::istringstream lines(driver().ask({"tops", "Form1"}));
@@ -57,16 +51,11 @@ std::string newMainWindow(const std::set<std::string>& before) {
 
 }  // namespace
 
-Network Network::sites() {
-    return {paths::sitesPort()};
-}
+Program::Program(int port, const std::string& name) : Program(mainWindows(), port, name) {}
 
-Program::Program(Network network, const std::string& file)
-    : Program(mainWindows(), network, file.empty() ? paths::velvox() : file) {}
-
-Program::Program(const std::set<std::string>& before, const Network& network,
-                 const std::string& file)
-    : process_({"env", "-C", currentFolder(), proxyVariable(network), paths::wine(), file}),
+Program::Program(const std::set<std::string>& before, int port, const std::string& name)
+    : process_({"env", "-C", currentFolder(), "http_proxy=http://127.0.0.1:" + std::to_string(port),
+                paths::wine(), paths::program(name)}),
       window_(newMainWindow(before)) {
     // The window answers its first message after it has been painted.
     driver().ping(window_);

@@ -9,24 +9,17 @@
 #include "tests/support/example_addresses.h"
 #include "tools/drive/client/driver.h"
 #include "tools/drive/client/input.h"
+#include "tools/drive/client/paths.h"
 #include "tools/drive/client/process.h"
 
 namespace velvox::e2e {
 
 using namespace velvox::drive;
 
-/// The port of the proxy from which a program gets its pages.
-struct Network {
-    static Network sites();
-    static Network proxy(int port) { return {port}; }
-
-    int port;
-};
-
 class Program {
  public:
-    /// Starts the program and waits for its window.
-    explicit Program(Network network = Network::sites(), const std::string& file = "");
+    /// Starts a program, which gets its pages from the proxy at `port`, and waits for its window.
+    explicit Program(int port = paths::sitesPort(), const std::string& name = "velvox.exe");
 
     const std::string& window() const { return window_; }
     std::string control(ControlId id) const;
@@ -81,7 +74,7 @@ class Program {
     const Process& process() const { return process_; }
 
  private:
-    Program(const std::set<std::string>& before, const Network& network, const std::string& file);
+    Program(const std::set<std::string>& before, int port, const std::string& name);
 
     Process process_;
     std::string window_;

@@ -3,11 +3,9 @@
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <poll.h>
-#include <sys/eventfd.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdint>
 #include <stdexcept>
 
@@ -58,18 +56,8 @@ std::string Exchange::address() const {
     return result;
 }
 
-// A client that reads nothing must not prevent the proxy from stopping.
 bool Exchange::write(std::string_view bytes) const {
-    while (!bytes.empty()) {
-        pollfd ends[] = {{socket_, POLLOUT, 0}, {stopped_, POLLIN, 0}};
-        if (poll(ends, 2, -1) < 0) continue;
-        if (ends[1].revents) return false;
-        const ssize_t sent = send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
-        if (sent < 0 && errno == EAGAIN) continue;
-        if (sent <= 0) return false;
-        bytes.remove_prefix(static_cast<std::size_t>(sent));
-    }
-    return true;
+    return sendAll(socket_, bytes);
 }
 
 bool Exchange::reply(std::string_view body, std::string_view status,
@@ -82,8 +70,8 @@ bool Exchange::reply(std::string_view body, std::string_view status,
 }
 
 bool Exchange::connectedFor(Milliseconds time) const {
-    pollfd ends[] = {{socket_, POLLRDHUP, 0}, {stopped_, POLLIN, 0}};
-    return poll(ends, 2, static_cast<int>(time.count())) == 0;
+    pollfd end{socket_, POLLRDHUP, 0};
+    return poll(&end, 1, static_cast<int>(time.count())) == 0;
 }
 
 void Exchange::drip(std::string_view bytes, Milliseconds pause) const {
@@ -118,21 +106,21 @@ void Exchange::forward() const {
 }
 
 Proxy::Proxy(Handler handler, Handler news)
-    : listener_(boundSocket(port_)),
-      stopped_(eventfd(0, EFD_CLOEXEC)),
-      handler_(std::move(handler)),
-      news_(std::move(news)) {
+    : listener_(boundSocket(port_)), handler_(std::move(handler)), news_(std::move(news)) {
     listen(listener_, SOMAXCONN);
     acceptor_ = std::thread([this] { accept(); });
 }
 
+// A socket that is shut down ends every call that waits for it.
 Proxy::~Proxy() {
-    const std::uint64_t one = 1;
-    if (::write(stopped_, &one, sizeof one) != sizeof one) std::terminate();
+    shutdown(listener_, SHUT_RDWR);
     acceptor_.join();
+    {
+        const std::lock_guard lock(mutex_);
+        for (const int socket : sockets_) shutdown(socket, SHUT_RDWR);
+    }
     for (std::thread& connection : connections_) connection.join();
     close(listener_);
-    close(stopped_);
 }
 
 void Proxy::answerWith(Handler handler) {
@@ -154,27 +142,21 @@ void Proxy::noNews(const Exchange& exchange) {
 }
 
 void Proxy::accept() {
-    for (;;) {
-        pollfd ends[] = {{listener_, POLLIN, 0}, {stopped_, POLLIN, 0}};
-        if (poll(ends, 2, -1) < 0) continue;
-        if (ends[1].revents) return;
-        const int socket = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
-        if (socket >= 0) connections_.emplace_back([this, socket] { serve(socket); });
+    for (int socket; (socket = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC)) >= 0;) {
+        const std::lock_guard lock(mutex_);
+        sockets_.insert(socket);
+        connections_.emplace_back([this, socket] { serve(socket); });
     }
 }
 
 void Proxy::serve(int socket) {
     std::string request;
     char piece[65536];
-    while (!request.ends_with("\r\n\r\n")) {
-        pollfd ends[] = {{socket, POLLIN, 0}, {stopped_, POLLIN, 0}};
-        if (poll(ends, 2, -1) < 0) continue;
-        const ssize_t got = ends[1].revents ? 0 : recv(socket, piece, sizeof piece, 0);
-        if (got <= 0) break;
+    ssize_t got = 0;
+    while (!request.ends_with("\r\n\r\n") && (got = recv(socket, piece, sizeof piece, 0)) > 0)
         request.append(piece, static_cast<std::size_t>(got));
-    }
-    if (request.ends_with("\r\n\r\n")) {
-        const Exchange exchange(socket, stopped_, request);
+    if (got > 0) {
+        const Exchange exchange(socket, request);
         Handler handler;
         {
             const std::lock_guard lock(mutex_);
@@ -184,6 +166,8 @@ void Proxy::serve(int socket) {
         }
         handler(exchange);
     }
+    const std::lock_guard lock(mutex_);
+    sockets_.erase(socket);
     close(socket);
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <list>
 #include <mutex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -20,14 +21,13 @@ using namespace velvox::drive;
 /// One accepted connection with its request. It is closed when the handler returns.
 class Exchange {
  public:
-    Exchange(int socket, int stopped, std::string request)
-        : socket_(socket), stopped_(stopped), request_(std::move(request)) {}
+    Exchange(int socket, std::string request) : socket_(socket), request_(std::move(request)) {}
 
     /// The requested address: "http://www.veoh.com:80/..." without the port.
     std::string address() const;
     bool asksFor(std::string_view part) const { return address().find(part) != std::string::npos; }
 
-    /// Returns false once the client has closed the connection.
+    /// Returns false once the client or the proxy has closed the connection.
     bool write(std::string_view bytes) const;
     bool reply(std::string_view body, std::string_view status = "200 OK",
                std::string_view headers = "") const;
@@ -37,15 +37,13 @@ class Exchange {
     void reset() const;
     /// Waits until the client or the proxy closes the connection.
     void staySilent() const;
-    /// Waits for a time. Returns false if the client closes the connection or the proxy stops
-    /// meanwhile.
+    /// Waits for a time. Returns false if the client or the proxy closes the connection meanwhile.
     bool connectedFor(Milliseconds time) const;
     /// Sends the reply of the replica sites.
     void forward() const;
 
  private:
     int socket_;
-    int stopped_;
     std::string request_;
 };
 
@@ -74,13 +72,13 @@ class Proxy {
     void accept();
     void serve(int socket);
 
-    int listener_;
-    int stopped_;
     int port_;
+    int listener_;
     mutable std::mutex mutex_;
     Handler handler_;
     Handler news_;
     std::vector<std::string> addresses_;
+    std::set<int> sockets_;  ///< of open connections
     std::list<std::thread> connections_;
     std::thread acceptor_;
 };

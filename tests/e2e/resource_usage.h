@@ -16,9 +16,7 @@ struct ResourceUsage {
     int gdi = 0;   ///< drawing objects
     int user = 0;  ///< window objects
     int threads = 0;
-    int files = 0;        ///< the program's open files on the host system, sockets among them
-    int serverFiles = 0;  ///< open files of Wine's server: one for each system handle and more
-    long residentKb = 0;
+    int files = 0;       ///< the program's open files on the host system, sockets among them
     long privateKb = 0;  ///< the resident memory that belongs to no file
 };
 
@@ -27,15 +25,17 @@ std::ostream& operator<<(std::ostream& out, const ResourceUsage& c);
 /// Resources of the program with a process id, whose main window is `window`.
 ResourceUsage resourceUsage(pid_t program, const std::string& window);
 
-/// Memory of a program that belongs to no file, in kB; 0 once it has ended.
+/// Memory of a program that belongs to no file, in kB.
 long privateKb(pid_t program);
+/// Maximum of the private memory since forgetPeak().
+long peakPrivateKb(pid_t program);
+void forgetPeak(pid_t program);
 
 /// Processor time since the program's start.
 Milliseconds processorTime(pid_t program);
 
-/// Wine's server and the display's server of this session. They are children of the parent process,
-/// because tools/with-session starts all of them. Throws std::runtime_error.
+/// Wine's server of this session. It is a child of the parent process, because tools/with-session
+/// starts both. Throws std::runtime_error.
 pid_t wineServer();
-pid_t displayServer();
 
 }  // namespace velvox::e2e

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "app/form1/home_page.h"
-#include "tools/drive/client/paths.h"
 
 namespace velvox::e2e {
 namespace {
@@ -13,7 +12,7 @@ namespace {
 using Kind = Act::Kind;
 
 constexpr Milliseconds answerTime{2000};
-constexpr Milliseconds pageTime{3000};  // timeout of paths::velvoxShortTimeout()
+constexpr Milliseconds pageTime{3000};  // timeout of "velvox-short-timeout.exe"
 // A page is certainly awaited only for this time, because the program starts its timeout before the
 // server gets the request.
 constexpr Milliseconds certainTime{1500};
@@ -50,8 +49,7 @@ void Storm::startProgram() {
     held_ = {};
     server_.behave(Behaviour::Good);
     program_.reset();
-    program_ =
-        std::make_unique<Program>(Network::proxy(server_.port()), paths::velvoxShortTimeout());
+    program_ = std::make_unique<Program>(server_.port(), "velvox-short-timeout.exe");
     dialogSeen_ = false;
     // The resources of all programs are compared with those of the first one.
     if (count_.programs == 1) {

@@ -28,7 +28,7 @@ std::string unescaped(std::string_view line) {
 
 }  // namespace
 
-Driver::Driver() : process_({paths::wine(), paths::driver()}, true) {}
+Driver::Driver() : process_({paths::wine(), paths::program("drive.exe")}, true) {}
 
 Driver::Answer Driver::exchange(const std::vector<std::string>& words) {
     std::string request;
@@ -99,8 +99,8 @@ std::string Driver::waitBox() {
     return ask({"box", inMilliseconds(patience)});
 }
 
-void Driver::ping(const std::string& window) {
-    ask({"ping", window, inMilliseconds(patience)});
+Milliseconds Driver::ping(const std::string& window, Milliseconds time) {
+    return Milliseconds(std::stol(ask({"ping", window, inMilliseconds(time)})));
 }
 
 Driver& driver() {

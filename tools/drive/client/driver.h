@@ -42,8 +42,8 @@ class Driver {
     void waitPart(const std::string& window, const std::string& part);
     /// Waits for a message box and returns its title and text, a line each.
     std::string waitBox();
-    /// Waits until the window's thread answers a message.
-    void ping(const std::string& window);
+    /// Waits until the window's thread answers a message. Returns how long it took.
+    Milliseconds ping(const std::string& window, Milliseconds time = patience);
 
     /// How long to wait for an effect that is immediate on an idle machine. While the machine also
     /// builds, a program may need ten seconds until it handles the first key.

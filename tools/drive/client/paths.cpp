@@ -16,7 +16,7 @@ std::string wine() {
     return tools / "wine";
 }
 
-std::string program(const char* name) {
+std::string program(const std::string& name) {
     const auto file = programs / name;
     if (!exists(file)) throw std::runtime_error(file.string() + " is not built");
     return file;
