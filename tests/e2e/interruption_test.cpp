@@ -44,8 +44,7 @@ TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
         driver().ask({"post", program.window(), "0x112", number, "0"});
     };
     const auto minimised = [&] {
-        const std::string style = driver().ask({"style", program.window()});
-        return (std::stoul(style.substr(style.find('x') + 1), nullptr, 16) & 0x20000000) != 0;
+        return driver().ask({"state", program.window()}).ends_with("minimised=1");
     };
     command("0xF020");
     EXPECT_TRUE(eventually(minimised));

@@ -1,7 +1,6 @@
 // A running Velvox, which tests read and control through its windows.
 #pragma once
 
-#include <set>
 #include <string>
 #include <vector>
 
@@ -74,7 +73,7 @@ class Program {
     const Process& process() const { return process_; }
 
  private:
-    Program(const std::set<std::string>& before, int port, const std::string& name);
+    Program(const std::string& before, int port, const std::string& name);
 
     Process process_;
     std::string window_;

@@ -1,7 +1,6 @@
 // Reads and controls the windows of another program in Wine, for shell scripts and end-to-end
-// tests. Each line on stdin is a request that gets one line on stdout, "ok ..." or "fail ...".
-// `drive.exe COMMAND ARGS` is a single request. README.md lists the commands. Pointer, keys and
-// clipboard are simulated outside Wine (xdotool, xclip).
+// tests. README.md lists the requests. Pointer, keys and clipboard are simulated outside Wine
+// (xdotool, xclip).
 
 #include <fcntl.h>
 #include <io.h>
@@ -12,13 +11,14 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "base/owned_win32.h"
 #include "base/system_win32.h"
-#include "tools/drive/line.h"
+#include "tools/drive/characters.h"
 #include "tools/drive/look_win32.h"
 #include "tools/drive/objects_win32.h"
 #include "tools/drive/window_path_win32.h"
@@ -39,6 +39,7 @@ long number(const std::string& word) {
 }
 
 std::string hex(HWND window) {
+    if (!window) return "none";
     char text[20];
     std::snprintf(text, sizeof text, "0x%lx",
                   static_cast<unsigned long>(reinterpret_cast<UINT_PTR>(window)));
@@ -91,40 +92,13 @@ std::string until(const Words& w) {
     return "";
 }
 
-std::string rect(const Words& w) {
-    RECT r{};
-    GetWindowRect(window(w[1]), &r);
-    return std::to_string(r.left) + ' ' + std::to_string(r.top) + ' ' +
-           std::to_string(r.right - r.left) + ' ' + std::to_string(r.bottom - r.top);
-}
-
-GUITHREADINFO threadOf(HWND any) {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetWindowThreadProcessId(any, nullptr), &info);
-    return info;
-}
-
-std::string named(HWND found) {
-    return found ? hex(found) + ' ' + windowClass(found) : "none";
-}
-
 std::string state(const Words& w) {
     const HWND found = window(w[1]);
     const auto flag = [](const char* name, bool value) {
         return std::string(name) + (value ? "=1" : "=0");
     };
     return flag("visible", IsWindowVisible(found)) + flag(" enabled", IsWindowEnabled(found)) +
-           flag(" focus", threadOf(found).hwndFocus == found);
-}
-
-std::string style(const Words& w) {
-    const HWND found = window(w[1]);
-    char text[60];
-    std::snprintf(text, sizeof text, "style=0x%08lx exstyle=0x%08lx",
-                  static_cast<unsigned long>(GetWindowLongW(found, GWL_STYLE)),
-                  static_cast<unsigned long>(GetWindowLongW(found, GWL_EXSTYLE)));
-    return text;
+           flag(" minimised", IsIconic(found));
 }
 
 std::string describe(HWND found) {
@@ -134,35 +108,10 @@ std::string describe(HWND found) {
            (IsWindowVisible(found) ? "" : " hidden") + (IsWindowEnabled(found) ? "" : " disabled");
 }
 
-__attribute__((force_align_arg_pointer)) BOOL CALLBACK append(HWND child, LPARAM text) noexcept {
-    try {
-        *reinterpret_cast<std::string*>(text) += "\n" + describe(child);
-    } catch (const std::exception&) {  // a window that was destroyed meanwhile is left out
-    }
-    return TRUE;
-}
-
-__attribute__((force_align_arg_pointer)) BOOL CALLBACK collect(HWND top, LPARAM list) noexcept {
-    reinterpret_cast<std::vector<HWND>*>(list)->push_back(top);
-    return TRUE;
-}
-
 std::string tree(const Words& w) {
     const HWND found = window(w[1]);
     std::string text = describe(found);
-    EnumChildWindows(found, append, reinterpret_cast<LPARAM>(&text));
-    return text;
-}
-
-// The visible top-level windows of a class, a line each.
-std::string tops(const Words& w) {
-    std::vector<HWND> found;
-    EnumWindows(collect, reinterpret_cast<LPARAM>(&found));
-    std::string text;
-    for (const HWND top : found) {
-        if (!IsWindowVisible(top) || windowClass(top) != w[1]) continue;
-        text += (text.empty() ? "" : "\n") + hex(top);
-    }
+    for (const HWND child : windowsBelow(found)) text += '\n' + describe(child);
     return text;
 }
 
@@ -204,20 +153,6 @@ std::string ping(const Words& w) {
     return std::to_string(std::chrono::duration_cast<std::chrono::milliseconds>(spent).count());
 }
 
-std::string items(const Words& w) {
-    const HWND list = window(w[1]);
-    std::string text;
-    const LRESULT count = ask(list, CB_GETCOUNT, 0, 0);
-    for (LRESULT i = 0; i < count; ++i) {
-        const auto index = static_cast<WPARAM>(i);
-        std::wstring item(static_cast<size_t>(ask(list, CB_GETLBTEXTLEN, index, 0)) + 1, L'\0');
-        ask(list, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(item.data()));
-        item.pop_back();
-        text += (i ? "\n" : "") + narrow(item);
-    }
-    return text;
-}
-
 std::string box(const Words& w) {
     if (!waitFor(w[1], [] { return shows("#32770"); })) throw std::runtime_error("no message box");
     const HWND found = window("#32770");
@@ -251,21 +186,17 @@ const std::map<std::string, Command>& commands() {
         {"until", {4, until}},
         {"find", {1, [](const Words& w) { return hex(window(w[1])); }}},
         {"text", {1, [](const Words& w) { return windowText(window(w[1])); }}},
-        {"class", {1, [](const Words& w) { return windowClass(window(w[1])); }}},
-        {"focus", {1, [](const Words& w) { return named(threadOf(window(w[1])).hwndFocus); }}},
-        {"capture", {1, [](const Words& w) { return named(threadOf(window(w[1])).hwndCapture); }}},
-        {"rect", {1, rect}},
+        {"focus", {1, [](const Words& w) { return hex(threadOf(window(w[1])).hwndFocus); }}},
+        {"capture", {1, [](const Words& w) { return hex(threadOf(window(w[1])).hwndCapture); }}},
+        {"rect", {1, [](const Words& w) { return windowBounds(window(w[1])); }}},
         {"state", {1, state}},
-        {"style", {1, style}},
         {"tree", {1, tree}},
-        {"tops", {1, tops}},
         {"look", {1, [](const Words& w) { return look(window(w[1])); }}},
         {"place", {3, place}},
         {"set", {2, setText}},
         {"post", {4, post}},
         {"send", {4, send}},
         {"ping", {2, ping}},
-        {"items", {1, items}},
         {"box", {1, box}},
         {"close", {1, close}},
         {"objects", {1, objects}},
@@ -273,28 +204,17 @@ const std::map<std::string, Command>& commands() {
     return table;
 }
 
-// Executes a request and prints its answer in one line. Returns true for "ok".
-bool answer(const std::function<Words()>& request) {
-    std::string line;
-    bool ok = false;
-    try {
-        const Words w = request();
-        const auto found = w.empty() ? commands().end() : commands().find(w[0]);
-        if (found == commands().end()) throw std::runtime_error("unknown command");
-        if (w.size() != found->second.arguments + 1) {
-            throw std::runtime_error(w[0] + " takes " + std::to_string(found->second.arguments) +
-                                     " arguments");
-        }
-        const std::string text = escaped(found->second.run(w));
-        line = text.empty() ? "ok" : "ok " + text;
-        ok = true;
-    } catch (const std::exception& e) {
-        line = std::string("fail ") + escaped(e.what());
-    }
-    line += '\n';
-    std::fwrite(line.data(), 1, line.size(), stdout);
-    std::fflush(stdout);
-    return ok;
+// Executes a request. Returns the answer: "ok", "ok RESULT" or "fail REASON".
+std::string answer(const Words& w) try {
+    const auto found = w.empty() ? commands().end() : commands().find(w[0]);
+    if (found == commands().end()) throw std::runtime_error("unknown command");
+    if (w.size() != found->second.arguments + 1)
+        throw std::runtime_error(w[0] + " takes " + std::to_string(found->second.arguments) +
+                                 " arguments");
+    const std::string text = found->second.run(w);
+    return text.empty() ? "ok" : "ok " + text;
+} catch (const std::exception& e) {
+    return std::string("fail ") + e.what();
 }
 
 }  // namespace
@@ -305,16 +225,17 @@ int wmain(int count, wchar_t** arguments) {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     if (count > 1) {
-        const auto request = [&] {
-            Words w;
-            for (int i = 1; i < count; ++i) w.push_back(velvox::narrow(arguments[i]));
-            return w;
-        };
-        return answer(request) ? 0 : 1;
+        Words w;
+        for (int i = 1; i < count; ++i) w.push_back(velvox::narrow(arguments[i]));
+        const std::string text = answer(w);
+        std::cout << text << std::endl;
+        return text.starts_with("ok") ? 0 : 1;
     }
-    std::string line;
-    while (std::getline(std::cin, line) && line != "quit") {
-        answer([&] { return words(line); });
+    for (std::string request; std::getline(std::cin, request, endOfText);) {
+        Words w;
+        std::istringstream words(request);
+        for (std::string word; std::getline(words, word, endOfWord);) w.push_back(word);
+        std::cout << answer(w) << endOfText << std::flush;
     }
     return 0;
 }

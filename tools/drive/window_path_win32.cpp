@@ -1,9 +1,8 @@
 #include "tools/drive/window_path_win32.h"
 
 #include <algorithm>
-#include <optional>
+#include <sstream>
 #include <stdexcept>
-#include <vector>
 
 #include "base/system_win32.h"
 
@@ -12,85 +11,26 @@ namespace {
 
 constexpr UINT kAnswerMs = 20000;
 
-struct Segment {
-    std::optional<HWND> handle;
-    std::string className;
-    std::optional<std::string> text;
-    std::optional<size_t> index;
-    std::optional<int> controlId;
-};
-
-Segment parsed(const std::string& part) {
-    Segment segment;
-    if (part.starts_with("0x")) {
-        segment.handle = reinterpret_cast<HWND>(std::stoul(part, nullptr, 16));
-        return segment;
-    }
-    if (part.starts_with("@")) {
-        segment.controlId = std::stoi(part.substr(1));
-        return segment;
-    }
-    // The search starts at the second character, because the class name of dialogs starts with "#".
-    const size_t mark = part.find_first_of("=#", 1);
-    segment.className = part.substr(0, mark);
-    if (segment.className == "*") segment.className.clear();
-    if (mark != part.npos && part[mark] == '=') {
-        segment.text = part.substr(mark + 1);
-    } else if (mark != part.npos) {
-        segment.index = std::stoul(part.substr(mark + 1));
-    }
-    return segment;
-}
-
-std::vector<Segment> segments(const std::string& path) {
-    std::vector<std::string> parts(1);
-    for (const char c : path)
-        if (c == '/')
-            parts.emplace_back();
-        else
-            parts.back() += c;
-    std::vector<Segment> result;
-    for (const std::string& part : parts) {
-        try {
-            result.push_back(parsed(part));
-        } catch (const std::logic_error&) {
-            throw std::runtime_error("malformed path segment " + part);
-        }
-    }
-    return result;
-}
-
 __attribute__((force_align_arg_pointer)) BOOL CALLBACK collect(HWND window, LPARAM list) noexcept {
     reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
     return TRUE;
 }
 
-std::vector<HWND> candidates(HWND parent) {
-    std::vector<HWND> result;
-    const auto list = reinterpret_cast<LPARAM>(&result);
-    if (parent) {
-        EnumChildWindows(parent, collect, list);
-    } else {
-        EnumWindows(collect, list);
-    }
-    return result;
+bool fits(HWND window, const std::string& segment) {
+    if (segment.starts_with("@")) return GetDlgCtrlID(window) == std::stoi(segment.substr(1));
+    const auto mark = segment.find('=');
+    const std::string name = segment.substr(0, mark);
+    if (name != "*" && lstrcmpiA(windowClass(window).c_str(), name.c_str()) != 0) return false;
+    return mark == segment.npos || windowText(window) == segment.substr(mark + 1);
 }
 
-bool fits(HWND window, const Segment& segment) {
-    if (segment.handle) return window == *segment.handle;
-    if (segment.controlId) return GetDlgCtrlID(window) == *segment.controlId;
-    if (!segment.className.empty() &&
-        lstrcmpiW(widen(windowClass(window)).c_str(), widen(segment.className).c_str()) != 0) {
-        return false;
+HWND best(HWND parent, const std::string& segment) {
+    if (segment.starts_with("0x")) {
+        const auto window = reinterpret_cast<HWND>(std::stoul(segment, nullptr, 16));
+        return IsWindow(window) ? window : nullptr;
     }
-    return !segment.text || windowText(window) == *segment.text;
-}
-
-HWND best(HWND parent, const Segment& segment) {
-    if (segment.handle && IsWindow(*segment.handle)) return *segment.handle;
-    std::vector<HWND> found = candidates(parent);
+    std::vector<HWND> found = windowsBelow(parent);
     std::erase_if(found, [&](HWND window) { return !fits(window, segment); });
-    if (segment.index) return *segment.index < found.size() ? found[*segment.index] : nullptr;
     const auto visible = std::find_if(found.begin(), found.end(), IsWindowVisible);
     if (visible != found.end()) return *visible;
     return found.empty() ? nullptr : found.front();
@@ -100,11 +40,33 @@ HWND best(HWND parent, const Segment& segment) {
 
 HWND findWindow(const std::string& path) {
     HWND window = nullptr;
-    for (const Segment& segment : segments(path)) {
+    std::istringstream segments(path);
+    for (std::string segment; std::getline(segments, segment, '/');) {
         window = best(window, segment);
         if (!window) return nullptr;
     }
     return window;
+}
+
+std::vector<HWND> windowsBelow(HWND parent) {
+    std::vector<HWND> windows;
+    const auto list = reinterpret_cast<LPARAM>(&windows);
+    parent ? EnumChildWindows(parent, collect, list) : EnumWindows(collect, list);
+    return windows;
+}
+
+std::string windowBounds(HWND window) {
+    RECT r{};
+    GetWindowRect(window, &r);
+    return std::to_string(r.left) + ' ' + std::to_string(r.top) + ' ' +
+           std::to_string(r.right - r.left) + ' ' + std::to_string(r.bottom - r.top);
+}
+
+GUITHREADINFO threadOf(HWND window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+    return info;
 }
 
 LRESULT ask(HWND window, UINT message, WPARAM w, LPARAM l) {

@@ -3,8 +3,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "tools/drive/characters.h"
 #include "tools/drive/client/paths.h"
-#include "tools/drive/line.h"
 
 namespace velvox {
 
@@ -22,35 +22,29 @@ std::string inMilliseconds(Milliseconds time) {
     return std::to_string(time.count());
 }
 
-std::string unescaped(std::string_view line) {
-    return words('"' + std::string(line) + '"').at(0);
-}
-
 }  // namespace
 
 Driver::Driver() : process_({paths::wine(), paths::program("drive.exe")}, true) {}
 
-Driver::Answer Driver::exchange(const std::vector<std::string>& words) {
+std::string Driver::exchange(const std::vector<std::string>& words) {
     std::string request;
-    for (const std::string& word : words) request += '"' + escaped(word) + "\" ";
-    process_.write(request + '\n');
-    const std::string line = process_.readLine(answerTime);
-    if (line == "ok") return {true, ""};
-    if (line.starts_with("ok ")) return {true, unescaped(std::string_view(line).substr(3))};
-    return {false, line};
+    for (const std::string& word : words) request += word + endOfWord;
+    process_.write(request + endOfText);
+    return process_.readUntil(endOfText, answerTime);
 }
 
 std::string Driver::ask(const std::vector<std::string>& words) {
-    Answer answer = exchange(words);
-    if (answer.ok) return answer.text;
+    const std::string answer = exchange(words);
+    if (answer == "ok") return "";
+    if (answer.starts_with("ok ")) return answer.substr(3);
     constexpr std::size_t quotedLength = 200;
     std::string request;
     for (const std::string& word : words) request += word.substr(0, quotedLength) + ' ';
-    throw std::runtime_error(request + "-> " + answer.text);
+    throw std::runtime_error(request + "-> " + answer);
 }
 
 bool Driver::holds(const std::vector<std::string>& words) {
-    return exchange(words).ok;
+    return exchange(words).starts_with("ok");
 }
 
 Bounds Driver::rect(const std::string& window) {
@@ -65,18 +59,6 @@ bool Driver::visible(const std::string& window) {
 
 bool Driver::enabled(const std::string& window) {
     return ask({"state", window}).find("enabled=1") != std::string::npos;
-}
-
-std::string Driver::focus(const std::string& window) {
-    const std::string answer = ask({"focus", window});
-    return answer.substr(0, answer.find(' '));
-}
-
-std::vector<std::string> Driver::items(const std::string& window) {
-    std::vector<std::string> all;
-    std::istringstream lines(ask({"items", window}));
-    for (std::string line; std::getline(lines, line);) all.push_back(line);
-    return all;
 }
 
 void Driver::waitVisible(const std::string& window) {

@@ -33,8 +33,7 @@ class Driver {
     bool visible(const std::string& window);
     bool enabled(const std::string& window);
     /// Handle of the focused window in the thread of `window`.
-    std::string focus(const std::string& window);
-    std::vector<std::string> items(const std::string& window);
+    std::string focus(const std::string& window) { return ask({"focus", window}); }
 
     void waitVisible(const std::string& window);
     void waitGone(const std::string& window);
@@ -50,11 +49,7 @@ class Driver {
     static constexpr Milliseconds patience{40'000};
 
  private:
-    struct Answer {
-        bool ok;
-        std::string text;
-    };
-    Answer exchange(const std::vector<std::string>& words);
+    std::string exchange(const std::vector<std::string>& words);
 
     Process process_;
 };

@@ -19,7 +19,7 @@ class Xdotool {
     // following keys to that window as synthetic events, unlike those of a keyboard.
     void perform(const std::string& events) {
         process_.write(events + "\ngetdisplaygeometry\n");
-        const std::string answer = process_.readLine(toolTime);
+        const std::string answer = process_.readUntil('\n', toolTime);
         if (answer.find_first_not_of("0123456789 ") != answer.npos)
             throw std::runtime_error(events + " -> " + answer);
     }

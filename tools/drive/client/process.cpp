@@ -128,20 +128,16 @@ bool Process::readMore(Clock::time_point deadline) {
     return got > 0;
 }
 
-std::string Process::readLine(Milliseconds time) {
+std::string Process::readUntil(char end, Milliseconds time) {
     const auto deadline = Clock::now() + time;
-    std::size_t searched = 0;
-    for (;;) {
-        const auto end = read_.find('\n', searched);
-        if (end != read_.npos) {
-            std::string line = read_.substr(0, end);
-            read_.erase(0, end + 1);
-            if (line.ends_with('\r')) line.pop_back();
-            return line;
-        }
+    std::size_t at = 0;
+    for (std::size_t searched = 0; (at = read_.find(end, searched)) == read_.npos;) {
         searched = read_.size();
         if (!readMore(deadline)) throw std::runtime_error("a program ended without an answer");
     }
+    const std::string text = read_.substr(0, at);
+    read_.erase(0, at + 1);
+    return text;
 }
 
 std::string Process::readAll(Milliseconds time) {

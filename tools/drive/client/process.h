@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 class Process {
  public:
     /// With `piped`, the program's standard input and output are connected to `write` and
-    /// `readLine`, otherwise to /dev/null. Throws std::runtime_error if the program cannot be
+    /// `readUntil`, otherwise to /dev/null. Throws std::runtime_error if the program cannot be
     /// started.
     explicit Process(const std::vector<std::string>& command, bool piped = false);
     Process(const Process&) = delete;
@@ -32,8 +32,9 @@ class Process {
 
     void write(std::string_view bytes) const;
     void closeInput();
-    /// The next line without its line end. Throws at the deadline and at the end of the output.
-    std::string readLine(Milliseconds time);
+    /// The output up to a character, without it. Throws at the deadline and at the end of the
+    /// output.
+    std::string readUntil(char end, Milliseconds time);
     /// Everything up to the end of the output.
     std::string readAll(Milliseconds time);
 
