@@ -36,23 +36,6 @@ void expectRuns(std::initializer_list<std::pair<std::string, std::string>> rows)
         EXPECT_EQ(describe(parseHtmlFragment(html)), runs) << html;
 }
 
-TEST(HtmlFragmentTest, FormsThatTheProgramWrites) {
-    expectRuns({
-        {"<font face='tahoma' size='2' color='red'>Video Unavilable..</font>",
-         "[0000FF|Video Unavilable..]"},
-        {"<a href='http://h/a b&t=1'><font face='tahoma' size=2>Download</font></a>",
-         "[http://h/a b&t=1|Download]"},
-        {"\r\n<br><font face='tahoma' size='2'><a href='http://h/1'>Download FLV</a>"
-         "\r\n<br><font face='tahoma' size='2'><a href='http://h/2'>Download AVI</a>",
-         "[|\n][http://h/1|Download FLV][|\n][http://h/2|Download AVI]"},
-        // A second opening tag ends the link instead of a closing tag. Each link still has only its
-        // own text.
-        {"<font face='tahoma' size='2'><a href='http://h/1.jpg'>Download Image 1<a></font><br>"
-         "<font face='tahoma' size='2'><a href='http://h/2.jpg'>Download Image 2<a></font><br>",
-         "[http://h/1.jpg|Download Image 1][|\n][http://h/2.jpg|Download Image 2][|\n]"},
-    });
-}
-
 TEST(HtmlFragmentTest, TagsAttributesAndText) {
     expectRuns({
         {"<FONT FACE=Verdana COLOR=#12abEF SIZE=\"7\">x</FONT>y", "[Verdana 72 EFAB12|x][|y]"},
