@@ -67,6 +67,13 @@ inline int scaled(int pixels) {
 /// Width of a thin line in pixels, rounded down so that thin lines stay thin.
 int thinLine();
 
+/// A window's client area. Its left upper corner is (0, 0).
+inline RECT clientArea(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    return area;
+}
+
 void fill(HDC dc, const RECT& area, Rgb colour);
 
 /// Draws the system's dotted focus rectangle with a border of thinLine() pixels.

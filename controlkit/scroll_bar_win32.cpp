@@ -155,8 +155,7 @@ BarPoint ScrollBarWindow::barPoint(LPARAM lParam) const {
 }
 
 void ScrollBarWindow::measure() {
-    RECT client{};
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     const bool vertical = axis() == Axis::Vertical;
     resize(vertical ? client.bottom : client.right, vertical ? client.right : client.bottom,
            screenDpi());

@@ -134,8 +134,7 @@ void tsScrollContainer::arrange() {
         int& depth;
     } const nesting(arranging_);
 
-    RECT client{};
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     // The bars' outlines overlap the container's outline, so that only one line is visible.
     const int line = scaled(scrollSizes.border);
     const int thick = scaled(barThickness);
@@ -237,8 +236,7 @@ std::optional<LRESULT> tsScrollContainer::onKey(WPARAM code) {
 }
 
 void tsScrollContainer::paint(HDC dc) const {
-    RECT client{};
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     const CurrentSystemColours system;
     fill(dc, client, translate(vertical_.BorderColor(), system));
     const int line = scaled(scrollSizes.border);
@@ -255,8 +253,7 @@ std::optional<LRESULT> tsScrollContainer::View::onMessage(UINT message, WPARAM w
     switch (message) {
         case WM_ERASEBKGND:
         case WM_PRINTCLIENT: {
-            RECT client{};
-            GetClientRect(handle(), &client);
+            const RECT client = clientArea(handle());
             FillRect(reinterpret_cast<HDC>(wParam), &client, GetSysColorBrush(COLOR_WINDOW));
             return 1;
         }

@@ -16,8 +16,7 @@ std::optional<LRESULT> PlainControl::onMessage(UINT message, WPARAM wParam, LPAR
     if (message == WM_ERASEBKGND && WindowFromDC(reinterpret_cast<HDC>(wParam)) == handle())
         return 1;
     if (message != WM_PAINT || wParam) return std::nullopt;
-    RECT client{};
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     const PaintScope painting(handle());
     const BufferedPaint buffer(painting.dc(), client);
     const auto target = reinterpret_cast<WPARAM>(buffer.dc());

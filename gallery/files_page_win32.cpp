@@ -111,8 +111,7 @@ void FileListWindow::press(LPARAM at) {
 }
 
 void FileListWindow::paint(HDC target) {
-    RECT client{};
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     if (IsRectEmpty(&client)) return;
     const BufferedPaint buffer(target, client);
     FillRect(buffer.dc(), &client, GetSysColorBrush(COLOR_WINDOW));
@@ -169,9 +168,7 @@ void FilesPage::create(HWND parent) {
     Window::create(filling(parent, L"VelvoxFilesPage"));
     font_ = createFont({});
 
-    RECT client{};
-    GetClientRect(handle(), &client);
-    const Layout layout(client);
+    const Layout layout(clientArea(handle()));
     WindowRequest header{.className = L"BUTTON",
                          .style = WS_CHILD | WS_VISIBLE | WS_TABSTOP,
                          .bounds = layout.byName,
@@ -260,8 +257,7 @@ std::optional<LRESULT> FilesPage::onMessage(UINT message, WPARAM wParam, LPARAM)
 }
 
 void FilesPage::paint(HDC target) {
-    RECT client{};
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     const Layout layout(client);
     const BufferedPaint buffer(target, client);
     FillRect(buffer.dc(), &client, GetSysColorBrush(COLOR_WINDOW));

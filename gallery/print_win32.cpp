@@ -13,8 +13,7 @@ namespace {
 // Prints a window and then each child, because some systems do not pass WM_PRINTCLIENT on to
 // children.
 void print(HWND window, HDC dc, POINT origin) {
-    RECT client{};
-    GetClientRect(window, &client);
+    const RECT client = clientArea(window);
     const int saved = SaveDC(dc);
     SetViewportOrgEx(dc, origin.x, origin.y, nullptr);
     IntersectClipRect(dc, 0, 0, client.right, client.bottom);
@@ -35,8 +34,7 @@ void print(HWND window, HDC dc, POINT origin) {
 }  // namespace
 
 void writePicture(HWND window, const std::string& path) {
-    RECT client{};
-    GetClientRect(window, &client);
+    const RECT client = clientArea(window);
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = client.right;

@@ -74,9 +74,7 @@ struct ScrollPage::Layout {
 
 void ScrollPage::create(HWND parent) {
     Window::create(filling(parent, L"VelvoxScrollPage"));
-    RECT client{};
-    GetClientRect(handle(), &client);
-    createControls(Layout(client));
+    createControls(Layout(clientArea(handle())));
 }
 
 LargePicture::LargePicture(HWND parent) {
@@ -281,8 +279,7 @@ std::optional<LRESULT> ScrollPage::onMessage(UINT message, WPARAM wParam, LPARAM
 }
 
 void ScrollPage::paint(HDC target) {
-    RECT client{};
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     const Layout layout(client);
     if (surface_.Width() != client.right || surface_.Height() != client.bottom) {
         surface_.CreateMyDC(client.right, client.bottom);

@@ -8,12 +8,10 @@
 
 namespace velvox {
 WindowRequest filling(HWND parent, const wchar_t* className) {
-    RECT client{};
-    GetClientRect(parent, &client);
     return {.className = className,
             .style = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
             .extendedStyle = WS_EX_CONTROLPARENT,
-            .bounds = client,
+            .bounds = clientArea(parent),
             .parent = parent};
 }
 
@@ -68,8 +66,7 @@ std::shared_ptr<const Picture> Sheet::sampleIcon(LPCWSTR systemIcon) {
 }
 
 void Sheet::paint(HDC target) {
-    RECT client{};
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     const BufferedPaint buffer(target, client);
     const HDC dc = buffer.dc();
     FillRect(dc, &client, GetSysColorBrush(COLOR_WINDOW));

@@ -308,8 +308,7 @@ void SurfacePage::paint(HDC target) {
 }
 
 void SurfacePage::draw() {
-    RECT area{};
-    GetClientRect(handle(), &area);
+    RECT area = clientArea(handle());
     surface_.CreateMyDC(area.right, area.bottom);
     surface_.BackColor(systemColour(WindowColour));
     surface_.Cls();

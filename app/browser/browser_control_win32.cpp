@@ -1,6 +1,7 @@
 #include "app/browser/browser_control_win32.h"
 
 #include "base/runtime_failure.h"
+#include "base/system_win32.h"
 
 namespace velvox {
 namespace {
@@ -61,8 +62,7 @@ void BrowserControl::embed(HWND window) {
     browser_->put_Silent(VARIANT_TRUE);
     browser_->put_RegisterAsDropTarget(VARIANT_FALSE);
 
-    RECT bounds{};
-    GetClientRect(window, &bounds);
+    const RECT bounds = clientArea(window);
     requireSuccess(
         object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site_.get(), 0, window, &bounds),
         "IOleObject::DoVerb");

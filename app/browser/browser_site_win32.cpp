@@ -1,5 +1,7 @@
 #include "app/browser/browser_site_win32.h"
 
+#include "base/system_win32.h"
+
 namespace velvox {
 namespace {
 
@@ -74,8 +76,7 @@ class BrowserSite final : public ComDispatch<IOleClientSite, IOleInPlaceSite> {
         *document = nullptr;
         *frame = new (std::nothrow) BrowserFrame(window_);
         if (!*frame) return E_OUTOFMEMORY;
-        GetClientRect(window_, bounds);
-        *clip = *bounds;
+        *clip = *bounds = clientArea(window_);
         info->fMDIApp = FALSE;
         info->hwndFrame = window_;
         info->haccel = nullptr;

@@ -2,6 +2,7 @@
 
 #include "base/buffered_paint_win32.h"
 #include "base/runtime_failure.h"
+#include "base/system_win32.h"
 
 namespace velvox {
 namespace {
@@ -120,8 +121,7 @@ void WebBrowserWindow::giveUp() {
 }
 
 void WebBrowserWindow::paint(HDC dc) const {
-    RECT bounds{};
-    GetClientRect(handle(), &bounds);
+    const RECT bounds = clientArea(handle());
     const BufferedPaint buffer(dc, bounds);
     panel_.paint(buffer.dc(), bounds, content());
 }
@@ -142,8 +142,7 @@ std::optional<LRESULT> WebBrowserWindow::onMessage(UINT message, WPARAM wParam, 
             if (wParam == patienceTimer) giveUp();
             return 0;
         case WM_SIZE: {
-            RECT bounds{};
-            GetClientRect(handle(), &bounds);
+            const RECT bounds = clientArea(handle());
             if (control_) control_->place(bounds);
             InvalidateRect(handle(), nullptr, FALSE);
             return 0;

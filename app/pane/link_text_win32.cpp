@@ -315,8 +315,7 @@ void LinkText::showMenu(LPARAM screenPoint) {
     if (screenPoint == -1) {  // opened by keyboard
         link = currentLink();
         const POINT place = link ? placeOf(link->begin) : POINT{};
-        RECT client;
-        GetClientRect(handle(), &client);
+        const RECT client = clientArea(handle());
         at = {std::clamp(place.x, 0L, client.right), std::clamp(place.y, 0L, client.bottom)};
         ClientToScreen(handle(), &at);
     } else {

@@ -127,15 +127,13 @@ std::optional<LRESULT> ResultPaneWindow::onMessage(UINT message, WPARAM wParam, 
 
 RECT ResultPaneWindow::textPlace() const {
     const int margin = framePixels + scaled(marginPixels);
-    RECT place;
-    GetClientRect(handle(), &place);
+    const RECT place = clientArea(handle());
     return {margin, margin, std::max<LONG>(margin, place.right - framePixels),
             std::max<LONG>(margin, place.bottom - framePixels)};
 }
 
 void ResultPaneWindow::paint(HDC dc) const {
-    RECT all;
-    GetClientRect(handle(), &all);
+    const RECT all = clientArea(handle());
     FillRect(dc, &all, GetSysColorBrush(COLOR_WINDOW));
     FrameRect(dc, &all, GetSysColorBrush(COLOR_BTNSHADOW));
 }

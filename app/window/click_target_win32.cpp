@@ -6,6 +6,7 @@
 
 #include "base/child_window_win32.h"
 #include "base/owned_win32.h"
+#include "base/system_win32.h"
 
 namespace velvox {
 
@@ -34,8 +35,7 @@ std::optional<LRESULT> ClickTarget::onMessage(UINT message, WPARAM, LPARAM lPara
         case WM_LBUTTONUP: {
             if (!std::exchange(pressed_, false)) return 0;
             ReleaseCapture();
-            RECT area;
-            GetClientRect(handle(), &area);
+            const RECT area = clientArea(handle());
             const auto click = click_;  // a copy, because the callback may destroy this object
             if (PtInRect(&area, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) click();
             return 0;

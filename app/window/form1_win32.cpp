@@ -138,8 +138,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
     switch (message) {
         case WM_PAINT: {
             const PaintScope painting(handle());
-            RECT client;
-            GetClientRect(handle(), &client);
+            const RECT client = clientArea(handle());
             const BufferedPaint buffer(painting.dc(), client);
             paint(buffer.dc());
             return 0;
@@ -193,8 +192,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
 }
 
 void Form1Window::paint(HDC dc) const {
-    RECT client;
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     skin_.draw(dc, Skin::Piece::Form, client);
     const Form1& form = children_->form;
     skin_.draw(dc, Skin::Piece::Icon, toPixels(form.skinicon.bounds()));

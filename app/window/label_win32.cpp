@@ -123,8 +123,7 @@ std::optional<LRESULT> LabelWindow::onMessage(UINT message, WPARAM wParam, LPARA
 void LabelWindow::release(POINT at) {
     if (!std::exchange(pressed_, false)) return;
     ReleaseCapture();
-    RECT area;
-    GetClientRect(handle(), &area);
+    const RECT area = clientArea(handle());
     if (PtInRect(&area, at) && model_.Click) model_.Click();
 }
 
@@ -136,8 +135,7 @@ void LabelWindow::passMouse(const MouseEvents::Handler& handler, WPARAM keys, LP
 }
 
 void LabelWindow::paint(HDC target) {
-    RECT area;
-    GetClientRect(handle(), &area);
+    RECT area = clientArea(handle());
     const BufferedPaint buffer(target, area);
     const HDC dc = buffer.dc();
     paintParentBackground(handle(), dc);

@@ -48,8 +48,7 @@ std::optional<LRESULT> PictureBoxWindow::onMessage(UINT message, WPARAM wParam, 
     switch (message) {
         case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: {
-            RECT client;
-            GetClientRect(handle(), &client);
+            const RECT client = clientArea(handle());
             painter_(reinterpret_cast<HDC>(wParam), client);
             return 0;
         }
@@ -66,8 +65,7 @@ std::optional<LRESULT> PictureBoxWindow::onMessage(UINT message, WPARAM wParam, 
 }
 
 void PictureBoxWindow::paint(HDC target) const {
-    RECT client;
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     const BufferedPaint buffer(target, client);
     painter_(buffer.dc(), client);
 }

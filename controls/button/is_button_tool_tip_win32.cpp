@@ -72,7 +72,7 @@ void ToolTip::show(const ButtonToolTip& record, HWND owner) {
     tool.uFlags = record.centred ? centredTool : subclassed;
     tool.hwnd = owner;
     tool.uId = 0;
-    GetClientRect(owner, &tool.rect);
+    tool.rect = clientArea(owner);
     tool.hinst = GetModuleHandleW(nullptr);
     tool.lpszText = text.data();
     system_.send(window_, TTM_ADDTOOLA, 0, pointerTo(&tool));

@@ -41,8 +41,7 @@ Rgb surroundingsOf(HWND window, HDC dc, const SystemColours& colours) {
 }
 
 SIZE clientSize(HWND window) {
-    RECT client{};
-    GetClientRect(window, &client);
+    const RECT client = clientArea(window);
     return {client.right, client.bottom};
 }
 

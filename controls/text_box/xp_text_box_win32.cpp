@@ -162,8 +162,7 @@ void TextBoxWindow::applyFace() {
 }
 
 RECT TextBoxWindow::bounds() const {
-    RECT client{};
-    GetClientRect(GetParent(handle()), &client);
+    const RECT client = clientArea(GetParent(handle()));
     const Rect at = box_.textBounds(client.right, client.bottom, screenDpi());
     return {at.left, at.top, std::max(at.left, at.right), std::max(at.top, at.bottom)};
 }
@@ -240,8 +239,7 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             break;
         case WM_LBUTTONDBLCLK:
         case WM_LBUTTONUP: {
-            RECT client{};
-            GetClientRect(handle(), &client);
+            const RECT client = clientArea(handle());
             const POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
             // The events come in the system's order: Click at the first release, DblClick at the
             // second press, and nothing at the second release.
@@ -346,8 +344,7 @@ std::optional<LRESULT> XPTextBoxWindow::onMessage(UINT message, WPARAM wParam, L
 }
 
 void XPTextBoxWindow::paint(HDC target) const {
-    RECT client;
-    GetClientRect(handle(), &client);
+    const RECT client = clientArea(handle());
     const BufferedPaint buffer(target, client);
     const HDC dc = buffer.dc();
     const auto rgbOf = [this, own = !highContrast()](OleColour colour, int inContrast) {
