@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "base/buffered_paint_win32.h"
 #include "base/system_win32.h"
 #include "controlkit/scroll_look.h"
 
@@ -235,8 +236,10 @@ std::optional<LRESULT> tsScrollContainer::onKey(WPARAM code) {
     return 0;
 }
 
-void tsScrollContainer::paint(HDC dc) const {
+void tsScrollContainer::paint(HDC target) const {
     const RECT client = clientArea(handle());
+    const BufferedPaint buffer(target, client);
+    const HDC dc = buffer.dc();
     const CurrentSystemColours system;
     fill(dc, client, translate(vertical_.BorderColor(), system));
     const int line = scaled(scrollSizes.border);

@@ -73,7 +73,7 @@ class tsScrollContainer : private Window {
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     std::optional<LRESULT> onWheel(UINT message, WPARAM wParam);
     std::optional<LRESULT> onKey(WPARAM code);
-    void paint(HDC dc) const;
+    void paint(HDC target) const;
 
     void attach(HWND content, std::optional<SIZE> drawn);
     void detach() noexcept;
