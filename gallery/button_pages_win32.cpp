@@ -124,7 +124,7 @@ void layOutAlignments(Sheet& sheet) {
     }
     sheet.write({x, 56 + 2 * stepY, 700, 0},
                 "Icon in the states: normal, hot (style 4 lifts it over its shadow), pressed, "
-                "disabled, 32 pixels",
+                "disabled, large",
                 true);
     const ButtonState states[] = {ButtonState::Normal, ButtonState::Hot, ButtonState::Pressed,
                                   ButtonState::Disabled, ButtonState::Normal};
