@@ -19,7 +19,7 @@ BufferedPaint::Surface BufferedPaint::takeSurface(SIZE size) {
     larger.size = {std::max(size.cx, last.size.cx), std::max(size.cy, last.size.cy)};
     larger.bitmap.reset(CreateCompatibleBitmap(screen.get(), larger.size.cx, larger.size.cy));
     larger.dc.reset(CreateCompatibleDC(screen.get()));
-    SelectObject(larger.dc.get(), larger.bitmap.get());
+    if (!SelectObject(larger.dc.get(), larger.bitmap.get())) return {};
     return larger;
 }
 
@@ -28,14 +28,15 @@ BufferedPaint::BufferedPaint(HDC target, const RECT& area)
       area_(area),
       surface_(takeSurface({area.right - area.left, area.bottom - area.top})),
       savedState_(SaveDC(dc())) {
-    SetWindowOrgEx(dc(), area.left, area.top, nullptr);
+    if (surface_.dc) SetWindowOrgEx(dc(), area.left, area.top, nullptr);
     IntersectClipRect(dc(), area.left, area.top, area.right, area.bottom);
 }
 
 BufferedPaint::~BufferedPaint() {
-    BitBlt(target_, area_.left, area_.top, area_.right - area_.left, area_.bottom - area_.top, dc(),
-           area_.left, area_.top, SRCCOPY);
     RestoreDC(dc(), savedState_);
+    if (surface_.dc)
+        BitBlt(target_, area_.left, area_.top, area_.right - area_.left, area_.bottom - area_.top,
+               dc(), 0, 0, SRCCOPY);
     std::swap(kept(), surface_);
 }
 

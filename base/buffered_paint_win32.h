@@ -17,7 +17,8 @@ class BufferedPaint {
     BufferedPaint& operator=(const BufferedPaint&) = delete;
     ~BufferedPaint();
 
-    HDC dc() const noexcept { return surface_.dc.get(); }
+    /// The target itself if the system has no memory for the surface.
+    HDC dc() const noexcept { return surface_.dc ? surface_.dc.get() : target_; }
 
  private:
     struct Surface {

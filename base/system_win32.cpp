@@ -124,4 +124,18 @@ OwnedFont createFont(const Font& font) {
     return OwnedFont(CreateFontIndirectW(&request));
 }
 
+OwnedBitmap createPixels(int width, int height, std::uint32_t** pixels) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    OwnedBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (!bitmap) throwLastError("CreateDIBSection");
+    if (pixels) *pixels = static_cast<std::uint32_t*>(bits);
+    return bitmap;
+}
+
 }  // namespace velvox

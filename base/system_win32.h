@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -86,6 +87,10 @@ void fitScreenDpi(SIZE twips);
 /// Converts layout bounds to pixels. Edges are rounded instead of lengths, so that neighbours that
 /// touch in twips also touch in pixels.
 RECT toPixels(const Bounds& bounds);
+
+/// Creates a 32-bit bitmap of 0x00RRGGBB pixels, the topmost row first, and stores the address of
+/// its first pixel in `pixels`. Throws RuntimeFailure (Platform).
+OwnedBitmap createPixels(int width, int height, std::uint32_t** pixels = nullptr);
 
 /// Creates the system's font for `font`, with its height scaled to screenDpi().
 OwnedFont createFont(const Font& font);

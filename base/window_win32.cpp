@@ -116,7 +116,7 @@ LRESULT Window::dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam
             SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         }
     }
-    return answer ? *answer : fallback(window, message, wParam, lParam);
+    return answer ? *answer : CallWindowProcW(fallback, window, message, wParam, lParam);
 }
 
 LRESULT CALLBACK Window::thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -129,19 +129,27 @@ LRESULT CALLBACK Window::thunk(HWND window, UINT message, WPARAM wParam, LPARAM 
 void SystemControl::create(const WindowRequest& request) {
     attach(createWindow(request, nullptr));
     // SetWindowSubclass would do the same, but under Wine it takes 0.03 ms for each message.
-    SetWindowLongPtrW(handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SystemControl::thunk));
+    previous_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
+        handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SystemControl::thunk)));
+    if (!previous_) throwLastError("SetWindowLongPtr");
 }
 
-LRESULT CALLBACK SystemControl::classProcedure(HWND window, UINT message, WPARAM wParam,
-                                               LPARAM lParam) {
+WNDPROC SystemControl::procedureOf(HWND window) {
+    const auto* self = static_cast<SystemControl*>(
+        reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA)));
+    if (self) return self->previous_;
+    // The object was destroyed first. The class is unknown if the window was destroyed as well.
     const auto procedure = reinterpret_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC));
-    // Null after a handler has destroyed the window.
-    return procedure ? CallWindowProcW(procedure, window, message, wParam, lParam) : 0;
+    return procedure ? procedure : &DefWindowProcW;
+}
+
+LRESULT SystemControl::defaultHandling(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CallWindowProcW(procedureOf(window), window, message, wParam, lParam);
 }
 
 LRESULT CALLBACK SystemControl::thunk(HWND window, UINT message, WPARAM wParam,
                                       LPARAM lParam) noexcept {
-    return dispatch(window, message, wParam, lParam, &SystemControl::classProcedure);
+    return dispatch(window, message, wParam, lParam, procedureOf(window));
 }
 
 }  // namespace velvox

@@ -73,11 +73,15 @@ class SystemControl : public Window {
     /// Creates the window. Throws RuntimeFailure (Platform).
     void create(const WindowRequest& request);
 
-    /// The window class's own handling of a message. Does nothing after the window is destroyed.
-    static LRESULT CALLBACK classProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    /// What the window did with a message before this object. Does nothing after the window is
+    /// destroyed.
+    static LRESULT defaultHandling(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
  private:
+    static WNDPROC procedureOf(HWND window);
     static LRESULT CALLBACK thunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+
+    WNDPROC previous_ = nullptr;
 };
 
 }  // namespace velvox

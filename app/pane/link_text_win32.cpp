@@ -82,7 +82,7 @@ std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM l
     const HWND control = handle();
     std::optional<LRESULT> result = onEvent(message, wParam, lParam);
     if (message == WM_NCDESTROY) return result;
-    if (!result) result = classProcedure(control, message, wParam, lParam);
+    if (!result) result = defaultHandling(control, message, wParam, lParam);
     destroyCaret(control);
     return result;
 }
@@ -172,7 +172,7 @@ std::optional<LRESULT> LinkText::onPointer(UINT message, WPARAM wParam, LPARAM l
             const TextLink* link = linkUnder(point);
             if (link != tipped_) hideTip();
             trackHover();
-            const LRESULT answer = classProcedure(handle(), message, wParam, lParam);
+            const LRESULT answer = defaultHandling(handle(), message, wParam, lParam);
             // On every move the control sets its own mouse pointer, so the hand has to be set
             // again.
             if (link && !(wParam & MK_LBUTTON))
@@ -199,7 +199,7 @@ LRESULT LinkText::press(UINT message, WPARAM wParam, LPARAM lParam) {
     pressed_ = nullptr;
     if (message == WM_LBUTTONDOWN && !extending && beganAfterPaint()) pressed_ = linkUnder(point);
     const HWND control = handle();
-    const LRESULT answer = classProcedure(control, message, wParam, lParam);
+    const LRESULT answer = defaultHandling(control, message, wParam, lParam);
     const auto [begin, end] = selection();
     if (extending || begin == end) return answer;
     pressed_ = nullptr;
@@ -218,7 +218,7 @@ LRESULT LinkText::press(UINT message, WPARAM wParam, LPARAM lParam) {
 // A release is a click if it is on the pressed link and nothing has been selected meanwhile.
 void LinkText::release(WPARAM wParam, LPARAM lParam) {
     const TextLink* pressed = std::exchange(pressed_, nullptr);
-    classProcedure(handle(), WM_LBUTTONUP, wParam, lParam);
+    defaultHandling(handle(), WM_LBUTTONUP, wParam, lParam);
     const auto [begin, end] = selection();
     if (pressed && begin == end &&
         linkUnder({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}) == pressed)

@@ -57,7 +57,7 @@ void ResultPaneWindow::DocumentHTML(std::string_view html) noexcept {
         html_ = html.substr(0, maxKeptHtml);
         colours_ = systemPaneColours();
         RichText text = toRichText(parseHtmlFragment(html), colours_);
-        prepare();
+        renewSlowText();
         this->text().show(std::move(text));
         RedrawWindow(handle(), nullptr, nullptr,
                      RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
@@ -66,8 +66,12 @@ void ResultPaneWindow::DocumentHTML(std::string_view html) noexcept {
     }
 }
 
-void ResultPaneWindow::prepare() {
-    if (text_ && text_->lines() > linesWorthClearing) renewText();
+// A failure is not reported, because the next write tries again and reports it.
+void ResultPaneWindow::prepare() noexcept {
+    try {
+        renewSlowText();
+    } catch (...) {
+    }
 }
 
 void ResultPaneWindow::systemColoursChanged() {
@@ -82,7 +86,8 @@ LinkText& ResultPaneWindow::text() const {
     return *text_;
 }
 
-void ResultPaneWindow::renewText() {
+void ResultPaneWindow::renewSlowText() {
+    if (!text_ || text_->lines() <= linesWorthClearing) return;
     const bool focused = GetFocus() == text_->handle();
     auto fresh = std::make_unique<LinkText>(handle(), textPlace(), desktop_);
     if (focused) SetFocus(fresh->handle());

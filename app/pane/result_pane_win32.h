@@ -27,7 +27,7 @@ class ResultPaneWindow : public Window, public ResultPane {
     /// Makes the next write faster by replacing a control that is slow to clear. Call this while
     /// the pane is hidden and the user does not wait, because a new control takes several
     /// milliseconds.
-    void prepare();
+    void prepare() noexcept;
 
     /// Shows the current content again if its colours depend on system colours that have changed.
     void systemColoursChanged();
@@ -44,7 +44,7 @@ class ResultPaneWindow : public Window, public ResultPane {
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     RECT textPlace() const;
     LinkText& text() const;
-    void renewText();
+    void renewSlowText();
     void paint(HDC dc) const;
 
     Desktop& desktop_;

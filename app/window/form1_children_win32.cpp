@@ -61,6 +61,7 @@ Form1Window::Children::Children(Form1Window& owner)
     for (const ControlDesign& design : controlDesigns()) create(design, owner);
     quitTarget.emplace(topendskin.handle(), quitPlace(), [this] { form.isButton2.activate(); });
     outer.onVisible = [&owner](bool visible) { owner.coverControls(visible); };
+    outer.onHidden = [this] { output.prepare(); };
     output.accessibleName(accessibleNameFor("Label3"));
     // Screen readers take the name of the site list from the label before it, but find no label for
     // the following windows.

@@ -240,7 +240,6 @@ void Form1Window::coverControls(bool covered) {
         if (design.shown == Shown::Covered)
             ShowWindow(children_->handle(design.name), covered ? SW_HIDE : SW_SHOWNA);
     if (covered) return;
-    children_->output.prepare();
     if (!children_->form.linkin.Enabled()) {
         SetFocus(children_->handle("UniXPButton1"));
         return;

@@ -38,6 +38,7 @@ void PictureBoxWindow::controlChanged(ControlChange change) {
         if (visible) SetWindowPos(handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
         followBounds(handle(), *model_, change);
         if (visible && onVisible) onVisible(true);
+        if (!visible && onHidden) onHidden();
         return;
     }
     followBounds(handle(), *model_, change);

@@ -25,6 +25,8 @@ class PictureBoxWindow : public Window, public ControlObserver {
 
     /// Called before the box is hidden and after it has been shown.
     std::function<void(bool visible)> onVisible;
+    /// Called after the box has been hidden.
+    std::function<void()> onHidden;
 
  private:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -64,15 +64,19 @@ Skin::Picture Skin::load(int piece) {
     const int nearest =
         *std::min_element(std::begin(pictureResolutions), std::end(pictureResolutions),
                           [dpi](int a, int b) { return std::abs(a - dpi) < std::abs(b - dpi); });
-    Picture picture;
-    // The picture is drawn often, so LR_DEFAULTCOLOR loads it in the screen's pixel format.
-    picture.bitmap.reset(static_cast<HBITMAP>(LoadImageW(GetModuleHandleW(nullptr),
-                                                         MAKEINTRESOURCEW(piece + nearest),
-                                                         IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
-    if (!picture.bitmap) throwLastError("LoadImage");
+    const OwnedBitmap stored(static_cast<HBITMAP>(
+        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(piece + nearest), IMAGE_BITMAP, 0, 0,
+                   LR_CREATEDIBSECTION)));
+    if (!stored) throwLastError("LoadImage");
     BITMAP facts{};
-    GetObjectW(picture.bitmap.get(), sizeof facts, &facts);
-    picture.size = {facts.bmWidth, facts.bmHeight};
+    GetObjectW(stored.get(), sizeof facts, &facts);
+    // The picture is drawn often, and converting its 256 colours each time would take longer than
+    // the drawing.
+    Picture picture{createPixels(facts.bmWidth, facts.bmHeight), {facts.bmWidth, facts.bmHeight}};
+    const OwnedMemoryDc from(CreateCompatibleDC(nullptr)), to(CreateCompatibleDC(nullptr));
+    const ScopedSelectObject source(from.get(), stored.get()),
+        target(to.get(), picture.bitmap.get());
+    BitBlt(to.get(), 0, 0, facts.bmWidth, facts.bmHeight, from.get(), 0, 0, SRCCOPY);
     return picture;
 }
 

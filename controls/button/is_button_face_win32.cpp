@@ -9,16 +9,7 @@ namespace velvox {
 ButtonFace::ButtonFace(int width, int height)
     : width_(std::max(width, 1)), height_(std::max(height, 1)), dc_(CreateCompatibleDC(nullptr)) {
     if (!dc_) throwLastError("CreateCompatibleDC");
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width_;
-    info.bmiHeader.biHeight = -height_;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    bitmap_.reset(CreateDIBSection(dc_.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    if (!bitmap_) throwLastError("CreateDIBSection");
-    bits_ = static_cast<std::uint32_t*>(bits);
+    bitmap_ = createPixels(width_, height_, &bits_);
     previous_ = SelectObject(dc_.get(), bitmap_.get());
 }
 

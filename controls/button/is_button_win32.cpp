@@ -124,7 +124,7 @@ bool isButtonWindow::track(UINT message, LPARAM lParam) {
     } catch (...) {
         reportCurrentFailure();
     }
-    return !alive.expired() && !modelAlive_.expired();
+    return !alive.expired() && !modelAlive_.expired() && handle();
 }
 
 void isButtonWindow::beforeDefault(UINT message, LPARAM lParam) {

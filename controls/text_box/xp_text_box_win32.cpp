@@ -220,7 +220,7 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             // The limit is lifted during an undo, because the previous text may have more surrogate
             // pairs.
             Edit_LimitText(handle(), 0);
-            const LRESULT result = classProcedure(handle(), message, wParam, lParam);
+            const LRESULT result = defaultHandling(handle(), message, wParam, lParam);
             limitText();
             return result;
         }
@@ -244,7 +244,7 @@ std::optional<LRESULT> TextBoxWindow::onMessage(UINT message, WPARAM wParam, LPA
             // The events come in the system's order: Click at the first release, DblClick at the
             // second press, and nothing at the second release.
             const bool clicked = std::exchange(pressed_, false) && PtInRect(&client, at);
-            const LRESULT result = classProcedure(handle(), message, wParam, lParam);
+            const LRESULT result = defaultHandling(handle(), message, wParam, lParam);
             const auto& handler = message == WM_LBUTTONUP ? model_.Click : model_.DblClick;
             if (handler && (clicked || message == WM_LBUTTONDBLCLK)) handler();
             return result;
@@ -278,7 +278,7 @@ std::optional<LRESULT> TextBoxWindow::character(WPARAM unit, LPARAM lParam) {
     model_.KeyPress(key);
     if (key == 0) return 0;
     if (static_cast<WPARAM>(key) == unit) return std::nullopt;
-    return classProcedure(handle(), WM_CHAR, static_cast<WPARAM>(key), lParam);
+    return defaultHandling(handle(), WM_CHAR, static_cast<WPARAM>(key), lParam);
 }
 
 void TextBoxWindow::mouseMoved(WPARAM wParam, LPARAM lParam) {
