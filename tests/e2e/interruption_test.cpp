@@ -29,42 +29,6 @@ TEST(InterruptionTest, ADoubleClickOnDownloadDoesNotCloseTheResult) {
     tryAt({std::max(button.left, close.left) + 5, button.top + 1});
 }
 
-// The window can be moved, minimised and restored during a run.
-TEST(InterruptionTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
-    const Proxy proxy([](const Exchange& to) { to.staySilent(); });
-    const Program program(proxy.port());
-    program.start("http://www.youtube.com/watch?v=abc");
-    ASSERT_TRUE(proxy.asked(1));
-    const Bounds place = driver().rect(program.window());
-    const auto comesTo = [&](int x, int y) {
-        const Bounds expected{place.left + x, place.top + y, place.width, place.height};
-        return eventually([&] { return driver().rect(program.window()) == expected; });
-    };
-    const auto command = [&](const char* number) {
-        driver().ask({"post", program.window(), "0x112", number, "0"});
-    };
-    const auto minimised = [&] {
-        return driver().ask({"state", program.window()}).ends_with("minimised=1");
-    };
-    command("0xF020");
-    EXPECT_TRUE(eventually(minimised));
-    command("0xF120");
-    EXPECT_TRUE(eventually([&] { return !minimised(); }));
-    EXPECT_TRUE(comesTo(0, 0));
-    const Point bar{place.left + 350, place.top + 12};
-    // The display may not show the restored window yet, so a press that misses it is repeated.
-    EXPECT_TRUE(eventually([&] {
-        InputSimulator().moveTo(bar).press().act();
-        if (eventually([&] { return program.holdsPointer(); }, Milliseconds(1000))) return true;
-        InputSimulator().release().act();
-        return false;
-    }));
-    InputSimulator().moveTo({bar.x + 30, bar.y - 20}).release().act();
-    EXPECT_TRUE(comesTo(30, -20));
-    EXPECT_TRUE(eventually([&] { return !program.holdsPointer(); }));
-    EXPECT_TRUE(program.addressLocked());
-}
-
 // The program must end at once, however it is closed and in every state: while it waits for a page,
 // while it collects a long comic book, or in the loop of a menu or a message box.
 TEST(InterruptionTest, TheProgramEndsAtOnceInAnyState) {
@@ -90,15 +54,16 @@ TEST(InterruptionTest, TheProgramEndsAtOnceInAnyState) {
     };
     const Act fetch = startAnd("http://www.youtube.com/watch?v=abc", 1);
     const Act collect = startAnd("http://comic.vuilen.com/view_book_detail.php?bookid=1", 2);
-    const auto menuOpened = [](const Program& program) {
-        driver().waitVisible("#32768");
-        EXPECT_TRUE(eventually([&] { return program.holdsPointer(); }));
-    };
     const auto openMenu = [&](const Program& program, ControlId over) {
         InputSimulator().click(middleOf(driver().rect(program.control(over))), 3).act();
-        menuOpened(program);
+        program.awaitMenu();
+    };
+    const Act openWindowMenu = [](const Program& p) {
+        InputSimulator().key("alt+space").act();
+        p.awaitMenu();
     };
     const Act close = [](const Program& p) { driver().ask({"close", p.window()}); };
+    const Act altF4 = [](const Program&) { InputSimulator().key("alt+F4").act(); };
     const auto command = [](const Program& p, const char* number) {
         driver().ask({"post", p.window(), "0x112", number, "0"});
     };
@@ -107,7 +72,10 @@ TEST(InterruptionTest, TheProgramEndsAtOnceInAnyState) {
         Act open, end;
     } rows[] = {
         {"quit button", fetch, [](const Program& p) { p.click(controlId("isButton2")); }},
-        {"Alt+F4", fetch, [](const Program&) { InputSimulator().key("alt+F4").act(); }},
+        {"Alt+F4", fetch, altF4},
+        // The list box's class handles F4 itself.
+        {"Alt+F4 in the list", [](const Program&) { InputSimulator().key("Tab").key("Tab").act(); },
+         altF4},
         {"WM_CLOSE", fetch, close},
         {"taskbar menu", fetch, [&](const Program& p) { command(p, "0xF060"); }},
         {"taskbar menu, minimised", fetch,
@@ -125,12 +93,8 @@ TEST(InterruptionTest, TheProgramEndsAtOnceInAnyState) {
          close},
         {"menu of the address box", [&](const Program& p) { openMenu(p, controlId("linkin")); },
          close},
-        {"menu of the window",
-         [&](const Program& p) {
-             InputSimulator().key("alt+space").act();
-             menuOpened(p);
-         },
-         close},
+        {"menu of the window", openWindowMenu, close},
+        {"its entry Close", openWindowMenu, [](const Program& p) { p.chooseFromMenu("c"); }},
         {"message box",
          [](const Program& p) {
              p.start("no address");

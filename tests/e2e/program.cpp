@@ -11,7 +11,6 @@ namespace {
 constexpr int veohEntry = 3;
 constexpr const char* mainWindow = "Form1";
 constexpr const char* messageBox = "#32770";
-constexpr const char* menu = "#32768";
 
 constexpr const char* title = "Velvox 1.00";
 
@@ -156,10 +155,14 @@ void Program::startExample(int entry) const {
     driver().waitVisible(control(controlId("outer")));
 }
 
-void Program::chooseFromMenu(const std::string& key) const {
-    driver().waitVisible(menu);
+void Program::awaitMenu() const {
+    driver().waitVisible("#32768");
     // A menu is visible a little before it takes keys.
     EXPECT_TRUE(eventually([&] { return holdsPointer(); }));
+}
+
+void Program::chooseFromMenu(const std::string& key) const {
+    awaitMenu();
     InputSimulator().key(key).act();
 }
 

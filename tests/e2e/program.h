@@ -56,6 +56,8 @@ class Program {
     /// Download.
     void startExample(int entry) const;
 
+    /// Waits until a menu is open and takes keys.
+    void awaitMenu() const;
     /// Presses the access key of an entry in the menu that opens.
     void chooseFromMenu(const std::string& key) const;
 
