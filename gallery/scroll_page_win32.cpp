@@ -151,13 +151,14 @@ void LargePicture::draw() {
             picture_.DrawText(std::to_string(x * step) + ", " + std::to_string(y * step), cell,
                               DT_LEFT | DT_TOP | DT_SINGLELINE);
         }
-    // Each ring is drawn as thin ellipses, each a pixel smaller than the one before: Wine takes 0.1
-    // s to draw a ring with a wide pen.
+    // Wine takes 0.1 s to draw a ring with a wide pen, so a thin one is drawn at each place of a
+    // square pen.
+    const int pen = scaled(2);
     for (int ring = 1; ring <= 6; ++ring)
-        for (int line = 0; line < 2 * scaled(2); ++line) {
-            const int upper = scaled(ring * step) - line / 2, lower = upper - line % 2;
-            picture_.DrawEllipse(width / 2 - upper, height / 2 - upper, width / 2 + lower,
-                                 height / 2 + lower);
+        for (int place = 0; place < pen * pen; ++place) {
+            const int x = width / 2 + place % pen, y = height / 2 + place / pen;
+            const int radius = scaled(ring * step);
+            picture_.DrawEllipse(x - radius, y - radius, x + radius, y + radius);
         }
 }
 
