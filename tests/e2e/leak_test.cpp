@@ -12,7 +12,8 @@ TEST(LeakTest, RunsAndTicksLeaveNoObjectsBehind) {
     const Proxy proxy([](const Exchange& to) { to.forward(); });
     const Program program(proxy.port());
     const auto round = [&] {
-        for (const char* address : exampleAddresses) EXPECT_TRUE(program.runByMessages(address));
+        for (const std::string& address : exampleAddresses)
+            EXPECT_TRUE(program.runByMessages(address));
         for (int i = 0; i < 200; ++i) program.tick(i % 5 == 0 ? 1 : 5);
     };
     round();

@@ -51,7 +51,7 @@ TEST(PressToLink, TakesLittleMoreThanItsRequests) {
     using Request = std::pair<const wchar_t*, const wchar_t*>;
     const struct {
         const char* name;
-        const char* address;
+        std::string address;
         std::vector<Request> requests;
         double bound;
     } rows[] = {

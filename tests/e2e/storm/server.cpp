@@ -9,7 +9,7 @@ namespace {
 constexpr Milliseconds slowness{250};
 
 // The first page of each site, which a run requests once. The sixth site, Metacafe, has none: the
-// preview requests its player.
+// preview requests its player. Runs of a site that is missing here are not counted.
 constexpr std::string_view firstPages[] = {
     "youtube.com/watch?v=", "clip.vn/movies/nfo/",         "sevenload.com/videos/",
     "veoh.com/rest/video/", "vuilen.com/view_book_detail",

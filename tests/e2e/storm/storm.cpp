@@ -69,7 +69,7 @@ void Storm::startProgram() {
 // On a busy machine a page may take longer than the program's short timeout, so a failed run is
 // repeated up to twice.
 void Storm::runExamples() {
-    for (const std::string address : exampleAddresses) {
+    for (const std::string& address : exampleAddresses) {
         const auto run = [&] { return program().runByMessages(address); };
         if (!run() && !run() && !run()) throw Broken("no links: " + address);
     }
