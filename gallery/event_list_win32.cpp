@@ -20,8 +20,8 @@ std::optional<LRESULT> PlainControl::onMessage(UINT message, WPARAM wParam, LPAR
     const PaintScope painting(handle());
     const BufferedPaint buffer(painting.dc(), client);
     const auto target = reinterpret_cast<WPARAM>(buffer.dc());
-    classProcedure(handle(), WM_ERASEBKGND, target, 0);
-    classProcedure(handle(), WM_PRINTCLIENT, target, PRF_CLIENT);
+    defaultHandling(handle(), WM_ERASEBKGND, target, 0);
+    defaultHandling(handle(), WM_PRINTCLIENT, target, PRF_CLIENT);
     return 0;
 }
 
