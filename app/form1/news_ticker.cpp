@@ -42,7 +42,8 @@ void Form1::Timer6_Timer() {
     Timer4.Enabled(true);
 }
 
-// A failed request gives an empty text, which is handled like a reply without markers.
+// A failed request gives an empty text, which contains no news, like a reply without the markers
+// that enclose the news.
 void Form1::Timer4_Timer() {
     Timer4.Enabled(false);
     int state = 0;

@@ -12,7 +12,7 @@ void showFailureBox(const wchar_t* introduction, std::string_view text) noexcept
     static bool open = false;
     if (open) return;
     open = true;
-    // A text that is too long is cut off. No UTF-8 byte becomes more than one UTF-16 character.
+    // Of bytes and of UTF-16 characters: no byte becomes more than one. Longer text is cut off.
     constexpr int capacity = 1024;
     wchar_t report[capacity + 1]{};
     lstrcpynW(report, introduction, capacity / 2);

@@ -9,7 +9,7 @@
 namespace velvox {
 
 /// The window of a picture box: a container that draws its own background and returns notifications
-/// to the children that sent them. It is created before the model that it follows.
+/// to the children that sent them. The window is created before its model: see bind().
 class PictureBoxWindow : public Window, public ControlObserver {
  public:
     /// Draws the background of the client area `client`.

@@ -15,7 +15,7 @@ constexpr Milliseconds maxAnswer{1000};
 constexpr long maxPrivateKb = 200 * 1024;
 constexpr long maxDiskBytes = 1 << 20;
 
-/// Lines of the pane after an address.
+/// An address to paste, and the possible texts of the pane after its run.
 struct Target {
     const char* address;
     std::string link, failure, waiting;

@@ -100,7 +100,7 @@ void metacafe(std::string_view input) {
 void comic(std::string_view input) {
     const Run run(input, &Form1::ComicVuiLen);
     run.expectEnd(2, false);
-    // The book's pages are in the same folder as the file that lists them.
+    // The picture files of a comic book are in the folder of config.xml, which lists them.
     const std::string list = run.form.link2.Text();
     run.expectLinkFromReply(list.substr(0, list.rfind("config.xml")));
     require(run.isRed() || run.form.ketqua.Text().empty(), "the collector is not empty");

@@ -101,7 +101,7 @@ class HostileWindow : public TestForm {
     }
 };
 
-// Each of these loops would block the run for ever.
+// If the pump did not end these modal loops of the system, the run of Download could not continue.
 TEST(MessagePumpTest, ARunComesBackFromAnyLoopOfTheSystem) {
     MessagePump pump;
     HostileWindow window;
