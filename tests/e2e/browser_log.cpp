@@ -4,15 +4,12 @@
 
 #include <cstdlib>
 #include <ctime>
-#include <sstream>
 
 #include "tools/drive/client/paths.h"
 #include "tools/drive/client/process.h"
 
 namespace velvox::e2e {
 namespace {
-
-constexpr int startTimeField = 22;  // field of /proc/PID/stat, in clock ticks since boot
 
 std::filesystem::path temporaryFolder() {
     std::string folder = std::filesystem::temp_directory_path() / "velvox-browser-XXXXXX";
@@ -28,8 +25,10 @@ BrowserLog::BrowserLog() {
     const std::filesystem::path folder = temporaryFolder();
     file_ = folder / "opened";
     const auto script = folder / "browser.sh";
-    std::ofstream(script) << "#!/bin/sh\nread -r stat < /proc/$$/stat\n"
-                          << "printf '%s|%s\\n' \"$stat\" \"$*\" >> " << file_.string() << '\n';
+    // The start time is the 22nd field of /proc/PID/stat, in clock ticks since boot.
+    std::ofstream(script) << "#!/bin/sh\nread -r stat < /proc/$$/stat\nopened=$*\n"
+                          << "set -- ${stat##*) }\necho \"${20} $opened\" >> " << file_.string()
+                          << '\n';
     std::filesystem::permissions(script, std::filesystem::perms::owner_all);
     for (const std::string scheme : {"http", "https"})
         drive::outputOf({drive::paths::wine(), "reg", "add",
@@ -43,13 +42,9 @@ std::vector<BrowserLog::Entry> BrowserLog::take() {
     in.seekg(read_);
     for (std::string line; std::getline(in, line) && !in.eof();) {
         read_ = in.tellg();
-        const auto bar = line.find('|');
-        std::istringstream fields(line.substr(line.rfind(')', bar) + 1));
-        std::string skipped;
-        long ticks = 0;
-        for (int field = 3; field < startTimeField; ++field) fields >> skipped;
-        fields >> ticks;
-        entries.push_back({Time(ticks * 1000 / sysconf(_SC_CLK_TCK)), line.substr(bar + 1)});
+        std::size_t end = 0;
+        const long ticks = std::stol(line, &end);
+        entries.push_back({Time(ticks * 1000 / sysconf(_SC_CLK_TCK)), line.substr(end + 1)});
     }
     return entries;
 }

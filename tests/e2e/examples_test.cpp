@@ -49,13 +49,7 @@ TEST(ExamplesTest, EachSiteYieldsItsLinks) {
          "<a href='http://data24.sevenload.com/slcom/qw/er/ty/s931TZW-flv.flv'>"
          "<font face='tahoma' size='2'>Download</a></font>",
          true, "http://en.sevenload.com/videos/s931TZW/HiB-auf-dem-CSD"},
-        {"Veoh",
-         "<font face='tahoma' size='2'>"
-         "<a href='http://content.veoh.com/flash/p/2/v669398tRxFQc4d/h669398.flv?ct=8b1d03f2'>"
-         "Download FLV</a><br>"
-         "<a href='http://content.veoh.com/ipod/v669398tRxFQc4d/h669398.mp4?ct=47aa9c01'>"
-         "Download MP4</a></font>",
-         false, "http://www.veoh.com/videos/v669398tRxFQc4d?"},
+        {"Veoh", veohLinks, false, "http://www.veoh.com/videos/v669398tRxFQc4d?"},
         {"Metacafe",
          arrivedLink("http://v.mccont.metacafe.com/ItemFiles/"
                      "[From www.metacafe.com] 983094.3107452.11.flv"),

@@ -42,17 +42,13 @@ void settle(const Program& program) {
     EXPECT_NO_THROW(driver().waitText(program.edit(), expected));
 }
 
-struct Source {
-    const char* name;
-    Point at;  ///< inside the window
-};
-
 TEST(FrameTest, EverySourceDragsTheWindowExactly) {
     const Program program;
     const Bounds title = driver().rect(program.control(controlId("Label5")));
     const Bounds end = driver().rect(program.control(controlId("topendskin")));
     Bounds place = driver().rect(program.window());
-    const Source sources[] = {
+    const std::pair<const char*, Point> sources[] = {
+        // and a point inside the window
         {"form background", {250, 210}},
         {"Label5", {middleOf(title).x - place.left, middleOf(title).y - place.top}},
         {"skinbar", {350, 12}},
@@ -60,9 +56,9 @@ TEST(FrameTest, EverySourceDragsTheWindowExactly) {
         {"topendskin", {end.left - place.left + 3, end.top - place.top + end.height - 3}},
     };
     int step = 1;
-    for (const Source& source : sources) {
-        SCOPED_TRACE(source.name);
-        const Point from{place.left + source.at.x, place.top + source.at.y};
+    for (const auto& [source, at] : sources) {
+        SCOPED_TRACE(source);
+        const Point from{place.left + at.x, place.top + at.y};
         const int x = 37 * step - 90;
         const int y = 111 - 41 * step;
         grab(program, from);
@@ -118,14 +114,11 @@ TEST(FrameTest, TheWindowCanBeMovedAndMinimisedDuringAFetch) {
     program.start("http://www.youtube.com/watch?v=abc");
     ASSERT_TRUE(proxy.asked(1));
     const Bounds place = driver().rect(program.window());
-    const auto becomes = [&](const char* command, const std::string& state) {
+    for (const bool minimised : {true, false}) {
+        const char* const command = minimised ? "0xF020" : "0xF120";
         driver().ask({"post", program.window(), "0x112", command, "0"});
-        return eventually([&] {
-            return driver().ask({"state", program.window()}).ends_with(state);
-        });
-    };
-    EXPECT_TRUE(becomes("0xF020", "minimised=1"));
-    EXPECT_TRUE(becomes("0xF120", "minimised=0"));
+        EXPECT_TRUE(eventually([&] { return driver().minimised(program.window()) == minimised; }));
+    }
     EXPECT_TRUE(comesTo(program, place));
     const Point bar{place.left + 350, place.top + 12};
     grab(program, bar);

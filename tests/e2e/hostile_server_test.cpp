@@ -36,10 +36,6 @@ long bytesOnDisk() {
         {"sh", "-c", "cd \"$WINEPREFIX/drive_c\" && du -bc users windows/temp | tail -1"}));
 }
 
-Milliseconds since(Clock::time_point start) {
-    return std::chrono::duration_cast<Milliseconds>(Clock::now() - start);
-}
-
 class HostileServerTest : public testing::Test {
  protected:
     void startProgram(bool isHasty) {

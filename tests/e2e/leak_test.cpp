@@ -9,7 +9,7 @@ namespace velvox::e2e {
 namespace {
 
 TEST(LeakTest, RunsAndTicksLeaveNoObjectsBehind) {
-    const Proxy proxy([](const Exchange& to) { to.forward(); });
+    const Proxy proxy(Proxy::forwarding);
     const Program program(proxy.port());
     const auto round = [&] {
         for (const std::string& address : exampleAddresses)

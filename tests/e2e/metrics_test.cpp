@@ -13,35 +13,32 @@
 namespace velvox::e2e {
 namespace {
 
-long long since(Clock::time_point start) {
-    return std::chrono::duration_cast<Milliseconds>(Clock::now() - start).count();
-}
-
 // Milliseconds from the start of the process until its window has been painted and answers a
 // message.
-long long startTime(const std::string& file, const std::string& windowClass) {
+Milliseconds startTime(const std::string& file, const std::string& windowClass) {
     const auto start = Clock::now();
     Process process({paths::wine(), paths::program(file)});
     driver().waitVisible(windowClass);
     driver().ping(windowClass);
-    const long long spent = since(start);
+    const Milliseconds spent = since(start);
     driver().ask({"close", windowClass});
     process.exitWithin(Driver::patience);
     return spent;
 }
 
 struct Times {
-    std::vector<long long> all;
+    std::vector<Milliseconds> all;
 
-    long long median() {
+    /// In milliseconds.
+    double median() {
         std::sort(all.begin(), all.end());
-        return all[all.size() / 2];
+        return static_cast<double>(all[all.size() / 2].count());
     }
 };
 
 std::ostream& operator<<(std::ostream& out, Times times) {
     out << "median " << times.median() << " ms of";
-    for (const long long time : times.all) out << ' ' << time;
+    for (const Milliseconds time : times.all) out << ' ' << time.count();
     return out;
 }
 
@@ -50,15 +47,14 @@ TEST(Metrics, Start) {
     Times own;
     Times empty;
     for (int i = -1; i < runs; ++i) {
-        const long long a = startTime("velvox.exe", "Form1");
-        const long long b = startTime("empty-window.exe", "Empty");
+        const Milliseconds a = startTime("velvox.exe", "Form1");
+        const Milliseconds b = startTime("empty-window.exe", "Empty");
         if (i < 0) continue;  // the first start reads the files from the disk
         own.all.push_back(a);
         empty.all.push_back(b);
     }
     std::cout << "Velvox: " << own << "\nempty window: " << empty << std::endl;
-    expectAtMost("start, beside an empty window",
-                 static_cast<double>(own.median()) / static_cast<double>(empty.median()), 1.6);
+    expectAtMost("start, beside an empty window", own.median() / empty.median(), 1.6);
 }
 
 TEST(Metrics, MemoryAfterStart) {
@@ -128,8 +124,7 @@ TEST(Metrics, ArrivalToLink) {
         program.awaitEndOfRun();
     }
     std::cout << "arrival to link: " << times << std::endl;
-    expectAtMost("the preview's arrival to the link", static_cast<double>(times.median()), 30,
-                 "ms");
+    expectAtMost("the preview's arrival to the link", times.median(), 30, "ms");
 }
 
 }  // namespace

@@ -15,12 +15,11 @@ TEST(NewsTest, ShowsTheSitesNewsAndLaterOthers) {
     std::mutex mutex;
     std::string news = "| first news |";
     std::vector<std::string> requests;
-    Proxy proxy([](const Exchange& to) { to.forward(); },
-                [&](const Exchange& to) {
-                    const std::lock_guard lock(mutex);
-                    requests.push_back(to.address());
-                    to.reply("<html><!-News!->" + news + "<!-NewsEnd!-></html>");
-                });
+    Proxy proxy(Proxy::forwarding, [&](const Exchange& to) {
+        const std::lock_guard lock(mutex);
+        requests.push_back(to.address());
+        to.reply("<html><!-News!->" + news + "<!-NewsEnd!-></html>");
+    });
     {
         // The news of the replica site scroll in from the right, character by character.
         const Program replica;

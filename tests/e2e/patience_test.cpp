@@ -24,7 +24,7 @@ TEST(PatienceTest, ServersThatNeverAnswerAreGivenAMinute) {
         const auto spent = Clock::now() - started;
         EXPECT_GT(spent, std::chrono::seconds(58));
         EXPECT_LT(spent, std::chrono::seconds(70));
-        proxy.answerWith([](const Exchange& to) { to.forward(); });
+        proxy.answerWith(Proxy::forwarding);
         fetching.expectGoodRun();
     }
     browsing.expectPane("<font face='tahoma' size='2'>Sending URL Request...</font>");

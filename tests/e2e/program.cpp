@@ -169,14 +169,7 @@ void Program::chooseFromMenu(const std::string& key) const {
 bool Program::goodRun() const {
     startExample(veohEntry);
     awaitEndOfRun();
-    const bool good =
-        !addressLocked() &&
-        pane() ==
-            "<font face='tahoma' size='2'>"
-            "<a href='http://content.veoh.com/flash/p/2/v669398tRxFQc4d/h669398.flv?ct=8b1d03f2'>"
-            "Download FLV</a><br>"
-            "<a href='http://content.veoh.com/ipod/v669398tRxFQc4d/h669398.mp4?ct=47aa9c01'>"
-            "Download MP4</a></font>";
+    const bool good = !addressLocked() && pane() == veohLinks;
     closeArea();
     return good;
 }

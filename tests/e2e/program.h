@@ -81,6 +81,14 @@ class Program {
     std::string window_;
 };
 
+/// The links of Veoh's example.
+inline constexpr const char* veohLinks =
+    "<font face='tahoma' size='2'>"
+    "<a href='http://content.veoh.com/flash/p/2/v669398tRxFQc4d/h669398.flv?ct=8b1d03f2'>"
+    "Download FLV</a><br>"
+    "<a href='http://content.veoh.com/ipod/v669398tRxFQc4d/h669398.mp4?ct=47aa9c01'>"
+    "Download MP4</a></font>";
+
 /// Returns title and text of the only message box, and closes the box with Enter.
 std::string dismissBox();
 

@@ -17,58 +17,44 @@ struct Subject {
     const char* name;
     void (Form1::*catcher)();
     std::string address;
-    std::string_view marker;    ///< first marker that is searched for in the large page
-    std::string end;            ///< end of the large page
-    std::vector<Reply> before;  ///< replies before the large page
-    std::vector<Reply> after;
+    std::string_view marker;  ///< first marker that is searched for in the large page
+    std::string end;          ///< end of the large page
     double maxPasses = 3;
+    std::vector<Reply> before = {};  ///< replies before the large page
+    std::vector<Reply> after = {};
 };
 
 const Subject subjects[] = {
-    {"Youtube", &Form1::YoutubeCatcher, "a=b", "contained a malformed", "", {}, {}},
-    {"ClipVN",
-     &Form1::ClipVNCatcher,
-     "http://www.clip.vn/watch/VjW,x",
-     "<enclosure url=",
-     "<enclosure url=\"http://a/b.flv\"/>",
-     {},
-     {}},
-    {"SevenLoad, rewritten",
-     &Form1::SevenLoad,
-     "http://en.sevenload.com/videos/AbCdEfG",
-     "fo.addVariable(sess,",
-     "fo.addVariable(\"sess\", \"x1y2\");",
-     {},
-     {"url=\"http://a/b.flv\""},
-     6},
-    {"SevenLoad's reply",
-     &Form1::SevenLoad,
-     "http://en.sevenload.com/videos/AbCdEfG",
-     "url=\"",
-     "url=\"http://a/b.flv\"",
-     {"fo.addVariable(\"sess\", \"x1y2\");"},
-     {}},
-    {"veOH",
-     &Form1::veOH,
-     "http://www.veoh.com/videos/v1?",
-     "fullPreviewHashPath=",
-     "fullPreviewHashPath=\"http://a/b.flv\" \r\nipodLink=\"http://a/b.mp4\" \r\n",
-     {},
-     {}},
-    {"ComicVuiLen",
-     &Form1::ComicVuiLen,
-     "x",
-     "FRAMEBORDER='0' src='",
-     "FRAMEBORDER='0' src='b/index.php'></iframe>",
-     {},
-     {"<page> p </page>"}},
-    {"Google",
-     &Form1::GoogleCatcher,
-     "docid=-1234567890123456789",
-     "http://video.google.com/videogvp/",
-     "http://video.google.com/videogvp/abc.gvp?docid=",
-     {},
-     {""}},
+    {"Youtube", &Form1::YoutubeCatcher, "a=b", "contained a malformed", ""},
+    {"ClipVN", &Form1::ClipVNCatcher, "http://www.clip.vn/watch/VjW,x",
+     "<enclosure url=", "<enclosure url=\"http://a/b.flv\"/>"},
+    {.name = "SevenLoad, rewritten",
+     .catcher = &Form1::SevenLoad,
+     .address = "http://en.sevenload.com/videos/AbCdEfG",
+     .marker = "fo.addVariable(sess,",
+     .end = "fo.addVariable(\"sess\", \"x1y2\");",
+     .maxPasses = 6,
+     .after = {"url=\"http://a/b.flv\""}},
+    {.name = "SevenLoad's reply",
+     .catcher = &Form1::SevenLoad,
+     .address = "http://en.sevenload.com/videos/AbCdEfG",
+     .marker = "url=\"",
+     .end = "url=\"http://a/b.flv\"",
+     .before = {"fo.addVariable(\"sess\", \"x1y2\");"}},
+    {"veOH", &Form1::veOH, "http://www.veoh.com/videos/v1?", "fullPreviewHashPath=",
+     "fullPreviewHashPath=\"http://a/b.flv\" \r\nipodLink=\"http://a/b.mp4\" \r\n"},
+    {.name = "ComicVuiLen",
+     .catcher = &Form1::ComicVuiLen,
+     .address = "x",
+     .marker = "FRAMEBORDER='0' src='",
+     .end = "FRAMEBORDER='0' src='b/index.php'></iframe>",
+     .after = {"<page> p </page>"}},
+    {.name = "Google",
+     .catcher = &Form1::GoogleCatcher,
+     .address = "docid=-1234567890123456789",
+     .marker = "http://video.google.com/videogvp/",
+     .end = "http://video.google.com/videogvp/abc.gvp?docid=",
+     .after = {""}},
 };
 
 struct Catch {

@@ -5,6 +5,7 @@
 #include <winhttp.h>
 
 #include "app/form1/form1_design.h"
+#include "app/net/internet_session_win32.h"
 #include "app/window/form1_win32.h"
 #include "base/buffered_paint_win32.h"
 #include "controls/button/is_button_win32.h"
@@ -15,25 +16,12 @@
 namespace velvox {
 namespace {
 
-class Internet {
- public:
-    explicit Internet(HINTERNET handle) : handle_(handle) {
-        if (!handle) throwLastError("WinHTTP");
-    }
-    Internet(const Internet&) = delete;
-    Internet& operator=(const Internet&) = delete;
-    ~Internet() { WinHttpCloseHandle(handle_); }
-    operator HINTERNET() const { return handle_; }
-
- private:
-    HINTERNET handle_;
-};
-
 /// Fetches a body with as few calls of WinHTTP as possible.
 std::string fetchBare(HINTERNET session, const wchar_t* host, const wchar_t* path) {
-    const Internet connection(WinHttpConnect(session, host, INTERNET_DEFAULT_HTTP_PORT, 0));
-    const Internet request(
-        WinHttpOpenRequest(connection, L"GET", path, nullptr, nullptr, nullptr, 0));
+    const OwnedInternet connection(WinHttpConnect(session, host, INTERNET_DEFAULT_HTTP_PORT, 0));
+    const OwnedInternet owned(
+        WinHttpOpenRequest(connection.get(), L"GET", path, nullptr, nullptr, nullptr, 0));
+    const HINTERNET request = owned.get();
     std::string body;
     if (!WinHttpSendRequest(request, nullptr, 0, nullptr, 0, 0, 0) ||
         !WinHttpReceiveResponse(request, nullptr))
@@ -70,7 +58,7 @@ TEST(PressToLink, TakesLittleMoreThanItsRequests) {
     Form1Window window(pump, {});
     window.show();
     Form1& form = window.form();
-    const Internet session(
+    const OwnedInternet session(
         WinHttpOpen(nullptr, WINHTTP_ACCESS_TYPE_DEFAULT_PROXY, nullptr, nullptr, 0));
     for (const auto& row : rows) {
         std::vector<double> bare, own;
@@ -78,7 +66,7 @@ TEST(PressToLink, TakesLittleMoreThanItsRequests) {
         for (int i = 0; i < 41; ++i) {
             bare.push_back(fastest(1, [&] {
                 for (const auto& [host, path] : row.requests)
-                    EXPECT_FALSE(fetchBare(session, host, path).empty());
+                    EXPECT_FALSE(fetchBare(session.get(), host, path).empty());
             }));
             form.linkin.Enabled(true);
             form.linkin.Text(row.address);

@@ -161,10 +161,6 @@ std::string box(const Words& w) {
     return windowText(found) + '\n' + (label ? windowText(label) : "");
 }
 
-std::string close(const Words& w) {
-    return post({w[0], w[1], std::to_string(WM_CLOSE), "0", "0"});
-}
-
 std::string objects(const Words& w) {
     DWORD id = 0;
     GetWindowThreadProcessId(window(w[1]), &id);
@@ -198,7 +194,11 @@ const std::map<std::string, Command>& commands() {
         {"send", {4, send}},
         {"ping", {2, ping}},
         {"box", {1, box}},
-        {"close", {1, close}},
+        {"close",
+         {1,
+          [](const Words& w) {
+              return post({w[0], w[1], "0x10", "0", "0"});
+          }}},
         {"objects", {1, objects}},
     };
     return table;

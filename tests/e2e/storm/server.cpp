@@ -42,15 +42,6 @@ long StormServer::requests() const {
     return requests_;
 }
 
-std::string StormServer::lastAddresses() const {
-    constexpr std::size_t shown = 6;
-    const std::vector<std::string> all = proxy_.addresses();
-    std::string text;
-    for (std::size_t i = all.size() - std::min(shown, all.size()); i < all.size(); ++i)
-        text += "    " + all[i] + '\n';
-    return text;
-}
-
 void StormServer::serve(const Exchange& to) {
     Behaviour behaviour = behaviour_;
     const std::string address = to.address();

@@ -26,8 +26,6 @@ class StormServer {
     std::optional<long> awaited(Milliseconds time = Milliseconds(2400)) const;
     /// Number of requested pages, without players.
     long requests() const;
-    /// The last requested addresses, a line each.
-    std::string lastAddresses() const;
     /// Number of runs whose first page was requested.
     int runs() const { return runs_; }
 

@@ -44,7 +44,6 @@ class Storm {
 
     StormCount count() const;
     const Scene& scene() const { return scene_; }
-    std::string lastAddresses() const { return server_.lastAddresses(); }
 
  private:
     /// Links that the user may have opened by an act.

@@ -18,10 +18,6 @@ namespace {
 // Maximum time for an answer: longer than any wait that a request asks the driver for.
 constexpr Milliseconds answerTime{120'000};
 
-std::string inMilliseconds(Milliseconds time) {
-    return std::to_string(time.count());
-}
-
 }  // namespace
 
 Driver::Driver() : process_({paths::wine(), paths::program("drive.exe")}, true) {}
@@ -51,38 +47,6 @@ Bounds Driver::rect(const std::string& window) {
     Bounds r;
     std::istringstream(ask({"rect", window})) >> r.left >> r.top >> r.width >> r.height;
     return r;
-}
-
-bool Driver::visible(const std::string& window) {
-    return ask({"state", window}).find("visible=1") != std::string::npos;
-}
-
-bool Driver::enabled(const std::string& window) {
-    return ask({"state", window}).find("enabled=1") != std::string::npos;
-}
-
-void Driver::waitVisible(const std::string& window) {
-    ask({"wait", window, inMilliseconds(patience)});
-}
-
-void Driver::waitGone(const std::string& window) {
-    ask({"gone", window, inMilliseconds(patience)});
-}
-
-void Driver::waitText(const std::string& window, const std::string& text, Milliseconds time) {
-    ask({"until", window, "equals", text, inMilliseconds(time)});
-}
-
-void Driver::waitPart(const std::string& window, const std::string& part) {
-    ask({"until", window, "contains", part, inMilliseconds(patience)});
-}
-
-std::string Driver::waitBox() {
-    return ask({"box", inMilliseconds(patience)});
-}
-
-Milliseconds Driver::ping(const std::string& window, Milliseconds time) {
-    return Milliseconds(std::stol(ask({"ping", window, inMilliseconds(time)})));
 }
 
 Driver& driver() {

@@ -30,25 +30,37 @@ class Driver {
 
     std::string text(const std::string& window) { return ask({"text", window}); }
     Bounds rect(const std::string& window);
-    bool visible(const std::string& window);
-    bool enabled(const std::string& window);
+    bool visible(const std::string& window) { return stateHas(window, "visible=1"); }
+    bool enabled(const std::string& window) { return stateHas(window, "enabled=1"); }
+    bool minimised(const std::string& window) { return stateHas(window, "minimised=1"); }
     /// Handle of the focused window in the thread of `window`.
     std::string focus(const std::string& window) { return ask({"focus", window}); }
-
-    void waitVisible(const std::string& window);
-    void waitGone(const std::string& window);
-    void waitText(const std::string& window, const std::string& text, Milliseconds time = patience);
-    void waitPart(const std::string& window, const std::string& part);
-    /// Waits for a message box and returns its title and text, a line each.
-    std::string waitBox();
-    /// Waits until the window's thread answers a message. Returns how long it took.
-    Milliseconds ping(const std::string& window, Milliseconds time = patience);
 
     /// How long to wait for an effect that is immediate on an idle machine. While the machine also
     /// builds, a program may need ten seconds until it handles the first key.
     static constexpr Milliseconds patience{40'000};
 
+    void waitVisible(const std::string& window) { ask({"wait", window, number(patience)}); }
+    void waitGone(const std::string& window) { ask({"gone", window, number(patience)}); }
+    void waitText(const std::string& window, const std::string& text,
+                  Milliseconds time = patience) {
+        ask({"until", window, "equals", text, number(time)});
+    }
+    void waitPart(const std::string& window, const std::string& part) {
+        ask({"until", window, "contains", part, number(patience)});
+    }
+    /// Waits for a message box and returns its title and text, a line each.
+    std::string waitBox() { return ask({"box", number(patience)}); }
+    /// Waits until the window's thread answers a message. Returns how long it took.
+    Milliseconds ping(const std::string& window, Milliseconds time = patience) {
+        return Milliseconds(std::stol(ask({"ping", window, number(time)})));
+    }
+
  private:
+    static std::string number(Milliseconds time) { return std::to_string(time.count()); }
+    bool stateHas(const std::string& window, const char* part) {
+        return ask({"state", window}).find(part) != std::string::npos;
+    }
     std::string exchange(const std::vector<std::string>& words);
 
     Process process_;

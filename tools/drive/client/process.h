@@ -14,6 +14,10 @@ namespace velvox::drive {
 using Milliseconds = std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
+inline Milliseconds since(Clock::time_point start) {
+    return std::chrono::duration_cast<Milliseconds>(Clock::now() - start);
+}
+
 class Process {
  public:
     /// With `piped`, the program's standard input and output are connected to `write` and
