@@ -91,7 +91,9 @@ void Storm::perform(const Act& act) {
         const bool mayHaveEnded = mayEnd(act);
         carryOut(act);
         expectLife(mayHaveEnded);
-        // If links have appeared while the keys arrived, the later keys may open them.
+        // If links have appeared while the keys arrived, the later keys may open them and close the
+        // result area afterwards.
+        if (before.areaShown() && !scene_.areaShown()) scene_.links = linksOf(program().pane());
         if (scene_.links != before.links) permit(act, time);
         // If the run still waits for the same page, the act must have no effect later either.
         if (running && awaited && server_.awaited(certainTime) == awaited)
