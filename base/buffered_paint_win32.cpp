@@ -37,7 +37,8 @@ BufferedPaint::~BufferedPaint() {
     if (surface_.dc)
         BitBlt(target_, area_.left, area_.top, area_.right - area_.left, area_.bottom - area_.top,
                dc(), 0, 0, SRCCOPY);
-    std::swap(kept(), surface_);
+    // A drawing inside this one may have kept a larger surface.
+    if (surface_.size.cx >= kept().size.cx) std::swap(kept(), surface_);
 }
 
 }  // namespace velvox

@@ -1,5 +1,5 @@
 # Writes the examples of a document as the bodies of tests, each named after its heading: those of
-# headers with the suffix `_win32`, or the others.
+# headers with the suffix `_win32`, or the others. An assertion becomes an expectation.
 #   cmake -DDOCUMENT=... -DWIN32_LAYER=ON|OFF -DOUTPUT=... -P GenerateExamples.cmake
 cmake_minimum_required(VERSION 3.25)
 
@@ -11,10 +11,12 @@ string(REPLACE "]" "<close>" document "${document}")
 string(REPLACE "\n## " ";" sections "${document}")
 
 set(tests "")
+set(count 0)
 foreach(section IN LISTS sections)
     if(NOT section MATCHES "^([A-Za-z]+)[^\n]*\n\n`([a-z_0-9]+)\\.h`.*```cpp\n([^`]+)```")
         continue()
     endif()
+    math(EXPR count "${count} + 1")
     set(name ${CMAKE_MATCH_1})
     set(code "${CMAKE_MATCH_3}")
     if(CMAKE_MATCH_2 MATCHES "_win32$")
@@ -26,9 +28,12 @@ foreach(section IN LISTS sections)
         string(APPEND tests "TEST_F(ControlLibraryExamples, ${name}) {\n${code}}\n\n")
     endif()
 endforeach()
-if(NOT tests)
-    message(FATAL_ERROR "${DOCUMENT} has no examples")
+string(REGEX MATCHALL "```cpp\n" examples "${document}")
+list(LENGTH examples all)
+if(NOT tests OR NOT count EQUAL all)
+    message(FATAL_ERROR "${DOCUMENT}: ${count} of ${all} examples have a section of their own")
 endif()
+string(REPLACE "assert(" "EXPECT_TRUE(" tests "${tests}")
 string(REPLACE "<semicolon>" ";" tests "${tests}")
 string(REPLACE "<open>" "[" tests "${tests}")
 string(REPLACE "<close>" "]" tests "${tests}")

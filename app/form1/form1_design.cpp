@@ -110,8 +110,7 @@ constexpr TimerDesign timers[] = {
     {"Timer6", 1000, true}, {"Timer7", 10000, false},
 };
 
-// Etched separators: a dark line above a light one. At 96 DPI each dark line is in a pixel row 4n+3
-// of the form. The two lines of a pair then touch at every usual screen resolution.
+// Etched separators, each a dark line and a light line directly below it.
 constexpr Line lines[] = {
     {"Line1", 240, 1605, 7215, 1605},  {"Line2", 240, 1620, 7215, 1620},
     {"Line3", 1800, 2385, 7215, 2385}, {"Line4", 1800, 2400, 7215, 2400},

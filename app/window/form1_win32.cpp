@@ -198,9 +198,13 @@ void Form1Window::paint(HDC dc) const {
     skin_.draw(dc, Skin::Piece::Icon, toPixels(form.skinicon.bounds()));
     skin_.draw(dc, Skin::Piece::Bar, toPixels(form.skinbar.bounds()));
     int number = 0;
+    LONG below = 0;
     for (const Line& line : lineDesigns) {
         const RECT at = toPixels({line.x1, line.y1, line.x2 - line.x1, line.y2 - line.y1});
-        skin_.drawLine(dc, ++number, {at.left, at.top}, {at.right, at.bottom});
+        // A light line directly below its dark line, which rounding would separate at 144 DPI.
+        const LONG y = ++number % 2 == 0 ? below : at.top;
+        skin_.drawLine(dc, number, {at.left, y}, {at.right, y});
+        below = y + thinLine();
     }
 }
 

@@ -29,7 +29,7 @@ enum class Tracking : std::int8_t { None, UserInterface, CommonControls };
 struct ButtonAmbient {
     bool userMode = true;  ///< false while the form is designed
     Font font;
-    std::string toolTipText;  ///< default of the property ToolTipText
+    std::string toolTipText;  ///< default of the stored property ToolTipText
 };
 
 /// Contents of the button's tool tip. A colour without a value is the system's.

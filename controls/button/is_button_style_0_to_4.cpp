@@ -24,14 +24,18 @@ Rgb plainFace(const FacePlan& plan, bool atRest) {
     return atRest ? plan.back() : plan.highlight(ButtonFaceColour);
 }
 
-// Lightens a face that carries the caption. With the system colours of a dark scheme the caption is
-// light, so the amount is halved until the caption is legible.
+// Lightens a face that carries the caption. With system colours, the amount is halved until the
+// caption is legible, because dark schemes have light captions. If no amount makes it legible, the
+// full amount or none is used, whichever has the higher contrast.
 Rgb lightFace(const FacePlan& plan, Rgb colour, int white) {
-    const auto isLegible = [&] {
-        return contrast(plan.sys(ButtonTextColour), lighten(colour, white)) >= textContrast;
-    };
-    while (!plan.customColours && white > 0 && !isLegible()) white /= 2;
-    return lighten(colour, white);
+    const Rgb full = lighten(colour, white);
+    if (plan.customColours) return full;
+    const Rgb text = plan.sys(ButtonTextColour);
+    for (; white > 0; white /= 2) {
+        const Rgb face = lighten(colour, white);
+        if (contrast(text, face) >= textContrast) return face;
+    }
+    return contrast(text, full) > contrast(text, colour) ? full : colour;
 }
 
 bool isNormalOrDisabled(FaceState state) {

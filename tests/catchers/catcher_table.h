@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tests/app/form1/form1_fixture.h"
+#include "tests/support/example_addresses.h"
 
 namespace velvox::testing {
 
@@ -18,6 +19,19 @@ struct CatcherRow {
     std::string effects;
     bool browserRefuses = false;
 };
+
+/// Expects a site of the list, with the example that choosing it shows.
+inline void expectListed(std::string_view entry, std::string_view example) {
+    Form1Fixture fixture;
+    fixture.form.Form_Load();
+    for (int i = 0; i < static_cast<int>(exampleAddresses.size()); ++i) {
+        fixture.form.ds.ListIndex(i);
+        if (fixture.form.ds.Text() != entry) continue;
+        EXPECT_EQ(fixture.form.vd.Caption(), example);
+        return;
+    }
+    ADD_FAILURE() << entry << " is not in the list";
+}
 
 inline const Reply failure = std::nullopt;
 

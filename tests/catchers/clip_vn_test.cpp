@@ -17,6 +17,12 @@ std::string link(const std::string& url, int count) {
            std::to_string(count) + "</a><br></font>";
 }
 
+TEST(ClipVNCatcherTest, IsListedWithItsExample) {
+    expectListed(
+        "Clip.vn",
+        "http://www.clip.vn/watch/VjW,vn,Clip-an-mung-ban-thang-2-1-cua-UAE-vao-luoi-Quatar.html");
+}
+
 TEST(ClipVNCatcherTest, ListsEveryEnclosureUnderTheNumberOfAll) {
     const auto run = [](const char* name, const std::string& feed, const std::string& links) {
         return CatcherRow{

@@ -33,6 +33,11 @@ std::string link(const std::string& name, int number) {
            std::to_string(number) + "<a></font><br>";
 }
 
+TEST(ComicVuiLenTest, IsListedWithItsExample) {
+    expectListed("Comic Books - Vuilen.com",
+                 "http://comic.vuilen.com/view_book_detail.php?bookid=42&chapterid=354");
+}
+
 TEST(ComicVuiLenTest, NumbersEveryPageAndLeavesTheBoxDisabled) {
     const auto run = [](const char* name, const std::string& pages, int count,
                         const std::string& links) {

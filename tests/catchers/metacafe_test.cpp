@@ -15,6 +15,10 @@ std::string navigation(const std::string& id) {
            "/lifted.swf?playerVars=autoPlay=yes\n";
 }
 
+TEST(MetaCafeTest, IsListedWithItsExample) {
+    expectListed("Metacafe.com", "http://www.metacafe.com/watch/983094/dog_singing_hippo/");
+}
+
 TEST(MetaCafeTest, LoadsThePlayerOfSixCharactersAndLeavesTheBoxDisabled) {
     const auto run = [](const std::string& address, const std::string& id) {
         return CatcherRow{address,

@@ -24,6 +24,10 @@ std::string player(const std::string& id, const std::string& sess) {
                                         "/locale/en_GB/sess/" + sess);
 }
 
+TEST(SevenLoadTest, IsListedWithItsExample) {
+    expectListed("Sevenload.com", "http://en.sevenload.com/videos/s931TZW/HiB-auf-dem-CSD");
+}
+
 TEST(SevenLoadTest, LeavesTheBoxDisabledAfterALink) {
     const auto run = [](const char* name, const std::string& from, const std::string& page,
                         const std::string& id, const std::string& sess) {

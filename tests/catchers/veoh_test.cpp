@@ -22,6 +22,10 @@ std::string links(const std::string& flv, const std::string& mp4 = "") {
 
 const std::string flvLine = "  fullPreviewHashPath=\"http://a/b.flv\" \r\n";
 
+TEST(VeOHTest, IsListedWithItsExample) {
+    expectListed("Veoh.com", "http://www.veoh.com/videos/v669398tRxFQc4d");
+}
+
 TEST(VeOHTest, TakesTheIdentifierUpToAQuestionMark) {
     const auto run = [](const std::string& from, const std::string& id, const std::string& before) {
         return CatcherRow{from, from, {flvLine}, before + details(id) + links("http://a/b.flv")};

@@ -20,6 +20,10 @@ std::string player(const std::string& identifier) {
            identifier + "\n";
 }
 
+TEST(YoutubeCatcherTest, IsListedWithItsExample) {
+    expectListed("Youtube", "http://www.youtube.com/watch?v=Yp5O8Koe_A4");
+}
+
 TEST(YoutubeCatcherTest, LoadsThePlayerOfEverythingBehindTheFirstEqualsSign) {
     const auto run = [](const std::string& address, const std::string& identifier) {
         return CatcherRow{address,

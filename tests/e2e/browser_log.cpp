@@ -27,8 +27,8 @@ BrowserLog::BrowserLog() {
     const auto script = folder / "browser.sh";
     // The start time is the 22nd field of /proc/PID/stat, in clock ticks since boot.
     std::ofstream(script) << "#!/bin/sh\nread -r stat < /proc/$$/stat\nopened=$*\n"
-                          << "set -- ${stat##*) }\necho \"${20} $opened\" >> " << file_.string()
-                          << '\n';
+                          << "set -- ${stat##*) }\nprintf '%s %s\\n' \"${20}\" \"$opened\" >> "
+                          << file_.string() << '\n';
     std::filesystem::permissions(script, std::filesystem::perms::owner_all);
     for (const std::string scheme : {"http", "https"})
         drive::outputOf({drive::paths::wine(), "reg", "add",

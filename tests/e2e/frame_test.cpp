@@ -48,8 +48,7 @@ TEST(FrameTest, EverySourceDragsTheWindowExactly) {
     const Bounds end = driver().rect(program.control(controlId("topendskin")));
     Bounds place = driver().rect(program.window());
     const std::pair<const char*, Point> sources[] = {
-        // and a point inside the window
-        {"form background", {250, 210}},
+        {"form background", {250, 210}},  // relative to the window, as the other points
         {"Label5", {middleOf(title).x - place.left, middleOf(title).y - place.top}},
         {"skinbar", {350, 12}},
         {"skinicon", {10, 15}},

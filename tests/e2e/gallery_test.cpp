@@ -13,6 +13,7 @@ TEST(GalleryTest, EachPageOpensWithItsControls) {
     const std::string window = "VelvoxGallery", list = window + "/ListBox";
     Process gallery({paths::wine(), paths::program("gallery/velvox-gallery.exe")});
     driver().waitVisible(window);
+    EXPECT_EQ(driver().focus(window), driver().ask({"find", list}));
     const int pages = std::stoi(driver().ask({"send", list, "0x18B", "0", "0"}));  // LB_GETCOUNT
     EXPECT_EQ(pages, 10);
     std::set<std::string> seen;  // the pages' windows without their handles
@@ -22,6 +23,7 @@ TEST(GalleryTest, EachPageOpensWithItsControls) {
         driver().ask({"send", window, "0x111", std::to_string(0x10001), "0"});  // LBN_SELCHANGE
         const std::string tree = driver().ask({"tree", window + "/GalleryPage"});
         EXPECT_NE(tree.find("\n"), tree.npos) << "nothing on it: " << tree;
+        EXPECT_TRUE(driver().visible(window + "/GalleryPage"));
         seen.insert(std::regex_replace(tree, std::regex("0x[0-9a-f]+"), ""));
         EXPECT_FALSE(driver().holds({"find", "#32770"})) << driver().text("#32770/@65535");
         driver().ping(window);

@@ -56,6 +56,12 @@ TEST(HtmlFragmentTest, TagsAttributesAndText) {
         {"&#0;&#xD800;&#1114112;&#128512;",
          "[|\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xF0\x9F\x98\x80]"},
         {"a\0b"s, "[|a\0b]"s},
+        // Forms that the catchers write.
+        {"<a href='http://h/a b&t=1'><font face='tahoma' size=2>Download</font></a>",
+         "[http://h/a b&t=1|Download]"},
+        {"\r\n<br><font face='tahoma' size='2'><a href='http://h/1'>Download FLV</a>"
+         "\r\n<br><font face='tahoma' size='2'><a href='http://h/2'>Download AVI</a>",
+         "[|\n][http://h/1|Download FLV][|\n][http://h/2|Download AVI]"},
     });
 }
 
