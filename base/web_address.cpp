@@ -11,6 +11,10 @@ bool isControl(char c) {
     return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
 }
 
+bool isHexDigit(char c) {
+    return (c >= '0' && c <= '9') || (ascii::lower(c) >= 'a' && ascii::lower(c) <= 'f');
+}
+
 }  // namespace
 
 bool isWebAddress(std::string_view address) {
@@ -39,7 +43,15 @@ std::string percentEncode(std::string_view text, std::string_view unsafe) {
 }
 
 std::string escapeForShell(std::string_view address) {
-    return percentEncode(address, " \"<>\\^`{|}");
+    std::string result;
+    for (;;) {
+        const auto percent = address.find('%');
+        result += percentEncode(address.substr(0, percent), " \"<>\\^`{|}");
+        if (percent == address.npos) return result;
+        address.remove_prefix(percent + 1);
+        const bool encodes = address.size() > 1 && isHexDigit(address[0]) && isHexDigit(address[1]);
+        result += encodes ? "%" : "%25";
+    }
 }
 
 }  // namespace velvox

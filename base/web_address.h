@@ -13,7 +13,8 @@ bool isWebAddress(std::string_view address);
 /// %XX.
 std::string percentEncode(std::string_view text, std::string_view unsafe);
 
-/// `address` percent-encoded so that it stays one argument of a command line. A "%" is not encoded.
+/// `address` percent-encoded so that it stays one argument of a command line. A "%" is encoded too
+/// if it does not encode a byte, because shells replace %NAME% by the environment variable NAME.
 std::string escapeForShell(std::string_view address);
 
 }  // namespace velvox

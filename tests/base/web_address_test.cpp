@@ -25,6 +25,7 @@ TEST(WebAddressTest, StaysOneArgumentOfACommandLine) {
         {"<>\\^`{|}", "%3C%3E%5C%5E%60%7B%7C%7D"},
         {"\0\t\x1F\x7F\x80\xFF"s, "%00%09%1F%7F%80%FF"},
         {"http://h/\xC3\xA9", "http://h/%C3%A9"},
+        {"%USERNAME%&%%41%4g%5", "%25USERNAME%25&%25%41%254g%255"},
     };
     for (const auto& [address, escaped] : rows) EXPECT_EQ(escapeForShell(address), escaped);
 }
