@@ -83,6 +83,8 @@ std::optional<LRESULT> LinkText::onMessage(UINT message, WPARAM wParam, LPARAM l
     std::optional<LRESULT> result = onEvent(message, wParam, lParam);
     if (message == WM_NCDESTROY) return result;
     if (!result) result = defaultHandling(control, message, wParam, lParam);
+    // Wine's control draws the selection only while it has the focus, but does not repaint itself.
+    if (message == WM_SETFOCUS || message == WM_KILLFOCUS) InvalidateRect(control, nullptr, FALSE);
     destroyCaret(control);
     return result;
 }

@@ -178,6 +178,22 @@ TEST_F(ResultPaneTest, KeysGoFromLinkToLinkAndEnterOpens) {
     EXPECT_FALSE(wants(VK_TAB) || wants(VK_ESCAPE));
 }
 
+TEST_F(ResultPaneTest, TheSelectedLinkIsHighlightedWhileThePaneHasTheFocus) {
+    pane.DocumentHTML("<a href='http://h'>Link</a>");
+    SetFocus(pane.handle());
+    key(VK_DOWN);
+    for (const bool focused : {true, false, true}) {
+        SetFocus(focused ? pane.handle() : top.handle());
+        UpdateWindow(text());
+        const WindowDc dc(text());
+        int highlighted = 0;
+        for (int x = 0; x < 20; ++x)
+            for (int y = 0; y < 20; ++y)
+                highlighted += GetPixel(dc.get(), x, y) == GetSysColor(COLOR_HIGHLIGHT);
+        EXPECT_EQ(highlighted > 0, focused);
+    }
+}
+
 // The text of the visible tool tip of this thread.
 std::string tip() {
     HWND window = nullptr;
