@@ -146,8 +146,10 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_ERASEBKGND: return 1;
         case WM_SIZE:
-            if (wParam != SIZE_MINIMIZED)
-                form().Move({0, 0, toTwips(GET_X_LPARAM(lParam)), toTwips(GET_Y_LPARAM(lParam))});
+            if (wParam == SIZE_MINIMIZED) return 0;
+            form().Move({0, 0, toTwips(GET_X_LPARAM(lParam)), toTwips(GET_Y_LPARAM(lParam))});
+            // While minimised, no control could take the focus that the system gave the window.
+            if (GetFocus() == handle()) restoreFocus();
             return 0;
         case WM_LBUTTONDOWN:
             systemMenu_->pressed({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
@@ -170,7 +172,7 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
             if (reflectCommand(lParam, wParam)) return 0;
             break;
         case WM_ACTIVATE:
-            if (LOWORD(wParam) == WA_INACTIVE) lastFocus_ = GetFocus();
+            if (LOWORD(wParam) == WA_INACTIVE) storeFocus();
             skin_.setActive(LOWORD(wParam) != WA_INACTIVE);
             repaintAll();
             break;
@@ -179,6 +181,8 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_THEMECHANGED: followContrast(); break;
         case WM_SETFOCUS: restoreFocus(); return 0;
         case WM_SYSCOMMAND:
+            // Minimising takes the focus from its control before WM_ACTIVATE arrives.
+            if ((wParam & 0xFFF0) == SC_MINIMIZE) storeFocus();
             // Wine sends keys to a minimised window. Its menu would be invisible and would block a
             // run.
             if ((wParam & 0xFFF0) == SC_KEYMENU && IsIconic(handle())) return 0;
@@ -335,6 +339,10 @@ void Form1Window::followContrast() {
 
 void Form1Window::repaintAll() {
     RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void Form1Window::storeFocus() {
+    if (IsChild(handle(), GetFocus())) lastFocus_ = GetFocus();
 }
 
 void Form1Window::restoreFocus() {

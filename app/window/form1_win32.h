@@ -50,6 +50,7 @@ class Form1Window : public Window, public FormFrame {
     bool pastesAddress(const MSG& message) const;
     void takeAddress(std::string_view text);
     InputEvent::Target inputTargetOf(HWND window) const;
+    void storeFocus();
     void restoreFocus();
     void followContrast();
     void repaintAll();

@@ -204,5 +204,23 @@ TEST_F(InputGateTest, AMinimisedWindowOpensNoMenu) {
     EXPECT_FALSE(opened);
 }
 
+TEST_F(InputGateTest, ARestoredWindowReturnsTheFocus) {
+    const HWND download = control(controlId("UniXPButton1"));
+    const TestForm other({0, 0, 10, 10});
+    SetFocus(download);
+    // A message box that closes while the window is minimised makes the minimised window active.
+    for (const bool boxCloses : {false, true}) {
+        SendMessageW(window.handle(), WM_SYSCOMMAND, SC_MINIMIZE, 0);
+        if (boxCloses) {
+            SetActiveWindow(other.handle());
+            SetActiveWindow(window.handle());
+        }
+        pump.yield();
+        SendMessageW(window.handle(), WM_SYSCOMMAND, SC_RESTORE, 0);
+        pump.yield();
+        EXPECT_EQ(GetFocus(), download) << boxCloses;
+    }
+}
+
 }  // namespace
 }  // namespace velvox
