@@ -285,8 +285,8 @@ void ScrollPage::paint(HDC target) {
     if (surface_.Width() != client.right || surface_.Height() != client.bottom) {
         surface_.CreateMyDC(client.right, client.bottom);
         surface_.BackMode(TRANSPARENT);
-        surface_.ForeColor(systemColour(WindowTextColour));
     }
+    surface_.ForeColor(systemColour(WindowTextColour));
     surface_.BackColor(systemColour(WindowColour));
     surface_.Cls();
 
