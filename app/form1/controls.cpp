@@ -1,6 +1,6 @@
 #include "app/form1/controls.h"
 
-#include <utility>
+#include <algorithm>
 
 #include "base/runtime_failure.h"
 
@@ -23,8 +23,21 @@ void Label::font(const Font& font) {
 }
 
 void HiddenText::Text(std::string text) {
-    text_ = std::move(text);
+    text_.swap(text);  // releases the old memory; a move keeps it if the new text is short
     if (Change) Change();
+}
+
+void HiddenText::append(std::initializer_list<std::string_view> pieces) {
+    std::size_t size = text_.size();
+    for (const std::string_view piece : pieces) size += piece.size();
+    if (size > maxBytes) throw RuntimeFailure(Fault::Overflow, "The list of links is too long");
+    if (size > text_.capacity()) {
+        // reserve() on text_ itself would at least double the capacity.
+        std::string grown;
+        grown.reserve(std::min(std::max(size, 2 * text_.capacity()), maxBytes));
+        text_.swap(grown.append(text_));
+    }
+    for (const std::string_view piece : pieces) text_.append(piece);
 }
 
 void ComboBox::AddItem(std::string_view text) {

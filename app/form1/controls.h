@@ -2,6 +2,7 @@
 // timers.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
@@ -56,12 +57,14 @@ struct Line {
 /// Invisible text buffer of a run. append() is amortised O(n).
 class HiddenText {
  public:
+    /// Maximum bytes after an append(), far more than the result pane shows. A hostile page could
+    /// otherwise fill the memory with links.
+    static constexpr std::size_t maxBytes = 64'000'000;
+
     const std::string& Text() const noexcept { return text_; }
     void Text(std::string text);
-    /// `pieces` must not point into Text().
-    void append(std::initializer_list<std::string_view> pieces) {
-        for (const std::string_view piece : pieces) text_.append(piece);
-    }
+    /// `pieces` must not point into Text(). Throws Overflow if the text would exceed maxBytes.
+    void append(std::initializer_list<std::string_view> pieces);
 
     /// Called after every assignment, but not after append().
     std::function<void()> Change;

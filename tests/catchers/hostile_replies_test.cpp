@@ -94,5 +94,28 @@ TEST(HostileRepliesTest, ComicBookHoldsAtMost32767Pages) {
                   "<font face='tahoma' size='2' color='red'>Download Failed !</font>");
 }
 
+// The text of the links is bounded, and the next run releases its memory.
+TEST(HostileRepliesTest, LinksThatWouldFillTheMemoryFail) {
+    const std::string pages = repeated("<page> p </page>", 5'000);
+    const std::string folder(1U << 14, 'b');
+    const std::string farFrame = "FRAMEBORDER='0' src='" + folder + "index.php'></iframe>";
+    const struct {
+        void (Form1::*catcher)();
+        std::vector<std::string> replies;
+        const char* shown;
+    } rows[] = {
+        {&Form1::ComicVuiLen, {farFrame, pages}, "Download Failed !"},
+        {&Form1::ClipVNCatcher, {repeated("<enclosure url=.flv", 1'000'000)}, "Unavilable"},
+    };
+    for (const auto& [catcher, replies, shown] : rows) {
+        Form1Fixture fixture;
+        timeOf(fixture, catcher, replies);
+        EXPECT_NE(fixture.pane.shown.substr(0, 100).find(shown), std::string::npos) << shown;
+        EXPECT_LE(fixture.form.ketqua.Text().capacity(), HiddenText::maxBytes);
+        fixture.form.UniXPButton1_Click();
+        EXPECT_LT(fixture.form.ketqua.Text().capacity(), 1'000U);
+    }
+}
+
 }  // namespace
 }  // namespace velvox::testing
