@@ -11,6 +11,10 @@
 namespace velvox {
 namespace {
 
+// Maximum bytes of an address. No server accepts a longer one, and an address is copied several
+// times.
+constexpr std::size_t maxAddressBytes = 65'536;
+
 RuntimeFailure refused(std::string_view reason) {
     return {Fault::Transfer, std::string(reason)};
 }
@@ -38,6 +42,7 @@ std::string writtenScheme(std::string_view address) {
 }  // namespace
 
 HttpAddress parseHttpAddress(std::string_view address) {
+    if (address.size() > maxAddressBytes) throw refused("The address is too long");
     HttpAddress result;
     const std::string scheme = writtenScheme(address);
     if (!scheme.empty()) {

@@ -23,7 +23,8 @@ struct HttpAddress {
 
 /// Parses an address that the user has typed or that a page contains. An address without a scheme
 /// is read as http. Target and fragment are kept byte for byte. Throws RuntimeFailure (Transfer)
-/// with a readable reason for other schemes than http and https and for an invalid host or port.
+/// with a readable reason for other schemes than http and https, for an invalid host or port, and
+/// for an address of more than 65,536 bytes.
 HttpAddress parseHttpAddress(std::string_view address);
 
 /// The whole address, without the port if it is the scheme's default.

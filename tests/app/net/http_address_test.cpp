@@ -33,6 +33,8 @@ TEST(HttpAddressTest, RefusesWhatNoHostCanAnswer) {
                                    "a:9999999999", "a%41", "a\x01"})
         EXPECT_THROW(parseHttpAddress("http://" + host + "/"), RuntimeFailure) << host;
     EXPECT_THROW(parseHttpAddress(std::string(256, 'a')), RuntimeFailure);
+    EXPECT_EQ(parseHttpAddress("a/" + std::string(65'534, 'b')).target.size(), 65'535U);
+    EXPECT_THROW(parseHttpAddress("a/" + std::string(65'535, 'b')), RuntimeFailure);
 }
 
 TEST(HttpAddressTest, WholeAddressLeavesOutTheDefaultPort) {
