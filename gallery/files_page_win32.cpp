@@ -77,8 +77,7 @@ std::optional<LRESULT> FileListWindow::onMessage(UINT message, WPARAM wParam, LP
         case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
         case WM_SETFOCUS:
-        case WM_KILLFOCUS:
-        case WM_SYSCOLORCHANGE: InvalidateRect(handle(), nullptr, FALSE); return 0;
+        case WM_KILLFOCUS: InvalidateRect(handle(), nullptr, FALSE); return 0;
         case WM_LBUTTONDOWN: press(lParam); return 0;
         case WM_LBUTTONDBLCLK:
             press(lParam);
@@ -246,7 +245,6 @@ std::optional<LRESULT> FilesPage::onMessage(UINT message, WPARAM wParam, LPARAM)
         case WM_ERASEBKGND: return 1;
         case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
-        case WM_SYSCOLORCHANGE: InvalidateRect(handle(), nullptr, TRUE); return 0;
         case WM_COMMAND:
             if (HIWORD(wParam) != BN_CLICKED) return 0;
             if (LOWORD(wParam) == ByNameId) sortBy(FileRows::Column::Name);

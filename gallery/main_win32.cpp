@@ -45,6 +45,11 @@ class PageHost : public Window {
     std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) override { return std::nullopt; }
 };
 
+BOOL CALLBACK passOn(HWND to, LPARAM message) {
+    SendMessageW(to, static_cast<UINT>(message), 0, 0);
+    return TRUE;
+}
+
 class GalleryWindow : public Window {
  public:
     GalleryWindow() : pages_(galleryPages()) {
@@ -105,6 +110,13 @@ class GalleryWindow : public Window {
             case WM_SETFOCUS:
                 SetFocus(IsChild(handle(), lastFocus_) ? lastFocus_ : list_.handle());
                 return 0;
+            case WM_SYSCOLORCHANGE:
+            case WM_SETTINGCHANGE:
+            case WM_THEMECHANGED:
+                // The system sends these messages only to top-level windows.
+                EnumChildWindows(handle(), &passOn, static_cast<LPARAM>(message));
+                RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+                return std::nullopt;
             case WM_CLOSE: PostQuitMessage(0); return 0;
             default: return std::nullopt;
         }

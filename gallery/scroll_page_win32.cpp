@@ -247,7 +247,6 @@ std::optional<LRESULT> ScrollPage::onMessage(UINT message, WPARAM wParam, LPARAM
         case WM_ERASEBKGND: return 1;
         case WM_PAINT: paint(PaintScope(handle()).dc()); return 0;
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam)); return 0;
-        case WM_SYSCOLORCHANGE: InvalidateRect(handle(), nullptr, TRUE); return 0;
         // A wheel message that a child does not handle arrives here: it scrolls the picture too.
         case WM_MOUSEWHEEL:
             (wParam & MK_SHIFT ? static_cast<ScrollBarWindow&>(container_.horizontal())
