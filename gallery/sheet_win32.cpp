@@ -84,9 +84,13 @@ void Sheet::paint(HDC target) {
         const ButtonScene scene{colours_, static_cast<Rgb>(GetSysColor(COLOR_WINDOW)), still.cue,
                                 thinLine()};
         const ButtonFace face(width, height);
-        paintButton(face, still.look, scene, handle(), systemThemes());
+        ButtonLook look = still.look;
+        if (!paintButton(face, look, scene, handle(), systemThemes())) {
+            look.style = 5;  // the usual NonThemeStyle, as in a live button
+            paintButton(face, look, scene, handle(), systemThemes());
+        }
         face.copyTo(dc, still.at.left, still.at.top,
-                    buttonRegion(still.look.style, width, height, thinLine()).get());
+                    buttonRegion(look.style, width, height, thinLine()).get());
     }
 }
 
