@@ -175,7 +175,7 @@ std::string canonicalHost(std::string_view host) {
     constexpr std::string_view forbidden = " #%/:<>?@[\\]^|\x7F";
     if (host.starts_with('[') && host.ends_with(']'))
         return canonicalIpv6(host.substr(1, host.size() - 2));
-    const std::string name = ascii::lowerCase(percentDecoded(host));
+    std::string name = ascii::lowerCase(percentDecoded(host));
     if (name.empty() || name.size() > maxHostLength) throw noHost();
     for (const char c : name) {
         if (static_cast<unsigned char>(c) > 127)

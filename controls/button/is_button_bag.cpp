@@ -25,6 +25,10 @@ struct Row {
     std::string_view property;  ///< the name passed to PropertyChanged
     ControlChange change = ControlChange::Appearance;
 };
+// clang 14 deduces no arguments of an aggregate by itself.
+template <class Value, class ReadDefault, class WriteDefault, class... Change>
+Row(std::string_view, Value ButtonSettings::*, ReadDefault, WriteDefault, std::string_view,
+    Change...) -> Row<Value, ReadDefault, WriteDefault>;
 
 // The rows are in stored order. By default, the tool tip's background has the system's tip text
 // colour and its text the system's tip background colour, because stored forms rely on this swap.
