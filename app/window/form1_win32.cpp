@@ -180,18 +180,20 @@ std::optional<LRESULT> Form1Window::onMessage(UINT message, WPARAM wParam, LPARA
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED: followContrast(); break;
         case WM_SETFOCUS: restoreFocus(); return 0;
-        case WM_SYSCOMMAND:
-            // Minimising takes the focus from its control before WM_ACTIVATE arrives.
-            if ((wParam & 0xFFF0) == SC_MINIMIZE) storeFocus();
-            // Wine sends keys to a minimised window. Its menu would be invisible and would block a
-            // run.
-            if ((wParam & 0xFFF0) == SC_KEYMENU && IsIconic(handle())) return 0;
-            break;
+        case WM_SYSCOMMAND: return onSystemCommand(wParam & 0xFFF0);
         case WM_ENABLE: input_.windowEnabled(wParam != FALSE); break;
         case WM_CLOSE: close(); return 0;
         case WM_DESTROY: pump_.quit(0); return 0;
         default: break;
     }
+    return std::nullopt;
+}
+
+std::optional<LRESULT> Form1Window::onSystemCommand(WPARAM command) {
+    // Minimising takes the focus from its control before WM_ACTIVATE arrives.
+    if (command == SC_MINIMIZE) storeFocus();
+    // Wine sends keys to a minimised window. Its menu would be invisible and would block a run.
+    if (command == SC_KEYMENU && IsIconic(handle())) return 0;
     return std::nullopt;
 }
 

@@ -41,6 +41,7 @@ class Form1Window : public Window, public FormFrame {
     struct Children;
 
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> onSystemCommand(WPARAM command);
     void paint(HDC dc) const;
     void paintResultArea(HDC dc, const RECT& client) const;
     void showProgress(std::string text);

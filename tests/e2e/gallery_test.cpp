@@ -13,7 +13,7 @@ TEST(GalleryTest, EachPageOpensWithItsControls) {
     const std::string window = "VelvoxGallery", list = window + "/ListBox";
     Process gallery({paths::wine(), paths::program("gallery/velvox-gallery.exe")});
     driver().waitVisible(window);
-    EXPECT_EQ(driver().focus(window), driver().ask({"find", list}));
+    EXPECT_TRUE(eventually([&] { return driver().focus(window) == driver().ask({"find", list}); }));
     const int pages = std::stoi(driver().ask({"send", list, "0x18B", "0", "0"}));  // LB_GETCOUNT
     EXPECT_EQ(pages, 10);
     std::set<std::string> seen;  // the pages' windows without their handles

@@ -29,21 +29,36 @@ TEST(InterruptionTest, ADoubleClickOnDownloadDoesNotCloseTheResult) {
     tryAt({std::max(button.left, close.left) + 5, button.top + 1});
 }
 
+// Sends a long comic book and forwards one site; the other sites stay silent.
+void serveSlowSites(const Exchange& to) {
+    static const std::string book = [] {
+        std::string pages;
+        for (int page = 0; page < 32767; ++page) pages += "<page> p.jpg </page>\n";
+        return pages;
+    }();
+    if (to.asksFor("config.xml"))
+        to.reply(book);
+    else if (to.asksFor("comic"))
+        to.reply("<iframe FRAMEBORDER='0' src='http://comic.vuilen.com/b/index.php'></iframe>");
+    else if (to.asksFor("veoh"))
+        to.forward();
+    else
+        to.staySilent();
+}
+
+void openMenu(const Program& program, ControlId over) {
+    InputSimulator().click(middleOf(driver().rect(program.control(over))), 3).act();
+    program.awaitMenu();
+}
+
+void command(const Program& program, const char* number) {
+    driver().ask({"post", program.window(), "0x112", number, "0"});
+}
+
 // The program must end at once, however it is closed and in every state: while it waits for a page,
 // while it collects a long comic book, or in the loop of a menu or a message box.
 TEST(InterruptionTest, TheProgramEndsAtOnceInAnyState) {
-    std::string book;
-    for (int page = 0; page < 32767; ++page) book += "<page> p.jpg </page>\n";
-    const Proxy proxy([&](const Exchange& to) {
-        if (to.asksFor("config.xml"))
-            to.reply(book);
-        else if (to.asksFor("comic"))
-            to.reply("<iframe FRAMEBORDER='0' src='http://comic.vuilen.com/b/index.php'></iframe>");
-        else if (to.asksFor("veoh"))
-            to.forward();
-        else
-            to.staySilent();
-    });
+    const Proxy proxy(&serveSlowSites);
     using Act = std::function<void(const Program&)>;
     const auto startAnd = [&](const char* address, std::size_t requests) {
         return [&proxy, address, requests](const Program& program) {
@@ -54,19 +69,12 @@ TEST(InterruptionTest, TheProgramEndsAtOnceInAnyState) {
     };
     const Act fetch = startAnd("http://www.youtube.com/watch?v=abc", 1);
     const Act collect = startAnd("http://comic.vuilen.com/view_book_detail.php?bookid=1", 2);
-    const auto openMenu = [&](const Program& program, ControlId over) {
-        InputSimulator().click(middleOf(driver().rect(program.control(over))), 3).act();
-        program.awaitMenu();
-    };
     const Act openWindowMenu = [](const Program& p) {
         InputSimulator().key("alt+space").act();
         p.awaitMenu();
     };
     const Act close = [](const Program& p) { driver().ask({"close", p.window()}); };
     const Act altF4 = [](const Program&) { InputSimulator().key("alt+F4").act(); };
-    const auto command = [](const Program& p, const char* number) {
-        driver().ask({"post", p.window(), "0x112", number, "0"});
-    };
     const struct {
         const char* name;
         Act open, end;
