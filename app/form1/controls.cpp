@@ -1,6 +1,7 @@
 #include "app/form1/controls.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/runtime_failure.h"
 
@@ -23,7 +24,13 @@ void Label::font(const Font& font) {
 }
 
 void HiddenText::Text(std::string text) {
-    text_.swap(text);  // releases the old memory; a move keeps it if the new text is short
+    // A move keeps the old memory if the new text is short. That makes the next list of links
+    // faster, but a hostile list may have been much longer than an ordinary one.
+    constexpr std::size_t maxKeptBytes = 16'000'000;
+    if (text_.capacity() > maxKeptBytes)
+        text_.swap(text);
+    else
+        text_ = std::move(text);
     if (Change) Change();
 }
 
