@@ -12,6 +12,10 @@ constexpr char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
+constexpr char upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+}
+
 constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }

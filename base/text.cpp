@@ -1,9 +1,11 @@
 #include "base/text.h"
 
+#include <emmintrin.h>
+
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
-#include <functional>
 #include <iterator>
 #include <limits>
 
@@ -13,51 +15,60 @@
 namespace velvox::text {
 namespace {
 
-void requireStart(Position start) {
-    if (start < 1)
-        throw RuntimeFailure(Fault::InvalidCall, "A text search starts before position 1");
+/// Bits of the 16 bytes from `at` that equal `wanted`. The lowest bit is the first byte.
+unsigned equalBytes(const char* at, char wanted) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted))));
 }
 
-// Boyer-Moore skips most bytes and stays fast even on pages made to slow it down, but it first
-// fills a table of 256 entries. Loops that step from match to match would fill that table each
-// time, so a plain search covers the first `closeBy` bytes.
-constexpr std::size_t closeBy = 512;
-
-std::size_t search(std::string_view text, std::string_view needle, std::size_t from = 0) {
-    if (needle.size() == 1) return text.find(needle[0], from);
-    const std::size_t found =
-        text.substr(0, std::min(text.size(), from + closeBy)).find(needle, from);
-    if (found != text.npos || text.size() <= from + closeBy) return found;
-    from += closeBy - std::min(closeBy, needle.size() - 1);
-    const auto at = std::search(text.begin() + static_cast<Position>(from), text.end(),
-                                std::boyer_moore_searcher(needle.begin(), needle.end()));
-    return at == text.end() ? text.npos : static_cast<std::size_t>(at - text.begin());
-}
-
-/// Iterator that reads bytes in lower case. clang 14 cannot compile a std::views::transform for
-/// this.
-struct LowerCased {
-    using iterator_category = std::random_access_iterator_tag;
-    using value_type = char;
-    using difference_type = Position;
-    using pointer = const char*;
-    using reference = char;
-
-    const char* at = nullptr;
-
-    char operator*() const { return ascii::lower(*at); }
-    char operator[](Position i) const { return ascii::lower(at[i]); }
-    LowerCased& operator++() {
-        ++at;
-        return *this;
-    }
-    LowerCased operator+(Position count) const { return {at + count}; }
-    Position operator-(LowerCased other) const { return at - other.at; }
-    auto operator<=>(const LowerCased&) const = default;
+struct Exact {
+    static bool equal(char a, char b) { return a == b; }
+    static unsigned equalIn16(const char* at, char wanted) { return equalBytes(at, wanted); }
 };
 
-Position toPosition(std::size_t index) {
-    return index == std::string_view::npos ? 0 : static_cast<Position>(index) + 1;
+struct IgnoringCase {
+    static bool equal(char a, char b) { return ascii::lower(a) == ascii::lower(b); }
+    static unsigned equalIn16(const char* at, char wanted) {
+        return equalBytes(at, ascii::lower(wanted)) | equalBytes(at, ascii::upper(wanted));
+    }
+};
+
+// Looks for the first, the last and a middle byte of the needle at 16 places at once and compares
+// the other bytes only where all three are found. The worst case, the length of the text times that
+// of the needle, does not matter: needles are markers or parts of an address.
+template <class Letters>
+std::size_t search(std::string_view text, std::string_view needle, std::size_t from = 0) {
+    constexpr std::size_t block = 16;
+    if (text.size() < needle.size()) return text.npos;
+    const std::size_t last = needle.size() - 1;
+    const std::size_t middle = last / 2;
+    const std::size_t end = text.size() - last;
+    const auto isAt = [&](std::size_t place) {
+        return std::equal(needle.begin(), needle.end(), text.begin() + static_cast<Position>(place),
+                          &Letters::equal);
+    };
+    for (; from + block <= end; from += block) {
+        unsigned places = Letters::equalIn16(&text[from], needle.front()) &
+                          Letters::equalIn16(&text[from + last], needle.back());
+        if (places != 0) places &= Letters::equalIn16(&text[from + middle], needle[middle]);
+        for (; places != 0; places &= places - 1) {
+            const std::size_t place = from + static_cast<std::size_t>(std::countr_zero(places));
+            if (isAt(place)) return place;
+        }
+    }
+    for (; from < end; ++from)
+        if (isAt(from)) return from;
+    return text.npos;
+}
+
+template <class Letters>
+Position findFrom(std::string_view text, std::string_view needle, Position start) {
+    if (start < 1)
+        throw RuntimeFailure(Fault::InvalidCall, "A text search starts before position 1");
+    if (start > length(text)) return 0;
+    if (needle.empty()) return start;
+    const std::size_t at = search<Letters>(text, needle, static_cast<std::size_t>(start - 1));
+    return at == text.npos ? 0 : static_cast<Position>(at) + 1;
 }
 
 }  // namespace
@@ -67,22 +78,11 @@ Position length(std::string_view text) {
 }
 
 Position find(std::string_view text, std::string_view needle, Position start) {
-    requireStart(start);
-    if (start > length(text)) return 0;
-    if (needle.empty()) return start;
-    return toPosition(search(text, needle, static_cast<std::size_t>(start - 1)));
+    return findFrom<Exact>(text, needle, start);
 }
 
 Position findIgnoringCase(std::string_view text, std::string_view needle, Position start) {
-    requireStart(start);
-    if (start > length(text)) return 0;
-    if (needle.empty()) return start;
-    const LowerCased begin{text.data() + (start - 1)};
-    const LowerCased end{text.data() + text.size()};
-    const LowerCased needleBegin{needle.data()};
-    const LowerCased needleEnd{needle.data() + needle.size()};
-    const auto at = std::search(begin, end, std::boyer_moore_searcher(needleBegin, needleEnd));
-    return at == end ? 0 : at - begin + start;
+    return findFrom<IgnoringCase>(text, needle, start);
 }
 
 bool contains(std::string_view text, std::string_view needle) {
@@ -102,7 +102,7 @@ std::string replaceAll(std::string_view text, std::string_view needle, std::stri
     std::string result;
     result.reserve(text.size());
     std::size_t from = 0;
-    for (std::size_t at; (at = search(text, needle, from)) != std::string_view::npos;
+    for (std::size_t at; (at = search<Exact>(text, needle, from)) != std::string_view::npos;
          from = at + needle.size()) {
         result.append(text, from, at - from);
         result.append(with);
@@ -112,17 +112,24 @@ std::string replaceAll(std::string_view text, std::string_view needle, std::stri
 }
 
 // The loop has no branch, because the bytes to drop come at irregular intervals that no branch
-// predictor foresees.
+// predictor foresees. It writes to a block of its own: writing just before the byte that is read
+// next would take three times as long.
 std::string without(std::string text, std::string_view unwanted) {
     std::array<std::uint8_t, 256> kept;
     kept.fill(1);
     for (const char c : unwanted) kept[static_cast<unsigned char>(c)] = 0;
-    char* end = text.data();
-    for (const char c : text) {
-        *end = c;
-        end += kept[static_cast<unsigned char>(c)];
+    std::array<char, 4096> block;
+    auto out = text.begin();
+    for (std::string_view rest = text; !rest.empty();) {
+        char* end = block.data();
+        for (const char c : rest.substr(0, block.size())) {
+            *end = c;
+            end += kept[static_cast<unsigned char>(c)];
+        }
+        rest.remove_prefix(std::min(rest.size(), block.size()));
+        out = std::copy(block.data(), end, out);
     }
-    text.resize(static_cast<std::size_t>(end - text.data()));
+    text.erase(out, text.end());
     return text;
 }
 
@@ -130,8 +137,8 @@ Position splitUpperBound(std::string_view text, std::string_view separator) {
     if (text.empty()) return -1;
     if (separator.empty()) return 0;
     Position count = 0;
-    for (std::size_t at = search(text, separator); at != std::string_view::npos;
-         at = search(text, separator, at + separator.size()))
+    for (std::size_t at = search<Exact>(text, separator); at != std::string_view::npos;
+         at = search<Exact>(text, separator, at + separator.size()))
         ++count;
     return count;
 }

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <vector>
 
 #include "base/runtime_failure.h"
 
@@ -33,6 +35,26 @@ TEST(TextTest, ChecksItsBounds) {
         [] { text::find("abc", "a", 0); }, [] { text::findIgnoringCase("abc", "a", 0); },
         [] { text::slice("abc", 0, 1); }, [] { text::slice("abc", 1, -1); }};
     for (const auto& action : refused) EXPECT_EQ(faultOf(action), Fault::InvalidCall);
+}
+
+// The search compares 16 places at once, and the places left at the end one by one. The vector has
+// no spare byte, so that the sanitizer sees a read outside the text.
+TEST(TextTest, FindsAtEveryPlaceAndReadsNothingOutside) {
+    constexpr std::string_view letters = "Needle of 18 bytes";
+    for (const std::size_t size : {1U, 2U, 3U, 18U}) {
+        const std::string_view needle = letters.substr(0, size);
+        for (std::size_t before = 0; before < 40; ++before)
+            for (std::size_t after = 0; after < 40; ++after) {
+                std::vector<char> bytes(before + size + after, 'e');
+                std::ranges::copy(needle, bytes.begin() + static_cast<std::ptrdiff_t>(before));
+                const std::string_view text(bytes.data(), bytes.size());
+                const auto place = static_cast<text::Position>(before) + 1;
+                EXPECT_EQ(text::find(text, needle), place);
+                EXPECT_EQ(text::findIgnoringCase(text, "n" + std::string(needle.substr(1))), place);
+                EXPECT_EQ(text::find(text.substr(0, before + size - 1), needle), 0);
+                EXPECT_EQ(text::find(text, needle, place + 1), 0);
+            }
+    }
 }
 
 TEST(TextTest, ReplacesAndCounts) {

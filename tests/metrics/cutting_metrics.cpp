@@ -1,7 +1,8 @@
 // Measures the time that catchers take to cut links out of a page, in relation to one pass of
 // memchr over the same bytes or to a copy of them. The input "page" is ordinary markup with the
-// marker at its end. Two inputs are difficult for a search: "letters" repeats the first letter of
-// the marker, "near" repeats the marker without its last letter.
+// marker at its end. Four inputs are difficult for a search: "letters" repeats the first letter of
+// the marker, "near" repeats the marker without its last letter, "middle" with another letter
+// inside, and "ends" repeats its first and its last letter.
 #include <cstring>
 
 #include "tests/app/form1/form1_fixture.h"
@@ -101,12 +102,19 @@ TEST(Cutting, TakesLittleLongerOnPagesMadeAgainstTheSearch) {
     constexpr std::size_t megabytes = 4;
     for (const Subject& subject : subjects) {
         const std::string_view marker = subject.marker;
+        const std::string first(marker.size() - 1, marker.front());
+        const std::string last(marker.size() - 1, marker.back());
+        std::string middle(marker);
+        middle[marker.size() / 3] = '#';
+        const std::pair<const char*, std::string> rows[] = {
+            {", letters", first},
+            {", near", std::string(marker.substr(0, marker.size() - 1))},
+            {", middle", middle},
+            {", ends", first + last}};
         const double ordinary = timeOf(subject, ordinaryPage(megabytes));
-        expectAtMost(std::string(subject.name) + ", letters",
-                     timeOf(subject, filled(marker.substr(0, 1), megabytes)) / ordinary, 3);
-        const std::string_view near = marker.substr(0, marker.size() - 1);
-        expectAtMost(std::string(subject.name) + ", near",
-                     timeOf(subject, filled(near, megabytes)) / ordinary, 3);
+        for (const auto& [name, piece] : rows)
+            expectAtMost(subject.name + std::string(name),
+                         timeOf(subject, filled(piece, megabytes)) / ordinary, 3);
     }
 }
 
