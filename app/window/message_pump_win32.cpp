@@ -92,7 +92,6 @@ class ModalLoopTimer {
 
 void MessagePump::dispatch(MSG& message) {
     const ValueScope current(currentMessage_, ++messages_);
-    const ValueScope ownTimer(ownTimer_, message.message == WM_TIMER);
     try {
         if (accepts && !accepts(message)) return;
         if (intercept && intercept(message)) return;
@@ -104,7 +103,7 @@ void MessagePump::dispatch(MSG& message) {
 }
 
 void MessagePump::tick(const std::function<void()>& handler) {
-    const ValueScope foreign(inForeignTick_, !std::exchange(ownTimer_, false));
+    const ValueScope ticking(inTick_, true);
     handler();
 }
 
@@ -133,7 +132,7 @@ void MessagePump::quit(int exitCode) {
 }
 
 void MessagePump::yield() {
-    if (serving_ || inForeignTick_) return;
+    if (serving_ || inTick_) return;
     const std::function<bool()> soon = [] { return true; };
     std::optional<ModalLoopTimer> timer;
     MSG message;

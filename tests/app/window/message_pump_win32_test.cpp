@@ -38,9 +38,9 @@ class TickingWindow : public TestForm {
     MessagePump& pump_;
 };
 
-// A tick yields only inside the program's own message loop. Inside any other loop, such as a
-// message box's, yielding would take messages from that loop.
-TEST(MessagePumpTest, OnlyATickOfItsOwnYields) {
+// The message that follows a tick is handled after it, also in a loop of the system. A yield in the
+// tick would take messages from that loop.
+TEST(MessagePumpTest, ATickDoesNotYield) {
     MessagePump pump;
     TickingWindow window(pump);
     const auto post = [&](WPARAM timer) { PostMessageW(window.handle(), WM_TIMER, timer, 0); };
@@ -49,7 +49,7 @@ TEST(MessagePumpTest, OnlyATickOfItsOwnYields) {
     post(1);
     PostMessageW(window.handle(), typed, 0, 0);
     pump.yield();
-    EXPECT_EQ(taken(), "tick typed end ");
+    EXPECT_EQ(taken(), "tick end typed ");
 
     post(1);
     PostMessageW(window.handle(), typed, 0, 0);
@@ -81,7 +81,7 @@ TEST(MessagePumpTest, AnExceptionOutOfAHookIsReported) {
     EXPECT_EQ(pump.run(), 7);
     setFailureReporter({});
     EXPECT_EQ(reported, "the hook failed");
-    EXPECT_EQ(window.log, "tick typed end ");
+    EXPECT_EQ(window.log, "tick end typed ");
 }
 
 // A window with a system menu. It can stay invalid however often it is painted.
