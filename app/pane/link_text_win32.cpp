@@ -37,7 +37,7 @@ LinkText::~LinkText() {
     if (handle()) DestroyWindow(handle());
 }
 
-void LinkText::show(RichText text) {
+void LinkText::show(RichText text, const TextView& view) {
     hideTip();
     pressed_ = nullptr;
     links_.clear();
@@ -52,11 +52,18 @@ void LinkText::show(RichText text) {
     formatSelectionAsLink(handle(), allLink);
     streamRichText(handle(), text.rtf);
     markLinks(text, allLink);
-    setSelection(handle(), 0, 0);
-    SendMessageW(handle(), WM_VSCROLL, SB_TOP, 0);
+    setSelection(handle(), view.selection.begin, view.selection.end);
+    POINT scroll = view.scroll;
+    SendMessageW(handle(), EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
     SendMessageW(handle(), WM_SETREDRAW, TRUE, 0);
     links_ = std::move(text.links);
     lines_ = text.lines;
+}
+
+TextView LinkText::view() const {
+    TextView view{.selection = selection()};
+    SendMessageW(handle(), EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&view.scroll));
+    return view;
 }
 
 // Gives the control's own link format to links that did not get it from the stream. The control

@@ -18,6 +18,12 @@ namespace velvox {
 /// Commands of the context menu.
 enum class LinkCommand : int { Open = 1, CopyAddress, CopyAllAddresses, SaveAllAddresses };
 
+/// The selection and the scroll position of a text. The default is the top, with nothing selected.
+struct TextView {
+    CharacterRange selection;
+    POINT scroll{};  ///< in pixels
+};
+
 /// A click opens a link. Up and Down select the previous and the next link; Enter opens the
 /// selected link. Clicks and keys open a link only if they began after the link was painted, and a
 /// held key opens nothing. Copying selected links copies their addresses. Hovering over a link
@@ -27,8 +33,10 @@ class LinkText : public SystemControl {
     LinkText(HWND parent, const RECT& pixels, Desktop& desktop);
     ~LinkText() override;
 
-    /// Replaces the content and scrolls to its top. The caller must then repaint the control.
-    void show(RichText text);
+    /// Replaces the content. The caller must then repaint the control.
+    void show(RichText text, const TextView& view);
+
+    TextView view() const;
 
     const std::vector<TextLink>& links() const noexcept { return links_; }
 

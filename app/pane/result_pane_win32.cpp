@@ -55,15 +55,19 @@ ResultPaneWindow::~ResultPaneWindow() {
 void ResultPaneWindow::DocumentHTML(std::string_view html) noexcept {
     try {
         html_ = html.substr(0, maxKeptHtml);
-        colours_ = systemPaneColours();
-        RichText text = toRichText(parseHtmlFragment(html), colours_);
-        renewSlowText();
-        this->text().show(std::move(text));
-        RedrawWindow(handle(), nullptr, nullptr,
-                     RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+        show(html, {});
     } catch (...) {
         reportCurrentFailure();
     }
+}
+
+void ResultPaneWindow::show(std::string_view html, const TextView& view) {
+    colours_ = systemPaneColours();
+    RichText text = toRichText(parseHtmlFragment(html), colours_);
+    renewSlowText();
+    this->text().show(std::move(text), view);
+    RedrawWindow(handle(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
 }
 
 // A failure is not reported, because the next write tries again and reports it.
@@ -75,7 +79,7 @@ void ResultPaneWindow::prepare() noexcept {
 }
 
 void ResultPaneWindow::systemColoursChanged() {
-    if (text_ && systemPaneColours() != colours_) DocumentHTML(std::string(html_));
+    if (text_ && systemPaneColours() != colours_) show(html_, text_->view());
 }
 
 LinkText& ResultPaneWindow::text() const {

@@ -30,6 +30,7 @@ class ResultPaneWindow : public Window, public ResultPane {
     void prepare() noexcept;
 
     /// Shows the current content again if its colours depend on system colours that have changed.
+    /// The selection and the scroll position stay.
     void systemColoursChanged();
 
     /// The control that shows the text. A later write may replace this control.
@@ -44,6 +45,7 @@ class ResultPaneWindow : public Window, public ResultPane {
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     RECT textPlace() const;
     LinkText& text() const;
+    void show(std::string_view html, const TextView& view);
     void renewSlowText();
     void paint(HDC dc) const;
 

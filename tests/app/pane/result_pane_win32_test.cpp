@@ -65,15 +65,29 @@ TEST_F(ResultPaneTest, LinksFollowTheSystemsColours) {
             }
         return most;
     };
-    pane.DocumentHTML("<a href='http://h'>Link</a>");
+    // The selection and the scroll position stay when the colours change.
+    const auto view = [&] {
+        CHARRANGE selected{};
+        POINT scroll{};
+        send(EM_EXGETSEL, 0, at(selected));
+        send(EM_GETSCROLLPOS, 0, at(scroll));
+        return std::vector<LONG>{selected.cpMin, selected.cpMax, scroll.y};
+    };
+    pane.DocumentHTML(imageLines(40));
     EXPECT_GE(linkContrast(), 4.5);
+    const TextLink& link = pane.links()[20];
+    select(link.begin, link.end);
+    send(EM_SCROLLCARET, 0, 0);
+    const auto before = view();
+    EXPECT_GT(before[2], 0);
     const COLORREF dark = RGB(24, 32, 40);
     SetSysColors(1, &window, &dark);
     pane.systemColoursChanged();
     EXPECT_GE(linkContrast(), 4.5);
+    EXPECT_EQ(view(), before);
     SetSysColors(1, &window, &usual);
     pane.systemColoursChanged();
-    EXPECT_EQ(shown(), "Link");
+    EXPECT_EQ(view(), before);
 }
 
 TEST_F(ResultPaneTest, AClickOpensTheLinkUnderIt) {
