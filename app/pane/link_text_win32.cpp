@@ -246,12 +246,15 @@ const TextLink* LinkText::currentLink() const {
 
 bool LinkText::goToLink(bool down) {
     const auto [at, end] = selection();
+    const TextLink* current = currentLink();
     const TextLink* link = down ? linkAfter(links_, at) : linkBefore(links_, at);
     // If the caret is on a link that is not selected, Up and Down select that link first.
-    if (at == end && linkAt(links_, at)) link = linkAt(links_, at);
-    if (!link) return false;
-    select(*link);
-    return true;
+    if (at == end && current) link = current;
+    if (link)
+        select(*link);
+    else if (current)  // it stays selected, and the key scrolls to the text beyond it
+        SendMessageW(handle(), WM_VSCROLL, down ? SB_LINEDOWN : SB_LINEUP, 0);
+    return link || current;
 }
 
 void LinkText::select(const TextLink& link) {

@@ -24,10 +24,10 @@ struct TextView {
     POINT scroll{};  ///< in pixels
 };
 
-/// A click opens a link. Up and Down select the previous and the next link; Enter opens the
-/// selected link. Clicks and keys open a link only if they began after the link was painted, and a
-/// held key opens nothing. Copying selected links copies their addresses. Hovering over a link
-/// shows its address. No caret is visible.
+/// A click opens a link. Up and Down select the previous and the next link, or scroll if there is
+/// none; Enter opens the selected link. Clicks and keys open a link only if they began after the
+/// link was painted, and a held key opens nothing. Copying selected links copies their addresses.
+/// Hovering over a link shows its address. No caret is visible.
 class LinkText : public SystemControl {
  public:
     LinkText(HWND parent, const RECT& pixels, Desktop& desktop);
