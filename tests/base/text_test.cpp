@@ -60,6 +60,8 @@ TEST(TextTest, FindsAtEveryPlaceAndReadsNothingOutside) {
 TEST(TextTest, ReplacesAndCounts) {
     EXPECT_EQ(text::replaceAll("a..b...c", "..", "."), "a.b..c");
     EXPECT_EQ(text::without("/a//b \xFF/", "/ "), "ab\xFF");
+    const std::string page(5000, 'p');  // more than one block
+    EXPECT_EQ(text::without(page + '/' + page, "/ "), page + page);
     EXPECT_EQ(text::replaceAll("abc", "", "x"), "abc");
     EXPECT_EQ(text::splitUpperBound("aaaa", "aa"), 2);
     EXPECT_EQ(text::splitUpperBound("none", ".flv"), 0);
