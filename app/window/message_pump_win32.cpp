@@ -103,7 +103,7 @@ void MessagePump::dispatch(MSG& message) {
 }
 
 void MessagePump::tick(const std::function<void()>& handler) {
-    const ValueScope ticking(inTick_, true);
+    const ValueScope noYield(mayYield_, false);
     handler();
 }
 
@@ -132,7 +132,7 @@ void MessagePump::quit(int exitCode) {
 }
 
 void MessagePump::yield() {
-    if (serving_ || inTick_) return;
+    if (!mayYield_) return;
     const std::function<bool()> soon = [] { return true; };
     std::optional<ModalLoopTimer> timer;
     MSG message;
@@ -144,7 +144,7 @@ void MessagePump::yield() {
 }
 
 void MessagePump::serveInput(const std::function<bool()>& isOver) {
-    const ValueScope serving(serving_, true);
+    const ValueScope noYield(mayYield_, false);
     const ModalLoopTimer timer(isOver);
     MSG message;
     // PeekMessage returns WM_QUIT even if the filter excludes it.

@@ -35,10 +35,10 @@ class MessagePump {
     /// 100 ms. Once `isOver` returns true, the modal loop is ended.
     void serveInput(const std::function<bool()>& isOver = [] { return true; });
 
-    /// Runs the handler of a WM_TIMER message. A yield in the handler does nothing, because the loop
-    /// that dispatched the message handles the pending messages next. If that loop is a modal one
-    /// of the system, such as a menu's or a message box's, a yield would also take the keys and clicks
-    /// meant for it and give them to the window below.
+    /// Runs the handler of a WM_TIMER message. A yield in the handler does nothing, because the
+    /// loop that dispatched the message handles the pending messages next. If that loop is a modal
+    /// one of the system, such as a menu's or a message box's, a yield would also take the keys and
+    /// clicks meant for it and give them to the window below.
     void tick(const std::function<void()>& handler);
 
     /// Number of the message that is being dispatched; 0 if there is none.
@@ -49,8 +49,7 @@ class MessagePump {
 
     unsigned currentMessage_ = 0;
     unsigned messages_ = 0;
-    bool inTick_ = false;
-    bool serving_ = false;
+    bool mayYield_ = true;
     bool running_ = false;
     bool quitting_ = false;
     int exitCode_ = 0;
