@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <utility>
 
 #include "app/form1/controls.h"
 
@@ -35,28 +34,18 @@ class WindowTimer : public ControlObserver {
     /// just begun, and a polling timer would spend most of its time on restarts.
     void tick() {
         if (!model_.Enabled() || !model_.Tick) return;
-        const Ticking outermost(*this);
+        ticking_ = true;
+        const struct End {
+            WindowTimer& timer;
+            ~End() {
+                timer.ticking_ = false;
+                if (timer.wanted() != timer.running_) timer.restart();
+            }
+        } end{*this};
         model_.Tick();
     }
 
  private:
-    class Ticking {
-     public:
-        explicit Ticking(WindowTimer& timer)
-            : timer_(timer), nested_(std::exchange(timer.ticking_, true)) {}
-        Ticking(const Ticking&) = delete;
-        Ticking& operator=(const Ticking&) = delete;
-        ~Ticking() {
-            if (nested_) return;
-            timer_.ticking_ = false;
-            if (timer_.wanted() != timer_.running_) timer_.restart();
-        }
-
-     private:
-        WindowTimer& timer_;
-        bool nested_;
-    };
-
     /// Period in milliseconds, or 0 for a stopped timer. Every timer of the form drives a display,
     /// so none runs faster than the eye can follow. A timer of 1 ms, which Windows would raise to
     /// 16 ms, would cost an idle program more than all its other work.
