@@ -81,6 +81,18 @@ TEST(HostileRepliesTest, EachEndsInTimeThatGrowsWithTheReply) {
     }
 }
 
+// A player's address of the maximum length, in which the part to replace nearly matches almost
+// everywhere.
+TEST(HostileRepliesTest, LongAddressIsRewrittenQuickly) {
+    const std::string part = std::string(16'000, 'a') + "ba";
+    Form1Fixture fixture;
+    fixture.browser.location = "youtube.com/" + part + "?video_id=" + std::string(49'500, 'a');
+    const std::clock_t start = std::clock();
+    fixture.browser.DocumentComplete();
+    EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 0.5);
+    EXPECT_NE(fixture.pane.shown.find("youtube.com/get_video?"), std::string::npos);
+}
+
 // The number of pages is kept in 16 bits.
 TEST(HostileRepliesTest, ComicBookHoldsAtMost32767Pages) {
     const auto lastShown = [](std::size_t pages) {

@@ -57,6 +57,9 @@ void text(std::string_view input) {
     for (std::size_t at = 0; !mark.empty() && (at = whole.find(mark, at)) != whole.npos; ++expected)
         at += mark.size();
     require(count == expected, "splitUpperBound");
+    std::string kept = whole;
+    std::erase_if(kept, [&](char c) { return mark.find(c) != mark.npos; });
+    require(ours::without(whole, mark) == kept, "without");
 
     const auto start = static_cast<Position>(with.size()) - 2;
     const auto length = static_cast<Position>(mark.size()) - 2;
