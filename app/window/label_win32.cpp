@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "base/accessible_name_win32.h"
@@ -146,6 +147,7 @@ void LabelWindow::paint(HDC target) {
     if (kind_ == ControlKind::Link && GetFocus() == handle()) {
         RECT ring = area;
         DrawTextW(dc, text.data(), static_cast<int>(text.size()), &ring, flags | DT_CALCRECT);
+        ring.bottom = std::min(ring.bottom + thinLine(), area.bottom);  // below the underline
         SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
         drawFocusRing(dc, ring);
     }
