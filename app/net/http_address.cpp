@@ -11,10 +11,6 @@
 namespace velvox {
 namespace {
 
-// Maximum bytes of an address. No server accepts a longer one, and an address is copied several
-// times.
-constexpr std::size_t maxAddressBytes = 65'536;
-
 RuntimeFailure refused(std::string_view reason) {
     return {Fault::Transfer, std::string(reason)};
 }

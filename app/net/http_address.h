@@ -1,6 +1,7 @@
 // Parses and composes addresses of web pages, and escapes them for a request line.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -21,10 +22,14 @@ struct HttpAddress {
     bool operator==(const HttpAddress&) const = default;
 };
 
+/// Maximum bytes of an address. No server accepts a longer one, and an address is copied several
+/// times.
+inline constexpr std::size_t maxAddressBytes = 65'536;
+
 /// Parses an address that the user has typed or that a page contains. An address without a scheme
 /// is read as http. Target and fragment are kept byte for byte. Throws RuntimeFailure (Transfer)
 /// with a readable reason for other schemes than http and https, for an invalid host or port, and
-/// for an address of more than 65,536 bytes.
+/// for an address of more than maxAddressBytes.
 HttpAddress parseHttpAddress(std::string_view address);
 
 /// The whole address, without the port if it is the scheme's default.

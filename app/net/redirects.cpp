@@ -27,6 +27,8 @@ bool RedirectChain::follow(const ReplyHeader& reply) {
         throw RuntimeFailure(Fault::Transfer, "The page redirects too often");
     ++redirects_;
     current_ = resolveLocation(current_, reply.location);
+    if (toString(current_).size() > maxAddressBytes)
+        throw RuntimeFailure(Fault::Transfer, "The page redirects to an address that is too long");
     if (current_.port == 0) throw RuntimeFailure(Fault::Transfer, "The page redirects to port 0");
     return true;
 }

@@ -21,7 +21,8 @@ class RedirectChain {
 
     /// Handles the reply to the request for `current`. Returns true for a redirect: `current` is
     /// then the address to request next. Throws RuntimeFailure (Transfer) for too many redirects
-    /// and for a redirect without a valid address.
+    /// and for a
+    /// redirect without a valid address or to one of more than maxAddressBytes.
     [[nodiscard]] bool follow(const ReplyHeader& reply);
 
  private:

@@ -24,6 +24,10 @@ TEST(RedirectChainTest, FailsAfterTenAndWhereARedirectLeadsNowhere) {
     RedirectChain chain("a");
     for (int i = 0; i < RedirectChain::maxRedirects; ++i) EXPECT_TRUE(chain.follow({302, "/", {}}));
     EXPECT_THROW(static_cast<void>(chain.follow({302, "/", {}})), RuntimeFailure);
+    // A relative redirect lengthens the address: here to the maximum, and then by one byte more.
+    RedirectChain longer("a/x/");
+    EXPECT_TRUE(longer.follow({302, std::string(65'536 - 11, 'x'), {}}));
+    EXPECT_THROW(static_cast<void>(longer.follow({302, "?", {}})), RuntimeFailure);
     for (const char* location : {"file:///c:/secret", "", " ", "http://", "http://b:0/"}) {
         RedirectChain from("a");
         EXPECT_THROW(static_cast<void>(from.follow({302, location, {}})), RuntimeFailure)
