@@ -41,6 +41,10 @@ constexpr struct {
     {WM_CLOSE, WM_CLOSE},
 };
 
+// A window of another library may never validate itself, so Windows would send it WM_PAINT without
+// end.
+constexpr int maxPaints = 100;
+
 // Ends the modal loop of a menu or of a window move by keyboard.
 void leaveModalLoop() noexcept {
     EndMenu();
@@ -136,7 +140,9 @@ void MessagePump::yield() {
     const std::function<bool()> soon = [] { return true; };
     std::optional<ModalLoopTimer> timer;
     MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    int paints = 0;
+    while (paints < maxPaints && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_PAINT) ++paints;
         if (running_ && !timer) timer.emplace(soon);
         if (message.message == WM_QUIT) return quit(static_cast<int>(message.wParam));
         dispatch(message);
@@ -155,9 +161,6 @@ void MessagePump::serveInput(const std::function<bool()>& isOver) {
         }
     };
     for (const auto& [first, last] : inputRanges) dispatchAll(first, last, 0, INT_MAX);
-    // A window of another library may never validate itself, so Windows would send it WM_PAINT
-    // without end.
-    constexpr int maxPaints = 100;
     dispatchAll(WM_PAINT, WM_PAINT, PM_QS_PAINT, maxPaints);
 }
 

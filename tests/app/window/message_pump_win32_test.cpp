@@ -109,6 +109,7 @@ TEST(MessagePumpTest, ARunComesBackFromAnyLoopOfTheSystem) {
     window.staysInvalid = true;
     InvalidateRect(window.handle(), nullptr, FALSE);
     pump.serveInput();
+    pump.yield();
 }
 
 }  // namespace
