@@ -17,9 +17,9 @@ TEST(AddressTest, APasteOutsideTheTextFieldReplacesTheAddress) {
     ASSERT_TRUE(eventually([&] { return driver().focus(program.window()) != edit(); }));
     program.pasteNew(" \n\thttp://a/1 \r\n", "http://a/1");
     EXPECT_EQ(driver().focus(program.window()), edit());
-    // A paste into the address box inserts the address without the blanks around it. Typed text is
-    // not changed.
-    InputSimulator().key("End").type(" ").key("ctrl+v").type(" ").act();
+    // The next paste replaces the pasted address, which is selected. After "End" it inserts the
+    // address without the blanks around it. Typed text is not changed.
+    InputSimulator().key("ctrl+v").key("End").type(" ").key("ctrl+v").type(" ").act();
     EXPECT_NO_THROW(driver().waitText(program.edit(), "http://a/1 http://a/1 "));
 
     // Sevenload's catcher leaves the address box locked. A paste still replaces the address.

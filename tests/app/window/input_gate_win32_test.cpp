@@ -8,7 +8,6 @@
 #include "app/form1/form1_design.h"
 #include "app/pane/result_pane_win32.h"
 #include "app/window/form1_win32.h"
-#include "base/clipboard_win32.h"
 #include "tests/support/local_server_win32.h"
 #include "tests/support/window_fixture_win32.h"
 
@@ -169,22 +168,6 @@ TEST_F(InputGateTest, TheBusyPointerIsShownDuringARun) {
         }
     });
     EXPECT_NE(pointer(), busy);
-}
-
-TEST_F(InputGateTest, ASecondPasteReplacesTheFirst) {
-    copyToClipboard(window.handle(), "http://a/");
-    SetFocus(control(controlId("UniXPButton1")));
-    BYTE keys[256] = {};
-    keys[VK_CONTROL] = 0x80;
-    SetKeyboardState(keys);
-    post(control(controlId("UniXPButton1")), WM_KEYDOWN, 'V', 1);
-    pump.yield();
-    keys[VK_CONTROL] = 0;
-    SetKeyboardState(keys);
-    EXPECT_EQ(GetFocus(), edit());
-    EXPECT_EQ(window.form().linkin.Text(), "http://a/");
-    SendMessageW(edit(), WM_PASTE, 0, 0);
-    EXPECT_EQ(window.form().linkin.Text(), "http://a/");
 }
 
 // In Wine a minimised window gets keys, but its menu would be invisible.
