@@ -2,8 +2,6 @@
 
 #include <windowsx.h>
 
-#include <algorithm>
-
 #include "base/mouse_win32.h"
 #include "base/system_win32.h"
 #include "controlkit/scroll_painter_win32.h"

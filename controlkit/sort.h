@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <compare>
-#include <memory>
 #include <string_view>
 #include <utility>
 #include <vector>

@@ -1,6 +1,5 @@
 #include "gallery/surface_page_win32.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>

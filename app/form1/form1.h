@@ -12,7 +12,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "app/form1/controls.h"
 #include "app/form1/desktop.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <utility>
 
 #include "base/join.h"
 #include "base/runtime_failure.h"
