@@ -71,6 +71,8 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     std::function<void()>& pressed = form().UniXPButton1.Click;
     pressed = [this, handler = pressed] {
         input_.run([this, &handler] {
+            // A program that drags over this window would wait until this thread answers.
+            addressDrop_.reset();
             const struct End {
                 Form1Window& window;
                 ~End() { window.endRun(); }
@@ -84,9 +86,7 @@ Form1Window::Form1Window(MessagePump& pump, const TransferLimits& limits)
     const Bounds bar = form().skinbar.bounds();
     systemMenu_.emplace(handle(), toPixels({0, 0, form().Width(), bar.top + bar.height}),
                         toPixels(form().skinicon.bounds()), [this] { return input_.running(); });
-    addressDrop_.emplace(
-        handle(), [this] { return !input_.running() && IsWindowEnabled(handle()); },
-        [this](std::string_view text) { takeAddress(text); });
+    acceptDrops();
 }
 
 Form1Window::~Form1Window() {
@@ -237,6 +237,17 @@ void Form1Window::showProgress(std::string text) {
 void Form1Window::endRun() {
     showProgress({});
     children_->web.runEnded();
+    try {
+        acceptDrops();
+    } catch (...) {
+        reportCurrentFailure();
+    }
+}
+
+void Form1Window::acceptDrops() {
+    addressDrop_.emplace(
+        handle(), [this] { return IsWindowEnabled(handle()) != FALSE; },
+        [this](std::string_view text) { takeAddress(text); });
 }
 
 // The result area covers the input controls. They are hidden while it is shown, so that the Tab key

@@ -46,6 +46,7 @@ class Form1Window : public Window, public FormFrame {
     void paintResultArea(HDC dc, const RECT& client) const;
     void showProgress(std::string text);
     void endRun();
+    void acceptDrops();
     void coverControls(bool covered);
     bool intercept(MSG& message);
     bool pastesAddress(const MSG& message) const;
@@ -69,7 +70,7 @@ class Form1Window : public Window, public FormFrame {
     std::string progress_;  ///< progress text of the page fetch
     OwnedFont progressFont_ = createFont(Font{});
     std::unique_ptr<Children> children_;
-    std::optional<AddressDrop> addressDrop_;
+    std::optional<AddressDrop> addressDrop_;  ///< empty during a run
     std::optional<SystemMenu> systemMenu_;
     HWND lastFocus_ = nullptr;  ///< gets the focus back when the window becomes active again
 };

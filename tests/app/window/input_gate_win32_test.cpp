@@ -110,7 +110,9 @@ TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
                                        control(controlId("UniXPButton1")),
                                        control(controlId("vd")),
                                        control(controlId("ds"))};
+    const auto takesDrops = [&] { return GetPropW(window.handle(), L"OleDropTargetInterface"); };
     run([&] {
+        EXPECT_FALSE(takesDrops()) << "a program that drags over the window would wait";
         for (const HWND target : targets) {
             for (const WPARAM code : {VK_RETURN, VK_SPACE, VK_ESCAPE, VK_TAB, VK_DOWN})
                 key(target, code);
@@ -125,6 +127,7 @@ TEST_F(InputGateTest, WhatComesDuringARunReachesNoControl) {
     EXPECT_TRUE(window.form().outer.Visible());
     EXPECT_TRUE(window.form().isButton1.Enabled());
     // After the run, input reaches the controls again.
+    EXPECT_TRUE(takesDrops());
     key(paneText(), VK_DOWN);
     pump.yield();
     EXPECT_GT(inputs, 0);
