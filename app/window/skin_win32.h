@@ -22,11 +22,9 @@ class Skin {
     /// The contrast that the user has chosen in Windows.
     static Contrast systemContrast();
 
-    Contrast contrast() const noexcept { return contrast_; }
     void setContrast(Contrast contrast) noexcept { contrast_ = contrast; }
 
     /// Whether the window is active. An inactive window's title bar is paler.
-    bool active() const noexcept { return active_; }
     void setActive(bool active) noexcept { active_ = active; }
 
     /// Draws a piece into `area` of `dc`, in pixels.
