@@ -26,9 +26,6 @@ class FixedPoint {
         return made;
     }
 
-    /// The number in ten-thousandths.
-    constexpr std::int64_t units() const noexcept { return units_; }
-
     double toDouble() const noexcept;
 
     /// Rounds to a whole number, halves to even. Throws Overflow beyond 32 bits.
