@@ -12,9 +12,7 @@ using namespace std::string_literals;
 TEST(BadAddressTest, WhatMatchesNoSiteIsRefusedInABox) {
     const Program program;
     for (const std::string& address :
-         {""s, "http://www.YouTube.com/watch?v=Yp5O8Koe_A4"s,
-          "http://video.google.com/videoplay?docid=1"s, "file:///etc/passwd"s,
-          "javascript:alert(1)"s, "ftp://ftp.example/"s, "\"'<>&%\\ \x7F"s,
+         {""s, "file:///etc/passwd"s, "javascript:alert(1)"s, "\"'<>&%\\ \x7F"s,
           "Địa chỉ 日本 \xF0\x9F\x98\x80"s, std::string(100'000, 'x')}) {
         SCOPED_TRACE(address.substr(0, 80));
         program.start(address);
