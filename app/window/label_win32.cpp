@@ -63,7 +63,8 @@ void LabelWindow::controlChanged(ControlChange change) {
     // As long as the program runs, the news strip changes ten times a second and the home page link
     // blinks. Painting directly costs much less than painting through the message loop, and storing
     // the strip's text in the window would cost more than drawing it.
-    if (IsIconic(GetAncestor(handle(), GA_ROOT))) return;  // restoring the window repaints it
+    // Showing or restoring the window repaints it.
+    if (!IsWindowVisible(handle()) || IsIconic(GetAncestor(handle(), GA_ROOT))) return;
     const WindowDc dc(handle());
     paint(dc.get());
 }
