@@ -13,6 +13,10 @@ constexpr size_t newFontCost = 180;
 constexpr size_t linkCost = 16;
 constexpr size_t spanCost = 700;
 
+// Number of columns up to which a line costs the same, because of the memory that the control takes
+// for a line, even for an empty one.
+constexpr size_t shortLine = 18;
+
 // Cost of a new item for the text shaper. An item starts at a change of script, or between letters,
 // digits and signs.
 constexpr size_t itemCost = 3;
@@ -50,8 +54,8 @@ void FillCost::addCharacter(char16_t c, size_t column, size_t width) {
     lastKind_ = kind;
 }
 
-void FillCost::addLine() {
-    spent_ += lineCost;
+void FillCost::addLine(size_t columns) {
+    spent_ += lineCost + shortLine - std::min(columns, shortLine);
     lastKind_ = Kind::Blank;
 }
 

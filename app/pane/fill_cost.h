@@ -28,7 +28,8 @@ class FillCost {
     /// `width` is the width of the character, 1 to 4. `column` is the width of the line before the
     /// character. The unit of both is a character of size 2.
     void addCharacter(char16_t c, std::size_t column, std::size_t width);
-    void addLine();
+    /// `columns` is the width of the line that ends, in characters of size 2.
+    void addLine(std::size_t columns);
     void addLink();
     /// Adds a span of consecutive links, which gets the link format after streaming.
     void addSpan();

@@ -113,8 +113,8 @@ class Writer {
         result_.rtf += "\\par\n";
         ++result_.length;
         ++result_.lines;
+        cost_.addLine(column_);
         column_ = 0;
-        cost_.addLine();
     }
 
     void put(char16_t c, size_t width) {

@@ -35,6 +35,7 @@ TEST_F(ResultPaneTest, NothingTakesTwiceAsLongAsTheLongestList) {
         {"large words", "<font size=6>" + numbered("wordsword ", 100'000)},
         {"odd byte", std::string(256 * 1024, '\x80')},
         {"line breaks", numbered("<br>", 200'000)},
+        {"short lines", numbered("x<br>", 200'000)},
         {"links", numbered("<a href='http://h/#'>Link #</a><br>", 100'000)},
         {"links apart", numbered("<a href='http://h/#'>#</a>x<br>", 100'000)},
         {"fonts", fonts},
