@@ -23,7 +23,6 @@ UINT drawFlagsOf(ControlKind kind) {
     const UINT flags = DT_NOPREFIX | DT_LEFT;
     switch (kind) {
         case ControlKind::Link: return flags | DT_WORDBREAK | DT_EDITCONTROL;
-        case ControlKind::Strip: return flags | DT_SINGLELINE;
         default: return flags | DT_SINGLELINE | DT_END_ELLIPSIS;
     }
 }
@@ -144,7 +143,11 @@ void LabelWindow::paint(HDC target) {
     SetTextColor(dc, static_cast<COLORREF>(skin_.textColour(roleOf(kind_), model_.ForeColor())));
     const std::wstring text = widen(model_.Caption());
     const UINT flags = drawFlagsOf(kind_);
-    DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, flags);
+    // DrawText would measure the text of the news strip, which is longer than the strip.
+    if (kind_ == ControlKind::Strip)
+        TextOutW(dc, area.left, area.top, text.data(), static_cast<int>(text.size()));
+    else
+        DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, flags);
     if (kind_ == ControlKind::Link && GetFocus() == handle()) {
         RECT ring = area;
         DrawTextW(dc, text.data(), static_cast<int>(text.size()), &ring, flags | DT_CALCRECT);
