@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <limits>
 
 #include "tests/e2e/program.h"
 #include "tests/e2e/proxy.h"
@@ -92,6 +93,7 @@ TEST(Metrics, IdleWithNews) {
 }
 
 TEST(Metrics, GrowthOfRuns) {
+    constexpr Milliseconds newsPeriod{15'000};
     const Proxy proxy(Proxy::forwarding);
     const Program program(proxy.port());
     std::size_t done = 0;
@@ -99,9 +101,15 @@ TEST(Metrics, GrowthOfRuns) {
         for (; done < runs; ++done)
             EXPECT_TRUE(
                 program.runByMessages(exampleAddresses[done % std::size(exampleAddresses)]));
-        const auto now = resourceUsage(program.process().id(), program.window());
-        std::cout << "after " << done << ": " << now << std::endl;
-        return static_cast<double>(now.privateKb);
+        // A request for news has threads of its own, of a megabyte each, for some seconds: take the
+        // least of more than the time between two requests.
+        long least = std::numeric_limits<long>::max();
+        for (const auto start = Clock::now(); since(start) < newsPeriod;) {
+            least = std::min(least, privateKb(program.process().id()));
+            std::this_thread::sleep_for(Milliseconds(250));
+        }
+        std::cout << "after " << done << ": " << least << " kB" << std::endl;
+        return static_cast<double>(least);
     };
     const double before = privateKbAfter(100);
     expectAtMost("private memory after 1,000 runs, beside 100", privateKbAfter(1000) / before,
