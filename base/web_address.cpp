@@ -12,7 +12,7 @@ bool isControl(char c) {
 }
 
 bool isHexDigit(char c) {
-    return (c >= '0' && c <= '9') || (ascii::lower(c) >= 'a' && ascii::lower(c) <= 'f');
+    return ascii::isDigit(c) || (ascii::lower(c) >= 'a' && ascii::lower(c) <= 'f');
 }
 
 }  // namespace

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace velvox {
+
+/// Maximum bytes of an address. No server accepts a longer one, an address is copied several times,
+/// and a text field takes many seconds for megabytes of text.
+inline constexpr std::size_t maxAddressBytes = 65'536;
 
 /// Whether an address may be opened in the user's browser or loaded: it starts with http:// or
 /// https:// in any letter case, is longer than that, and contains no control character.

@@ -1,14 +1,12 @@
 #include "app/form1/given_address.h"
 
 #include "base/ascii.h"
+#include "base/web_address.h"
 
 namespace velvox {
 namespace {
 
 constexpr std::string_view lineEnds = "\r\n";
-
-// Every real address is shorter, and a text field takes many seconds for megabytes of text.
-constexpr std::size_t maxAddressBytes = std::size_t{64} * 1024;
 
 std::string_view takeLine(std::string_view& text) {
     const std::string_view line = text.substr(0, text.find_first_of(lineEnds));

@@ -6,7 +6,6 @@
 #include "base/ascii.h"
 #include "base/join.h"
 #include "base/runtime_failure.h"
-#include "base/web_address.h"
 
 namespace velvox {
 namespace {

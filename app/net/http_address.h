@@ -1,10 +1,11 @@
 // Parses and composes addresses of web pages, and escapes them for a request line.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "base/web_address.h"
 
 namespace velvox {
 
@@ -21,10 +22,6 @@ struct HttpAddress {
 
     bool operator==(const HttpAddress&) const = default;
 };
-
-/// Maximum bytes of an address. No server accepts a longer one, and an address is copied several
-/// times.
-inline constexpr std::size_t maxAddressBytes = 65'536;
 
 /// Parses an address that the user has typed or that a page contains. An address without a scheme
 /// is read as http. Target and fragment are kept byte for byte. Throws RuntimeFailure (Transfer)

@@ -21,8 +21,7 @@ class RedirectChain {
 
     /// Handles the reply to the request for `current`. Returns true for a redirect: `current` is
     /// then the address to request next. Throws RuntimeFailure (Transfer) for too many redirects
-    /// and for a
-    /// redirect without a valid address or to one of more than maxAddressBytes.
+    /// and for a redirect without a valid address or to one of more than maxAddressBytes.
     [[nodiscard]] bool follow(const ReplyHeader& reply);
 
  private:

@@ -25,7 +25,7 @@ constexpr size_t maxFaces = 64;  // text in further fonts is shown in the defaul
 constexpr size_t maxFontDepth = 1000;
 constexpr size_t maxText = 4'000'000;
 constexpr size_t maxRuns = 200'000;
-constexpr size_t maxAddressBytes = 16'000'000;
+constexpr size_t maxTotalAddressBytes = 16'000'000;
 
 // The font sizes 1 to 7 in half points.
 constexpr std::array<std::uint16_t, 7> sizes{15, 20, 24, 27, 36, 48, 72};
@@ -149,7 +149,7 @@ class Parser {
  private:
     bool isFull() const {
         return result_.text.size() >= maxText || result_.runs.size() >= maxRuns ||
-               addressBytes_ >= maxAddressBytes;
+               addressBytes_ >= maxTotalAddressBytes;
     }
 
     void takeWord() {

@@ -234,6 +234,7 @@ void Form1Window::showProgress(std::string text) {
     InvalidateRect(children_->outer.handle(), &place, FALSE);
 }
 
+// Called by a destructor, so no exception may leave it.
 void Form1Window::endRun() {
     showProgress({});
     children_->web.runEnded();

@@ -61,8 +61,8 @@ void LabelWindow::controlChanged(ControlChange change) {
         SetWindowTextW(handle(), widen(model_.Caption()).c_str());
     // As long as the program runs, the news strip changes ten times a second and the home page link
     // blinks. Painting directly costs much less than painting through the message loop, and storing
-    // the strip's text in the window would cost more than drawing it.
-    // Showing or restoring the window repaints it.
+    // the strip's text in the window would cost more than drawing it. A label that is hidden or
+    // minimised is painted when it is shown again.
     if (!IsWindowVisible(handle()) || IsIconic(GetAncestor(handle(), GA_ROOT))) return;
     const WindowDc dc(handle());
     paint(dc.get());

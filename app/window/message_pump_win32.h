@@ -49,7 +49,7 @@ class MessagePump {
 
     unsigned currentMessage_ = 0;
     unsigned messages_ = 0;
-    bool mayYield_ = true;
+    bool mayYield_ = true;  ///< false inside serveInput and tick
     bool running_ = false;
     bool quitting_ = false;
     int exitCode_ = 0;
